@@ -1,0 +1,121 @@
+// Data types and lists of them.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "importer/workbook/enums.h"
+#include "importer/workbook/object.h"
+
+// A data type. A type is copied for every column, so copies share their contents until one of them
+// is changed; a copy costs one small allocation.
+class LC_WORKBOOK_EXPORT LcWorkbookDatatype : public LcObject {
+ public:
+  // A type with all texts empty, all codes and sizes 0 and all flags false.
+  LcWorkbookDatatype();
+  ~LcWorkbookDatatype() override;
+  LcWorkbookDatatype& operator=(const LcWorkbookDatatype&) = delete;
+  const char* GetRuntimeClass() const override;
+
+  // A new independent object; the caller owns it.
+  LcWorkbookDatatype* Copy() const;
+
+  void SetName(const std::u16string& name);  // of a field of a row type
+  const std::u16string& GetName() const;
+  void SetTypeName(const std::u16string& name);
+  const std::u16string& GetTypeName() const;
+  void SetOtherTypeName(const std::u16string& name);
+  const std::u16string& GetOtherTypeName() const;
+  void SetOwner(const std::u16string& owner);
+  const std::u16string& GetOwner() const;
+
+  void SetPhysicalCode(int code);
+  int GetPhysicalCode() const;
+  void SetGenericCode(enumDataType code);
+  enumDataType GetGenericCode() const;
+  void SetTypeGroup(enumDataTypeGroup group);
+  enumDataTypeGroup GetTypeGroup() const;
+
+  // Sizes in the server's own unit (characters, digits or bytes).
+  void SetLength(unsigned long length);
+  unsigned long GetLength() const;
+  void SetPrecision(unsigned short precision);
+  unsigned short GetPrecision() const;
+  void SetScale(unsigned short scale);
+  unsigned short GetScale() const;
+  void SetLong(bool is_long);
+  bool IsLong() const;
+  void SetSizeModifiable(bool modifiable);
+  bool IsSizeModifiable() const;
+
+  // The base of a distinct type, or the element of a collection.
+  void SetBaseCode(int code);
+  int GetBaseCode() const;
+  void SetBaseOwner(const std::u16string& owner);
+  const std::u16string& GetBaseOwner() const;
+  void SetBaseExtendedTypeName(const std::u16string& name);
+  const std::u16string& GetBaseExtendedTypeName() const;
+  void SetGenericBaseCode(enumDataType code);
+  enumDataType GetGenericBaseCode() const;
+  void SetBaseTypeGroup(enumDataTypeGroup group);
+  enumDataTypeGroup GetBaseTypeGroup() const;
+  void SetDistinct(bool distinct);
+  bool IsDistinct() const;
+
+  // Named, row and collection types.
+  void SetExtendedId(long id);  // the server's id of the type; 0 for a built-in type
+  long GetExtendedId() const;
+  // Sets the name at `position`, adding empty names before it when there are fewer.
+  void SetExtendedTypeName(const std::u16string& name, unsigned position);
+  void AddExtendedTypeName(const std::u16string& name);
+  // Empty when there is no such name.
+  const std::u16string& GetExtendedTypeName(int position) const;
+  int GetExtendedTypeNameCount() const;
+  // The type owns the component.
+  void AddComponent(LcWorkbookDatatype* component);
+  int GetComponentCount() const;
+  const LcWorkbookDatatype* GetComponent(int position) const;  // null when there is none
+
+ private:
+  struct State;
+  explicit LcWorkbookDatatype(std::shared_ptr<State> state);
+  LcWorkbookDatatype(const LcWorkbookDatatype&) = delete;
+  State& Change();
+
+  std::shared_ptr<State> state_;
+};
+
+// Data types in the order in which they were added. Look-ups take constant time and give the first
+// match in list order, null when there is none; the list keeps the type.
+class LC_WORKBOOK_EXPORT LcWorkbookDatatypeList : public LcObjectList<LcWorkbookDatatype> {
+ public:
+  LcWorkbookDatatypeList();
+  // A copy shares the types with its source.
+  LcWorkbookDatatypeList(const LcWorkbookDatatypeList& other);
+  LcWorkbookDatatypeList& operator=(const LcWorkbookDatatypeList& other);
+  ~LcWorkbookDatatypeList() override;
+  virtual const char* GetRuntimeClass() const;
+  virtual void Serialize(LcArchive& archive);
+  virtual void AssertValid() const;
+  virtual void Dump(std::ostream& out) const;
+
+  // The list owns the type.
+  void AddDataType(LcWorkbookDatatype* type);
+  // `kind` tells which name is compared; exact case.
+  LcWorkbookDatatype* GetDataTypeByName(const std::u16string& name, enumTypeNameType kind) const;
+  // With a name, the type name must be equal too (ignoring case).
+  LcWorkbookDatatype* GetDataTypeByPhysicalCode(int code, const char16_t* name = nullptr) const;
+  // Compares the type name, ignoring case.
+  LcWorkbookDatatype* GetDataTypeByPhysicalName(const std::u16string& name) const;
+  LcWorkbookDatatype* GetDataTypeByExtendedId(long id) const;
+
+ protected:
+  void OnAppended(LcWorkbookDatatype* type) override;
+  void OnChanged() override;
+
+ private:
+  struct Index;
+  mutable std::unique_ptr<Index> index_;
+};

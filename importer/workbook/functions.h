@@ -1,0 +1,124 @@
+// What a server offers besides tables: procedures, functions with overloads, operators, aggregates.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "importer/workbook/object.h"
+
+class LC_WORKBOOK_EXPORT LcWorkbookProcedure : public LcObject {
+ public:
+  LcWorkbookProcedure();
+  LcWorkbookProcedure(const std::u16string& owner, const std::u16string& name);
+  ~LcWorkbookProcedure() override;
+  const char* GetRuntimeClass() const override;
+
+  void SetName(const std::u16string& name) { name_ = name; }
+  const std::u16string& GetName() const { return name_; }
+  void SetOwner(const std::u16string& owner) { owner_ = owner; }
+  const std::u16string& GetOwner() const { return owner_; }
+  void SetQualifier(const std::u16string& qualifier) { qualifier_ = qualifier; }
+  const std::u16string& GetQualifier() const { return qualifier_; }
+  void SetServer(const std::u16string& server) { server_ = server; }
+  const std::u16string& GetServer() const { return server_; }
+
+ private:
+  std::u16string owner_;
+  std::u16string name_;
+  std::u16string qualifier_;
+  std::u16string server_;
+};
+
+// One way of calling a function.
+class LC_WORKBOOK_EXPORT LcWorkbookFunctionOverload : public LcObject {
+ public:
+  LcWorkbookFunctionOverload();
+  LcWorkbookFunctionOverload(const std::u16string& signature, const std::u16string& result);
+  ~LcWorkbookFunctionOverload() override;
+  const char* GetRuntimeClass() const override;
+
+  void SetText(const std::u16string& signature) { signature_ = signature; }
+  const std::u16string& GetText() const { return signature_; }
+  const std::u16string& GetResultType() const { return result_; }  // empty: not known
+
+ private:
+  std::u16string signature_;
+  std::u16string result_;
+};
+
+class LcWorkbookFunctionList;
+
+class LC_WORKBOOK_EXPORT LcWorkbookFunction : public LcObject {
+ public:
+  LcWorkbookFunction();
+  LcWorkbookFunction(const std::u16string& owner, const std::u16string& name);
+  ~LcWorkbookFunction() override;
+  const char* GetRuntimeClass() const override;
+
+  void SetName(const std::u16string& name);
+  const std::u16string& GetName() const { return name_; }
+  void SetOwner(const std::u16string& owner);
+  const std::u16string& GetOwner() const { return owner_; }
+  // The function owns the overload.
+  void AddFunctionOverload(LcWorkbookFunctionOverload* overload);
+  const std::vector<std::unique_ptr<LcWorkbookFunctionOverload>>& GetOverloads() const {
+    return overloads_;
+  }
+
+ private:
+  friend class LcWorkbookFunctionList;
+  std::u16string owner_;
+  std::u16string name_;
+  std::vector<std::unique_ptr<LcWorkbookFunctionOverload>> overloads_;
+  LcWorkbookFunctionList* list_ = nullptr;  // told of a change of owner or name
+};
+
+class LC_WORKBOOK_EXPORT LcWorkbookFunctionList : public LcObjectList<LcWorkbookFunction> {
+ public:
+  LcWorkbookFunctionList();
+  LcWorkbookFunctionList(const LcWorkbookFunctionList&) = delete;
+  LcWorkbookFunctionList& operator=(const LcWorkbookFunctionList&) = delete;
+  ~LcWorkbookFunctionList() override;
+  // The first function of that owner and name (exact case), null when there is none. Constant time.
+  LcWorkbookFunction* FindFunction(const std::u16string& owner, const std::u16string& name) const;
+
+ protected:
+  void OnAppended(LcWorkbookFunction* function) override;
+  void OnChanged() override;
+
+ private:
+  friend class LcWorkbookFunction;
+  struct Index;
+  mutable std::unique_ptr<Index> index_;
+};
+
+class LC_WORKBOOK_EXPORT LcWorkbookOperator : public LcObject {
+ public:
+  LcWorkbookOperator(const std::u16string& name, const std::u16string& description);
+  ~LcWorkbookOperator() override;
+  const char* GetRuntimeClass() const override;
+  const std::u16string& GetName() const { return name_; }
+  const std::u16string& GetDescription() const { return description_; }
+
+ private:
+  std::u16string name_;
+  std::u16string description_;
+};
+
+class LC_WORKBOOK_EXPORT LcWorkbookAggregate : public LcObject {
+ public:
+  LcWorkbookAggregate(const std::u16string& name, const std::u16string& description);
+  ~LcWorkbookAggregate() override;
+  const char* GetRuntimeClass() const override;
+  const std::u16string& GetName() const { return name_; }
+  const std::u16string& GetDescription() const { return description_; }
+
+ private:
+  std::u16string name_;
+  std::u16string description_;
+};
+
+using LcWorkbookProcedureList = LcObjectList<LcWorkbookProcedure>;
+using LcWorkbookOperatorList = LcObjectList<LcWorkbookOperator>;
+using LcWorkbookAggregateList = LcObjectList<LcWorkbookAggregate>;

@@ -1,0 +1,89 @@
+// The base of every workbook class and of the module's exported classes, and the list class that
+// they are kept in.
+#pragma once
+
+#include <cstddef>
+#include <iosfwd>
+#include <memory>
+#include <utility>
+#include <vector>
+
+#include "importer/workbook/export.h"
+
+class LcArchive;  // a host's own storage; the module never makes one
+
+class LC_WORKBOOK_EXPORT LcObject {
+ public:
+  // The class's name, for a host that tells objects apart at run time.
+  virtual const char* GetRuntimeClass() const;
+  virtual ~LcObject();
+  // A host that stores objects its own way overrides this; the module never calls it.
+  virtual void Serialize(LcArchive& archive);
+  // Diagnostic hooks; they do nothing.
+  virtual void AssertValid() const;
+  virtual void Dump(std::ostream& out) const;
+
+ protected:
+  LcObject() = default;
+  LcObject(const LcObject&) = default;
+  LcObject& operator=(const LcObject&) = default;
+};
+
+// A list that owns its entries. An entry can be empty (null): a walk sees null there.
+// A copied list shares its entries with its source; an entry is deleted with the last list that
+// holds it. Positions are 0-based.
+template <class T>
+class LcObjectList {
+ public:
+  LcObjectList() = default;
+  LcObjectList(const LcObjectList&) = default;
+  LcObjectList& operator=(const LcObjectList&) = default;
+  LcObjectList(LcObjectList&&) noexcept = default;
+  LcObjectList& operator=(LcObjectList&&) noexcept = default;
+  virtual ~LcObjectList() = default;
+
+  // Takes ownership of `entry`, which may be null (an empty entry), and returns it.
+  T* Append(std::unique_ptr<T> entry) {
+    T* raw = entry.get();
+    entries_.push_back(std::move(entry));
+    OnAppended(raw);
+    return raw;
+  }
+  std::size_t GetCount() const { return entries_.size(); }
+  bool IsEmpty() const { return entries_.empty(); }
+  // Null when the entry is empty or there is no such position.
+  T* GetAt(std::size_t position) const {
+    return position < entries_.size() ? entries_[position].get() : nullptr;
+  }
+  // Removes all entries and deletes those that no other list shares.
+  void EmptyList() {
+    entries_.clear();
+    OnChanged();
+  }
+
+  // Walks the entries in list order, empty ones included (as null).
+  class Iterator {
+   public:
+    explicit Iterator(const std::shared_ptr<T>* at) : at_(at) {}
+    T* operator*() const { return at_->get(); }
+    Iterator& operator++() {
+      ++at_;
+      return *this;
+    }
+    bool operator==(const Iterator& other) const { return at_ == other.at_; }
+    bool operator!=(const Iterator& other) const { return at_ != other.at_; }
+
+   private:
+    const std::shared_ptr<T>* at_;
+  };
+  Iterator begin() const { return Iterator(entries_.data()); }
+  Iterator end() const { return Iterator(entries_.data() + entries_.size()); }
+
+ protected:
+  // Called after an append (null for an empty entry) and after any other change of the entries, so
+  // that a list with an index keeps it right.
+  virtual void OnAppended(T* /*entry*/) {}
+  virtual void OnChanged() {}
+
+  std::vector<std::shared_ptr<T>> entries_;
+};

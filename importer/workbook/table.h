@@ -1,0 +1,239 @@
+// Tables with their columns and keys.
+//
+// A table owns its columns and its foreign keys; a foreign key owns its two key lists; key lists
+// only refer to columns. A relationship is two foreign keys: the forward key that the referenced
+// table holds and the mirror key, with the sides swapped, that the referencing table holds.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "importer/workbook/datatype.h"
+#include "importer/workbook/enums.h"
+#include "importer/workbook/info.h"
+#include "importer/workbook/object.h"
+
+class LcWorkbookTable;
+class LcWorkbookTableList;
+
+class LC_WORKBOOK_EXPORT LcWorkbookColumn : public LcObject {
+ public:
+  LcWorkbookColumn();
+  ~LcWorkbookColumn() override;
+  LcWorkbookColumn(const LcWorkbookColumn&) = delete;
+  LcWorkbookColumn& operator=(const LcWorkbookColumn&) = delete;
+  const char* GetRuntimeClass() const override;
+
+  void SetName(const std::u16string& name);
+  const std::u16string& GetName() const { return name_; }
+  // Both record the table that the column belongs to; AddColumn does so as well.
+  void SetTable(LcWorkbookTable* table);
+  void SetParentTable(LcWorkbookTable* table);
+  LcWorkbookTable* GetParentTable() const { return table_; }
+
+  // Gives the column its own type object, which it owns (null: none). `assign` is always true;
+  // `from_list` is false for a complex type that was put together for this column alone.
+  void SetDataType(LcWorkbookDatatype* type, bool assign, bool from_list);
+  LcWorkbookDatatype* GetDataType() const { return type_.get(); }  // null when not known
+
+  void SetPhysicalCode(int code) { physical_code_ = code; }
+  int GetPhysicalCode() const { return physical_code_; }
+  void SetWidth(int width) { width_ = width; }  // in the server's own unit
+  int GetWidth() const { return width_; }
+  void SetPrecision(unsigned long precision);  // kept in 32 bits
+  unsigned long GetPrecision() const { return precision_; }
+  void SetScale(unsigned short scale) { scale_ = scale; }
+  unsigned short GetScale() const { return scale_; }
+
+  void SetRequired(bool required) { required_ = required; }
+  bool IsRequired() const { return required_; }
+  void SetReadOnly(bool read_only) { read_only_ = read_only; }
+  bool IsReadOnly() const { return read_only_; }
+  void SetGeneratedKey(bool generated) { generated_key_ = generated; }
+  bool IsGeneratedKey() const { return generated_key_; }
+  void SetPrimaryKey(bool key) { primary_key_ = key; }
+  bool IsPrimaryKey() const { return primary_key_; }
+
+  // The smallest and the largest unit of an interval qualifier.
+  void SetIntervalMin(enumIntervalPart part) { interval_min_ = static_cast<std::uint8_t>(part); }
+  enumIntervalPart GetIntervalMin() const { return static_cast<enumIntervalPart>(interval_min_); }
+  void SetIntervalMax(enumIntervalPart part) { interval_max_ = static_cast<std::uint8_t>(part); }
+  enumIntervalPart GetIntervalMax() const { return static_cast<enumIntervalPart>(interval_max_); }
+  void SetExtendedTypeName(const std::u16string& name);
+  const std::u16string& GetExtendedTypeName() const;
+
+  // The server's number of the column, which FindColumnById searches; 0 when not read.
+  void SetColumnId(std::int32_t id);
+  std::int32_t GetColumnId() const { return column_id_; }
+
+ private:
+  std::u16string name_;
+  LcWorkbookTable* table_ = nullptr;
+  std::unique_ptr<LcWorkbookDatatype> type_;
+  std::unique_ptr<std::u16string> extended_type_name_;  // null for the many without one
+  std::int32_t physical_code_ = 0;
+  std::int32_t width_ = 0;
+  std::uint32_t precision_ = 0;
+  std::int32_t column_id_ = 0;
+  std::uint16_t scale_ = 0;
+  std::uint8_t interval_min_ = 0;
+  std::uint8_t interval_max_ = 0;
+  bool required_ = false;
+  bool read_only_ = false;
+  bool generated_key_ = false;
+  bool primary_key_ = false;
+};
+
+// Key columns in key order. Positions may be left empty (a driver's key sequence can be the
+// column's place in the table); reading skips them.
+class LC_WORKBOOK_EXPORT LcWorkbookKeyList : public LcObject {
+ public:
+  LcWorkbookKeyList();
+  LcWorkbookKeyList(const LcWorkbookKeyList&) = default;
+  LcWorkbookKeyList& operator=(const LcWorkbookKeyList&) = default;
+  ~LcWorkbookKeyList() override;
+  const char* GetRuntimeClass() const override;
+
+  void AddKeyColumn(LcWorkbookColumn* column);
+  // Puts the column at the 0-based position, in front of one that is there already. False, with
+  // nothing inserted, for a position below 0 or above 32767.
+  bool InsertKeyColumn(LcWorkbookColumn* column, int position);
+  int GetCount() const;  // without the empty positions
+  bool IsEmpty() const { return GetCount() == 0; }
+  // The columns in key order, empty positions left out.
+  std::vector<LcWorkbookColumn*> GetColumns() const;
+
+ private:
+  std::vector<LcWorkbookColumn*> columns_;  // null: an empty position
+};
+
+enum LeForeignKeyRole : std::uint8_t {
+  fkForward = 0,  // held by the referenced table
+  fkMirror = 1,   // held by the referencing table, sides swapped
+};
+
+class LC_WORKBOOK_EXPORT LcWorkbookForeignKey : public LcObject {
+ public:
+  LcWorkbookForeignKey();
+  ~LcWorkbookForeignKey() override;
+  LcWorkbookForeignKey(const LcWorkbookForeignKey&) = delete;
+  LcWorkbookForeignKey& operator=(const LcWorkbookForeignKey&) = delete;
+  const char* GetRuntimeClass() const override;
+
+  // The key side: the columns of the table that holds the key. The column form adds to the side;
+  // the list form replaces it and takes ownership of the list.
+  void SetKey(LcWorkbookColumn* column);
+  void SetKey(LcWorkbookKeyList* columns);
+  // The foreign side: the columns of the other table.
+  void SetForeignKey(LcWorkbookColumn* column);
+  void SetForeignKey(LcWorkbookKeyList* columns);
+  const LcWorkbookKeyList* GetKey() const { return key_.get(); }                 // may be null
+  const LcWorkbookKeyList* GetForeignKey() const { return foreign_key_.get(); }  // may be null
+
+  void SetOneToOne(bool one_to_one) { one_to_one_ = one_to_one; }
+  bool IsOneToOne() const { return one_to_one_; }
+
+  void SetRole(LeForeignKeyRole role) { role_ = role; }
+  LeForeignKeyRole GetRole() const { return role_; }
+  // Makes `forward` and `mirror` the two keys of one relationship: sets roles and partners.
+  static void Pair(LcWorkbookForeignKey* forward, LcWorkbookForeignKey* mirror);
+  LcWorkbookForeignKey* GetPartner() const { return partner_; }  // null when it has none
+  // The table that holds the key, null before AddForeignKey.
+  LcWorkbookTable* GetTable() const { return table_; }
+
+ private:
+  friend class LcWorkbookTable;
+  std::unique_ptr<LcWorkbookKeyList> key_;
+  std::unique_ptr<LcWorkbookKeyList> foreign_key_;
+  LcWorkbookForeignKey* partner_ = nullptr;
+  LcWorkbookTable* table_ = nullptr;
+  LeForeignKeyRole role_ = fkForward;
+  bool one_to_one_ = false;
+};
+
+class LC_WORKBOOK_EXPORT LcWorkbookTable : public LcObject {
+ public:
+  LcWorkbookTable();
+  ~LcWorkbookTable() override;
+  LcWorkbookTable(const LcWorkbookTable&) = delete;
+  LcWorkbookTable& operator=(const LcWorkbookTable&) = delete;
+  const char* GetRuntimeClass() const override;
+
+  void SetName(const std::u16string& name);
+  const std::u16string& GetName() const { return name_; }
+  void SetOwner(const std::u16string& owner);
+  // `display` asks for the form shown to a user, which here is the same.
+  const std::u16string& GetOwner(bool display) const;
+  void SetType(enumTableType type) { type_ = type; }
+  enumTableType GetType() const { return type_; }
+
+  // The table owns the column.
+  void AddColumn(LcWorkbookColumn* column);
+  int GetColumnCount() const;
+  // Null when there is none. Positions are 0-based; names in exact case; first match.
+  LcWorkbookColumn* GetColumn(int position) const;
+  LcWorkbookColumn* FindColumn(const std::u16string& name) const;
+  LcWorkbookColumn* FindColumnById(int id) const;
+
+  LcWorkbookKeyList& GetPrimaryKey() { return primary_key_; }
+  const LcWorkbookKeyList& GetPrimaryKey() const { return primary_key_; }
+
+  // The table owns the key.
+  void AddForeignKey(LcWorkbookForeignKey* key);
+  // Takes the key out of the table and gives it back; null when the table does not hold it.
+  std::unique_ptr<LcWorkbookForeignKey> RemoveForeignKey(LcWorkbookForeignKey* key);
+  const std::vector<std::unique_ptr<LcWorkbookForeignKey>>& GetForeignKeys() const {
+    return foreign_keys_;
+  }
+
+  // What a synonym stands for. For SQL Server tables the synonym id is the catalog's object id.
+  void SetSynonymDetails(const LcSynonymDetails& details);
+  LcSynonymDetails GetSynonymDetails() const;
+  void SetSynonymId(std::int32_t id);
+  std::int32_t GetSynonymId() const { return synonym_id_; }
+
+ private:
+  friend class LcWorkbookColumn;
+  friend class LcWorkbookTableList;
+  struct ColumnIndex;
+  void OnColumnChanged();
+
+  std::u16string owner_;
+  std::u16string name_;
+  std::vector<std::unique_ptr<LcWorkbookColumn>> columns_;
+  LcWorkbookKeyList primary_key_;
+  std::vector<std::unique_ptr<LcWorkbookForeignKey>> foreign_keys_;
+  std::unique_ptr<LcSynonymDetails> synonym_;  // null for the many that are no synonym
+  mutable std::unique_ptr<ColumnIndex> column_index_;
+  LcWorkbookTableList* list_ = nullptr;  // told of a change of owner, name or id
+  std::int32_t synonym_id_ = 0;
+  enumTableType type_ = ttTable;
+};
+
+// Tables in the order in which they were read. Look-ups take constant time and give the first match
+// in list order (exact case), null when there is none.
+class LC_WORKBOOK_EXPORT LcWorkbookTableList : public LcObjectList<LcWorkbookTable> {
+ public:
+  LcWorkbookTableList();
+  ~LcWorkbookTableList() override;
+  LcWorkbookTableList(const LcWorkbookTableList&) = delete;
+  LcWorkbookTableList& operator=(const LcWorkbookTableList&) = delete;
+
+  LcWorkbookTable* FindTable(const std::u16string& owner, const std::u16string& name) const;
+  LcWorkbookTable* FindTableNoOwner(const std::u16string& name) const;
+  LcWorkbookTable* FindTableById(int id) const;  // the integer in the synonym id
+  // Removes and deletes, in one pass, every table from position `first` on up to the next empty
+  // entry or the end. Keys of other tables that refer to a deleted table go with it.
+  void RemoveTablesFrom(std::size_t first);
+
+ protected:
+  void OnAppended(LcWorkbookTable* table) override;
+  void OnChanged() override;
+
+ private:
+  friend class LcWorkbookTable;
+  struct Index;
+  mutable std::unique_ptr<Index> index_;
+};

@@ -1,0 +1,33 @@
+// The workbook's JSON form: the workbook file, which other programs read. UTF-8; names that are no
+// valid UTF-16 get U+FFFD in place of what cannot be written.
+#pragma once
+
+#include <cstdint>
+#include <ostream>
+#include <string>
+#include <string_view>
+
+#include "importer/workbook/enums.h"
+#include "importer/workbook/export.h"
+#include "importer/workbook/workbook.h"
+
+// Where a workbook came from and how its import ended.
+struct LcWorkbookFileInfo {
+  std::u16string dbms_name;  // empty: the driver gave none
+  std::int32_t dbms_version = 0;
+  LeDBMSType dbms_type = dbmsUnknown;
+  std::u16string route;  // u"odbc", u"informix" or u"native"
+  bool result = false;
+  std::uint16_t status = 0;  // 0, 4 (cancelled) or 9 (stopped)
+  std::uint32_t errors_shown = 0;
+  bool incomplete = false;  // the import was cut short: stopped, cancelled or disconnected
+};
+
+// Writes the file. `out` tells of failures by its state.
+LC_WORKBOOK_EXPORT void WriteWorkbookFile(const LcWorkbook& workbook,
+                                          const LcWorkbookFileInfo& info, std::ostream& out);
+
+// Reads a file into an empty workbook. False when `text` is no workbook file: `why` then says where
+// (line and column, or the field) and what is wrong, and the workbook holds nothing to rely on.
+LC_WORKBOOK_EXPORT bool ReadWorkbookFile(std::string_view text, LcWorkbook& workbook,
+                                         LcWorkbookFileInfo& info, std::string& why);

@@ -1,0 +1,92 @@
+// Every call of the ODBC driver manager that the module makes, and the statement handle. All calls
+// pass through here, so that one switch (SetCallTrace) shows them all.
+//
+// Texts are UTF-16. A null text argument of a catalog function is passed as a null pointer of
+// length 0; any other is passed with SQL_NTS.
+#pragma once
+
+#include <sql.h>
+#include <sqlext.h>
+#include <sqlucode.h>
+
+#include <string>
+
+namespace odbc {
+
+inline bool Succeeded(SQLRETURN result) {
+  return result == SQL_SUCCESS || result == SQL_SUCCESS_WITH_INFO;
+}
+
+// The text of SQL_DBMS_NAME, SQL_DBMS_VER and the like. Empty when the driver has no answer.
+std::u16string GetInfoText(SQLHDBC hdbc, SQLUSMALLINT info);
+// A 32-bit mask. `mask` is 0 when the driver has no answer.
+SQLRETURN GetInfoMask(SQLHDBC hdbc, SQLUSMALLINT info, SQLUINTEGER* mask);
+// False, too, when the driver does not answer.
+bool HasFunction(SQLHDBC hdbc, SQLUSMALLINT function);
+// Fills the 100 entries of the ODBC 2 table of functions; all 0 when the driver does not answer.
+void GetAllFunctions(SQLHDBC hdbc, SQLUSMALLINT table[100]);
+
+// One diagnostic record, taken from the driver manager.
+struct Diagnostic {
+  char16_t state[6] = {};
+  SQLINTEGER native_error = 0;
+  std::u16string message;
+};
+// Takes the pending diagnostic of the statement (or of the connection when `hstmt` is null). False
+// when there is none. At most `max_characters` of the message arrive.
+bool TakeDiagnostic(SQLHENV henv, SQLHDBC hdbc, SQLHSTMT hstmt, Diagnostic* diagnostic,
+                    SQLSMALLINT max_characters = 511);
+
+// A statement on a borrowed connection. Move-only; drops itself.
+class Statement {
+ public:
+  Statement() = default;
+  ~Statement() { Drop(); }
+  Statement(Statement&& other) noexcept;
+  Statement& operator=(Statement&& other) noexcept;
+  Statement(const Statement&) = delete;
+  Statement& operator=(const Statement&) = delete;
+
+  // Drops a statement that is there already.
+  SQLRETURN Allocate(SQLHDBC hdbc);
+  bool IsAllocated() const { return handle_ != SQL_NULL_HSTMT; }
+  SQLHSTMT Get() const { return handle_; }
+
+  SQLRETURN SetOption(SQLUSMALLINT option, SQLULEN value);
+  SQLRETURN ExecDirect(const std::u16string& sql);
+  SQLRETURN Tables(const char16_t* catalog, const char16_t* owner, const char16_t* table,
+                   const char16_t* types);
+  SQLRETURN Columns(const char16_t* catalog, const char16_t* owner, const char16_t* table,
+                    const char16_t* column);
+  SQLRETURN Statistics(const char16_t* catalog, const char16_t* owner, const char16_t* table,
+                       SQLUSMALLINT unique, SQLUSMALLINT accuracy);
+  SQLRETURN PrimaryKeys(const char16_t* catalog, const char16_t* owner, const char16_t* table);
+  // The foreign keys that refer to the table.
+  SQLRETURN ForeignKeysTo(const char16_t* catalog, const char16_t* owner, const char16_t* table);
+  SQLRETURN Procedures(const char16_t* catalog, const char16_t* owner, const char16_t* procedure);
+  SQLRETURN GetTypeInfo(SQLSMALLINT type);
+
+  SQLRETURN NumResultCols(SQLSMALLINT* count);
+  SQLRETURN DescribeCol(SQLUSMALLINT column, char16_t* name, SQLSMALLINT name_characters,
+                        SQLSMALLINT* sql_type);
+  // `bytes` is the size of the buffer (of one row's part of it in a rowset).
+  SQLRETURN BindCol(SQLUSMALLINT column, SQLSMALLINT c_type, void* buffer, SQLLEN bytes,
+                    SQLLEN* indicator);
+  SQLRETURN Fetch();
+  SQLRETURN ExtendedFetch(SQLULEN* rows, SQLUSMALLINT* row_status);
+
+  SQLRETURN Cancel();
+  SQLRETURN Close();   // SQLFreeStmt(SQL_CLOSE)
+  SQLRETURN Unbind();  // SQLFreeStmt(SQL_UNBIND)
+  void Drop();         // SQLFreeStmt(SQL_DROP); nothing when there is no statement
+
+ private:
+  SQLHSTMT handle_ = SQL_NULL_HSTMT;
+};
+
+// Called after every driver call with its name, the handle it was made on and its return code.
+using CallTrace = void (*)(void* context, const char* function, void* handle, short result);
+// One trace for the process; null switches it off. Not for use while an import runs.
+void SetCallTrace(CallTrace trace, void* context);
+
+}  // namespace odbc

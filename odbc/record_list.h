@@ -1,0 +1,58 @@
+// The rows of one result set, and the descriptions of its columns.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "importer/workbook/object.h"
+#include "platform/platform.h"
+
+// A result column.
+class LC_EXPORT LcODBCColumn : public LcObject {
+ public:
+  LcODBCColumn(const char16_t* name, short sql_type);
+  ~LcODBCColumn() override;
+  const char* GetRuntimeClass() const override;
+  const std::u16string& GetName() const { return name_; }  // at most 29 characters
+  // 1 for SQL_LONGVARBINARY and SQL_LONGVARCHAR, else 0 (also for SQL_WLONGVARCHAR).
+  int IsLong() const;
+
+ private:
+  std::u16string name_;
+  short sql_type_;
+};
+
+// Rows of texts, read by row and column numbers that begin at 1. Cells lie in few large blocks. The
+// same class holds column descriptions. Not copyable.
+class LC_EXPORT LcODBCRecordList : public LcObject {
+ public:
+  LcODBCRecordList();
+  ~LcODBCRecordList() override;
+  LcODBCRecordList(const LcODBCRecordList&) = delete;
+  LcODBCRecordList& operator=(const LcODBCRecordList&) = delete;
+  const char* GetRuntimeClass() const override;
+
+  int GetRowCount() const;
+  int GetColumnCount() const;  // of the first row; 0 without rows
+  // Sets `out` to the cell. False, with `out` empty, for numbers out of range. A NULL reads as empty.
+  bool GetData(int row, int column, std::u16string& out) const;
+  // The cell without a copy, empty out of range; valid as long as the list is unchanged.
+  std::u16string_view View(int row, int column) const;
+
+  // For the fetch layer: begins a row, adds its cells in order, and keeps or discards it.
+  void BeginRow();
+  void AddCell(std::u16string_view text);
+  void EndRow();
+  void DiscardRow();
+
+  // For column descriptions.
+  void AppendColumn(std::unique_ptr<LcODBCColumn> column);
+  const LcODBCColumn* GetColumn(int position) const;  // 0-based; null when there is none
+
+ private:
+  struct Storage;
+  std::unique_ptr<Storage> storage_;
+};
