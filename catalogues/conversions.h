@@ -2,10 +2,12 @@
 // code, the generic code and the type group.
 #pragma once
 
+#include <cstdint>
 #include <memory>
-#include <string>
 #include <string_view>
 
+#include "catalogues/physical_codes.h"
+#include "catalogues/text.h"
 #include "importer/session.h"
 #include "importer/workbook/datatype.h"
 
@@ -13,15 +15,6 @@ namespace odbcimport {
 
 // The low 16 bits of a number, as an unsigned one.
 constexpr std::uint16_t CutTo16Bits(long value) { return static_cast<std::uint16_t>(value); }
-
-// The decimal integer at the beginning of a text: leading white space and a sign are allowed, it
-// ends at the first other character; 0 without digits. Saturates at the limits of 64 bits.
-long ParseInteger(std::u16string_view text);
-// Equal when upper and lower case of ASCII letters are not told apart.
-bool EqualIgnoringCase(std::u16string_view a, std::u16string_view b);
-// The text without trailing blanks, and without trailing white space (space, \t \n \v \f \r).
-std::u16string_view TrimRightBlanks(std::u16string_view text);
-std::u16string_view TrimRightSpace(std::u16string_view text);
 
 // ODBC SQL type code to physical code; 0 (CHAR) for a code that is not mapped.
 std::uint16_t MapDataType(const ServerFacts& server, long odbc_type);
@@ -33,8 +26,8 @@ enumDataTypeGroup MapTypeToGroup(enumDataType generic_code);
 // The kind of table that a catalog's text stands for.
 enumTableType GetTableType(std::u16string_view text, int dbms_type);
 
-// A new type for a code: an ODBC SQL type code when `map_from_odbc`, else a physical code. Looked up
-// by the server's extended id first, when that is not 0. Null when no list has the type.
+// A new type for a code: an ODBC SQL type code when `map_from_odbc`, else a physical code. Looked
+// up by the server's extended id first, when that is not 0. Null when no list has the type.
 std::unique_ptr<LcWorkbookDatatype> CreateDataType(const ImportSession& session, long type_code,
                                                    bool map_from_odbc, long extended_id);
 
