@@ -66,16 +66,26 @@ class LC_EXPORT DatabaseUtilities {
   virtual bool GetDB2CLISchema(const char16_t* data_source, std::u16string& schema) = 0;
 };
 
+// Hears of the driver's diagnostics that the module consumes without showing them.
+class LC_EXPORT DiagnosticLog {
+ public:
+  virtual ~DiagnosticLog() = default;
+  // `state` is the SQLSTATE; empty from a driver that gives none.
+  virtual void Consumed(const std::u16string& state, std::int32_t native_error,
+                        const std::u16string& message) = 0;
+};
+
 struct LC_EXPORT Services {
   std::shared_ptr<SettingsStore> settings;
   std::shared_ptr<MessageBox> message_box;
   std::shared_ptr<MessageLibrary> messages;  // set by the module's start-up
   std::shared_ptr<BusyCursor> busy_cursor;
   std::shared_ptr<DatabaseUtilities> database;
+  std::shared_ptr<DiagnosticLog> consumed_diagnostics;  // null: nobody listens
 };
 
 // The services in force, with the defaults where a host has installed nothing. Never null, but for
-// `messages` before the module was started.
+// `messages` before the module was started and `consumed_diagnostics`.
 LC_EXPORT Services& GetServices();
 
 }  // namespace platform
