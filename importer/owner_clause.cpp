@@ -1,7 +1,7 @@
 // The owner clause of the catalog queries.
 #include "importer/owner_clause.h"
 
-#include "catalogues/conversions.h"
+#include "catalogues/text.h"
 
 namespace odbcimport {
 namespace {

@@ -48,6 +48,11 @@ bool BuildRemoteSynonymQuery(std::u16string& text, int server_type, const LcTabl
 void BuildRemoteIsIUSQuery(std::u16string& text, std::u16string_view server,
                            std::u16string_view database);
 
+// The condition for the kinds of table to read, without the AND before it. Without tables it is the
+// one for views, whatever `views` says. Empty for servers without own SQL.
+std::u16string_view GetTableTypeClause(int server_type, bool tables, bool views,
+                                       bool include_system);
+
 // The pieces from which a caller puts together texts for a part of a long selection.
 
 // Oracle reads tables and views from the view that the item mask asks for.
