@@ -1,9 +1,5 @@
 // The texts that return tables, views and synonyms together with their columns.
-#include <fmt/xchar.h>
-
-#include <algorithm>
-#include <array>
-
+#include "catalogues/text.h"
 #include "importer/owner_clause.h"
 #include "importer/restrictions.h"
 #include "routes/informix/catalog_queries.h"
