@@ -1,0 +1,176 @@
+// Measures one import against a plain loop over the same driver calls that stores nothing, both in
+// one process and in turn, and prints one JSON object: times (medians), their ratio, rows a second,
+// memory and allocations. bench/run calls it for each server and prints the table.
+//
+// Usage: wbbench CONNECTION-STRING [--catalog NAME] [--generic] [--rounds N] [--label TEXT]
+//        wbbench --make-sqlite FILE TABLES COLUMNS
+#include <malloc.h>
+
+#include <clocale>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <string>
+#include <vector>
+
+#include "bench/own_queries.h"
+#include "bench/support.h"
+#include "importer/odbc_workbook_import.h"
+
+namespace {
+
+struct Arguments {
+  std::string connection;
+  std::u16string catalog;
+  std::string label;
+  bool generic = false;
+  int rounds = 9;
+};
+
+// One import into a workbook of its own. Returns the number of columns that arrived.
+struct ImportResult {
+  std::size_t tables = 0;
+  std::size_t columns = 0;
+  std::size_t relationships = 0;
+  bool result = false;
+};
+
+ImportResult Import(const bench::Connection& connection, const Arguments& arguments,
+                    LcWorkbook& workbook) {
+  LcODBCWorkbookImport importer(nullptr, &workbook);
+  importer.SyncLogin(connection.henv, connection.hdbc);
+  importer.choices.item_mask = ibTables | ibViews;
+  importer.choices.keys = true;
+  importer.choices.foreign_keys = true;
+  importer.choices.catalog = arguments.catalog;
+  // Keys of Informix are one statement a constraint; its figures are those of the columns.
+  importer.DecideRoute();
+  if (importer.GetDBMSType() == dbmsInformix) importer.choices.keys = false;
+  importer.targets.data_types = nullptr;
+  unsigned short status = 0;
+  ImportResult counts;
+  counts.result = importer.ImportItems(status);
+  importer.UnSyncLogin();
+  counts.tables = workbook.tables.GetCount();
+  for (const LcWorkbookTable* table : workbook.tables) {
+    counts.columns += static_cast<std::size_t>(table->GetColumnCount());
+    counts.relationships += table->GetForeignKeys().size();
+  }
+  return counts;
+}
+
+// What the plain loop has to read: the catalog functions, or the texts of the server's own route.
+std::size_t Plain(const bench::Connection& connection, const Arguments& arguments,
+                  const std::vector<std::u16string>& texts) {
+  return texts.empty() ? bench::PlainCatalogLoop(connection.hdbc, arguments.catalog)
+                       : bench::PlainQueryLoop(connection.hdbc, texts);
+}
+
+std::string Measure(const Arguments& arguments) {
+  const bench::Connection connection(arguments.connection);
+  LcWorkbook scratch;
+  LcODBCWorkbookImport probe(nullptr, &scratch);
+  probe.SyncLogin(connection.henv, connection.hdbc);
+  probe.choices.item_mask = ibTables | ibViews;
+  const auto decision = probe.DecideRoute();
+  const bool own = decision.route != LcODBCWorkbookImport::RouteKind::kODBC;
+  const std::vector<std::u16string> texts =
+      own ? bench::OwnQueries(probe.choices, probe.GetDBMSType(), probe.GetDBMSVersion())
+          : std::vector<std::u16string>();
+
+  // Memory first, in a process of its own that has read nothing yet but the driver's own data.
+  const std::string memory = bench::InChild([&] {
+    LcWorkbook workbook;
+    malloc_trim(0);
+    bench::ResetPeak();
+    const std::size_t before = bench::ResidentBytes();
+    const std::uint64_t allocations = bench::Allocations();
+    const ImportResult counts = Import(connection, arguments, workbook);
+    const std::uint64_t made = bench::Allocations() - allocations;
+    const std::size_t peak = bench::PeakResidentBytes();
+    malloc_trim(0);
+    const std::size_t held = bench::ResidentBytes();
+    const double columns = counts.columns > 0 ? static_cast<double>(counts.columns) : 1;
+    char text[256];
+    std::snprintf(text, sizeof text,
+                  "\"held_bytes_a_column\": %.0f, \"peak_bytes_a_column\": %.0f, "
+                  "\"allocations_a_column\": %.2f",
+                  (static_cast<double>(held) - static_cast<double>(before)) / columns,
+                  (static_cast<double>(peak) - static_cast<double>(before)) / columns,
+                  static_cast<double>(made) / columns);
+    return std::string(text);
+  });
+
+  std::vector<double> imports;
+  std::vector<double> plain_loops;
+  std::vector<double> ratios;
+  std::size_t rows = 0;
+  ImportResult counts;
+  // One unmeasured turn of each warms the driver's caches.
+  for (int round = -1; round < arguments.rounds; ++round) {
+    const double plain = bench::Seconds([&] { rows = Plain(connection, arguments, texts); });
+    double import = 0;
+    {
+      LcWorkbook workbook;
+      import = bench::Seconds([&] { counts = Import(connection, arguments, workbook);
+    });
+  }
+  if (round < 0) continue;
+  imports.push_back(import);
+  plain_loops.push_back(plain);
+  ratios.push_back(import / plain);
+}
+const double import = bench::Median(imports);
+const double plain = bench::Median(plain_loops);
+char text[768];
+std::snprintf(text, sizeof text,
+              "{\"label\": \"%s\", \"route\": \"%s\", \"tables\": %zu, \"columns\": %zu, "
+              "\"relationships\": %zu, \"result\": %s, \"rows\": %zu, \"import_s\": %.6f, "
+              "\"plain_s\": %.6f, \"ratio\": %.4f, \"own_s\": %.6f, \"rows_a_second\": %.0f, %s}",
+              arguments.label.c_str(), own ? "own SQL" : "generic", counts.tables, counts.columns,
+              counts.relationships / 2, counts.result ? "true" : "false", rows, import, plain,
+              bench::Median(ratios), import - plain, static_cast<double>(rows) / import,
+              memory.c_str());
+return text;
+}  // namespace
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  std::setlocale(LC_ALL, "C.UTF-8");
+  if (argc == 5 && std::strcmp(argv[1], "--make-sqlite") == 0) {
+    bench::MakeSQLiteFile(argv[2], std::atoi(argv[3]), std::atoi(argv[4]));
+    return 0;
+  }
+  Arguments arguments;
+  for (int i = 1; i < argc; ++i) {
+    const std::string argument = argv[i];
+    const bool has_value = i + 1 < argc;
+    if (argument == "--generic") {
+      arguments.generic = true;
+    } else if (argument == "--catalog" && has_value) {
+      const std::string value = argv[++i];
+      arguments.catalog.assign(value.begin(), value.end());
+    } else if (argument == "--rounds" && has_value) {
+      arguments.rounds = std::atoi(argv[++i]);
+    } else if (argument == "--label" && has_value) {
+      arguments.label = argv[++i];
+    } else {
+      arguments.connection = argument;
+    }
+  }
+  if (arguments.connection.empty() || arguments.rounds < 1) {
+    std::fprintf(stderr,
+                 "usage: wbbench CONNECTION-STRING [--catalog NAME] [--generic] [--rounds N] "
+                 "[--label TEXT]\n"
+                 "       wbbench --make-sqlite FILE TABLES COLUMNS\n");
+    return 2;
+  }
+  std::string why;
+  if (!OdbcImportStart(nullptr, why)) {
+    std::fprintf(stderr, "wbbench: %s\n", why.c_str());
+    return 5;
+  }
+  std::puts(Measure(arguments).c_str());
+  return 0;
+}
