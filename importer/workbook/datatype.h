@@ -9,6 +9,8 @@
 #include "importer/workbook/enums.h"
 #include "importer/workbook/object.h"
 
+struct LcDatatypeChanges;
+
 // A data type. A type is copied for every column, so copies share their contents until one of them
 // is changed; a copy costs one small allocation.
 class LC_WORKBOOK_EXPORT LcWorkbookDatatype : public LcObject {
@@ -39,16 +41,16 @@ class LC_WORKBOOK_EXPORT LcWorkbookDatatype : public LcObject {
   enumDataTypeGroup GetTypeGroup() const;
 
   // Sizes in the server's own unit (characters, digits or bytes).
-  void SetLength(unsigned long length);
-  unsigned long GetLength() const;
-  void SetPrecision(unsigned short precision);
-  unsigned short GetPrecision() const;
-  void SetScale(unsigned short scale);
-  unsigned short GetScale() const;
-  void SetLong(bool is_long);
-  bool IsLong() const;
-  void SetSizeModifiable(bool modifiable);
-  bool IsSizeModifiable() const;
+  void SetLength(unsigned long length) { length_ = length; }
+  unsigned long GetLength() const { return length_; }
+  void SetPrecision(unsigned short precision) { precision_ = precision; }
+  unsigned short GetPrecision() const { return precision_; }
+  void SetScale(unsigned short scale) { scale_ = scale; }
+  unsigned short GetScale() const { return scale_; }
+  void SetLong(bool is_long) { long_ = is_long; }
+  bool IsLong() const { return long_; }
+  void SetSizeModifiable(bool modifiable) { size_modifiable_ = modifiable; }
+  bool IsSizeModifiable() const { return size_modifiable_; }
 
   // The base of a distinct type, or the element of a collection.
   void SetBaseCode(int code);
@@ -73,18 +75,28 @@ class LC_WORKBOOK_EXPORT LcWorkbookDatatype : public LcObject {
   // Empty when there is no such name.
   const std::u16string& GetExtendedTypeName(int position) const;
   int GetExtendedTypeNameCount() const;
-  // The type owns the component.
+  // The type owns the component, and its copies share it: it is complete when it is added.
   void AddComponent(LcWorkbookDatatype* component);
   int GetComponentCount() const;
   const LcWorkbookDatatype* GetComponent(int position) const;  // null when there is none
 
  private:
+  friend class LcWorkbookDatatypeList;
   struct State;
-  explicit LcWorkbookDatatype(std::shared_ptr<State> state);
-  LcWorkbookDatatype(const LcWorkbookDatatype&) = delete;
+  LcWorkbookDatatype(const LcWorkbookDatatype& other);
   State& Change();
+  template <class T>
+  void Set(T State::*field, const T& value, unsigned lookups = 0);
+  void Changed(unsigned lookups);
+  void StartIndexing(const std::shared_ptr<LcDatatypeChanges>& changes);
 
   std::shared_ptr<State> state_;
+  unsigned long length_ = 0;
+  std::uint16_t precision_ = 0;
+  std::uint16_t scale_ = 0;
+  bool long_ : 1 = false;
+  bool size_modifiable_ : 1 = false;
+  bool indexed_ : 1 = false;  // a list's index has taken it in
 };
 
 // Data types in the order in which they were added. Look-ups take constant time and give the first
@@ -112,10 +124,9 @@ class LC_WORKBOOK_EXPORT LcWorkbookDatatypeList : public LcObjectList<LcWorkbook
   LcWorkbookDatatype* GetDataTypeByExtendedId(long id) const;
 
  protected:
-  void OnAppended(LcWorkbookDatatype* type) override;
   void OnChanged() override;
 
  private:
   struct Index;
-  mutable std::unique_ptr<Index> index_;
+  std::unique_ptr<Index> index_;
 };

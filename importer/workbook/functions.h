@@ -71,7 +71,8 @@ class LC_WORKBOOK_EXPORT LcWorkbookFunction : public LcObject {
   std::u16string owner_;
   std::u16string name_;
   std::vector<std::unique_ptr<LcWorkbookFunctionOverload>> overloads_;
-  LcWorkbookFunctionList* list_ = nullptr;  // told of a change of owner or name
+  LcWorkbookFunctionList* indexing_list_ =
+      nullptr;  // told of a new owner or name; null: not indexed
 };
 
 class LC_WORKBOOK_EXPORT LcWorkbookFunctionList : public LcObjectList<LcWorkbookFunction> {
@@ -84,8 +85,8 @@ class LC_WORKBOOK_EXPORT LcWorkbookFunctionList : public LcObjectList<LcWorkbook
   LcWorkbookFunction* FindFunction(const std::u16string& owner, const std::u16string& name) const;
 
  protected:
-  void OnAppended(LcWorkbookFunction* function) override;
   void OnChanged() override;
+  void OnClearing() override;
 
  private:
   friend class LcWorkbookFunction;

@@ -61,8 +61,8 @@ class LC_WORKBOOK_EXPORT LcWorkbookImport : public LcObject {
 
   LcImportChoices choices;
   LcImportTargets targets;
-  bool running = false;    // set by a route when it starts; a host clears it to stop
-  bool cancelled = false;  // set by a host to cancel
+  bool running = false;              // set by a route when it starts; a host clears it to stop
+  bool cancelled = false;            // set by a host to cancel
   LcWorkbookLogin* login = nullptr;  // borrowed; may be null
   void* henv = nullptr;              // borrowed ODBC handles, set by SyncLogin
   void* hdbc = nullptr;

@@ -57,6 +57,7 @@ class LcObjectList {
   }
   // Removes all entries and deletes those that no other list shares.
   void EmptyList() {
+    OnClearing();
     entries_.clear();
     OnChanged();
   }
@@ -80,9 +81,10 @@ class LcObjectList {
   Iterator end() const { return Iterator(entries_.data() + entries_.size()); }
 
  protected:
-  // Called after an append (null for an empty entry) and after any other change of the entries, so
-  // that a list with an index keeps it right.
+  // For lists with an index or with entries that know their list: called after an append (null for
+  // an empty entry), before the list is emptied, and after any change but an append.
   virtual void OnAppended(T* /*entry*/) {}
+  virtual void OnClearing() {}
   virtual void OnChanged() {}
 
   std::vector<std::shared_ptr<T>> entries_;

@@ -69,6 +69,8 @@ class LC_WORKBOOK_EXPORT LcWorkbookColumn : public LcObject {
   std::int32_t GetColumnId() const { return column_id_; }
 
  private:
+  friend class LcWorkbookTable;
+
   std::u16string name_;
   LcWorkbookTable* table_ = nullptr;
   std::unique_ptr<LcWorkbookDatatype> type_;
@@ -80,10 +82,13 @@ class LC_WORKBOOK_EXPORT LcWorkbookColumn : public LcObject {
   std::uint16_t scale_ = 0;
   std::uint8_t interval_min_ = 0;
   std::uint8_t interval_max_ = 0;
-  bool required_ = false;
-  bool read_only_ = false;
-  bool generated_key_ = false;
-  bool primary_key_ = false;
+  // One byte together: a column is what a workbook holds most of.
+  bool required_ : 1 = false;
+  bool read_only_ : 1 = false;
+  bool generated_key_ : 1 = false;
+  bool primary_key_ : 1 = false;
+  bool indexed_by_name_ : 1 = false;  // its table's index has taken it in
+  bool indexed_by_id_ : 1 = false;
 };
 
 // Key columns in key order. Positions may be left empty (a driver's key sequence can be the
@@ -198,7 +203,8 @@ class LC_WORKBOOK_EXPORT LcWorkbookTable : public LcObject {
   friend class LcWorkbookColumn;
   friend class LcWorkbookTableList;
   struct ColumnIndex;
-  void OnColumnChanged();
+  void OnColumnRenamed();
+  void OnColumnIdChanged();
 
   std::u16string owner_;
   std::u16string name_;
@@ -207,9 +213,10 @@ class LC_WORKBOOK_EXPORT LcWorkbookTable : public LcObject {
   std::vector<std::unique_ptr<LcWorkbookForeignKey>> foreign_keys_;
   std::unique_ptr<LcSynonymDetails> synonym_;  // null for the many that are no synonym
   mutable std::unique_ptr<ColumnIndex> column_index_;
-  LcWorkbookTableList* list_ = nullptr;  // told of a change of owner, name or id
+  LcWorkbookTableList* indexing_list_ = nullptr;  // told of a new owner, name or id
   std::int32_t synonym_id_ = 0;
   enumTableType type_ = ttTable;
+  bool indexed_by_id_ = false;
 };
 
 // Tables in the order in which they were read. Look-ups take constant time and give the first match
@@ -229,11 +236,15 @@ class LC_WORKBOOK_EXPORT LcWorkbookTableList : public LcObjectList<LcWorkbookTab
   void RemoveTablesFrom(std::size_t first);
 
  protected:
-  void OnAppended(LcWorkbookTable* table) override;
+  void OnClearing() override;
   void OnChanged() override;
 
  private:
   friend class LcWorkbookTable;
   struct Index;
-  mutable std::unique_ptr<Index> index_;
+  bool StartIndexing(std::size_t position) const;
+  void OnTableRenamed();
+  void OnTableIdChanged();
+
+  std::unique_ptr<Index> index_;
 };
