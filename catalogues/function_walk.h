@@ -1,47 +1,40 @@
 // How a catalogue of built-in functions gets into the workbook: one function per run of rows with
-// the same name, one overload per row.
+// the same name, one overload per row. Each catalogue lies in a file of its own, functions_*.cpp.
 #pragma once
 
 #include <span>
-#include <string>
+#include <string_view>
 
 #include "importer/session.h"
 
 namespace odbcimport {
 
-// One overload. All texts are UTF-16 and end with a zero; none is null.
+// One way of calling a built-in function. The texts live as long as the program.
 struct FunctionRow {
-  const char16_t* name;
-  const char16_t* signature;
-  const char16_t* result;  // empty: not known
+  std::u16string_view name;
+  std::u16string_view signature;
+  std::u16string_view result;  // empty: not stated
 };
 
-// Adds rows one by one, for a catalogue that makes its rows from sequences of types. Without a
-// target list for functions nothing is reported or added.
-class FunctionWalk {
- public:
-  // Reports the beginning with `announced`, which need not be the number of rows: hosts know it as
-  // a constant of the catalogue. `owner` owns every function of the catalogue.
-  FunctionWalk(ImportSession& session, unsigned long announced, const char16_t* owner = u"");
-  FunctionWalk(const FunctionWalk&) = delete;
-  FunctionWalk& operator=(const FunctionWalk&) = delete;
-
-  // A name that differs from the one before, in more than upper and lower case, begins a new
-  // function. A name that comes back after others therefore makes a second function, deliberately:
-  // the order of a catalogue stays visible, and the functions of a server's own catalog are merged
-  // into the first.
-  void Add(const char16_t* name, const char16_t* signature, const char16_t* result);
-  void End();
-
- private:
-  ImportSession& session_;
-  const char16_t* const owner_;
-  std::u16string name_;
-  LcWorkbookFunction* function_ = nullptr;  // null before the first row
-};
-
-// Walks a whole catalogue. Always true.
+// Appends a whole catalogue, without owners, to the session's function list and reports each row.
+// `announced` is the count that is reported before, which need not be the number of rows: hosts
+// know it as a constant of the catalogue. Functions that the list has already are not looked at.
+// Always true; without a target list nothing is reported or added.
+//
+// A name that differs from the one before, in more than upper and lower case, begins a new
+// function. A name that comes back after others therefore makes a second function, deliberately:
+// the order of a catalogue stays visible, and the functions of a server's own catalog are merged
+// into the first.
 bool AddSystemFunctions(ImportSession& session, std::span<const FunctionRow> rows,
-                        unsigned long announced, const char16_t* owner = u"");
+                        unsigned long announced);
+
+// The built-in functions of each kind of server; those of Access are among the readers, since the
+// generic route offers them too.
+bool GetSystemFunctionsIUS(ImportSession& session);  // Informix Universal Server
+bool GetSystemFunctionsIDS(ImportSession& session);  // Informix Dynamic Server
+bool GetSystemFunctionsOracle(ImportSession& session);
+bool GetSystemFunctionsDB2(ImportSession& session);
+bool GetSystemFunctionsMSSQL(ImportSession& session);
+bool GetGeneralFunctionsRedBrick(ImportSession& session);
 
 }  // namespace odbcimport

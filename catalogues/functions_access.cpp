@@ -53,6 +53,7 @@ constexpr FunctionRow kAccessFunctions[] = {
     {u"YEAR",       u"YEAR(date)",                            u"number"},
 };
 // clang-format on
+static_assert(std::size(kAccessFunctions) == 42);
 
 }  // namespace
 

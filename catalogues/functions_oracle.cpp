@@ -1,0 +1,110 @@
+// The built-in functions of Oracle 8.
+#include "catalogues/function_walk.h"
+
+namespace odbcimport {
+namespace {
+
+// The signature of TO_DATE deliberately names TO_CHAR: hosts compare these texts with those of
+// workbooks that they stored; a mended text would pass for a changed function.
+// clang-format off
+constexpr FunctionRow kOracle[] = {
+    {u"ABS",                  u"ABS(numeric)",                                                   u"numeric"},
+    {u"ACOS",                 u"ACOS(numeric)",                                                  u"numeric"},
+    {u"ADD_MONTHS",           u"ADD_MONTHS(date, numeric)",                                      u"date"},
+    {u"ASCII",                u"ASCII(char)",                                                    u"numeric"},
+    {u"ASIN",                 u"ASIN(numeric)",                                                  u"numeric"},
+    {u"ATAN",                 u"ATAN(numeric)",                                                  u"numeric"},
+    {u"ATAN2",                u"ATAN2(n, m)",                                                    u"numeric"},
+    {u"BFILENAME",            u"BFILENAME('directory', 'filename')",                             u"bfile"},
+    {u"CEIL",                 u"CEIL(numeric)",                                                  u"numeric"},
+    {u"CHARTOROWID",          u"CHARTOROWID(char)",                                              u"rowid"},
+    {u"CHR",                  u"CHR(numeric [USING NCHAR_CS])",                                  u"char"},
+    {u"CONCAT",               u"CONCAT(char, char)",                                             u"char"},
+    {u"CONVERT",              u"CONVERT(char, dest_char_set [, source_char_set])",               u"char"},
+    {u"COS",                  u"COS(numeric)",                                                   u"numeric"},
+    {u"COSH",                 u"COSH(numeric)",                                                  u"numeric"},
+    {u"DEREF",                u"DEREF(ref)",                                                     u"object"},
+    {u"DUMP",                 u"DUMP(expr [, return_fmt [, start_position [, length]]])",        u"varchar2"},
+    {u"EMPTY_BLOB",           u"EMPTY_BLOB()",                                                   u"blob"},
+    {u"EMPTY_CLOB",           u"EMPTY_CLOB()",                                                   u"clob"},
+    {u"EXP",                  u"EXP(numeric)",                                                   u"numeric"},
+    {u"FLOOR",                u"FLOOR(numeric)",                                                 u"numeric"},
+    {u"GREATEST",             u"GREATEST(expr [, expr...])",                                     u"expr"},
+    {u"GROUPING",             u"GROUPING(expr)",                                                 u"numeric"},
+    {u"HEXTORAW",             u"HEXTORAW(char)",                                                 u"raw"},
+    {u"INITCAP",              u"INITCAP(char)",                                                  u"char"},
+    {u"INSTR",                u"INSTR(char, substring [, start [, occurrence]])",                u"numeric"},
+    {u"INSTRB",               u"INSTRB(char, substring [, start [, occurrence]])",               u"numeric"},
+    {u"LAST_DAY",             u"LAST_DAY(date)",                                                 u"date"},
+    {u"LEAST",                u"LEAST(expr [, expr...])",                                        u"expr"},
+    {u"LENGTH",               u"LENGTH(char)",                                                   u"numeric"},
+    {u"LENGTHB",              u"LENGTHB(char)",                                                  u"numeric"},
+    {u"LN",                   u"LN(numeric)",                                                    u"numeric"},
+    {u"LOG",                  u"LOG(m, n)",                                                      u"numeric"},
+    {u"LOWER",                u"LOWER(char)",                                                    u"char"},
+    {u"LPAD",                 u"LPAD(char, n [, pad_char])",                                     u"char"},
+    {u"LTRIM",                u"LTRIM(char [, set])",                                            u"char"},
+    {u"MAKE_REF",             u"MAKE_REF(table | view, key [, key...])",                         u"ref"},
+    {u"MOD",                  u"MOD(m, n)",                                                      u"numeric"},
+    {u"MONTHS_BETWEEN",       u"MONTHS_BETWEEN(date, date)",                                     u"numeric"},
+    {u"NEW_TIME",             u"NEW_TIME(date, 'zone1', 'zone2')",                               u"date"},
+    {u"NEXT_DAY",             u"NEXT_DAY(date, 'day')",                                          u"date"},
+    {u"NLS_CHARSET_DECL_LEN", u"NLS_CHARSET_DECL_LEN(byte_count, charset_id)",                   u"numeric"},
+    {u"NLS_CHARSET_ID",       u"NLS_CHARSET_ID('charset_name')",                                 u"numeric"},
+    {u"NLS_CHARSET_NAME",     u"NLS_CHARSET_NAME(charset_id)",                                   u"varchar2"},
+    {u"NLS_INITCAP",          u"NLS_INITCAP(char [, 'nlsparam'])",                               u"char"},
+    {u"NLS_LOWER",            u"NLS_LOWER(char [, 'nlsparam'])",                                 u"char"},
+    {u"NLSSORT",              u"NLSSORT(char [, 'nlsparam'])",                                   u"raw"},
+    {u"NLS_UPPER",            u"NLS_UPPER(char [, 'nlsparam'])",                                 u"char"},
+    {u"NVL",                  u"NVL(expr, expr)",                                                u"expr"},
+    {u"POWER",                u"POWER(m, n)",                                                    u"numeric"},
+    {u"RAWTOHEX",             u"RAWTOHEX(raw)",                                                  u"char"},
+    {u"REF",                  u"REF(correlation_var)",                                           u"ref"},
+    {u"REFTOHEX",             u"REFTOHEX(ref)",                                                  u"char"},
+    {u"REPLACE",              u"REPLACE(char, search_string [, replacement_string])",            u"char"},
+    {u"ROUND",                u"ROUND(n [, m])",                                                 u"numeric"},
+    {u"ROUND",                u"ROUND(date [, fmt])",                                            u"date"},
+    {u"ROWIDTOCHAR",          u"ROWIDTOCHAR(rowid)",                                             u"varchar2"},
+    {u"RPAD",                 u"RPAD(char, n [, pad_char])",                                     u"char"},
+    {u"RTRIM",                u"RTRIM(char [, set])",                                            u"char"},
+    {u"SIGN",                 u"SIGN(numeric)",                                                  u"numeric"},
+    {u"SIN",                  u"SIN(numeric)",                                                   u"numeric"},
+    {u"SINH",                 u"SINH(numeric)",                                                  u"numeric"},
+    {u"SOUNDEX",              u"SOUNDEX(char)",                                                  u"char"},
+    {u"SQRT",                 u"SQRT(numeric)",                                                  u"numeric"},
+    {u"SUBSTR",               u"SUBSTR(char, start [, length])",                                 u"char"},
+    {u"SUBSTRB",              u"SUBSTRB(char, start [, length])",                                u"char"},
+    {u"SYS_CONTEXT",          u"SYS_CONTEXT('namespace', 'attribute_name')",                     u"char"},
+    {u"SYS_GUID",             u"SYS_GUID()",                                                     u"raw"},
+    {u"SYSDATE",              u"SYSDATE",                                                        u"date"},
+    {u"TAN",                  u"TAN(numeric)",                                                   u"numeric"},
+    {u"TANH",                 u"TANH(numeric)",                                                  u"numeric"},
+    {u"TO_CHAR",              u"TO_CHAR(date [, fmt [, 'nlsparam']])",                           u"varchar2"},
+    {u"TO_CHAR",              u"TO_CHAR(numeric [, fmt [, 'nlsparam']])",                        u"varchar2"},
+    {u"TO_DATE",              u"TO_CHAR(char [, fmt [, 'nlsparam']])",                           u"varchar2"},
+    {u"TO_LOB",               u"TO_LOB(long_column)",                                            u"lob"},
+    {u"TO_MULTI_BYTE",        u"TO_MULTI_BYTE(char)",                                            u"char"},
+    {u"TO_NUMBER",            u"TO_NUMBER(char [, fmt [, 'nlsparam']])",                         u"numeric"},
+    {u"TO_SINGLE_BYTE",       u"TO_SINGLE_BYTE(char)",                                           u"char"},
+    {u"TRANSLATE",            u"TRANSLATE(char, from, to)",                                      u"char"},
+    {u"TRANSLATE USING",      u"TRANSLATE(text USING CHAR_CS | NCHAR_CS)",                       u"char"},
+    {u"TRIM",                 u"TRIM([LEADING | TRAILING | BOTH] [trim_char FROM] trim_source)", u"char"},
+    {u"TRUNC",                u"TRUNC(n [, m])",                                                 u"numeric"},
+    {u"TRUNC",                u"TRUNC(date [, fmt])",                                            u"date"},
+    {u"UID",                  u"UID",                                                            u"numeric"},
+    {u"UPPER",                u"UPPER(char)",                                                    u"char"},
+    {u"USER",                 u"USER",                                                           u"varchar2"},
+    {u"USERENV",              u"USERENV('option')",                                              u"varchar2"},
+    {u"VALUE",                u"VALUE(correlation_var)",                                         u"object"},
+    {u"VSIZE",                u"VSIZE(expr)",                                                    u"numeric"},
+};
+// clang-format on
+static_assert(std::size(kOracle) == 89);
+
+}  // namespace
+
+bool GetSystemFunctionsOracle(ImportSession& session) {
+  return AddSystemFunctions(session, kOracle, 89);
+}
+
+}  // namespace odbcimport
