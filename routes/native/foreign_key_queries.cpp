@@ -1,0 +1,185 @@
+// The foreign-key queries of the four servers.
+#include "routes/native/foreign_key_queries.h"
+
+#include <algorithm>
+#include <string_view>
+
+#include "importer/owner_clause.h"
+#include "importer/restrictions.h"
+
+namespace odbcimport {
+namespace {
+
+// Entries of the selection per Oracle statement.
+constexpr int kTablesPerText = 200;
+
+constexpr std::u16string_view kDB2Base =
+    u"SELECT T.TABSCHEMA, T.TABNAME, T.COLCOUNT, T.REFTABSCHEMA, T.REFTABNAME, T.FK_COLNAMES, "
+    u"T.PK_COLNAMES FROM SYSCAT.REFERENCES T";
+
+// Both halves of an Oracle text read the view that the item mask asks for.
+struct OracleSelects {
+  std::u16string_view referencing;
+  std::u16string_view referenced;
+  const char16_t* catalog_view;
+};
+
+constexpr OracleSelects kOracleCatalog = {
+    u"SELECT T.OWNER, L.TABLE_NAME, L.COLUMN_NAME, L.POSITION FROM ALL_CATALOG T, ALL_CONSTRAINTS "
+    u"F, ALL_CONS_COLUMNS L WHERE T.OWNER=F.OWNER AND T.TABLE_NAME=F.TABLE_NAME AND "
+    u"F.CONSTRAINT_TYPE = 'R' AND F.CONSTRAINT_NAME=L.CONSTRAINT_NAME",
+    u"SELECT F.R_OWNER, L.TABLE_NAME, L.COLUMN_NAME, L.POSITION FROM ALL_CATALOG T, "
+    u"ALL_CONSTRAINTS F, ALL_CONS_COLUMNS L WHERE T.OWNER=F.OWNER AND T.TABLE_NAME=F.TABLE_NAME "
+    u"AND F.CONSTRAINT_TYPE = 'R' AND F.R_CONSTRAINT_NAME=L.CONSTRAINT_NAME",
+    u"ALL_CATALOG"};
+constexpr OracleSelects kOracleTables = {
+    u"SELECT T.OWNER, L.TABLE_NAME, L.COLUMN_NAME, L.POSITION FROM ALL_TABLES T, ALL_CONSTRAINTS "
+    u"F, "
+    u"ALL_CONS_COLUMNS L WHERE T.OWNER=F.OWNER AND T.TABLE_NAME=F.TABLE_NAME AND F.CONSTRAINT_TYPE "
+    u"= 'R' AND F.CONSTRAINT_NAME=L.CONSTRAINT_NAME",
+    u"SELECT F.R_OWNER, L.TABLE_NAME, L.COLUMN_NAME, L.POSITION FROM ALL_TABLES T, ALL_CONSTRAINTS "
+    u"F, ALL_CONS_COLUMNS L WHERE T.OWNER=F.OWNER AND T.TABLE_NAME=F.TABLE_NAME AND "
+    u"F.CONSTRAINT_TYPE = 'R' AND F.R_CONSTRAINT_NAME=L.CONSTRAINT_NAME",
+    u"ALL_TABLES"};
+constexpr OracleSelects kOracleViews = {
+    u"SELECT T.OWNER, L.TABLE_NAME, L.COLUMN_NAME, L.POSITION FROM ALL_VIEWS T, ALL_CONSTRAINTS F, "
+    u"ALL_CONS_COLUMNS L WHERE T.OWNER=F.OWNER AND T.VIEW_NAME=F.TABLE_NAME AND F.CONSTRAINT_TYPE "
+    u"= 'R' AND F.CONSTRAINT_NAME=L.CONSTRAINT_NAME",
+    u"SELECT F.R_OWNER, L.TABLE_NAME, L.COLUMN_NAME, L.POSITION FROM ALL_VIEWS T, ALL_CONSTRAINTS "
+    u"F, ALL_CONS_COLUMNS L WHERE T.OWNER=F.OWNER AND T.VIEW_NAME=F.TABLE_NAME AND "
+    u"F.CONSTRAINT_TYPE = 'R' AND F.R_CONSTRAINT_NAME=L.CONSTRAINT_NAME",
+    u"ALL_VIEWS"};
+
+constexpr std::u16string_view kOracleOrder = u" ORDER BY 1,2,4";
+
+constexpr std::u16string_view kRedBrickReferencing =
+    u"SELECT L.CONSTRAINT_NAME, L.TNAME, L.CNAME, L.COLSEQ FROM RBW_RELATIONSHIPS F, "
+    u"RBW_CONSTRAINTS C, RBW_CONSTRAINTCOLUMNS L WHERE C.TYPE='FOREIGN KEY' AND "
+    u"F.FKCONSTRAINT=C.NAME AND C.NAME=L.CONSTRAINT_NAME";
+constexpr std::u16string_view kRedBrickReferenced =
+    u"SELECT F.FKCONSTRAINT, L.TNAME, L.CNAME, L.COLSEQ FROM RBW_RELATIONSHIPS F, RBW_CONSTRAINTS "
+    u"C, RBW_CONSTRAINTCOLUMNS L WHERE C.TYPE='FOREIGN KEY' AND F.FKCONSTRAINT=C.NAME AND "
+    u"F.PKCONSTRAINT=L.CONSTRAINT_NAME";
+
+constexpr std::u16string_view kSQLServerBase =
+    u"SELECT R.fkeyid, R.rkeyid, R.keycnt, R.fkey1, R.fkey2, R.fkey3, R.fkey4, R.fkey5, R.fkey6, "
+    u"R.fkey7, R.fkey8, R.fkey9, R.fkey10, R.fkey11, R.fkey12, R.fkey13, R.fkey14, R.fkey15, "
+    u"R.fkey16, R.rkey1, R.rkey2, R.rkey3, R.rkey4, R.rkey5, R.rkey6, R.rkey7, R.rkey8, R.rkey9, "
+    u"R.rkey10, R.rkey11, R.rkey12, R.rkey13, R.rkey14, R.rkey15, R.rkey16 FROM sysreferences R, "
+    u"sysobjects T, sysusers U WHERE T.uid=U.uid AND T.Id=R.fkeyid";
+
+const OracleSelects& ChooseOracleSelects(const LcImportChoices& choices) {
+  if ((choices.item_mask & ibTables) == 0) return kOracleViews;
+  return (choices.item_mask & ibViews) != 0 ? kOracleCatalog : kOracleTables;
+}
+
+// The Oracle text for everything, or for the selected owners. The owner restriction counts only
+// where nothing is selected.
+void AppendOracleText(const LcImportChoices& choices, std::u16string& sql) {
+  const bool with_owner_clause = !AnySpecificTablesOrViews(choices);
+  const OracleSelects& selects = ChooseOracleSelects(choices);
+  const auto append_half = [&](std::u16string_view select) {
+    sql += select;
+    if (with_owner_clause) AppendOwnerClause(choices, sql, kOwnerOracle, u" AND ");
+    AddSpecificOnes(choices, sql, dbmsOracle, selects.catalog_view, true);
+  };
+  append_half(selects.referencing);
+  sql += u" UNION ";
+  append_half(selects.referenced);
+  sql += kOracleOrder;
+}
+
+void AppendOracleBatches(const LcImportChoices& choices, std::vector<std::u16string>& texts) {
+  const OracleSelects& selects = ChooseOracleSelects(choices);
+  const int selected = static_cast<int>(choices.selected_tables.GetCount());
+  for (int first = 0; first < selected; first += kTablesPerText) {
+    const int last = std::min(first + kTablesPerText, selected) - 1;
+    std::u16string sql(selects.referencing);
+    AddSpecificTablesAndViews(choices, sql, dbmsOracle, selects.catalog_view, first, last);
+    sql.append(u" UNION ").append(selects.referenced);
+    AddSpecificTablesAndViews(choices, sql, dbmsOracle, selects.catalog_view, first, last);
+    sql += kOracleOrder;
+    texts.push_back(std::move(sql));
+  }
+}
+
+void AppendDB2Text(const LcImportChoices& choices, std::u16string& sql) {
+  sql += kDB2Base;
+  const bool where_open = AppendOwnerClause(choices, sql, kOwnerDB2Tables, u" WHERE ");
+  AddSpecificOnes(choices, sql, dbmsDB2, u"SYSCAT.REFERENCES", where_open);
+  sql += u" ORDER BY 1,2";
+}
+
+}  // namespace
+
+bool BuildForeignKeyQuery(const LcImportChoices& choices, std::u16string& sql, int dbms_type) {
+  switch (dbms_type) {
+    case dbmsDB2:
+      AppendDB2Text(choices, sql);
+      return true;
+    case dbmsOracle:
+      AppendOracleText(choices, sql);
+      return true;
+    default:
+      return false;
+  }
+}
+
+bool BuildForeignKeyQueries(const LcImportChoices& choices, int dbms_type,
+                            std::vector<std::u16string>& texts) {
+  if (dbms_type == dbmsOracle && !choices.selected_tables.IsEmpty()) {
+    AppendOracleBatches(choices, texts);
+    return true;
+  }
+  std::u16string sql;
+  if (!BuildForeignKeyQuery(choices, sql, dbms_type)) return false;
+  texts.push_back(std::move(sql));
+  return true;
+}
+
+bool AddSpecificOnesRedBrickFK(const LcImportChoices& choices, std::u16string& sql) {
+  if (choices.selected_tables.IsEmpty()) return false;
+  // Owners are deliberately left out: Red Brick's relationships do not record a creator.
+  sql += u" AND (";
+  std::u16string_view separator;
+  for (const LcTableInfo* entry : choices.selected_tables) {
+    if (entry == nullptr) break;
+    sql.append(separator).append(u"F.FKTABLE='").append(entry->name).append(u"'");
+    separator = u" OR ";
+  }
+  sql += u")";
+  return true;
+}
+
+bool BuildForeignKeyQueryRedBrick1(const LcImportChoices& choices, std::u16string& sql) {
+  sql = kRedBrickReferencing;
+  AddSpecificOnesRedBrickFK(choices, sql);
+  sql += u" ORDER BY 1,2,4";
+  return true;
+}
+
+bool BuildForeignKeyQueryRedBrick2(const LcImportChoices& choices, std::u16string& sql) {
+  sql = kRedBrickReferenced;
+  AddSpecificOnesRedBrickFK(choices, sql);
+  sql += u" ORDER BY 1,2,4";
+  return true;
+}
+
+bool BuildForeignKeyQuerySQLServer(const LcImportChoices& choices, std::u16string& sql) {
+  sql = kSQLServerBase;
+  // Without a selection there is no order either; the reader does not need one.
+  if (choices.selected_tables.IsEmpty()) return true;
+  sql += u" AND (";
+  std::u16string_view separator;
+  for (const LcTableInfo* entry : choices.selected_tables) {
+    if (entry == nullptr) break;
+    sql.append(separator).append(u"(");
+    separator = u" OR ";
+    if (!entry->owner.empty()) sql.append(u" U.name='").append(entry->owner).append(u"' AND ");
+    sql.append(u"T.name='").append(entry->name).append(u"')");
+  }
+  sql += u") ORDER BY 1";
+  return true;
+}
+
+}  // namespace odbcimport
