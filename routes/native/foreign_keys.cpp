@@ -1,0 +1,181 @@
+// The readers of foreign keys that deliver one row per column pair or per list of pairs: DB2,
+// Oracle and Red Brick.
+#include "routes/native/foreign_keys.h"
+
+#include <algorithm>
+#include <deque>
+#include <string_view>
+
+#include "catalogues/conversions.h"
+#include "odbc/record_list.h"
+#include "routes/native/foreign_key_queries.h"
+#include "routes/native/key_assembly.h"
+
+namespace odbcimport {
+namespace {
+
+// Positions in the result of DB2.
+constexpr int kDB2Owner = 1;
+constexpr int kDB2Table = 2;
+constexpr int kDB2ColumnCount = 3;
+constexpr int kDB2ReferencedOwner = 4;
+constexpr int kDB2ReferencedTable = 5;
+constexpr int kDB2Columns = 6;
+constexpr int kDB2ReferencedColumns = 7;
+// The lists of DB2 hold names of this width, padded with blanks. Longer names are cut.
+constexpr std::size_t kDB2NameWidth = 20;
+
+// Positions in either half of the result of Oracle.
+constexpr int kOracleOwner = 1;
+constexpr int kOracleTable = 2;
+constexpr int kOracleColumn = 3;
+constexpr int kOraclePosition = 4;
+
+// Positions in both results of Red Brick; 1 is the constraint.
+constexpr int kRedBrickTable = 2;
+constexpr int kRedBrickColumn = 3;
+constexpr int kRedBrickSequence = 4;
+
+std::u16string Trimmed(const LcODBCRecordList& rows, int row, int position) {
+  return std::u16string(TrimRightBlanks(rows.View(row, position)));
+}
+
+std::u16string_view TrimBothEnds(std::u16string_view text) {
+  text.remove_prefix(std::min(text.find_first_not_of(u' '), text.size()));
+  return TrimRightBlanks(text);
+}
+
+std::u16string Slice(std::u16string_view list, std::size_t number) {
+  const std::size_t begin = number * kDB2NameWidth;
+  if (begin >= list.size()) return {};
+  return std::u16string(TrimRightBlanks(list.substr(begin, kDB2NameWidth)));
+}
+
+// One entry per column of the key. Beyond the end of both lists there are only pairs without
+// columns, so a count that no list bears out costs nothing.
+void AddDB2Row(const LcODBCRecordList& rows, int row, LcFKInfoList& entries) {
+  LcFKInfo entry;
+  entry.owner = Trimmed(rows, row, kDB2Owner);
+  entry.table = Trimmed(rows, row, kDB2Table);
+  entry.referenced_owner = Trimmed(rows, row, kDB2ReferencedOwner);
+  entry.referenced_table = Trimmed(rows, row, kDB2ReferencedTable);
+  const long count = ParseInteger(rows.View(row, kDB2ColumnCount));
+  const std::u16string_view columns = TrimBothEnds(rows.View(row, kDB2Columns));
+  const std::u16string_view referenced = TrimBothEnds(rows.View(row, kDB2ReferencedColumns));
+  const std::size_t slices = std::max(columns.size(), referenced.size()) / kDB2NameWidth + 1;
+  const std::size_t pairs = std::min(slices, static_cast<std::size_t>(std::max(count, 0L)));
+  for (std::size_t i = 0; i < pairs; ++i) {
+    entry.column = Slice(columns, i);
+    entry.referenced_column = Slice(referenced, i);
+    entry.sequence = FormatInteger(static_cast<long>(i) + 1);
+    entries.push_back(entry);
+  }
+}
+
+// Splits an Oracle result at half its rows: the first half names the referencing columns, the
+// second the referenced ones, in the order in which they come; an odd row is left over. Deliberate,
+// although the rows of a union may come in any order: the result does not say from which half a row
+// stems. The rows are read as long as the import is not stopped.
+void AddOracleResult(const ImportSession& session, const LcODBCRecordList& rows,
+                     LcFKInfoList& entries) {
+  const int half = rows.GetRowCount() / 2;
+  const std::size_t first = entries.size();
+  for (int row = 1; row <= half && !session.WasImportStoppedOrCancelled(); ++row) {
+    LcFKInfo& entry = entries.emplace_back();
+    entry.owner = Trimmed(rows, row, kOracleOwner);
+    entry.table = Trimmed(rows, row, kOracleTable);
+    entry.column = Trimmed(rows, row, kOracleColumn);
+    // Some drivers deliver the position, a NUMBER, as 1.0.
+    const std::u16string_view position = rows.View(row, kOraclePosition);
+    entry.sequence = TrimRightBlanks(position.substr(0, position.find(u'.')));
+  }
+  int row = half;
+  for (std::size_t i = first; i < entries.size() && !session.WasImportStoppedOrCancelled(); ++i) {
+    ++row;
+    entries[i].referenced_owner = Trimmed(rows, row, kOracleOwner);
+    entries[i].referenced_table = Trimmed(rows, row, kOracleTable);
+    entries[i].referenced_column = Trimmed(rows, row, kOracleColumn);
+  }
+}
+
+}  // namespace
+
+bool GetNativeForeignKeys(const ImportSession& session, LcWorkbookTableList& tables) {
+  const LeDBMSType dbms_type = session.server.dbms_type;
+  std::u16string sql;
+  BuildForeignKeyQuery(session.choices, sql, dbms_type);
+  if (session.WasImportStoppedOrCancelled()) return true;
+  LcODBCRecordList rows;
+  session.RunQuery(sql, rows);
+  if (session.WasImportStoppedOrCancelled()) return true;
+
+  const int count = rows.GetRowCount();
+  session.StatusDialog(inLoopStart, iiForeignKeys, static_cast<unsigned long>(count));
+  LcFKInfoList entries;
+  if (dbms_type == dbmsDB2) {
+    for (int row = 1; row <= count && !session.WasImportStoppedOrCancelled(); ++row) {
+      AddDB2Row(rows, row, entries);
+    }
+  } else if (dbms_type == dbmsOracle) {
+    AddOracleResult(session, rows, entries);
+  }
+  AssembleForeignKeys(session, entries, tables);
+  session.StatusDialog(inLoopEnd);
+  return true;
+}
+
+bool GetNativeForeignKeysOracle(const ImportSession& session, LcWorkbookTableList& tables) {
+  std::vector<std::u16string> texts;
+  BuildForeignKeyQueries(session.choices, session.server.dbms_type, texts);
+  if (session.WasImportStoppedOrCancelled()) return true;
+  std::deque<LcODBCRecordList> results;  // record lists do not move
+  unsigned long count = 0;
+  for (const std::u16string& text : texts) {
+    LcODBCRecordList& rows = results.emplace_back();
+    session.RunQuery(text, rows);
+    count += static_cast<unsigned long>(rows.GetRowCount());
+  }
+  if (session.WasImportStoppedOrCancelled()) return true;
+
+  session.StatusDialog(inLoopStart, iiForeignKeys, count);
+  LcFKInfoList entries;
+  for (const LcODBCRecordList& rows : results) AddOracleResult(session, rows, entries);
+  if (session.WasImportStoppedOrCancelled()) return true;
+  AssembleForeignKeys(session, entries, tables);
+  session.StatusDialog(inLoopEnd);
+  return true;
+}
+
+bool GetNativeForeignKeysRedBrick(const ImportSession& session, LcWorkbookTableList& tables) {
+  std::u16string sql;
+  BuildForeignKeyQueryRedBrick1(session.choices, sql);
+  LcODBCRecordList referencing;
+  session.RunQuery(sql, referencing);
+  if (session.WasImportStoppedOrCancelled()) return true;
+  BuildForeignKeyQueryRedBrick2(session.choices, sql);
+  LcODBCRecordList referenced;
+  session.RunQuery(sql, referenced);
+  if (session.WasImportStoppedOrCancelled()) return true;
+
+  const int count = referencing.GetRowCount();
+  session.StatusDialog(inLoopStart, iiForeignKeys, 2 * static_cast<unsigned long>(count));
+  LcFKInfoList entries;
+  for (int row = 1; row <= count; ++row) {
+    if (session.WasImportStoppedOrCancelled()) return true;
+    LcFKInfo& entry = entries.emplace_back();
+    entry.table = Trimmed(referencing, row, kRedBrickTable);
+    entry.column = Trimmed(referencing, row, kRedBrickColumn);
+    entry.sequence = Trimmed(referencing, row, kRedBrickSequence);
+  }
+  for (int row = 1; row <= count; ++row) {
+    if (session.WasImportStoppedOrCancelled()) return true;
+    LcFKInfo& entry = entries[static_cast<std::size_t>(row) - 1];
+    entry.referenced_table = Trimmed(referenced, row, kRedBrickTable);
+    entry.referenced_column = Trimmed(referenced, row, kRedBrickColumn);
+  }
+  AssembleForeignKeys(session, entries, tables);
+  session.StatusDialog(inLoopEnd);
+  return true;
+}
+
+}  // namespace odbcimport

@@ -1,0 +1,105 @@
+// From the column pairs of foreign keys to key pairs in the workbook.
+#include "routes/native/key_assembly.h"
+
+#include <memory>
+
+#include "catalogues/conversions.h"
+#include "routes/native/key_pair.h"
+
+namespace odbcimport {
+namespace {
+
+class KeyAssembly {
+ public:
+  KeyAssembly(const ImportSession& session, LcWorkbookTableList& tables)
+      : session_(session),
+        tables_(tables),
+        is_red_brick_(session.server.dbms_type == dbmsRedBrick),
+        keys_(session) {}
+
+  void Add(const LcFKInfo& entry);
+
+ private:
+  void FindReferencingTable(const LcFKInfo& entry);
+  LcWorkbookTable* FindReferencedTable(const LcFKInfo& entry) const;
+  bool HasForwardKey();
+
+  const ImportSession& session_;
+  LcWorkbookTableList& tables_;
+  const bool is_red_brick_;
+  std::u16string_view previous_owner_;  // in an entry, which outlives the assembly
+  std::u16string_view previous_table_;
+  LcWorkbookTable* referencing_table_ = nullptr;
+  KeyPair keys_;
+  // Forward keys that no table holds; they only serve to classify their mirror keys.
+  std::vector<std::unique_ptr<LcWorkbookForeignKey>> loose_keys_;
+};
+
+// Red Brick does not tell owners, so a table is whichever has the name first, and only the first
+// pair of a key says which it is. Elsewhere the pairs of one table follow one another.
+void KeyAssembly::FindReferencingTable(const LcFKInfo& entry) {
+  if (is_red_brick_) {
+    if (entry.sequence != u"1") return;
+    referencing_table_ = tables_.FindTableNoOwner(entry.table);
+    keys_.ForgetForward();
+    return;
+  }
+  if (EqualIgnoringCase(entry.owner, previous_owner_) &&
+      EqualIgnoringCase(entry.table, previous_table_)) {
+    return;
+  }
+  previous_owner_ = entry.owner;
+  previous_table_ = entry.table;
+  referencing_table_ = tables_.FindTable(entry.owner, entry.table);
+  keys_.ForgetForward();
+}
+
+LcWorkbookTable* KeyAssembly::FindReferencedTable(const LcFKInfo& entry) const {
+  return is_red_brick_ ? tables_.FindTableNoOwner(entry.referenced_table)
+                       : tables_.FindTable(entry.referenced_owner, entry.referenced_table);
+}
+
+// Whether there is a forward key for a further pair. A Red Brick key whose first pair was passed
+// over gets one that no table holds, and its pairs join the mirror key in hand, that of the last
+// first pair that made one. Deliberate: the rows of the two Red Brick queries are matched by their
+// place alone, and dropping such a pair would leave the mirror key shorter than the server's key.
+bool KeyAssembly::HasForwardKey() {
+  if (keys_.forward() != nullptr) return true;
+  if (!is_red_brick_) return false;
+  loose_keys_.push_back(std::make_unique<LcWorkbookForeignKey>());
+  keys_.SetForward(loose_keys_.back().get());
+  return true;
+}
+
+void KeyAssembly::Add(const LcFKInfo& entry) {
+  FindReferencingTable(entry);
+  if (referencing_table_ == nullptr || entry.table.empty() || entry.column.empty() ||
+      entry.referenced_table.empty() || entry.referenced_column.empty()) {
+    return;
+  }
+  session_.StatusDialog(inTableItem, iiNone, 0, entry.owner.c_str(), entry.table.c_str(),
+                        entry.column.c_str());
+  LcWorkbookColumn* referencing = referencing_table_->FindColumn(entry.column);
+  if (referencing == nullptr) return;
+  LcWorkbookTable* referenced_table = FindReferencedTable(entry);
+  if (referenced_table == nullptr) return;
+  LcWorkbookColumn* referenced = referenced_table->FindColumn(entry.referenced_column);
+  if (referenced == nullptr) return;
+  if (entry.sequence == u"1") {
+    keys_.Start(*referenced_table, referenced, *referencing_table_, referencing);
+  } else {
+    if (!HasForwardKey()) return;
+    keys_.Continue(referenced, referencing);
+  }
+  keys_.ApplyOneToOneRule();
+}
+
+}  // namespace
+
+void AssembleForeignKeys(const ImportSession& session, const LcFKInfoList& entries,
+                         LcWorkbookTableList& tables) {
+  KeyAssembly assembly(session, tables);
+  for (const LcFKInfo& entry : entries) assembly.Add(entry);
+}
+
+}  // namespace odbcimport

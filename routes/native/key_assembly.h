@@ -1,0 +1,32 @@
+// From the column pairs of foreign keys to key pairs in the workbook: the same for DB2, Oracle and
+// Red Brick, which deliver keys pair by pair.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "importer/session.h"
+#include "importer/workbook/object.h"
+#include "importer/workbook/table.h"
+
+namespace odbcimport {
+
+// One column pair of one foreign key.
+struct LcFKInfo : LcObject {
+  const char* GetRuntimeClass() const override { return "LcFKInfo"; }
+
+  std::u16string owner;  // of the referencing table; empty where the server does not tell
+  std::u16string table;
+  std::u16string column;
+  std::u16string referenced_owner;
+  std::u16string referenced_table;
+  std::u16string referenced_column;
+  std::u16string sequence;  // place in its key, as decimal text; "1" starts a new key
+};
+using LcFKInfoList = std::vector<LcFKInfo>;
+
+// Reports each pair whose referencing table is known, and adds the keys to the tables.
+void AssembleForeignKeys(const ImportSession& session, const LcFKInfoList& entries,
+                         LcWorkbookTableList& tables);
+
+}  // namespace odbcimport

@@ -1,0 +1,90 @@
+// The readers of synonyms with the columns of their base tables.
+#include "routes/native/synonyms.h"
+
+#include <memory>
+
+#include "catalogues/conversions.h"
+#include "routes/native/columns.h"
+
+namespace odbcimport {
+namespace {
+
+constexpr int kOwner = 1;
+constexpr int kName = 2;
+
+}  // namespace
+
+LocalSynonymReader::LocalSynonymReader(const ImportSession& session, LcWorkbookTableList& tables)
+    : session_(session), tables_(tables) {
+  if (session.server.dbms_type != dbmsOracle) return;
+  for (const LcTableInfo* entry : session.choices.selected_synonyms) {
+    if (entry == nullptr || entry->type != ttSynonym || entry->synonym.database_name.empty()) {
+      continue;
+    }
+    linked_[{entry->owner, entry->name}] = entry;
+  }
+}
+
+void LocalSynonymReader::StartSynonym() {
+  auto table = std::make_unique<LcWorkbookTable>();
+  // PUBLIC is no user of Oracle: what belongs to it is kept with the system's own objects.
+  const bool is_public =
+      session_.server.dbms_type == dbmsOracle && EqualIgnoringCase(owner_, u"PUBLIC");
+  table->SetOwner(is_public ? u"SYS" : owner_);
+  table->SetName(name_);
+  table->SetType(ttSynonym);
+  if (const auto found = linked_.find({owner_, name_}); found != linked_.end()) {
+    const LcSynonymDetails& selected = found->second->synonym;
+    LcSynonymDetails details;
+    details.database_name = selected.database_name;
+    details.base_owner = selected.base_owner;
+    details.base_table_name = selected.base_table_name;
+    table->SetSynonymDetails(details);
+  }
+  synonym_ = tables_.Append(std::move(table));
+  session_.current_item.text1 = owner_;
+  session_.current_item.text2 = name_;
+}
+
+bool LocalSynonymReader::Read(const LcODBCRecordList& rows) {
+  const ColumnPositions& positions = SynonymColumnPositions(session_.server.dbms_type);
+  const int count = rows.GetRowCount();
+  for (int row = 1; row <= count; ++row) {
+    const std::u16string_view owner = TrimRightBlanks(rows.View(row, kOwner));
+    const std::u16string_view name = TrimRightBlanks(rows.View(row, kName));
+    // A first row without owner and name has no synonym to be added to, so it makes one.
+    if (synonym_ == nullptr || owner != owner_ || name != name_) {
+      owner_.assign(owner);
+      name_.assign(name);
+      StartSynonym();
+    }
+    if (session_.WasImportStoppedOrCancelled()) return false;
+    AddNativeColumn(session_, rows, row, positions, owner_, name_, *synonym_);
+    if (session_.WasImportStoppedOrCancelled()) return false;
+  }
+  return true;
+}
+
+bool IsRemoteSynonym(const LcTableInfo* entry) {
+  return entry != nullptr && entry->type == ttSynonym && entry->synonym.base_table_id == 0;
+}
+
+bool ReadRemoteSynonym(const ImportSession& session, const LcTableInfo& entry,
+                       const LcODBCRecordList& rows, LcWorkbookTableList& tables) {
+  const int count = rows.GetRowCount();
+  if (count == 0) return true;
+  auto made = std::make_unique<LcWorkbookTable>();
+  made->SetName(entry.name);
+  made->SetOwner(entry.owner);
+  made->SetType(ttSynonym);
+  made->SetSynonymDetails(entry.synonym);
+  LcWorkbookTable* table = tables.Append(std::move(made));
+  const ColumnPositions& positions = SynonymColumnPositions(session.server.dbms_type);
+  for (int row = 1; row <= count; ++row) {
+    AddNativeColumn(session, rows, row, positions, entry.owner, entry.name, *table);
+    if (session.WasImportStoppedOrCancelled()) return false;
+  }
+  return true;
+}
+
+}  // namespace odbcimport

@@ -1,0 +1,42 @@
+// The readers of synonyms with the columns of their base tables.
+#pragma once
+
+#include <map>
+#include <string>
+#include <utility>
+
+#include "importer/session.h"
+#include "odbc/record_list.h"
+
+namespace odbcimport {
+
+// Synonyms of tables in the same database, which a query delivers with their columns.
+class LocalSynonymReader {
+ public:
+  // Reads the selected synonyms once. `tables` stays the caller's.
+  LocalSynonymReader(const ImportSession& session, LcWorkbookTableList& tables);
+
+  // False when the import was stopped or cancelled: it has to end then.
+  bool Read(const LcODBCRecordList& rows);
+
+ private:
+  void StartSynonym();
+
+  const ImportSession& session_;
+  LcWorkbookTableList& tables_;
+  // The last selected synonym of each owner and name that lies behind an Oracle database link.
+  std::map<std::pair<std::u16string_view, std::u16string_view>, const LcTableInfo*> linked_;
+  LcWorkbookTable* synonym_ = nullptr;
+  std::u16string owner_;  // of the row before, as read
+  std::u16string name_;
+};
+
+// Whether the entry of the selection is a synonym of a table in another database.
+bool IsRemoteSynonym(const LcTableInfo* entry);
+
+// Makes a table of the selected synonym and gives it a column for each row. False when the import
+// was stopped or cancelled. Without rows nothing is made.
+bool ReadRemoteSynonym(const ImportSession& session, const LcTableInfo& entry,
+                       const LcODBCRecordList& rows, LcWorkbookTableList& tables);
+
+}  // namespace odbcimport

@@ -1,0 +1,55 @@
+// The reader of tables and views with their columns.
+#include "routes/native/tables.h"
+
+#include <memory>
+#include <string_view>
+
+#include "catalogues/conversions.h"
+#include "routes/native/columns.h"
+
+namespace odbcimport {
+namespace {
+
+constexpr int kOwner = 1;
+constexpr int kTable = 2;
+constexpr int kTableType = 3;
+
+}  // namespace
+
+void TableReader::StartTable(const LcODBCRecordList& rows, int row) {
+  const int dbms_type = session_.server.dbms_type;
+  auto table = std::make_unique<LcWorkbookTable>();
+  table->SetOwner(owner_);
+  table->SetName(name_);
+  table->SetType(GetTableType(TrimRightBlanks(rows.View(row, kTableType)), dbms_type));
+  // SQL Server's foreign keys name tables by number; the field is free in what is no synonym.
+  if (const int position = TableColumnPositions(dbms_type).table_id; position != 0) {
+    table->SetSynonymId(static_cast<std::int32_t>(ParseInteger(rows.View(row, position))));
+  }
+  table_ = tables_.Append(std::move(table));
+  session_.current_item.text1 = owner_;
+  session_.current_item.text2 = name_;
+}
+
+bool TableReader::Read(const LcODBCRecordList& rows) {
+  const ColumnPositions& positions = TableColumnPositions(session_.server.dbms_type);
+  const int count = rows.GetRowCount();
+  for (int row = 1; row <= count; ++row) {
+    const std::u16string_view owner = TrimRightBlanks(rows.View(row, kOwner));
+    const std::u16string_view name = TrimRightBlanks(rows.View(row, kTable));
+    if (owner.empty() || name.empty()) continue;
+    if (owner != owner_ || name != name_) {
+      owner_.assign(owner);
+      name_.assign(name);
+      StartTable(rows, row);
+    }
+    // Deliberately after the new table and for this list alone: the lists that follow still show
+    // their first table, so that a host sees in its workbook how far the catalog goes.
+    if (session_.WasImportStoppedOrCancelled()) return true;
+    AddNativeColumn(session_, rows, row, positions, owner_, name_, *table_);
+    if (session_.WasImportStoppedOrCancelled()) return false;
+  }
+  return true;
+}
+
+}  // namespace odbcimport

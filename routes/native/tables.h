@@ -1,0 +1,32 @@
+// The reader of tables and views with their columns.
+#pragma once
+
+#include "importer/session.h"
+#include "odbc/record_list.h"
+
+namespace odbcimport {
+
+// Turns the rows of the table-column queries into tables and columns, one record list after the
+// other. A row with the owner and the name of the row before it adds to that row's table, any other
+// makes a new table, also of a name that was there before.
+class TableReader {
+ public:
+  // `tables` stays the caller's.
+  TableReader(const ImportSession& session, LcWorkbookTableList& tables)
+      : session_(session), tables_(tables) {}
+
+  // False when the import was stopped or cancelled after a column: it has to end then. A stop that
+  // is noticed before a column only leaves out the rest of the list, and the answer is true.
+  bool Read(const LcODBCRecordList& rows);
+
+ private:
+  void StartTable(const LcODBCRecordList& rows, int row);
+
+  const ImportSession& session_;
+  LcWorkbookTableList& tables_;
+  LcWorkbookTable* table_ = nullptr;
+  std::u16string owner_;  // of the row before
+  std::u16string name_;
+};
+
+}  // namespace odbcimport
