@@ -28,6 +28,10 @@ bool BuildTableViewNameQuery(const LcImportChoices& choices, std::u16string& tex
 // name, table. False without the bit for synonym names, and for other servers.
 bool BuildSynonymNameQuery(const LcImportChoices& choices, std::u16string& text, int server_type);
 
+// Columns: name, type number. Of every table of the chosen single name, whoever owns it; Informix
+// only.
+void BuildColumnNameQuery(const LcImportChoices& choices, std::u16string& text);
+
 // Tables and views with their columns. The first six result columns are owner, table, table type,
 // column and (Informix) COLTYPE, COLLENGTH, COLMIN, COLMAX, on Universal Server EXTENDED_ID, COLNO.
 // False for servers without own SQL.

@@ -200,4 +200,11 @@ bool BuildSynonymNameQuery(const LcImportChoices& choices, std::u16string& text,
   }
 }
 
+void BuildColumnNameQuery(const LcImportChoices& choices, std::u16string& text) {
+  text =
+      u"SELECT COLNAME, COLTYPE FROM SYSCOLUMNS C, SYSTABLES T WHERE C.TABID=T.TABID AND "
+      u"T.TABNAME='";
+  text.append(choices.single_table_name).append(u"'");
+}
+
 }  // namespace odbcimport

@@ -1,0 +1,143 @@
+// The key phase.
+//
+// On Dynamic Server the sixteen column numbers of a constraint's index are deliberately not made a
+// primary key. Hosts have always got Dynamic Server tables without keys, and users have drawn keys
+// of their own on top; read keys would stand beside those. A foreign key, whose sides must have
+// equally many columns, is then kept only when its index names no columns either.
+#include "routes/informix/keys.h"
+
+#include <limits>
+#include <new>
+
+#include "catalogues/text.h"
+#include "odbc/record_list.h"
+#include "routes/informix/index_keys.h"
+#include "routes/informix/key_queries.h"
+
+namespace odbcimport {
+namespace {
+
+constexpr int kFirstPart = 3;  // of the sixteen part numbers in a foreign key's row
+constexpr int kLastPart = 18;
+
+std::u16string Trimmed(const LcODBCRecordList& rows, int row, int column) {
+  return std::u16string(TrimRightSpace(rows.View(row, column)));
+}
+
+// Null for a number (from 1) that names no column.
+LcWorkbookColumn* FindColumnByNumber(const LcWorkbookTable& table, long number) {
+  const bool in_range = number >= 1 && number <= std::numeric_limits<int>::max();
+  return in_range ? table.GetColumn(static_cast<int>(number - 1)) : nullptr;
+}
+
+// Appends the columns that the index keys name, skipping numbers that name none.
+void ParseIUSForeignKeys(std::u16string_view index_keys, LcWorkbookKeyList* keys,
+                         LcWorkbookTable* table) {
+  std::vector<std::int16_t> numbers;
+  ParseOnlineIndexKeys(index_keys, numbers);
+  for (const int number : numbers) {
+    if (LcWorkbookColumn* column = FindColumnByNumber(*table, number)) keys->AddKeyColumn(column);
+  }
+}
+
+// The same from part numbers, which end at the first that is 0 or empty.
+void ReadPartNumbers(const LcODBCRecordList& rows, int row, LcWorkbookKeyList* keys,
+                     LcWorkbookTable* table) {
+  for (int part = kFirstPart; part <= kLastPart; ++part) {
+    const long number = ParseInteger(TrimRightSpace(rows.View(row, part)));
+    if (number == 0) return;
+    if (LcWorkbookColumn* column = FindColumnByNumber(*table, number)) {
+      keys->AddKeyColumn(column);
+    }
+  }
+}
+
+// Records a relationship on both tables: the forward key on the referenced one, its mirror on the
+// referring one.
+void AddRelationship(const ImportSession& session, LcWorkbookTable& parent, LcWorkbookTable& child,
+                     const LcWorkbookKeyList& child_columns) {
+  const LcWorkbookKeyList& parent_columns = parent.GetPrimaryKey();
+  auto forward = std::make_unique<LcWorkbookForeignKey>();
+  auto mirror = std::make_unique<LcWorkbookForeignKey>();
+  forward->SetKey(std::make_unique<LcWorkbookKeyList>(parent_columns).release());
+  forward->SetForeignKey(std::make_unique<LcWorkbookKeyList>(child_columns).release());
+  mirror->SetKey(std::make_unique<LcWorkbookKeyList>(child_columns).release());
+  mirror->SetForeignKey(std::make_unique<LcWorkbookKeyList>(parent_columns).release());
+  LcWorkbookForeignKey::Pair(forward.get(), mirror.get());
+  LcWorkbookForeignKey* const keys[] = {forward.get(), mirror.get()};
+  parent.AddForeignKey(forward.release());
+  child.AddForeignKey(mirror.release());
+  for (LcWorkbookForeignKey* key : keys) session.SetKeyType(key);
+}
+
+bool GetOnlineForeignKeys(const ImportSession& session, LcWorkbookTableList& tables,
+                          LcWorkbookTable* parent, int constraint_id, int parent_tabid) try {
+  std::u16string sql;
+  BuildOnlineSQLGetForeignKeys(parent_tabid, constraint_id, session.IsIUS(), sql);
+  LcODBCRecordList rows;
+  session.RunQuery(sql, rows);
+  for (int row = 1; row <= rows.GetRowCount(); ++row) {
+    if (session.WasImportStoppedOrCancelled()) return true;
+    LcWorkbookTable* child = tables.FindTable(Trimmed(rows, row, 2), Trimmed(rows, row, 1));
+    if (child == nullptr) continue;
+    LcWorkbookKeyList child_columns;
+    if (session.IsIUS()) {
+      ParseIUSForeignKeys(TrimRightSpace(rows.View(row, 3)), &child_columns, child);
+    } else {
+      ReadPartNumbers(rows, row, &child_columns, child);
+    }
+    if (child_columns.GetCount() == parent->GetPrimaryKey().GetCount()) {
+      AddRelationship(session, *parent, *child, child_columns);
+    }
+  }
+  return true;
+} catch (const std::bad_alloc&) {
+  return false;
+}
+
+}  // namespace
+
+void SetOnlinePrimaryKey(LcWorkbookTable& table, std::u16string_view index_keys) {
+  std::vector<std::int16_t> numbers;
+  ParseOnlineIndexKeys(index_keys, numbers);
+  for (const int number : numbers) {
+    LcWorkbookColumn* column = FindColumnByNumber(table, number);
+    if (column == nullptr) continue;
+    column->SetPrimaryKey(true);
+    table.GetPrimaryKey().AddKeyColumn(column);
+  }
+}
+
+bool GetOnlinePrimaryForeignKeys(const ImportSession& session, LcWorkbookTableList& tables,
+                                 bool with_foreign_keys) {
+  std::u16string sql;
+  BuildOnlineSQLGetPrimaryKeys(&tables, session.IsIUS(), sql);
+  LcODBCRecordList rows;
+  session.RunQuery(sql, rows);
+  const int count = rows.GetRowCount();
+  // The end of a phase is reported that has no beginning: hosts close the table phase with it.
+  session.StatusDialog(inPhaseEnd, iiPrimaryKeys);
+  session.StatusDialog(inLoopStart, iiPrimaryKeys, static_cast<unsigned long>(count));
+  bool result = true;
+  for (int row = 1; row <= count; ++row) {
+    if (session.WasImportStoppedOrCancelled()) break;
+    const std::u16string name = Trimmed(rows, row, 1);
+    const std::u16string owner = Trimmed(rows, row, 2);
+    LcWorkbookTable* table = tables.FindTable(owner, name);
+    if (table == nullptr) continue;
+    session.StatusDialog(inTableItem, iiNone, 0, owner.c_str(), name.c_str());
+    // A unique constraint (column 5) counts as a primary key; a table with several has the columns
+    // of all in its key, and meets each relationship once for every constraint.
+    if (session.IsIUS()) SetOnlinePrimaryKey(*table, TrimRightSpace(rows.View(row, 6)));
+    if (with_foreign_keys) {
+      const int constraint_id = static_cast<int>(ParseInteger(rows.View(row, 3)));
+      const int table_id = static_cast<int>(ParseInteger(rows.View(row, 4)));
+      result = GetOnlineForeignKeys(session, tables, table, constraint_id, table_id);
+    }
+    if (session.WasImportStoppedOrCancelled()) break;
+  }
+  session.StatusDialog(inLoopEnd);
+  return result;
+}
+
+}  // namespace odbcimport

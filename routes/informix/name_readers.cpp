@@ -1,0 +1,110 @@
+// The phases that list names.
+#include "routes/informix/name_readers.h"
+
+#include "catalogues/conversions.h"
+#include "catalogues/text.h"
+#include "odbc/record_list.h"
+#include "routes/informix/catalog_queries.h"
+
+namespace odbcimport {
+namespace {
+
+std::u16string Trimmed(const LcODBCRecordList& rows, int row, int column) {
+  return std::u16string(TrimRightSpace(rows.View(row, column)));
+}
+
+template <class T>
+void AppendTo(LcObjectList<T>* target, std::unique_ptr<T> entry) {
+  if (target != nullptr) target->Append(std::move(entry));
+}
+
+void AppendOwner(const ImportSession& session, const LcODBCRecordList& rows, int row) {
+  auto info = std::make_unique<LcOwnerInfo>();
+  info->name = Trimmed(rows, row, 1);
+  if (!info->name.empty()) AppendTo(session.targets.owner_names, std::move(info));
+}
+
+void AppendTableOrView(const ImportSession& session, const LcODBCRecordList& rows, int row) {
+  auto info = std::make_unique<LcTableInfo>();
+  info->name = Trimmed(rows, row, 2);
+  if (info->name.empty()) return;
+  info->owner = Trimmed(rows, row, 1);
+  const std::u16string_view type = TrimRightSpace(rows.View(row, 3));
+  if (!type.empty()) info->type = GetTableType(type, dbmsInformix);
+  AppendTo(session.targets.table_names, std::move(info));
+}
+
+void AppendSynonym(const ImportSession& session, const LcODBCRecordList& rows, int row) {
+  auto info = std::make_unique<LcTableInfo>();
+  info->name = Trimmed(rows, row, 7);
+  if (info->name.empty()) return;
+  info->owner = Trimmed(rows, row, 8);
+  info->type = ttSynonym;
+  info->synonym.synonym_id = static_cast<std::int32_t>(ParseInteger(rows.View(row, 1)));
+  info->synonym.base_table_id = static_cast<std::int32_t>(ParseInteger(rows.View(row, 2)));
+  info->synonym.server_name = Trimmed(rows, row, 3);
+  info->synonym.database_name = Trimmed(rows, row, 4);
+  info->synonym.base_owner = Trimmed(rows, row, 5);
+  info->synonym.base_table_name = Trimmed(rows, row, 6);
+  AppendTo(session.targets.table_names, std::move(info));
+}
+
+void AppendColumn(const ImportSession& session, const LcODBCRecordList& rows, int row) {
+  auto info = std::make_unique<LcWBColumnInfo>();
+  info->name = Trimmed(rows, row, 1);
+  if (info->name.empty()) return;
+  const std::u16string_view type = TrimRightSpace(rows.View(row, 2));
+  if (!type.empty()) {
+    bool found = false;
+    info->data_type =
+        CreateDataType(session, ConvertDatabaseTypeToODBC(type, dbmsInformix, found), false, 0);
+  }
+  AppendTo(session.targets.column_names, std::move(info));
+}
+
+using AppendRow = void (*)(const ImportSession&, const LcODBCRecordList&, int row);
+
+// The course that all name phases share.
+bool ReadNames(const ImportSession& session, enumImpItemType item, const std::u16string& sql,
+               AppendRow append_row) {
+  session.StatusDialog(inPhaseStart, item);
+  LcODBCRecordList rows;
+  session.RunQuery(sql, rows);
+  if (session.WasImportStoppedOrCancelled()) return false;
+  for (int row = 1; row <= rows.GetRowCount(); ++row) {
+    append_row(session, rows, row);
+    if (session.WasImportStoppedOrCancelled()) return false;
+  }
+  session.StatusDialog(inPhaseEnd);
+  return true;
+}
+
+}  // namespace
+
+bool ReadOwnerNames(const ImportSession& session) {
+  // No text is built for owners, and the empty one is run all the same: a host that offers owners
+  // shows the user the error that comes of it.
+  std::u16string sql;
+  BuildOwnerNameQuery(session.choices, sql, dbmsInformix);
+  return ReadNames(session, iiOwnerNames, sql, AppendOwner);
+}
+
+bool ReadTableAndViewNames(const ImportSession& session) {
+  std::u16string sql;
+  BuildTableViewNameQuery(session.choices, sql, dbmsInformix);
+  return ReadNames(session, iiTableNames, sql, AppendTableOrView);
+}
+
+bool ReadSynonymNames(const ImportSession& session) {
+  std::u16string sql;
+  BuildSynonymNameQuery(session.choices, sql, dbmsInformix);
+  return ReadNames(session, iiSynonymNames, sql, AppendSynonym);
+}
+
+bool ReadColumnNames(const ImportSession& session) {
+  std::u16string sql;
+  BuildColumnNameQuery(session.choices, sql);
+  return ReadNames(session, iiColumnNames, sql, AppendColumn);
+}
+
+}  // namespace odbcimport

@@ -1,0 +1,16 @@
+// The phases that list names for a host's selection dialogs. Each sends its own notifications and
+// appends to the session's target list (nothing when the host gave none). False when the host
+// stopped the import: the phase then ends without its last notification.
+#pragma once
+
+#include "importer/session.h"
+
+namespace odbcimport {
+
+[[nodiscard]] bool ReadOwnerNames(const ImportSession& session);
+[[nodiscard]] bool ReadTableAndViewNames(const ImportSession& session);
+[[nodiscard]] bool ReadSynonymNames(const ImportSession& session);
+// The columns of the chosen single table.
+[[nodiscard]] bool ReadColumnNames(const ImportSession& session);
+
+}  // namespace odbcimport

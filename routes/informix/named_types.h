@@ -1,0 +1,17 @@
+// The data type phase: the built-in types of the server and, on Universal Server, its named types.
+#pragma once
+
+#include "importer/session.h"
+#include "routes/informix/complex_types.h"
+
+namespace odbcimport {
+
+// Appends the server's built-in types to the target list.
+void GetBuiltInDataTypes(const ImportSession& session);
+
+// Appends every extended type that has a name, then reads what the row and collection types among
+// them are made of. False when memory ran out.
+bool GetNamedDataTypes(const ImportSession& session, const LcOwnerInfoList* owners,
+                       LcWorkbookDatatypeList* types, ComplexTypes& complex_types);
+
+}  // namespace odbcimport

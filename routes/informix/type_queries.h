@@ -1,0 +1,19 @@
+// The queries for Universal Server's extended types. Pure functions; each replaces `text`.
+#pragma once
+
+#include <string>
+
+#include "importer/workbook/info.h"
+
+namespace odbcimport {
+
+// Named types: extended id, mode, owner, name, type number, source, maximum length, length, and
+// mode, owner, name and type number of the base type. `owners` (null or empty: all owners) go in
+// without quotes.
+void BuildSQLGetNamedDataTypes(const LcOwnerInfoList* owners, std::u16string& text);
+
+// The parts of one row or collection type: parent number, name, type number, length, extended id of
+// the part's own type, and mode, owner, name, source, maximum length and length of that type.
+void BuildSQLGetComplexType(int extended_id, std::u16string& text);
+
+}  // namespace odbcimport
