@@ -1,8 +1,9 @@
 // Every call of the ODBC driver manager that the module makes, and the statement handle. All calls
-// pass through here, so that one switch (SetCallTrace) shows them all.
+// pass through here, so that one switch shows them all: the call log among the platform's services.
 //
 // Texts are UTF-16. A null text argument of a catalog function is passed as a null pointer of
-// length 0; any other is passed with SQL_NTS.
+// length 0; any other is passed with SQL_NTS. Every output is zeroed before the call, since drivers
+// leave outputs unwritten or write half of them.
 #pragma once
 
 #include <sql.h>
@@ -17,7 +18,8 @@ inline bool Succeeded(SQLRETURN result) {
   return result == SQL_SUCCESS || result == SQL_SUCCESS_WITH_INFO;
 }
 
-// The text of SQL_DBMS_NAME, SQL_DBMS_VER and the like. Empty when the driver has no answer.
+// The text of SQL_DBMS_NAME, SQL_DBMS_VER and the like, at most 127 characters. Empty when the
+// driver has no answer.
 std::u16string GetInfoText(SQLHDBC hdbc, SQLUSMALLINT info);
 // A 32-bit mask. `mask` is 0 when the driver has no answer.
 SQLRETURN GetInfoMask(SQLHDBC hdbc, SQLUSMALLINT info, SQLUINTEGER* mask);
@@ -33,7 +35,8 @@ struct Diagnostic {
   std::u16string message;
 };
 // Takes the pending diagnostic of the statement (or of the connection when `hstmt` is null). False
-// when there is none. At most `max_characters` of the message arrive.
+// when there is none. `max_characters` is the size of the message's
+// buffer, the terminator included.
 bool TakeDiagnostic(SQLHENV henv, SQLHDBC hdbc, SQLHSTMT hstmt, Diagnostic* diagnostic,
                     SQLSMALLINT max_characters = 511);
 
@@ -66,13 +69,16 @@ class Statement {
   SQLRETURN Procedures(const char16_t* catalog, const char16_t* owner, const char16_t* procedure);
   SQLRETURN GetTypeInfo(SQLSMALLINT type);
 
+  // `count` is 0 when the driver has no answer.
   SQLRETURN NumResultCols(SQLSMALLINT* count);
+  // `name` has room for `name_characters`, the terminator included, and always ends with one.
   SQLRETURN DescribeCol(SQLUSMALLINT column, char16_t* name, SQLSMALLINT name_characters,
                         SQLSMALLINT* sql_type);
   // `bytes` is the size of the buffer (of one row's part of it in a rowset).
   SQLRETURN BindCol(SQLUSMALLINT column, SQLSMALLINT c_type, void* buffer, SQLLEN bytes,
                     SQLLEN* indicator);
   SQLRETURN Fetch();
+  // `rows` receives what the driver claims, which can be more than the rowset has.
   SQLRETURN ExtendedFetch(SQLULEN* rows, SQLUSMALLINT* row_status);
 
   SQLRETURN Cancel();
@@ -83,10 +89,5 @@ class Statement {
  private:
   SQLHSTMT handle_ = SQL_NULL_HSTMT;
 };
-
-// Called after every driver call with its name, the handle it was made on and its return code.
-using CallTrace = void (*)(void* context, const char* function, void* handle, short result);
-// One trace for the process; null switches it off. Not for use while an import runs.
-void SetCallTrace(CallTrace trace, void* context);
 
 }  // namespace odbc

@@ -5,7 +5,6 @@
 #include <memory>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "importer/workbook/object.h"
 #include "platform/platform.h"
@@ -35,14 +34,16 @@ class LC_EXPORT LcODBCRecordList : public LcObject {
   LcODBCRecordList& operator=(const LcODBCRecordList&) = delete;
   const char* GetRuntimeClass() const override;
 
-  int GetRowCount() const;
+  int GetRowCount() const;     // of rows or column descriptions
   int GetColumnCount() const;  // of the first row; 0 without rows
-  // Sets `out` to the cell. False, with `out` empty, for numbers out of range. A NULL reads as empty.
+  // Sets `out` to a copy of the cell. False, with `out` empty, for numbers out of range. A NULL
+  // reads as empty.
   bool GetData(int row, int column, std::u16string& out) const;
-  // The cell without a copy, empty out of range; valid as long as the list is unchanged.
+  // The cell without a copy, empty out of range; valid as long as the list is.
   std::u16string_view View(int row, int column) const;
 
-  // For the fetch layer: begins a row, adds its cells in order, and keeps or discards it.
+  // For the fetch layer: begins a row, adds its cells in order, and keeps or discards it. Memory
+  // that runs out throws std::bad_alloc and leaves the rows that were kept.
   void BeginRow();
   void AddCell(std::u16string_view text);
   void EndRow();

@@ -1,5 +1,5 @@
 // What the module needs from the host's surroundings, one small interface per service. A host
-// replaces any of them with Install* before it starts an import; the defaults suit a command line.
+// replaces any of them in GetServices() before it starts an import; the defaults suit a command line.
 //
 // Texts of the module are UTF-16; a path is in the encoding of the file system (UTF-8 on Linux).
 // The services are used on the importing thread only.
@@ -75,6 +75,15 @@ class LC_EXPORT DiagnosticLog {
                         const std::u16string& message) = 0;
 };
 
+// Watches every call that the module makes of the driver.
+class LC_EXPORT CallLog {
+ public:
+  virtual ~CallLog() = default;
+  // After the call of the ODBC function, with the handle that it was made on and its return code.
+  // It must not call back into the module.
+  virtual void OnCall(const char* function, void* handle, short result) = 0;
+};
+
 struct LC_EXPORT Services {
   std::shared_ptr<SettingsStore> settings;
   std::shared_ptr<MessageBox> message_box;
@@ -82,10 +91,11 @@ struct LC_EXPORT Services {
   std::shared_ptr<BusyCursor> busy_cursor;
   std::shared_ptr<DatabaseUtilities> database;
   std::shared_ptr<DiagnosticLog> consumed_diagnostics;  // null: nobody listens
+  std::shared_ptr<CallLog> call_log;                    // null: nobody listens
 };
 
 // The services in force, with the defaults where a host has installed nothing. Never null, but for
-// `messages` before the module was started and `consumed_diagnostics`.
+// `messages` before the module was started and the two logs.
 LC_EXPORT Services& GetServices();
 
 }  // namespace platform

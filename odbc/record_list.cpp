@@ -1,0 +1,145 @@
+// The storage of record lists: a row is one record in a block of memory, and blocks grow up to a
+// megabyte, so that a list of any size makes few allocations and a cell costs 4 bytes beyond its
+// text.
+#include "odbc/record_list.h"
+
+#include <sqlext.h>
+
+#include <algorithm>
+#include <cstddef>
+#include <cstring>
+#include <vector>
+
+namespace {
+
+constexpr std::size_t kFirstBlockBytes = 4096;
+constexpr std::size_t kLargestBlockBytes = 1024 * 1024;
+constexpr std::size_t kTypicalRowCells = 32;
+constexpr std::size_t kTypicalRowCharacters = 512;
+
+// A row as it lies in a block: the number of cells, the end of each cell's text in characters from
+// the beginning of the row's text, then the texts one after the other.
+struct RowView {
+  const std::uint32_t* numbers;
+
+  std::uint32_t CellCount() const { return numbers[0]; }
+  std::u16string_view Cell(std::uint32_t index) const {
+    const std::uint32_t begin = index == 0 ? 0 : numbers[index];
+    const auto* text = reinterpret_cast<const char16_t*>(numbers + 1 + CellCount());
+    return {text + begin, numbers[index + 1] - begin};
+  }
+};
+
+std::size_t RoundUpToNumber(std::size_t bytes) {
+  constexpr std::size_t kNumber = sizeof(std::uint32_t);
+  return (bytes + kNumber - 1) / kNumber * kNumber;
+}
+
+}  // namespace
+
+LcODBCColumn::LcODBCColumn(const char16_t* name, short sql_type)
+    : name_(name), sql_type_(sql_type) {}
+LcODBCColumn::~LcODBCColumn() = default;
+const char* LcODBCColumn::GetRuntimeClass() const { return "LcODBCColumn"; }
+
+int LcODBCColumn::IsLong() const {
+  return sql_type_ == SQL_LONGVARBINARY || sql_type_ == SQL_LONGVARCHAR ? 1 : 0;
+}
+
+struct LcODBCRecordList::Storage {
+  std::vector<std::unique_ptr<std::byte[]>> blocks;
+  std::byte* free = nullptr;  // in the last block
+  std::size_t free_bytes = 0;
+  std::size_t next_block_bytes = kFirstBlockBytes;
+  std::vector<RowView> rows;
+  std::vector<std::unique_ptr<LcODBCColumn>> columns;
+
+  // The row that is being put together.
+  std::vector<std::uint32_t> ends;
+  std::u16string text;
+
+  std::byte* Take(std::size_t bytes) {
+    if (bytes > free_bytes) {
+      const std::size_t block_bytes = std::max(bytes, next_block_bytes);
+      blocks.push_back(std::make_unique_for_overwrite<std::byte[]>(block_bytes));
+      next_block_bytes = std::min(next_block_bytes * 2, kLargestBlockBytes);
+      free = blocks.back().get();
+      free_bytes = block_bytes;
+    }
+    std::byte* taken = free;
+    free += bytes;
+    free_bytes -= bytes;
+    return taken;
+  }
+};
+
+LcODBCRecordList::LcODBCRecordList() : storage_(std::make_unique<Storage>()) {}
+LcODBCRecordList::~LcODBCRecordList() = default;
+const char* LcODBCRecordList::GetRuntimeClass() const { return "LcODBCRecordList"; }
+
+int LcODBCRecordList::GetRowCount() const {
+  return static_cast<int>(storage_->rows.size() + storage_->columns.size());
+}
+
+int LcODBCRecordList::GetColumnCount() const {
+  return storage_->rows.empty() ? 0 : static_cast<int>(storage_->rows.front().CellCount());
+}
+
+bool LcODBCRecordList::GetData(int row, int column, std::u16string& out) const {
+  out.clear();
+  if (row < 1 || static_cast<std::size_t>(row) > storage_->rows.size()) return false;
+  const RowView record = storage_->rows[static_cast<std::size_t>(row) - 1];
+  if (column < 1 || static_cast<std::uint32_t>(column) > record.CellCount()) return false;
+  out = record.Cell(static_cast<std::uint32_t>(column) - 1);
+  return true;
+}
+
+std::u16string_view LcODBCRecordList::View(int row, int column) const {
+  if (row < 1 || static_cast<std::size_t>(row) > storage_->rows.size()) return {};
+  const RowView record = storage_->rows[static_cast<std::size_t>(row) - 1];
+  if (column < 1 || static_cast<std::uint32_t>(column) > record.CellCount()) return {};
+  return record.Cell(static_cast<std::uint32_t>(column) - 1);
+}
+
+void LcODBCRecordList::BeginRow() {
+  DiscardRow();
+  if (storage_->text.capacity() < kTypicalRowCharacters) {
+    storage_->text.reserve(kTypicalRowCharacters);
+    storage_->ends.reserve(kTypicalRowCells);
+  }
+}
+
+void LcODBCRecordList::AddCell(std::u16string_view text) {
+  storage_->text.append(text);
+  storage_->ends.push_back(static_cast<std::uint32_t>(storage_->text.size()));
+}
+
+void LcODBCRecordList::EndRow() {
+  Storage& storage = *storage_;
+  const std::size_t number_bytes = (storage.ends.size() + 1) * sizeof(std::uint32_t);
+  const std::size_t text_bytes = storage.text.size() * sizeof(char16_t);
+  std::byte* record = storage.Take(RoundUpToNumber(number_bytes + text_bytes));
+  const auto count = static_cast<std::uint32_t>(storage.ends.size());
+  std::memcpy(record, &count, sizeof count);
+  if (count != 0) {
+    std::memcpy(record + sizeof count, storage.ends.data(), number_bytes - sizeof count);
+    std::memcpy(record + number_bytes, storage.text.data(), text_bytes);
+  }
+  storage.rows.push_back(RowView{reinterpret_cast<const std::uint32_t*>(record)});
+  DiscardRow();
+}
+
+void LcODBCRecordList::DiscardRow() {
+  storage_->ends.clear();
+  storage_->text.clear();
+}
+
+void LcODBCRecordList::AppendColumn(std::unique_ptr<LcODBCColumn> column) {
+  storage_->columns.push_back(std::move(column));
+}
+
+const LcODBCColumn* LcODBCRecordList::GetColumn(int position) const {
+  const auto& columns = storage_->columns;
+  if (position < 0 || static_cast<std::size_t>(position) >= columns.size()) return nullptr;
+  return columns[static_cast<std::size_t>(position)].get();
+}

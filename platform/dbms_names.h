@@ -1,0 +1,18 @@
+// Tells the kind of server from the name that its driver gives.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "importer/workbook/enums.h"
+
+namespace platform {
+
+// ASCII letters in lower case, everything else as it is.
+std::u16string FoldCase(std::u16string_view text);
+
+// dbmsOther for a server that is known to have an ODBC driver and needs no handling of its own,
+// dbmsUnknown for every other name.
+LeDBMSType ClassifyDBMSName(std::u16string_view name);
+
+}  // namespace platform

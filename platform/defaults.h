@@ -1,0 +1,28 @@
+// The implementations that serve where a host has installed none.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "platform/platform.h"
+
+namespace platform {
+
+// Reads a TOML file once, at the first question. A key's text, such as
+// SOFTWARE\Tandor\Lumagraph\4.0, names the table of the same path: [SOFTWARE.Tandor.Lumagraph."4.0"].
+// Only an integer that fits 32 bits, signed or unsigned, is a value. A file that is missing or
+// cannot be read has no values.
+std::shared_ptr<SettingsStore> MakeTomlSettingsStore(const std::string& path);
+// The settings file in force: the one that WBIMPORT_SETTINGS names, else the first
+// wbimport/settings.toml that exists in the user's and the system's configuration folders
+// (XDG_CONFIG_HOME, XDG_CONFIG_DIRS and their defaults). Empty when there is none.
+std::string FindSettingsFile();
+
+// Writes each text to standard error, as a paragraph of its own.
+std::shared_ptr<MessageBox> MakeStandardErrorMessageBox();
+// Shows nothing: a command line has no pointer.
+std::shared_ptr<BusyCursor> MakeNoBusyCursor();
+// Reads connection strings and odbc.ini.
+std::shared_ptr<DatabaseUtilities> MakeDatabaseUtilities();
+
+}  // namespace platform

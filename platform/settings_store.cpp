@@ -1,0 +1,103 @@
+// Settings in a TOML file.
+#include <cstdlib>
+#include <filesystem>
+#include <limits>
+#include <optional>
+#include <string_view>
+#include <toml++/toml.h>
+#include <vector>
+
+#include "platform/defaults.h"
+#include "platform/utf8.h"
+
+namespace platform {
+
+namespace {
+
+// The pieces between the separators, empty ones left out.
+std::vector<std::string> Split(std::string_view text, char separator) {
+  std::vector<std::string> pieces;
+  while (!text.empty()) {
+    const std::size_t end = std::min(text.find(separator), text.size());
+    if (end != 0) pieces.emplace_back(text.substr(0, end));
+    text.remove_prefix(std::min(end + 1, text.size()));
+  }
+  return pieces;
+}
+
+class TomlSettingsStore : public SettingsStore {
+ public:
+  explicit TomlSettingsStore(std::string path) : path_(std::move(path)) {}
+
+  std::optional<std::uint32_t> ReadDWORD(const std::u16string& key,
+                                         const std::u16string& value) override {
+    const toml::node* node = &GetRoot();
+    for (const std::string& name : Split(ToUtf8(key), '\\')) {
+      node = FindChild(node, name);
+    }
+    node = FindChild(node, ToUtf8(value));
+    const toml::value<std::int64_t>* number = node != nullptr ? node->as_integer() : nullptr;
+    if (number == nullptr || number->get() < std::numeric_limits<std::int32_t>::min() ||
+        number->get() > std::numeric_limits<std::uint32_t>::max()) {
+      return std::nullopt;
+    }
+    return static_cast<std::uint32_t>(number->get());
+  }
+
+ private:
+  static const toml::node* FindChild(const toml::node* parent, const std::string& name) {
+    const toml::table* table = parent != nullptr ? parent->as_table() : nullptr;
+    return table != nullptr ? table->get(name) : nullptr;
+  }
+
+  const toml::table& GetRoot() {
+    if (!root_.has_value()) {
+      root_.emplace();
+      try {
+        if (!path_.empty()) root_ = toml::parse_file(path_);
+      } catch (const std::exception&) {
+        // Not there or not TOML: nothing is set.
+      }
+    }
+    return *root_;
+  }
+
+  std::string path_;
+  std::optional<toml::table> root_;
+};
+
+// The value of an environment variable; empty when it is not set.
+std::string GetVariable(const char* name) {
+  const char* value = std::getenv(name);
+  return value != nullptr ? value : "";
+}
+
+}  // namespace
+
+std::shared_ptr<SettingsStore> MakeTomlSettingsStore(const std::string& path) {
+  return std::make_shared<TomlSettingsStore>(path);
+}
+
+std::string FindSettingsFile() {
+  if (std::string named = GetVariable("WBIMPORT_SETTINGS"); !named.empty()) return named;
+
+  std::vector<std::string> folders;
+  const std::string home = GetVariable("HOME");
+  if (std::string own = GetVariable("XDG_CONFIG_HOME"); !own.empty()) {
+    folders.push_back(own);
+  } else if (!home.empty()) {
+    folders.push_back(home + "/.config");
+  }
+  const std::string shared = GetVariable("XDG_CONFIG_DIRS");
+  for (std::string& folder : Split(shared.empty() ? "/etc/xdg" : shared, ':')) {
+    folders.push_back(std::move(folder));
+  }
+  for (const std::string& folder : folders) {
+    const std::string file = folder + "/wbimport/settings.toml";
+    std::error_code ignored;
+    if (std::filesystem::exists(file, ignored)) return file;
+  }
+  return {};
+}
+
+}  // namespace platform
