@@ -10,8 +10,9 @@
 
 class LcODBCDatatypeList;
 namespace odbcimport {
+class ImportSession;
 struct ServerFacts;
-}
+}  // namespace odbcimport
 
 class LC_EXPORT LcODBCWorkbookImport : public LcWorkbookImport {
  public:
@@ -35,8 +36,8 @@ class LC_EXPORT LcODBCWorkbookImport : public LcWorkbookImport {
   bool SyncLogin(LcWorkbookDatabase* database) override;
   bool UnSyncLogin() override;
 
-  int GetDBMSVersion() const;            // major version, 0 until known
-  LeDBMSType GetDBMSType() const;        // what the last route decision settled on
+  int GetDBMSVersion() const;                 // major version, 0 until known
+  LeDBMSType GetDBMSType() const;             // what the last route decision settled on
   const std::u16string& GetDBMSName() const;  // empty until known
 
   // The route that ImportItems would take now, for a host that wants to show it. Asks the driver
@@ -52,6 +53,8 @@ class LC_EXPORT LcODBCWorkbookImport : public LcWorkbookImport {
   virtual bool IsIUS();
 
  private:
+  std::unique_ptr<odbcimport::ImportSession> NewSession();
+
   void (*callback_)(enumImpNotify, void*);
   LcWorkbook* workbook_;
   std::unique_ptr<odbcimport::ServerFacts> server_;

@@ -20,6 +20,10 @@ ImportSession::ImportSession(LcWorkbookImport& base, LcWorkbook* session_workboo
       own_types_(std::move(own_types)),
       callback_(callback) {}
 
+ImportSession::~ImportSession() {
+  if (cursor_shown_) platform::GetServices().busy_cursor->Hide();
+}
+
 LcWorkbookDatatypeList& ImportSession::TypesInForce() const {
   return targets.data_types != nullptr ? *targets.data_types : *own_types_;
 }
@@ -59,18 +63,20 @@ void ImportSession::RunQuery(const std::u16string& sql, LcODBCRecordList& rows) 
   LcODBCFetch fetch(sql.c_str(), rows, henv(), hdbc(), server.dbms_type);
 }
 
-void ImportSession::BeginRoute() const {
+void ImportSession::BeginRoute() {
   platform::GetServices().busy_cursor->Show();
+  cursor_shown_ = true;
   base_.running = true;
 }
 
-void ImportSession::EndRoute(unsigned short& status) const {
+void ImportSession::EndRoute(unsigned short& status) {
   if (base_.cancelled) {
     status = 4;
   } else if (!base_.running) {
     status = 9;
   }
-  platform::GetServices().busy_cursor->Hide();
+  if (cursor_shown_) platform::GetServices().busy_cursor->Hide();
+  cursor_shown_ = false;
 }
 
 }  // namespace odbcimport

@@ -18,11 +18,11 @@ using NotifyCallback = void (*)(enumImpNotify, void*);
 
 // Facts about the server that persist between runs of one importer.
 struct ServerFacts {
-  std::u16string dbms_name;              // SQL_DBMS_NAME; empty until asked
-  LeDBMSType dbms_type = dbmsUnknown;    // the type that the route decision settled on
-  std::int32_t dbms_version = 0;         // major version; 0 until known
-  bool is_ius = false;                   // Informix Universal Server
-  std::u16string system_owner;           // owner of the system tables; empty: none found
+  std::u16string dbms_name;            // SQL_DBMS_NAME; empty until asked
+  LeDBMSType dbms_type = dbmsUnknown;  // the type that the route decision settled on
+  std::int32_t dbms_version = 0;       // major version; 0 until known
+  bool is_ius = false;                 // Informix Universal Server
+  std::u16string system_owner;         // owner of the system tables; empty: none found
   bool owner_support_known = false;
   bool owner_supported = false;
   std::uint16_t foreign_key_counter = 0;
@@ -33,6 +33,10 @@ class ImportSession {
   ImportSession(LcWorkbookImport& base, LcWorkbook* workbook, ServerFacts& server,
                 std::shared_ptr<LcODBCDatatypeList> own_types, NotifyCallback callback,
                 LcImpItemInfo& current_item);
+  // Ends what a route that failed half-way has begun.
+  ~ImportSession();
+  ImportSession(const ImportSession&) = delete;
+  ImportSession& operator=(const ImportSession&) = delete;
 
   LcImportChoices& choices;
   LcImportTargets& targets;
@@ -67,13 +71,14 @@ class ImportSession {
 
   // The beginning and the end that all routes share: busy cursor and running mark; at the end the
   // host's reason for an early end goes into `status` (4 cancelled, 9 stopped).
-  void BeginRoute() const;
-  void EndRoute(unsigned short& status) const;
+  void BeginRoute();
+  void EndRoute(unsigned short& status);
 
  private:
   LcWorkbookImport& base_;
   std::shared_ptr<LcODBCDatatypeList> own_types_;
   NotifyCallback callback_;
+  bool cursor_shown_ = false;
 };
 
 }  // namespace odbcimport

@@ -60,8 +60,7 @@ SQLRETURN GetInfoMask(SQLHDBC hdbc, SQLUSMALLINT info, SQLUINTEGER* mask) {
 
 bool HasFunction(SQLHDBC hdbc, SQLUSMALLINT function) {
   SQLUSMALLINT there = 0;
-  const SQLRETURN result =
-      Call("SQLGetFunctions", hdbc, SQLGetFunctions, hdbc, function, &there);
+  const SQLRETURN result = Call("SQLGetFunctions", hdbc, SQLGetFunctions, hdbc, function, &there);
   return Succeeded(result) && there != 0;
 }
 
@@ -78,9 +77,9 @@ bool TakeDiagnostic(SQLHENV henv, SQLHDBC hdbc, SQLHSTMT hstmt, Diagnostic* diag
       static_cast<SQLSMALLINT>(std::clamp<int>(max_characters, 1, kMaxMessageCharacters));
   SQLSMALLINT length = 0;
   *diagnostic = Diagnostic{};
-  const SQLRETURN result = Call("SQLErrorW", hstmt != SQL_NULL_HSTMT ? hstmt : hdbc, SQLErrorW,
-                                henv, hdbc, hstmt, Wide(diagnostic->state),
-                                &diagnostic->native_error, Wide(message.data()), room, &length);
+  const SQLRETURN result =
+      Call("SQLErrorW", hstmt != SQL_NULL_HSTMT ? hstmt : hdbc, SQLErrorW, henv, hdbc, hstmt,
+           Wide(diagnostic->state), &diagnostic->native_error, Wide(message.data()), room, &length);
   diagnostic->state[5] = 0;
   message[static_cast<std::size_t>(room)] = 0;
   if (!Succeeded(result)) return false;
@@ -88,8 +87,7 @@ bool TakeDiagnostic(SQLHENV henv, SQLHDBC hdbc, SQLHSTMT hstmt, Diagnostic* diag
   return true;
 }
 
-Statement::Statement(Statement&& other) noexcept
-    : handle_(std::exchange(other.handle_, nullptr)) {}
+Statement::Statement(Statement&& other) noexcept : handle_(std::exchange(other.handle_, nullptr)) {}
 
 Statement& Statement::operator=(Statement&& other) noexcept {
   if (this != &other) {
@@ -131,8 +129,7 @@ SQLRETURN Statement::Columns(const char16_t* catalog, const char16_t* owner, con
 }
 
 SQLRETURN Statement::Statistics(const char16_t* catalog, const char16_t* owner,
-                                const char16_t* table, SQLUSMALLINT unique,
-                                SQLUSMALLINT accuracy) {
+                                const char16_t* table, SQLUSMALLINT unique, SQLUSMALLINT accuracy) {
   return Call("SQLStatisticsW", handle_, SQLStatisticsW, handle_, WideInput(catalog),
               LengthOf(catalog), WideInput(owner), LengthOf(owner), WideInput(table),
               LengthOf(table), unique, accuracy);

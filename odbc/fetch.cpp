@@ -1,6 +1,6 @@
-// The fetch layer: execute, describe, bind, fetch in rowsets, load the cells. Each step is done once
-// for a statement; a step that fails drops the statement but not the marks of the steps before it,
-// so an object that failed cannot run again.
+// The fetch layer: execute, describe, bind, fetch in rowsets, load the cells. Each step is done
+// once for a statement; a step that fails drops the statement but not the marks of the steps before
+// it, so an object that failed cannot run again.
 #include "odbc/fetch.h"
 
 #include <algorithm>
@@ -341,8 +341,8 @@ void LcODBCFetch::State::DropStatement() {
 
 LcODBCFetch::LcODBCFetch(const char16_t* sql, LcODBCRecordList& rows, void* henv, void* hdbc,
                          int dbms_type)
-    : state_(std::make_unique<State>(henv, hdbc, dbms_type, sql, kRowsetSize,
-                                     SQL_CONCUR_READ_ONLY, SQL_CURSOR_KEYSET_DRIVEN)) {
+    : state_(std::make_unique<State>(henv, hdbc, dbms_type, sql, kRowsetSize, SQL_CONCUR_READ_ONLY,
+                                     SQL_CURSOR_KEYSET_DRIVEN)) {
   if (!state_->extended_fetch_supported) state_->rowset_size = 1;
   int has_results = 0;
   ExecuteCommand(&has_results);

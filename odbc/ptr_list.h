@@ -1,5 +1,5 @@
-// Lists of pointers with iterators, exported for hosts: they hold fetch objects or record lists that
-// live elsewhere.
+// Lists of pointers with iterators, exported for hosts: they hold fetch objects or record lists
+// that live elsewhere.
 #pragma once
 
 #include <array>

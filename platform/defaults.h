@@ -9,9 +9,9 @@
 namespace platform {
 
 // Reads a TOML file once, at the first question. A key's text, such as
-// SOFTWARE\Tandor\Lumagraph\4.0, names the table of the same path: [SOFTWARE.Tandor.Lumagraph."4.0"].
-// Only an integer that fits 32 bits, signed or unsigned, is a value. A file that is missing or
-// cannot be read has no values.
+// SOFTWARE\Tandor\Lumagraph\4.0, names the table of the same path:
+// [SOFTWARE.Tandor.Lumagraph."4.0"]. Only an integer that fits 32 bits, signed or unsigned, is a
+// value. A file that is missing or cannot be read has no values.
 std::shared_ptr<SettingsStore> MakeTomlSettingsStore(const std::string& path);
 // The settings file in force: the one that WBIMPORT_SETTINGS names, else the first
 // wbimport/settings.toml that exists in the user's and the system's configuration folders

@@ -1,5 +1,6 @@
 // What the module needs from the host's surroundings, one small interface per service. A host
-// replaces any of them in GetServices() before it starts an import; the defaults suit a command line.
+// replaces any of them in GetServices() before it starts an import; the defaults suit a command
+// line.
 //
 // Texts of the module are UTF-16; a path is in the encoding of the file system (UTF-8 on Linux).
 // The services are used on the importing thread only.

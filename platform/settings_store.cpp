@@ -1,10 +1,11 @@
 // Settings in a TOML file.
+#include <toml++/toml.h>
+
 #include <cstdlib>
 #include <filesystem>
 #include <limits>
 #include <optional>
 #include <string_view>
-#include <toml++/toml.h>
 #include <vector>
 
 #include "platform/defaults.h"
