@@ -11,6 +11,10 @@
 #include "importer/workbook/export.h"
 #include "importer/workbook/workbook.h"
 
+constexpr int kWorkbookFileVersion = 1;
+// Components of a data type that lie deeper than this in it are neither written nor read.
+constexpr int kDeepestComponent = 16;
+
 // Where a workbook came from and how its import ended.
 struct LcWorkbookFileInfo {
   std::u16string dbms_name;  // empty: the driver gave none
@@ -27,7 +31,9 @@ struct LcWorkbookFileInfo {
 LC_WORKBOOK_EXPORT void WriteWorkbookFile(const LcWorkbook& workbook,
                                           const LcWorkbookFileInfo& info, std::ostream& out);
 
-// Reads a file into an empty workbook. False when `text` is no workbook file: `why` then says where
-// (line and column, or the field) and what is wrong, and the workbook holds nothing to rely on.
+// Reads a file into an empty workbook. Fields that are left out are zero, empty, false or null, but
+// "format", "version" and the names of things have to be there; fields that are not known are
+// skipped. False when `text` is no workbook file: `why` then says where (line and column, or the
+// field as in `tables[3].columns[0].name`) and what is wrong, and the workbook is left empty.
 LC_WORKBOOK_EXPORT bool ReadWorkbookFile(std::string_view text, LcWorkbook& workbook,
                                          LcWorkbookFileInfo& info, std::string& why);

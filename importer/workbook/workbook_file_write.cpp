@@ -1,0 +1,289 @@
+// Writes the workbook file. Keys stand in the order that the file promises; the lists at the top,
+// the columns and the keys of a table have a line for each entry, so that two files can be
+// compared.
+#include <unordered_map>
+
+#include "importer/workbook/json_writer.h"
+#include "importer/workbook/workbook_file.h"
+
+namespace {
+
+// Empty entries are not written: a table's position here is the one among those that are.
+using TablePositions = std::unordered_map<const LcWorkbookTable*, std::size_t>;
+
+const char16_t* TableTypeName(enumTableType type) {
+  switch (type) {
+    case ttTable:
+      break;
+    case ttView:
+      return u"view";
+    case ttSynonym:
+      return u"synonym";
+  }
+  return u"table";
+}
+
+template <class List, class WriteEntry>
+void WriteList(JsonWriter& json, const char* key, const List& list, int indent,
+               WriteEntry write_entry) {
+  json.Key(key);
+  json.BeginArray();
+  bool any = false;
+  for (const auto& entry : list) {
+    if (entry == nullptr) continue;
+    any = true;
+    json.NewLine(indent + 2);
+    write_entry(*entry);
+  }
+  if (any) json.NewLine(indent);
+  json.EndArray();
+}
+
+// Deeper components are left out: no server nests types like that, and the reader refuses it.
+void WriteDatatype(JsonWriter& json, const LcWorkbookDatatype* type, int depth = 0) {
+  if (type == nullptr) return json.Null();
+  json.BeginObject();
+  json.Member("typeName", type->GetTypeName());
+  json.Member("otherTypeName", type->GetOtherTypeName());
+  json.Member("name", type->GetName());
+  json.Member("owner", type->GetOwner());
+  json.Member("physicalCode", type->GetPhysicalCode());
+  json.Member("genericCode", std::int32_t{type->GetGenericCode()});
+  json.Member("typeGroup", std::int32_t{type->GetTypeGroup()});
+  json.Member("length", type->GetLength());
+  json.Member("precision", type->GetPrecision());
+  json.Member("scale", type->GetScale());
+  json.Member("long", type->IsLong());
+  json.Member("sizeModifiable", type->IsSizeModifiable());
+  json.Member("distinct", type->IsDistinct());
+  json.Member("extendedId", type->GetExtendedId());
+  json.Key("extendedTypeNames");
+  json.BeginArray();
+  for (int i = 0; i < type->GetExtendedTypeNameCount(); ++i) {
+    json.Text(type->GetExtendedTypeName(i));
+  }
+  json.EndArray();
+  json.Key("base");
+  json.BeginObject();
+  json.Member("code", type->GetBaseCode());
+  json.Member("owner", type->GetBaseOwner());
+  json.Member("extendedTypeName", type->GetBaseExtendedTypeName());
+  json.Member("genericCode", std::int32_t{type->GetGenericBaseCode()});
+  json.Member("typeGroup", std::int32_t{type->GetBaseTypeGroup()});
+  json.EndObject();
+  json.Key("components");
+  json.BeginArray();
+  for (int i = 0; i < type->GetComponentCount() && depth < kDeepestComponent; ++i) {
+    WriteDatatype(json, type->GetComponent(i), depth + 1);
+  }
+  json.EndArray();
+  json.EndObject();
+}
+
+void WriteSynonymMembers(JsonWriter& json, const LcSynonymDetails& synonym) {
+  json.Member("synonymId", synonym.synonym_id);
+  json.Member("baseTableId", synonym.base_table_id);
+  json.Member("serverName", synonym.server_name);
+  json.Member("databaseName", synonym.database_name);
+  json.Member("baseOwner", synonym.base_owner);
+  json.Member("baseTableName", synonym.base_table_name);
+}
+
+void WriteColumn(JsonWriter& json, const LcWorkbookColumn& column) {
+  json.BeginObject();
+  json.Member("name", column.GetName());
+  json.Member("columnId", column.GetColumnId());
+  json.Key("dataType");
+  WriteDatatype(json, column.GetDataType());
+  json.Member("physicalCode", column.GetPhysicalCode());
+  json.Member("width", column.GetWidth());
+  json.Member("precision", column.GetPrecision());
+  json.Member("scale", column.GetScale());
+  json.Member("required", column.IsRequired());
+  json.Member("readOnly", column.IsReadOnly());
+  json.Member("generatedKey", column.IsGeneratedKey());
+  json.Member("primaryKey", column.IsPrimaryKey());
+  json.Member("intervalMax", std::int32_t{column.GetIntervalMax()});
+  json.Member("intervalMin", std::int32_t{column.GetIntervalMin()});
+  json.Member("extendedTypeName", column.GetExtendedTypeName());
+  json.EndObject();
+}
+
+// A column of a table that the workbook does not hold is left out: no reader could find it.
+void WriteKeySide(JsonWriter& json, const char* key, const LcWorkbookKeyList* side,
+                  const TablePositions& positions) {
+  json.Key(key);
+  json.BeginArray();
+  if (side != nullptr) {
+    for (const LcWorkbookColumn* column : side->GetColumns()) {
+      const auto table = positions.find(column->GetParentTable());
+      if (table == positions.end()) continue;
+      json.BeginObject();
+      json.Member("owner", table->first->GetOwner(false));
+      json.Member("table", table->first->GetName());
+      json.Member("index", table->second);
+      json.Member("column", column->GetName());
+      json.EndObject();
+    }
+  }
+  json.EndArray();
+}
+
+void WriteTable(JsonWriter& json, const LcWorkbookTable& table, const TablePositions& positions) {
+  json.BeginObject();
+  json.Member("owner", table.GetOwner(false));
+  json.Member("name", table.GetName());
+  json.Member("type", TableTypeName(table.GetType()));
+  json.NewLine(6);
+  json.Key("synonym");
+  json.BeginObject();
+  WriteSynonymMembers(json, table.GetSynonymDetails());
+  json.EndObject();
+  json.NewLine(6);
+  json.Key("columns");
+  json.BeginArray();
+  for (int i = 0; i < table.GetColumnCount(); ++i) {
+    json.NewLine(8);
+    WriteColumn(json, *table.GetColumn(i));
+  }
+  json.EndArray();
+  json.NewLine(6);
+  json.Key("primaryKey");
+  json.BeginArray();
+  for (const LcWorkbookColumn* column : table.GetPrimaryKey().GetColumns()) {
+    if (column->GetParentTable() == &table) json.Text(column->GetName());
+  }
+  json.EndArray();
+  json.NewLine(6);
+  json.Key("foreignKeys");
+  json.BeginArray();
+  for (const auto& key : table.GetForeignKeys()) {
+    json.NewLine(8);
+    json.BeginObject();
+    WriteKeySide(json, "key", key->GetKey(), positions);
+    WriteKeySide(json, "foreignKey", key->GetForeignKey(), positions);
+    json.Member("oneToOne", key->IsOneToOne());
+    json.Member("role", key->GetRole() == fkForward ? u"forward" : u"mirror");
+    json.EndObject();
+  }
+  json.EndArray();
+  json.EndObject();
+}
+
+void WriteFunction(JsonWriter& json, const LcWorkbookFunction& function) {
+  json.BeginObject();
+  json.Member("owner", function.GetOwner());
+  json.Member("name", function.GetName());
+  json.Key("overloads");
+  json.BeginArray();
+  for (const auto& overload : function.GetOverloads()) {
+    json.BeginObject();
+    json.Member("signature", overload->GetText());
+    json.Member("result", overload->GetResultType());
+    json.EndObject();
+  }
+  json.EndArray();
+  json.EndObject();
+}
+
+// Operators and aggregates.
+template <class Named>
+void WriteDescribed(JsonWriter& json, const Named& named) {
+  json.BeginObject();
+  json.Member("name", named.GetName());
+  json.Member("description", named.GetDescription());
+  json.EndObject();
+}
+
+void WriteHead(JsonWriter& json, const LcWorkbookFileInfo& info) {
+  json.NewLine(2);
+  json.Member("format", u"workbook");
+  json.Member("version", kWorkbookFileVersion);
+  json.NewLine(2);
+  json.Key("source");
+  json.BeginObject();
+  json.Member("dbmsName", info.dbms_name);
+  json.Member("dbmsVersion", info.dbms_version);
+  json.Member("dbmsType", std::int32_t{info.dbms_type});
+  json.Member("route", info.route);
+  json.EndObject();
+  json.NewLine(2);
+  json.Member("result", info.result);
+  json.Member("status", info.status);
+  json.Member("errorsShown", info.errors_shown);
+}
+
+void WriteNames(JsonWriter& json, const LcWorkbook& workbook) {
+  json.NewLine(2);
+  WriteList(json, "ownerNames", workbook.owner_names, 2,
+            [&](const LcOwnerInfo& owner) { json.Text(owner.name); });
+  json.NewLine(2);
+  WriteList(json, "tableNames", workbook.table_names, 2, [&](const LcTableInfo& table) {
+    json.BeginObject();
+    json.Member("owner", table.owner);
+    json.Member("name", table.name);
+    json.Member("type", TableTypeName(table.type));
+    WriteSynonymMembers(json, table.synonym);
+    json.EndObject();
+  });
+  json.NewLine(2);
+  WriteList(json, "columnNames", workbook.column_names, 2, [&](const LcWBColumnInfo& column) {
+    json.BeginObject();
+    json.Member("name", column.name);
+    json.Key("dataType");
+    WriteDatatype(json, column.data_type.get());
+    json.EndObject();
+  });
+}
+
+void WriteRoutines(JsonWriter& json, const LcWorkbook& workbook) {
+  const auto described = [&](const auto& named) { WriteDescribed(json, named); };
+  const auto function = [&](const LcWorkbookFunction& f) { WriteFunction(json, f); };
+  json.NewLine(2);
+  WriteList(json, "operators", workbook.operators, 2, described);
+  json.NewLine(2);
+  WriteList(json, "booleanFunctions", workbook.boolean_functions, 2, function);
+  json.NewLine(2);
+  WriteList(json, "functions", workbook.functions, 2, function);
+  json.NewLine(2);
+  WriteList(json, "aggregates", workbook.aggregates, 2, described);
+  json.NewLine(2);
+  WriteList(json, "procedures", workbook.procedures, 2, [&](const LcWorkbookProcedure& p) {
+    json.BeginObject();
+    json.Member("owner", p.GetOwner());
+    json.Member("name", p.GetName());
+    json.Member("qualifier", p.GetQualifier());
+    json.Member("server", p.GetServer());
+    json.EndObject();
+  });
+}
+
+}  // namespace
+
+void WriteWorkbookFile(const LcWorkbook& workbook, const LcWorkbookFileInfo& info,
+                       std::ostream& out) {
+  TablePositions positions;
+  for (const LcWorkbookTable* table : workbook.tables) {
+    if (table != nullptr) positions.emplace(table, positions.size());
+  }
+  {
+    JsonWriter json(out);
+    json.BeginObject();
+    WriteHead(json, info);
+    WriteNames(json, workbook);
+    json.NewLine(2);
+    WriteList(json, "dataTypes", workbook.data_types, 2,
+              [&](const LcWorkbookDatatype& type) { WriteDatatype(json, &type); });
+    json.NewLine(2);
+    WriteList(json, "tables", workbook.tables, 2,
+              [&](const LcWorkbookTable& table) { WriteTable(json, table, positions); });
+    WriteRoutines(json, workbook);
+    if (info.incomplete) {
+      json.NewLine(2);
+      json.Member("incomplete", true);
+    }
+    json.NewLine(0);
+    json.EndObject();
+  }
+  out << '\n';
+}
