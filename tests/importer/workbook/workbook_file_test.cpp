@@ -1,0 +1,164 @@
+// The workbook file: what is written comes back, and what is no workbook file is refused with the
+// place and the reason.
+#include "importer/workbook/workbook_file.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <nlohmann/json.hpp>
+#include <sstream>
+
+#include "tests/importer/workbook/every_kind.h"
+
+namespace {
+
+std::string Write(const LcWorkbook& workbook, const LcWorkbookFileInfo& info) {
+  std::ostringstream out;
+  WriteWorkbookFile(workbook, info, out);
+  return out.str();
+}
+
+std::string WriteEveryKind() {
+  LcWorkbook workbook;
+  LcWorkbookFileInfo info;
+  BuildEveryKind(workbook, info);
+  return Write(workbook, info);
+}
+
+TEST(WorkbookFile, KeepsEverythingInTheOrderOfItsKeys) {
+  const std::string text = WriteEveryKind();
+  const auto file = nlohmann::ordered_json::parse(text);
+  std::vector<std::string> keys;
+  for (const auto& member : file.items()) keys.push_back(member.key());
+  EXPECT_THAT(keys, testing::ElementsAre("format", "version", "source", "result", "status",
+                                         "errorsShown", "ownerNames", "tableNames", "columnNames",
+                                         "dataTypes", "tables", "operators", "booleanFunctions",
+                                         "functions", "aggregates", "procedures"));
+  LcWorkbook again;
+  LcWorkbookFileInfo info;
+  std::string why;
+  ASSERT_TRUE(ReadWorkbookFile(text, again, info, why)) << why;
+  EXPECT_EQ(Write(again, info), text);
+  // Half a surrogate pair cannot be written.
+  EXPECT_EQ(again.tables.GetAt(4)->GetColumn(1)->GetName(), u"日本 \U0001F600 \uFFFD!");
+}
+
+TEST(WorkbookFile, KeepsPartnersEvenOfKeysThatLookAlike) {
+  LcWorkbook workbook;
+  LcWorkbookTable* parent = AddTable(workbook, u"", u"parent");
+  AddColumn(parent, u"id");
+  LcWorkbookTable* child = AddTable(workbook, u"", u"child");
+  AddColumn(child, u"parent_id");
+  AddReference(child, {u"parent_id"}, parent, {u"id"});
+  AddReference(child, {u"parent_id"}, parent, {u"id"});
+  child->AddForeignKey(new LcWorkbookForeignKey());  // one without partner or columns
+  LcWorkbook again;
+  LcWorkbookFileInfo info;
+  std::string why;
+  ASSERT_TRUE(ReadWorkbookFile(Write(workbook, info), again, info, why)) << why;
+  const auto& forward = again.tables.GetAt(0)->GetForeignKeys();
+  const auto& mirror = again.tables.GetAt(1)->GetForeignKeys();
+  ASSERT_EQ(forward.size(), 2u);
+  ASSERT_EQ(mirror.size(), 3u);
+  EXPECT_EQ(forward[0]->GetPartner(), mirror[0].get());
+  EXPECT_EQ(mirror[1]->GetPartner(), forward[1].get());
+  EXPECT_EQ(mirror[2]->GetPartner(), nullptr);
+}
+
+TEST(WorkbookFile, MarksAnImportThatWasCutShort) {
+  LcWorkbook workbook;
+  LcWorkbookFileInfo info;
+  info.status = 9;
+  EXPECT_EQ(Write(workbook, info).find("incomplete"), std::string::npos);
+  info.incomplete = true;
+  const std::string text = Write(workbook, info);
+  LcWorkbookFileInfo again;
+  std::string why;
+  ASSERT_TRUE(ReadWorkbookFile(text, workbook, again, why)) << why;
+  EXPECT_TRUE(again.incomplete);
+  EXPECT_EQ(again.status, 9);
+}
+
+TEST(WorkbookFile, SkipsEmptyEntriesAndCountsTablesWithoutThem) {
+  LcWorkbook workbook;
+  workbook.tables.Append(nullptr);
+  workbook.data_types.AddDataType(nullptr);
+  LcWorkbookTable* table = AddTable(workbook, u"", u"t");
+  AddColumn(table, u"id");
+  AddColumn(table, u"up");
+  AddReference(table, {u"up"}, table, {u"id"});
+  const auto file = nlohmann::json::parse(Write(workbook, {}));
+  ASSERT_EQ(file["tables"].size(), 1u);
+  EXPECT_EQ(file["tables"][0]["foreignKeys"][0]["key"][0]["index"], 0);
+  EXPECT_EQ(file["dataTypes"].size(), 0u);
+}
+
+std::string Repeat(const std::string& text, int times) {
+  std::string all;
+  for (int i = 0; i < times; ++i) all += text;
+  return all;
+}
+
+TEST(WorkbookFile, RefusesWithPlaceAndReason) {
+  const std::string head = R"("format":"workbook","version":1)";
+  const auto file = [&](const std::string& rest) { return "{" + head + "," + rest + "}"; };
+  const std::string table = R"({"name":"t","columns":[{"name":"id"}],)";
+  const struct {
+    std::string text;
+    const char* why;
+  } cases[] = {
+      {"", "line 1, column 1: "},
+      {"{\"format\":\"workbook\",\n  \"version\":1,,}", "line 2, column 15: "},
+      {file("\"tables\":["), "line 1, column 44: "},
+      {"{" + head + "}x", "line 1, column 34: "},
+      {"[1]", "line 1, column 1: expected an object"},
+      {"7", "line 1, column 1: expected an object"},
+      {"{}", "format: missing"},
+      {R"({"format":"workbook"})", "version: missing"},
+      {R"({"format":"report"})", "format: expected \"workbook\""},
+      {R"({"format":["workbook"]})", "format: expected one value"},
+      {R"({"format":"workbook","version":2})", "version: this program reads version 1"},
+      {file(R"("tables":{})"), "tables: expected a list"},
+      {file(R"("status":70000)"), "status: expected a whole number from 0 to 65535"},
+      {file(R"("status":1.5)"), "status: expected a whole number"},
+      {file(R"("status":99999999999999999999)"), "status: expected a whole number"},
+      {file(R"("tables":[{"name":"a"},{"name":"b","columns":[{"name":7}]}])"),
+       "tables[1].columns[0].name: expected a text"},
+      {file(R"("tables":[{"owner":"a"}])"), "tables[0]: has no field \"name\""},
+      {file(R"("tables":[3])"), "tables[0]: expected an object"},
+      {file(R"("tables":[{"name":"t","type":"index"}])"), "tables[0].type: expected \"table\""},
+      {file("\"tables\":[" + table + R"("primaryKey":["no"]}])"),
+       "tables[0].primaryKey[0]: the table has no such column"},
+      {file("\"tables\":[" + table + R"("foreignKeys":[{"key":[{"index":9,"column":"id"}]}]}])"),
+       "tables[0].foreignKeys[0].key[0].index: there is no such table"},
+      {file("\"tables\":[" + table +
+            R"("foreignKeys":[{"foreignKey":[{"index":0,"column":"x"}]}]}])"),
+       "tables[0].foreignKeys[0].foreignKey[0].column: the table has no such column"},
+      {file(R"("dataTypes":[null])"), "dataTypes[0]: expected an object"},
+      {file(R"("ownerNames":[)" + Repeat("[", 100000)), "ownerNames: nested too deep"},
+      {file(R"("dataTypes":[)" + Repeat(R"({"components":[)", 20) + Repeat("]}", 20) + "]"),
+       ": nested too deep"},
+  };
+  for (const auto& c : cases) {
+    LcWorkbook workbook;
+    LcWorkbookFileInfo info;
+    std::string why;
+    EXPECT_FALSE(ReadWorkbookFile(c.text, workbook, info, why)) << c.text.substr(0, 200);
+    EXPECT_THAT(why, testing::HasSubstr(c.why)) << c.text.substr(0, 200);
+    EXPECT_TRUE(workbook.tables.IsEmpty());
+  }
+}
+
+TEST(WorkbookFile, ReadsAFileWithFieldsLeftOutOrUnknown) {
+  LcWorkbook workbook;
+  LcWorkbookFileInfo info;
+  std::string why;
+  ASSERT_TRUE(ReadWorkbookFile(
+      R"({"version":1,"format":"workbook","later":[{"a":[1]}],"new":{"b":2},)"
+      R"("tables":[{"name":"t","columns":[{"name":"\u00e4\n","dataType":null}]}]})",
+      workbook, info, why))
+      << why;
+  EXPECT_EQ(workbook.tables.GetAt(0)->GetColumn(0)->GetName(), u"ä\n");
+}
+
+}  // namespace
