@@ -1,0 +1,128 @@
+// The decoders of type numbers, lengths and qualifiers, and the parsers of index keys.
+#include <gtest/gtest.h>
+
+#include "routes/informix/index_keys.h"
+#include "routes/informix/type_numbers.h"
+
+namespace odbcimport {
+namespace {
+
+TEST(TypeNumbers, GivePrecisionAndScale) {
+  const struct {
+    long coltype, collength;
+    std::uint32_t precision;
+    std::uint16_t scale;
+  } cases[] = {
+      {0, 20, 20, 0},                 // CHAR(20)
+      {1, 2, 2, 0},                   // SMALLINT
+      {2, 4, 4, 0},                   // INTEGER
+      {3, 8, 64, 0},                  // FLOAT
+      {4, 4, 8, 0},                   // SMALLFLOAT
+      {5, 2562, 10, 2},               // DECIMAL(10,2)
+      {256 + 5, 2562, 10, 2},         // the same, NOT NULL
+      {0x805, 2562, 10, 2},           // with a bit that is not known
+      {5, 4351, 16, 255},             // DECIMAL(16), floating
+      {6, 4, 4, 0},                   // SERIAL
+      {7, 4, 4, 0},                   // DATE
+      {8, 4098, 16, 2},               // MONEY(16,2)
+      {9, 7, 7, 0},                   // null
+      {10, 3594, 8, 0},               // DATETIME YEAR TO SECOND
+      {12, 56, 56, 0},                // TEXT
+      {13, 255, 255, 0},              // VARCHAR(255)
+      {13, 2048, 2048, 0},            // the longest that is taken as it is
+      {13, 2049, 1, 0},               //
+      {13, 10 * 2048 + 30, 30, 0},    // VARCHAR(30,10) with the reserve in the high bits
+      {14, 1538, 1538, 0},            // INTERVAL
+      {40, 2048, 2048, 0},            // opaque
+      {5, -513, 4294967294U, 65535},  // no server's length: quotient and remainder toward zero
+      {13, -1, 4294967295U, 0},
+  };
+  for (const auto& c : cases) {
+    EXPECT_EQ(ComputeInformixPrecision(c.coltype, c.collength), c.precision)
+        << c.coltype << " " << c.collength;
+    EXPECT_EQ(ComputeInformixScale(c.coltype, c.collength), c.scale)
+        << c.coltype << " " << c.collength;
+  }
+}
+
+TEST(TypeNumbers, TellNotNullByTheirNinthBit) {
+  EXPECT_FALSE(ComputeInformixNoNull(0));
+  EXPECT_TRUE(ComputeInformixNoNull(256));
+  EXPECT_TRUE(ComputeInformixNoNull(262));
+  EXPECT_FALSE(ComputeInformixNoNull(512 + 5));
+  EXPECT_TRUE(ComputeInformixNoNull(0x800 + 256 + 5));
+}
+
+TEST(TypeNumbers, NameTheUnitsOfQualifiers) {
+  const int units[] = {1, 0, 2, 0, 3, 0, 4, 0, 5, 0, 6, 7, 8, 9, 10, 11};
+  for (int code = 0; code < 16; ++code) EXPECT_EQ(ComputeInformixIntervalPart(code), units[code]);
+  EXPECT_EQ(ComputeInformixIntervalPart(-1), ipNone);
+  EXPECT_EQ(ComputeInformixIntervalPart(16), ipNone);
+}
+
+TEST(TypeNumbers, HaveNamesAndCodes) {
+  const struct {
+    int number;
+    const char16_t* name;
+    int generic_code, group;
+  } cases[] = {
+      {0, u"char", 1, 0},        {1, u"smallint", 3, 2},      {2, u"integer", 3, 2},
+      {3, u"float", 4, 1},       {4, u"smallfloat", 4, 1},    {5, u"decimal", 2, 1},
+      {6, u"serial", 3, 2},      {7, u"date", 6, 4},          {8, u"money", 2, 1},
+      {9, u"null", 0, 9},        {10, u"datetime", 8, 4},     {11, u"byte", 10, 5},
+      {12, u"text", 9, 5},       {13, u"varchar", 1, 0},      {14, u"interval", 8, 2},
+      {15, u"nchar", 1, 0},      {16, u"nvarchar", 1, 0},     {17, u"int8", 3, 2},
+      {18, u"serial8", 3, 2},    {19, u"set", 15, 7},         {20, u"multiset", 16, 7},
+      {21, u"list", 14, 7},      {22, u"row", 11, 6},         {23, u"collection", 12, 7},
+      {40, u"varopaque", 21, 8}, {41, u"fixedopaque", 13, 8}, {296, u"varopaque", 21, 8},
+      {4118, u"row", 11, 6},     {24, u"UNKNOWN", 0, 9},      {39, u"UNKNOWN", 0, 9},
+      {255, u"UNKNOWN", 0, 9},
+  };
+  for (const auto& c : cases) {
+    std::u16string name;
+    EXPECT_EQ(ConvertIUSTypeCodeToTypeName(c.number, name), c.name != std::u16string(u"UNKNOWN"));
+    EXPECT_EQ(name, c.name) << c.number;
+    EXPECT_EQ(ConvertIUSPhyCodeToGenericCode(c.number, nullptr), c.generic_code) << c.number;
+    EXPECT_EQ(ConvertIUSPhyCodeToTypeGroup(c.number, nullptr), c.group) << c.number;
+  }
+}
+
+TEST(TypeNumbers, MakeLargeObjectsOfOpaqueTypesByName) {
+  for (const int number : {40, 41, 296}) {
+    EXPECT_EQ(ConvertIUSPhyCodeToGenericCode(number, u"Blob"), dtLongBinary);
+    EXPECT_EQ(ConvertIUSPhyCodeToGenericCode(number, u"CLOB"), dtLongChar);
+    EXPECT_EQ(ConvertIUSPhyCodeToTypeGroup(number, u"blob"), dgLong);
+    EXPECT_EQ(ConvertIUSPhyCodeToTypeGroup(number, u"clob"), dgLong);
+    EXPECT_EQ(ConvertIUSPhyCodeToTypeGroup(number, u"circle"), dgOpaque);
+  }
+  EXPECT_EQ(ConvertIUSPhyCodeToGenericCode(0, u"BLOB"), dtChar);
+}
+
+TEST(IndexKeys, AreColumnNumbersInKeyOrder) {
+  const struct {
+    const char16_t* text;
+    std::vector<std::int16_t> numbers;
+  } cases[] = {
+      {u"", {}},
+      {u"3 [1], 1 [1]", {3, 1}},
+      {u"3 [1],1 [1]", {3, 1}},
+      {u"-2 [1]", {2}},
+      {u"  7 [1]  ,  -8 [2]", {7, 8}},
+      {u"1 [1], 2 [1", {1}},             // an item that does not end
+      {u",4 [1]", {0}},                  // a comma before the first item is part of it
+      {u"x [1], 70000 [1]", {0, 4464}},  // no digits; cut to 16 bits
+      {u"5], 6 [1]", {0, 6}},            // no operator class
+      {u"<100>(1, 2) [1]", {}},          // a function without "-" gives nothing
+      {u"<100>(1, 2, 3)- [1]", {1, 2}},  // and never its last argument
+      {u"<100>(1)- [1], 9 [1]", {9}},
+      {u"<5,6-7 [1]", {0}},  // no parenthesis: the whole text up to the "-"
+  };
+  for (const auto& c : cases) {
+    std::vector<std::int16_t> numbers;
+    ParseOnlineIndexKeys(c.text, numbers);
+    EXPECT_EQ(numbers, c.numbers) << testing::PrintToString(std::u16string(c.text));
+  }
+}
+
+}  // namespace
+}  // namespace odbcimport
