@@ -19,7 +19,7 @@ struct Document {
 };
 
 struct Options {
-  bool colour = false;        // text: terminal colours
+  bool colour = false;         // text: terminal colours
   bool all_functions = false;  // text: list functions with their overloads instead of counts
   // Diagrams: only the tables within `distance` relationships of this table (UTF-8, owner and name
   // parted by a dot, or the name alone); empty: the whole schema.

@@ -1,0 +1,12 @@
+// The workbook file.
+#include "export/writers.h"
+
+namespace wbexport {
+
+bool WriteJson(const Document& document, const Options& /*options*/, std::ostream& out,
+               Notes& /*notes*/) {
+  WriteWorkbookFile(document.workbook, document.info, out);
+  return true;
+}
+
+}  // namespace wbexport

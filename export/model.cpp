@@ -1,0 +1,195 @@
+#include "export/model.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include "importer/workbook/utf.h"
+
+namespace wbexport {
+
+namespace {
+
+// A driver's length without a limit, cut to 16 bits.
+constexpr unsigned long kUnlimited = 65535;
+
+constexpr std::array<const char*, 12> kIntervalParts = {
+    "",       "year",        "month",       "day",         "hour",        "minute",
+    "second", "fraction(1)", "fraction(2)", "fraction(3)", "fraction(4)", "fraction(5)",
+};
+
+const char* IntervalPart(enumIntervalPart part) {
+  const auto at = static_cast<std::size_t>(part);
+  return at < kIntervalParts.size() ? kIntervalParts[at] : "";
+}
+
+bool IsSubsetOfPrimaryKey(const LcWorkbookTable& table,
+                          const std::vector<LcWorkbookColumn*>& columns) {
+  const std::vector<LcWorkbookColumn*> key = table.GetPrimaryKey().GetColumns();
+  return std::all_of(columns.begin(), columns.end(), [&](LcWorkbookColumn* column) {
+    return std::find(key.begin(), key.end(), column) != key.end();
+  });
+}
+
+bool IsPrimaryKey(const LcWorkbookTable& table, const std::vector<LcWorkbookColumn*>& columns) {
+  return !columns.empty() && IsSubsetOfPrimaryKey(table, columns) &&
+         table.GetPrimaryKey().GetCount() == static_cast<int>(columns.size());
+}
+
+}  // namespace
+
+std::string Display(std::u16string_view text) {
+  std::u16string shown(text);
+  for (char16_t& c : shown) {
+    if (c < 0x20) c = static_cast<char16_t>(0x2400 + c);
+    if (c == 0x7F) c = 0x2421;
+    if (c > 0x7F && c < 0xA0) c = 0xFFFD;  // C1 controls have no pictures
+  }
+  return LcToUtf8(shown);
+}
+
+std::string DisplayName(const LcWorkbookTable& table) {
+  const std::string owner = Display(table.GetOwner(true));
+  return owner.empty() ? Display(table.GetName()) : owner + "." + Display(table.GetName());
+}
+
+std::string DisplayColumns(const std::vector<LcWorkbookColumn*>& columns) {
+  std::string list;
+  for (const LcWorkbookColumn* column : columns) {
+    if (!list.empty()) list += ", ";
+    list += Display(column->GetName());
+  }
+  return list;
+}
+
+std::string TypeName(const LcWorkbookDatatype& type) {
+  const std::u16string& named = type.GetExtendedTypeName(0);
+  return Display(named.empty() ? type.GetTypeName() : named);
+}
+
+std::string TypeText(const LcWorkbookColumn& column) {
+  const LcWorkbookDatatype* type = column.GetDataType();
+  std::string text = Display(column.GetExtendedTypeName());
+  if (!text.empty()) return text;
+  if (type != nullptr) text = TypeName(*type);
+  const std::string largest = IntervalPart(column.GetIntervalMax());
+  const std::string smallest = IntervalPart(column.GetIntervalMin());
+  if (!largest.empty() || !smallest.empty()) {
+    if (text.empty()) text = "interval";
+    if (largest.empty() || smallest.empty()) return text + " " + largest + smallest;
+    return fmt::format("{} {} to {}", text, largest, smallest);
+  }
+  if (type == nullptr || !type->IsSizeModifiable()) return text;
+  const auto width = static_cast<unsigned long>(std::max(column.GetWidth(), 0));
+  const unsigned long size = column.GetPrecision() != 0 ? column.GetPrecision() : width;
+  if (size == 0 || size >= kUnlimited) return text;
+  if (type->GetTypeGroup() == dgNumeric && column.GetScale() != 0) {
+    return fmt::format("{}({},{})", text, size, column.GetScale());
+  }
+  return fmt::format("{}({})", text, size);
+}
+
+const char* KindName(enumTableType type) {
+  switch (type) {
+    case ttTable:
+      break;
+    case ttView:
+      return "view";
+    case ttSynonym:
+      return "synonym";
+  }
+  return "table";
+}
+
+std::string SynonymTarget(const LcSynonymDetails& synonym) {
+  std::string target = Display(synonym.base_owner);
+  if (!target.empty()) target += ".";
+  target += Display(synonym.base_table_name);
+  if (!synonym.database_name.empty()) target += "@" + Display(synonym.database_name);
+  if (!synonym.server_name.empty()) target += "@" + Display(synonym.server_name);
+  return target;
+}
+
+std::string SourceText(const LcWorkbookFileInfo& info) {
+  std::string text = info.dbms_name.empty() ? "Unknown server" : Display(info.dbms_name);
+  if (info.dbms_version != 0) text += fmt::format(" {}", info.dbms_version);
+  if (!info.route.empty()) text += ", read through the " + Display(info.route) + " route";
+  return text;
+}
+
+std::string IncompleteText(const LcWorkbookFileInfo& info) {
+  if (!info.incomplete) return "";
+  const char* how = info.status == 4   ? "was cancelled"
+                    : info.status == 9 ? "was stopped"
+                                       : "lost its connection";
+  return fmt::format("Incomplete: the import {} before it had read everything.", how);
+}
+
+std::string Count(std::size_t count, const char* one, const char* many) {
+  return fmt::format("{} {}", count, count == 1 ? one : many);
+}
+
+Relationships::Relationships(const LcWorkbook& workbook) {
+  const auto columns = [](const LcWorkbookKeyList* side) {
+    return side == nullptr ? std::vector<LcWorkbookColumn*>() : side->GetColumns();
+  };
+  for (const LeForeignKeyRole role : {fkForward, fkMirror}) {
+    for (const LcWorkbookTable* table : workbook.tables) {
+      if (table == nullptr) continue;
+      for (const auto& key : table->GetForeignKeys()) {
+        if (key->GetRole() != role || (role == fkMirror && key->GetPartner() != nullptr)) continue;
+        Relationship r;
+        r.to_columns = columns(role == fkForward ? key->GetKey() : key->GetForeignKey());
+        r.from_columns = columns(role == fkForward ? key->GetForeignKey() : key->GetKey());
+        if (r.from_columns.empty() || r.to_columns.empty()) continue;
+        r.to = r.to_columns.front()->GetParentTable();
+        r.from = r.from_columns.front()->GetParentTable();
+        if (r.to == nullptr || r.from == nullptr) continue;
+        r.one_to_one =
+            role == fkForward ? key->IsOneToOne() : IsPrimaryKey(*r.from, r.from_columns);
+        r.required = std::all_of(r.from_columns.begin(), r.from_columns.end(),
+                                 [](const LcWorkbookColumn* c) { return c->IsRequired(); });
+        Add(std::move(r));
+      }
+    }
+  }
+}
+
+void Relationships::Add(Relationship relationship) {
+  from_[relationship.from].push_back(all_.size());
+  to_[relationship.to].push_back(all_.size());
+  all_.push_back(std::move(relationship));
+}
+
+const std::vector<std::size_t>& Relationships::From(const LcWorkbookTable& table) const {
+  static const std::vector<std::size_t> none;
+  const auto found = from_.find(&table);
+  return found == from_.end() ? none : found->second;
+}
+
+const std::vector<std::size_t>& Relationships::To(const LcWorkbookTable& table) const {
+  static const std::vector<std::size_t> none;
+  const auto found = to_.find(&table);
+  return found == to_.end() ? none : found->second;
+}
+
+std::size_t CountTables(const LcWorkbook& workbook, enumTableType type) {
+  std::size_t count = 0;
+  for (const LcWorkbookTable* table : workbook.tables) {
+    count += table != nullptr && table->GetType() == type ? 1 : 0;
+  }
+  return count;
+}
+
+std::string TableCounts(const LcWorkbook& workbook) {
+  std::string text = Count(CountTables(workbook, ttTable), "table", "tables");
+  const std::size_t views = CountTables(workbook, ttView);
+  const std::size_t synonyms = CountTables(workbook, ttSynonym);
+  if (views != 0) text += (synonyms != 0 ? ", " : " and ") + Count(views, "view", "views");
+  if (synonyms != 0) text += " and " + Count(synonyms, "synonym", "synonyms");
+  return text;
+}
+
+}  // namespace wbexport

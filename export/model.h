@@ -1,0 +1,69 @@
+// What every format needs of the workbook: names and types as text, relationships, the marks of an
+// import that was cut short. UTF-8 from here on.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "export/writer.h"
+
+namespace wbexport {
+
+// A name for people: control characters are shown as their pictures (U+2400 and on), so that no
+// name moves a terminal's cursor or breaks a line.
+std::string Display(std::u16string_view text);
+// "owner.name", or the name alone where there is no owner.
+std::string DisplayName(const LcWorkbookTable& table);
+// "a, b, c"
+std::string DisplayColumns(const std::vector<LcWorkbookColumn*>& columns);
+// The column's type as the server writes it: "DECIMAL(12,2)"; empty when it is not known.
+std::string TypeText(const LcWorkbookColumn& column);
+std::string TypeName(const LcWorkbookDatatype& type);
+// "table", "view" or "synonym".
+const char* KindName(enumTableType type);
+// What a synonym stands for: "owner.name", with "@database" or "@database@server" behind it.
+std::string SynonymTarget(const LcSynonymDetails& synonym);
+// "Handmade Server 3, read through the odbc route"; "Unknown server" without a name.
+std::string SourceText(const LcWorkbookFileInfo& info);
+// One sentence when the import was cut short, else empty.
+std::string IncompleteText(const LcWorkbookFileInfo& info);
+// "1 table", "2 tables".
+std::string Count(std::size_t count, const char* one, const char* many);
+
+// A relationship: `from_columns` of the referencing table hold the values of `to_columns`.
+struct Relationship {
+  const LcWorkbookTable* from = nullptr;
+  const LcWorkbookTable* to = nullptr;
+  std::vector<LcWorkbookColumn*> from_columns;
+  std::vector<LcWorkbookColumn*> to_columns;
+  bool one_to_one = false;  // a row of `to` is met by one row of `from` at most
+  bool required = false;    // every row of `from` meets a row of `to`
+};
+
+// The relationships of a workbook, each once: the forward keys in workbook order, then the mirror
+// keys that have no partner.
+class Relationships {
+ public:
+  explicit Relationships(const LcWorkbook& workbook);
+  const std::vector<Relationship>& All() const { return all_; }
+  // Positions in All().
+  const std::vector<std::size_t>& From(const LcWorkbookTable& table) const;
+  const std::vector<std::size_t>& To(const LcWorkbookTable& table) const;
+
+ private:
+  using ByTable = std::unordered_map<const LcWorkbookTable*, std::vector<std::size_t>>;
+  void Add(Relationship relationship);
+
+  std::vector<Relationship> all_;
+  ByTable from_;
+  ByTable to_;
+};
+
+// How many tables there are, empty entries not counted.
+std::size_t CountTables(const LcWorkbook& workbook, enumTableType type);
+// "5 tables, 1 view and 1 synonym"
+std::string TableCounts(const LcWorkbook& workbook);
+
+}  // namespace wbexport

@@ -1,0 +1,13 @@
+// The writers behind the list of formats, one file each. Their contract is that of Format::write.
+#pragma once
+
+#include "export/writer.h"
+
+namespace wbexport {
+
+using Notes = std::vector<std::string>;
+
+bool WriteText(const Document& document, const Options& options, std::ostream& out, Notes& notes);
+bool WriteJson(const Document& document, const Options& options, std::ostream& out, Notes& notes);
+
+}  // namespace wbexport

@@ -1,0 +1,69 @@
+// Every format of one workbook that holds every kind of object, against a file of golden/. With
+// WB_RENEW_GOLDEN=1 in the environment the files are written anew: review them as a change.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include "export/writer.h"
+#include "tests/importer/workbook/every_kind.h"
+
+namespace wbexport {
+namespace {
+
+struct Golden {
+  const char* file;
+  const char* format;
+  bool incomplete = false;
+  Options options = {};
+};
+
+Options ColourAndFunctions() {
+  Options options;
+  options.colour = true;
+  options.all_functions = true;
+  return options;
+}
+
+std::string ReadFile(const std::filesystem::path& path) {
+  std::ifstream in(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+}
+
+class GoldenTest : public testing::TestWithParam<Golden> {};
+
+TEST_P(GoldenTest, IsWhatTheWriterWrites) {
+  const Golden& golden = GetParam();
+  LcWorkbook workbook;
+  LcWorkbookFileInfo info;
+  BuildEveryKind(workbook, info);
+  info.incomplete = golden.incomplete;
+  info.status = golden.incomplete ? 9 : 0;
+  const Format* format = FindFormat(golden.format);
+  ASSERT_NE(format, nullptr);
+  std::ostringstream out;
+  std::vector<std::string> notes;
+  ASSERT_TRUE(format->write({workbook, info}, golden.options, out, notes));
+  EXPECT_TRUE(notes.empty());
+  const auto path = std::filesystem::path(WB_SOURCE_DIR) / "tests/export/golden" / golden.file;
+  if (std::getenv("WB_RENEW_GOLDEN") != nullptr) std::ofstream(path, std::ios::binary) << out.str();
+  EXPECT_EQ(out.str(), ReadFile(path));
+}
+
+INSTANTIATE_TEST_SUITE_P(Formats, GoldenTest,
+                         testing::Values(Golden{"every_kind.txt", "text"},
+                                         Golden{"every_kind_colour_functions.txt", "text", true,
+                                                ColourAndFunctions()},
+                                         Golden{"every_kind.json", "json"}),
+                         [](const auto& test) {
+                           std::string name = test.param.file;
+                           std::replace_if(
+                               name.begin(), name.end(), [](char c) { return c == '.'; }, '_');
+                           return name;
+                         });
+
+}  // namespace
+}  // namespace wbexport
