@@ -1,0 +1,126 @@
+// Entry points: the catalog functions, in wide form and, for the driver manager's table, narrow.
+#include <sqlext.h>
+#include <sqlucode.h>
+
+#include "simulator/catalog_functions.h"
+#include "simulator/entry.h"
+#include "simulator/text.h"
+
+using catalogsim::CatalogArgument;
+using catalogsim::CatalogQueries;
+using catalogsim::OnStatement;
+using catalogsim::Statement;
+
+namespace {
+
+CatalogArgument Argument(const SQLWCHAR* text, SQLSMALLINT length) {
+  if (text == nullptr) return std::nullopt;
+  return catalogsim::TextArgument(text, length);
+}
+
+// Runs the text that `build` makes of the server's queries.
+template <class Build>
+SQLRETURN RunCatalog(SQLHSTMT handle, catalogsim::FunctionId function, Build build) {
+  return OnStatement(handle, function, [&](Statement& statement) {
+    const CatalogQueries queries(statement.connection().traits(),
+                                 statement.connection().odbc_version());
+    return statement.ExecuteCatalogQuery(build(queries));
+  });
+}
+
+}  // namespace
+
+CATALOGSIM_ENTRY SQLTablesW(SQLHSTMT handle, SQLWCHAR* catalog, SQLSMALLINT catalog_length,
+                            SQLWCHAR* owner, SQLSMALLINT owner_length, SQLWCHAR* table,
+                            SQLSMALLINT table_length, SQLWCHAR* types, SQLSMALLINT types_length) {
+  return RunCatalog(handle, SQL_API_SQLTABLES, [&](const CatalogQueries& queries) {
+    return queries.Tables(Argument(catalog, catalog_length), Argument(owner, owner_length),
+                          Argument(table, table_length), Argument(types, types_length));
+  });
+}
+
+CATALOGSIM_ENTRY SQLColumnsW(SQLHSTMT handle, SQLWCHAR* catalog, SQLSMALLINT catalog_length,
+                             SQLWCHAR* owner, SQLSMALLINT owner_length, SQLWCHAR* table,
+                             SQLSMALLINT table_length, SQLWCHAR* column,
+                             SQLSMALLINT column_length) {
+  return RunCatalog(handle, SQL_API_SQLCOLUMNS, [&](const CatalogQueries& queries) {
+    return queries.Columns(Argument(catalog, catalog_length), Argument(owner, owner_length),
+                           Argument(table, table_length), Argument(column, column_length));
+  });
+}
+
+CATALOGSIM_ENTRY SQLPrimaryKeysW(SQLHSTMT handle, SQLWCHAR* catalog, SQLSMALLINT catalog_length,
+                                 SQLWCHAR* owner, SQLSMALLINT owner_length, SQLWCHAR* table,
+                                 SQLSMALLINT table_length) {
+  return RunCatalog(handle, SQL_API_SQLPRIMARYKEYS, [&](const CatalogQueries& queries) {
+    return queries.PrimaryKeys(Argument(catalog, catalog_length), Argument(owner, owner_length),
+                               Argument(table, table_length));
+  });
+}
+
+CATALOGSIM_ENTRY SQLForeignKeysW(SQLHSTMT handle, SQLWCHAR* pk_catalog,
+                                 SQLSMALLINT pk_catalog_length, SQLWCHAR* pk_owner,
+                                 SQLSMALLINT pk_owner_length, SQLWCHAR* pk_table,
+                                 SQLSMALLINT pk_table_length, SQLWCHAR* fk_catalog,
+                                 SQLSMALLINT fk_catalog_length, SQLWCHAR* fk_owner,
+                                 SQLSMALLINT fk_owner_length, SQLWCHAR* fk_table,
+                                 SQLSMALLINT fk_table_length) {
+  return RunCatalog(handle, SQL_API_SQLFOREIGNKEYS, [&](const CatalogQueries& queries) {
+    return queries.ForeignKeys(
+        Argument(pk_catalog, pk_catalog_length), Argument(pk_owner, pk_owner_length),
+        Argument(pk_table, pk_table_length), Argument(fk_catalog, fk_catalog_length),
+        Argument(fk_owner, fk_owner_length), Argument(fk_table, fk_table_length));
+  });
+}
+
+CATALOGSIM_ENTRY SQLStatisticsW(SQLHSTMT handle, SQLWCHAR* catalog, SQLSMALLINT catalog_length,
+                                SQLWCHAR* owner, SQLSMALLINT owner_length, SQLWCHAR* table,
+                                SQLSMALLINT table_length, SQLUSMALLINT unique, SQLUSMALLINT) {
+  return RunCatalog(handle, SQL_API_SQLSTATISTICS, [&](const CatalogQueries& queries) {
+    return queries.Statistics(Argument(catalog, catalog_length), Argument(owner, owner_length),
+                              Argument(table, table_length), unique == SQL_INDEX_UNIQUE);
+  });
+}
+
+CATALOGSIM_ENTRY SQLProceduresW(SQLHSTMT handle, SQLWCHAR* catalog, SQLSMALLINT catalog_length,
+                                SQLWCHAR* owner, SQLSMALLINT owner_length, SQLWCHAR* procedure,
+                                SQLSMALLINT procedure_length) {
+  return RunCatalog(handle, SQL_API_SQLPROCEDURES, [&](const CatalogQueries& queries) {
+    return queries.Procedures(Argument(catalog, catalog_length), Argument(owner, owner_length),
+                              Argument(procedure, procedure_length));
+  });
+}
+
+CATALOGSIM_ENTRY SQLGetTypeInfoW(SQLHSTMT handle, SQLSMALLINT type) {
+  return RunCatalog(handle, SQL_API_SQLGETTYPEINFO,
+                    [&](const CatalogQueries& queries) { return queries.TypeInfo(type); });
+}
+
+// The driver manager looks at SQLGetFunctions only for functions that a driver has in narrow form;
+// a driver without these could not be made to say that it lacks them. They are never called.
+CATALOGSIM_ENTRY SQLTables(SQLHSTMT, SQLCHAR*, SQLSMALLINT, SQLCHAR*, SQLSMALLINT, SQLCHAR*,
+                           SQLSMALLINT, SQLCHAR*, SQLSMALLINT) {
+  return SQL_ERROR;
+}
+CATALOGSIM_ENTRY SQLColumns(SQLHSTMT, SQLCHAR*, SQLSMALLINT, SQLCHAR*, SQLSMALLINT, SQLCHAR*,
+                            SQLSMALLINT, SQLCHAR*, SQLSMALLINT) {
+  return SQL_ERROR;
+}
+CATALOGSIM_ENTRY SQLPrimaryKeys(SQLHSTMT, SQLCHAR*, SQLSMALLINT, SQLCHAR*, SQLSMALLINT, SQLCHAR*,
+                                SQLSMALLINT) {
+  return SQL_ERROR;
+}
+CATALOGSIM_ENTRY SQLForeignKeys(SQLHSTMT, SQLCHAR*, SQLSMALLINT, SQLCHAR*, SQLSMALLINT, SQLCHAR*,
+                                SQLSMALLINT, SQLCHAR*, SQLSMALLINT, SQLCHAR*, SQLSMALLINT, SQLCHAR*,
+                                SQLSMALLINT) {
+  return SQL_ERROR;
+}
+CATALOGSIM_ENTRY SQLStatistics(SQLHSTMT, SQLCHAR*, SQLSMALLINT, SQLCHAR*, SQLSMALLINT, SQLCHAR*,
+                               SQLSMALLINT, SQLUSMALLINT, SQLUSMALLINT) {
+  return SQL_ERROR;
+}
+CATALOGSIM_ENTRY SQLProcedures(SQLHSTMT, SQLCHAR*, SQLSMALLINT, SQLCHAR*, SQLSMALLINT, SQLCHAR*,
+                               SQLSMALLINT) {
+  return SQL_ERROR;
+}
+CATALOGSIM_ENTRY SQLGetTypeInfo(SQLHSTMT, SQLSMALLINT) { return SQL_ERROR; }

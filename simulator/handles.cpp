@@ -1,0 +1,110 @@
+// See handles.h.
+#include "simulator/handles.h"
+
+#include <algorithm>
+
+#include "simulator/rewriting.h"
+
+namespace catalogsim {
+
+SQLRETURN Handle::Fail(std::string state, std::string message) {
+  diagnostics_.push_back({std::move(state), std::move(message)});
+  return SQL_ERROR;
+}
+
+SQLRETURN Handle::Warn(std::string state, std::string message) {
+  diagnostics_.push_back({std::move(state), std::move(message)});
+  return SQL_SUCCESS_WITH_INFO;
+}
+
+Connection::~Connection() { Close(); }
+
+SQLRETURN Connection::Open(const std::string& connection_string) {
+  Settings settings;
+  std::string why;
+  if (!ParseConnectionString(connection_string, settings, why)) return Fail("HY000", why);
+  const ServerTraits* const traits = FindServer(settings.server);
+  if (traits == nullptr) return Fail("08001", "there is no server \"" + settings.server + "\"");
+  why = gate_.Install(settings.faults);
+  if (!why.empty()) return Fail("HY000", why);
+  if (const char* const state = gate_.Enter(SQL_API_SQLDRIVERCONNECT))
+    return Fail(state, "simulated fault");
+  database_ = OpenServer(*traits, settings, why);
+  if (!database_) return Fail("08001", why);
+  traits_ = traits;
+  gate_.StartCounting();
+  return SQL_SUCCESS;
+}
+
+void Connection::Close() {
+  for (Statement* const statement : statements_) delete statement;
+  statements_.clear();
+  database_.reset();
+  traits_ = nullptr;
+}
+
+bool Connection::HasFunction(FunctionId function) const {
+  const auto has = [function](const auto& list) {
+    return std::find(list.begin(), list.end(), function) != list.end();
+  };
+  return FunctionName(function) != "?" && !has(gate_.plan().missing) &&
+         !has(traits_->missing_functions);
+}
+
+Statement* Connection::AddStatement() { return *statements_.insert(new Statement(*this)).first; }
+
+void Connection::RemoveStatement(Statement* statement) {
+  statements_.erase(statement);
+  delete statement;
+}
+
+SQLRETURN Statement::Execute(const std::string& sql) {
+  return Run(RewriteForSqlite(sql, connection_.traits().dialect), &ColumnOfQuery);
+}
+
+SQLRETURN Statement::ExecuteCatalogQuery(const std::string& sql) {
+  return Run(sql, &ColumnOfCatalogFunction);
+}
+
+SQLRETURN Statement::Run(const std::string& sql, DescribeColumn describe) {
+  CloseResult();
+  std::string state;
+  std::string why;
+  PreparedStatement prepared = Prepare(connection_.database(), sql, state, why);
+  if (!prepared) return Fail(state, why);
+  affected_rows = -1;
+  if (sqlite3_column_count(prepared.get()) == 0) {
+    while (true) {
+      const int step = sqlite3_step(prepared.get());
+      if (step == SQLITE_ROW) continue;
+      if (step != SQLITE_DONE) return Fail("HY000", sqlite3_errmsg(connection_.database()));
+      affected_rows = sqlite3_changes(connection_.database());
+      return SQL_SUCCESS;
+    }
+  }
+  ++results_;
+  result = std::make_unique<Result>();
+  result->columns = DescribeColumns(prepared.get(), describe);
+  result->rows = std::move(prepared);
+  result->number = connection_.gate().NextResult();
+  result->taken.resize(result->columns.size());
+  return SQL_SUCCESS;
+}
+
+std::vector<Column> Statement::DescribeColumns(sqlite3_stmt* rows, DescribeColumn describe) const {
+  std::vector<Column> columns;
+  const FaultPlan& plan = connection_.gate().plan();
+  const int real = sqlite3_column_count(rows);
+  // The n-th result on one statement shows its columns n times, as MDB Tools does.
+  const int shown = plan.growing_columns ? real * results_ : real;
+  for (int i = 0; i < shown; ++i) {
+    Column column = describe(sqlite3_column_name(rows, i % real),
+                             sqlite3_column_decltype(rows, i % real), connection_.traits().wide);
+    if (std::find(plan.long_names.begin(), plan.long_names.end(), i + 1) != plan.long_names.end())
+      column.name = "a_column_name_of_more_than_29_characters";
+    columns.push_back(std::move(column));
+  }
+  return columns;
+}
+
+}  // namespace catalogsim

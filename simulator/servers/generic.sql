@@ -1,0 +1,1 @@
+-- The catalog of this server has no tables yet.
