@@ -1,0 +1,28 @@
+// The commands of the program. Each throws a Failure where it ends early.
+#pragma once
+
+#include "host/options.h"
+#include "host/outcome.h"
+#include "host/screen.h"
+#include "host/secrets.h"
+
+namespace wbhost {
+
+// What every command is given. `secrets` is filled when passwords are read.
+struct Run {
+  const Options& options;
+  Secrets& secrets;
+  Screen& screen;
+};
+
+void RunImport(Run& run, Outcome& outcome);
+void RunList(Run& run, Outcome& outcome);
+void RunInfo(Run& run, Outcome& outcome);
+void RunDrivers(Run& run);
+void RunRender(Run& run);
+
+// The whole program: takes the command line apart, runs the command, reports a failure. Returns the
+// exit code.
+int RunProgram(const std::vector<std::string>& arguments);
+
+}  // namespace wbhost

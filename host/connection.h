@@ -1,0 +1,77 @@
+// The host's ODBC connection: where to connect to, opening and closing it, and what the driver says
+// of itself. No header of ODBC is needed to use it.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "host/options.h"
+#include "host/samples.h"
+#include "host/secrets.h"
+
+namespace wbhost {
+
+// Where to connect to, settled from the options.
+struct Target {
+  std::string description;  // for messages: "SQLite file shop.db"
+  std::string connect_string;
+  bool is_sample_database = false;
+};
+// Reads the password where the options say one is to be had, and tells `secrets` of it. Throws a
+// Failure.
+Target ResolveTarget(const ConnectionOptions& options, Secrets& secrets);
+
+// `file:` form of a SQLite file's name, opened read-only.
+std::string SqliteReadOnlyUri(const std::string& absolute_path, bool immutable);
+
+// An open connection. Everything that borrowed its handles must be gone before it.
+class Connection {
+ public:
+  // Throws a Failure of one line: what was tried, what the driver manager said, what to try.
+  explicit Connection(const Target& target);
+  ~Connection();
+  Connection(const Connection&) = delete;
+  Connection& operator=(const Connection&) = delete;
+
+  void* henv() const;
+  void* hdbc() const;
+  // The connection string without its password.
+  const std::string& connect_text() const { return connect_text_; }
+
+  // Whether the driver knows that the connection is lost; false where it cannot tell.
+  bool IsDead() const;
+  // Whether statements may name an owner in front of a table.
+  bool SupportsOwners() const;
+  // The catalog that the connection is in, where catalogs mean something to the driver; else empty.
+  std::u16string CurrentCatalog() const;
+
+  struct FunctionOffer {
+    const char* name;
+    bool offered;
+  };
+  // The catalog functions, and the others that decide how an import reads.
+  std::vector<FunctionOffer> OfferedFunctions() const;
+  std::string DbmsVersionText() const;
+  std::string DriverText() const;  // the driver's name and version
+
+ private:
+  // A text of SQLGetInfo; empty where the driver has none.
+  std::string InfoText(std::uint16_t info) const;
+
+  struct Handles;
+  std::string connect_text_;
+  std::unique_ptr<SampleDatabase> sample_;  // outlives the connection to it
+  std::unique_ptr<Handles> handles_;
+};
+
+// An installed driver, or a data source of odbc.ini with its driver.
+struct Installed {
+  std::string name;
+  std::string driver;  // of a data source; empty for a driver
+};
+std::vector<Installed> InstalledDrivers();
+std::vector<Installed> DataSources();
+
+}  // namespace wbhost

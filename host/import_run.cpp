@@ -1,0 +1,149 @@
+// One import through the module.
+#include "host/import_run.h"
+
+#include <fmt/format.h>
+
+#include "host/interrupt.h"
+#include "host/text.h"
+
+namespace wbhost {
+namespace {
+
+// A server without owners may hold several databases, all of which its driver lists for a null
+// catalog (MariaDB): the one that the connection is in is meant.
+std::u16string CatalogToRead(const Connection& connection) {
+  return connection.SupportsOwners() ? std::u16string() : connection.CurrentCatalog();
+}
+
+void FillServerFacts(const LcODBCWorkbookImport& importer,
+                     const LcODBCWorkbookImport::RouteDecision& decision,
+                     LcWorkbookFileInfo& info) {
+  info.dbms_name = importer.GetDBMSName();
+  info.dbms_version = importer.GetDBMSVersion();
+  info.dbms_type = importer.GetDBMSType();
+  info.route = RouteName(decision.route);
+}
+
+}  // namespace
+
+StartedModule::StartedModule(const std::optional<std::string>& message_folder) {
+  std::string why;
+  if (!OdbcImportStart(message_folder ? message_folder->c_str() : nullptr, why)) {
+    throw Failure(ExitCode::kConnection, "the import module did not start: " + why);
+  }
+}
+
+StartedModule::~StartedModule() { OdbcImportStop(); }
+
+const char16_t* RouteName(LcODBCWorkbookImport::RouteKind route) {
+  switch (route) {
+    case LcODBCWorkbookImport::RouteKind::kInformix:
+      return u"informix";
+    case LcODBCWorkbookImport::RouteKind::kNative:
+      return u"native";
+    case LcODBCWorkbookImport::RouteKind::kODBC:
+      break;
+  }
+  return u"odbc";
+}
+
+// An importer that is lent the connection for its lifetime.
+class ImportRunner::Importer : public LcODBCWorkbookImport {
+ public:
+  Importer(ImportRunner& runner, const LcImportChoices& wanted, LcWorkbook* workbook)
+      : LcODBCWorkbookImport(&ImportRunner::OnNotify, workbook) {
+    choices = wanted;
+    if (choices.catalog.empty()) choices.catalog = runner.catalog_;
+    login = &runner.login_;
+    SyncLogin(runner.connection_.henv(), runner.connection_.hdbc());
+  }
+  ~Importer() override { UnSyncLogin(); }
+};
+
+ImportRunner* ImportRunner::active_ = nullptr;
+
+ImportRunner::ImportRunner(const Connection& connection, const InstalledServices& services,
+                           ProgressMode progress, Screen& screen, Reports& reports)
+    : connection_(connection),
+      services_(services),
+      progress_mode_(progress),
+      screen_(screen),
+      reports_(reports),
+      catalog_(CatalogToRead(connection)) {
+  login_.connect_text = ToUtf16(connection.connect_text());
+}
+
+ImportResult ImportRunner::Run(const LcImportChoices& choices, std::uint32_t item_mask,
+                               bool traced) {
+  ImportResult result;
+  result.workbook = std::make_unique<LcWorkbook>();
+  Progress progress(progress_mode_, screen_);
+  {
+    Importer importer(*this, choices, result.workbook.get());
+    importer.choices.item_mask = item_mask;
+    // Without the item, types are created from the importer's own list.
+    if ((item_mask & ibDataTypes) == 0) importer.targets.data_types = nullptr;
+    importer_ = &importer;
+    progress_ = &progress;
+    traced_ = traced;
+    active_ = this;
+    unsigned short status = 0;
+    result.info.result = importer.ImportItems(status);
+    active_ = nullptr;
+    result.info.status = status;
+    FillServerFacts(importer, importer.DecideRoute(), result.info);
+  }
+  progress.Finish();
+  result.info.errors_shown = services_.ErrorsShown();
+  result.connection_lost = connection_.IsDead();
+  result.info.incomplete = result.info.status != 0 || result.connection_lost;
+  return result;
+}
+
+LcODBCWorkbookImport::RouteDecision ImportRunner::DecideRoute(const LcImportChoices& choices) {
+  LcWorkbook workbook;
+  return Importer(*this, choices, &workbook).DecideRoute();
+}
+
+LcWorkbookFileInfo ImportRunner::ServerFacts(const LcImportChoices& choices,
+                                             LcODBCWorkbookImport::RouteDecision& decision) {
+  LcWorkbook workbook;
+  Importer importer(*this, choices, &workbook);
+  decision = importer.DecideRoute();
+  LcWorkbookFileInfo info;
+  FillServerFacts(importer, decision, info);
+  return info;
+}
+
+void ImportRunner::Judge(const ImportResult& result, Outcome& outcome) {
+  constexpr unsigned short kStatusCancelled = 4;
+  constexpr unsigned short kStatusStopped = 9;
+  if (result.connection_lost) {
+    screen_.SayError("the connection was lost during the import; what was read is incomplete");
+    outcome.Add(ExitCode::kConnection);
+  }
+  if (result.info.status == kStatusCancelled) outcome.Add(ExitCode::kCancelled);
+  if (result.info.status == kStatusStopped) outcome.Add(ExitCode::kStopped);
+  if (!result.info.result) outcome.Add(ExitCode::kImportFalse);
+  if (result.info.errors_shown > 0) outcome.Add(ExitCode::kErrorsShown);
+}
+
+void ImportRunner::OnNotify(enumImpNotify notify, void* record) { active_->Notify(notify, record); }
+
+void ImportRunner::Notify(enumImpNotify notify, void* record) {
+  // A route sets the running mark when it starts, so that an interrupt before counts from here on.
+  const InterruptWish wish = GetInterruptWish();
+  if (wish != InterruptWish::kNone) importer_->running = false;
+  if (wish == InterruptWish::kCancel) importer_->cancelled = true;
+
+  if (traced_ && reports_.trace.IsOpen()) reports_.trace.WriteLine(TraceLine(notify, record));
+
+  const bool starts = notify == inPhaseStart || notify == inLoopStart;
+  const auto* start = starts ? static_cast<const LcImpProgStartInfo*>(record) : nullptr;
+  const auto* item = starts ? nullptr : static_cast<const LcImpItemInfo*>(record);
+  progress_->Notify(
+      notify, start != nullptr ? start->item_type : iiNone, start != nullptr ? start->count : 0,
+      [item] { return item == nullptr ? std::string() : DisplayName(item->text1, item->text2); });
+}
+
+}  // namespace wbhost

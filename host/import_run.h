@@ -1,0 +1,74 @@
+// One import through the module, from the choices to a filled workbook.
+#pragma once
+
+#include <memory>
+
+#include "host/choices.h"
+#include "host/connection.h"
+#include "host/outcome.h"
+#include "host/progress.h"
+#include "host/reports.h"
+#include "host/services.h"
+#include "importer/odbc_workbook_import.h"
+#include "importer/workbook/workbook.h"
+#include "importer/workbook/workbook_file.h"
+
+namespace wbhost {
+
+// Holds the module for its lifetime. Throws a Failure where it does not start.
+class StartedModule {
+ public:
+  explicit StartedModule(const std::optional<std::string>& message_folder);
+  ~StartedModule();
+  StartedModule(const StartedModule&) = delete;
+  StartedModule& operator=(const StartedModule&) = delete;
+};
+
+struct ImportResult {
+  std::unique_ptr<LcWorkbook> workbook;
+  LcWorkbookFileInfo info;
+  bool connection_lost = false;
+};
+
+// Runs imports on one connection, one at a time, with one way of reporting.
+class ImportRunner {
+ public:
+  ImportRunner(const Connection& connection, const InstalledServices& services,
+               ProgressMode progress, Screen& screen, Reports& reports);
+
+  // Imports the items of the mask. `traced` false keeps a run that only prepares another one out of
+  // the notification trace. Interrupts take effect at the notifications.
+  ImportResult Run(const LcImportChoices& choices, std::uint32_t item_mask, bool traced = true);
+  // The route that a run would take.
+  LcODBCWorkbookImport::RouteDecision DecideRoute(const LcImportChoices& choices);
+  // The facts about the server that a run would settle, and the route that it would take.
+  LcWorkbookFileInfo ServerFacts(const LcImportChoices& choices,
+                                 LcODBCWorkbookImport::RouteDecision& decision);
+
+  // Adds what a result means for the exit code, and says so where the connection was lost.
+  void Judge(const ImportResult& result, Outcome& outcome);
+
+ private:
+  class Importer;
+  static void OnNotify(enumImpNotify notify, void* record);
+  void Notify(enumImpNotify notify, void* record);
+
+  const Connection& connection_;
+  const InstalledServices& services_;
+  const ProgressMode progress_mode_;
+  Screen& screen_;
+  Reports& reports_;
+  const std::u16string catalog_;  // read where the choices name none
+  LcWorkbookLogin login_;
+
+  // The run in hand, which the callback, a plain function, has to find.
+  static ImportRunner* active_;
+  LcWorkbookImport* importer_ = nullptr;
+  Progress* progress_ = nullptr;
+  bool traced_ = true;
+};
+
+// The English name of a route in the workbook file: `odbc`, `informix` or `native`.
+const char16_t* RouteName(LcODBCWorkbookImport::RouteKind route);
+
+}  // namespace wbhost

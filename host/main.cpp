@@ -1,0 +1,16 @@
+// The command-line host of the import module.
+#include <clocale>
+#include <string>
+#include <vector>
+
+#include "host/commands.h"
+#include "host/secrets.h"
+
+int main(int argc, char** argv) {
+  // The driver manager converts names for narrow drivers with the locale's code set: without this,
+  // names outside of ASCII find nothing.
+  std::setlocale(LC_ALL, "C.UTF-8");
+  const std::vector<std::string> arguments(argv + 1, argv + argc);
+  wbhost::HideSecretArguments(argc, argv);
+  return wbhost::RunProgram(arguments);
+}

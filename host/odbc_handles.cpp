@@ -1,0 +1,52 @@
+// Owned ODBC handles of the host.
+#include "host/odbc_handles.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+
+#include "host/outcome.h"
+#include "host/text.h"
+
+namespace wbhost {
+
+Environment::Environment() {
+  if (!Succeeded(SQLAllocHandle(SQL_HANDLE_ENV, SQL_NULL_HANDLE, &handle_))) {
+    throw Failure(ExitCode::kConnection, "the ODBC driver manager gives no environment");
+  }
+  // The attribute is passed as a pointer by ODBC's own definition.
+  SQLSetEnvAttr(handle_, SQL_ATTR_ODBC_VERSION, reinterpret_cast<SQLPOINTER>(SQL_OV_ODBC2), 0);
+}
+
+Environment::~Environment() { SQLFreeHandle(SQL_HANDLE_ENV, handle_); }
+
+std::string FromWide(const SQLWCHAR* text, std::size_t characters) {
+  std::u16string wide(characters, u'\0');
+  std::transform(text, text + characters, wide.begin(),
+                 [](SQLWCHAR unit) { return static_cast<char16_t>(unit); });
+  return ToUtf8(wide);
+}
+
+std::string ReadDiagnostics(SQLSMALLINT handle_type, SQLHANDLE handle, std::string& state) {
+  std::string all;
+  for (SQLSMALLINT record = 1; record < 20; ++record) {
+    SQLWCHAR sql_state[6] = {};
+    SQLINTEGER native_error = 0;
+    SQLWCHAR message[SQL_MAX_MESSAGE_LENGTH] = {};
+    SQLSMALLINT length = 0;
+    if (!Succeeded(SQLGetDiagRecW(handle_type, handle, record, sql_state, &native_error, message,
+                                  SQL_MAX_MESSAGE_LENGTH, &length))) {
+      break;
+    }
+    const std::string code = FromWide(sql_state, 5);
+    if (state.empty()) state = code;
+    const std::size_t characters =
+        std::find(message, message + SQL_MAX_MESSAGE_LENGTH - 1, SQLWCHAR{0}) - message;
+    const std::string text = fmt::format("{} [{}]", OneLine(FromWide(message, characters)), code);
+    if (all.find(text) != std::string::npos) continue;  // drivers repeat themselves
+    all += (all.empty() ? "" : "; ") + text;
+  }
+  return all.empty() ? "the driver manager gives no reason" : all;
+}
+
+}  // namespace wbhost

@@ -1,0 +1,317 @@
+// The command line: every option is declared here, with its help.
+#include "host/options.h"
+
+#include <fmt/format.h>
+
+#include <CLI/CLI.hpp>
+#include <iostream>
+
+#include "export/writer.h"
+#include "host/choices.h"
+#include "host/config_file.h"
+#include "host/lists.h"
+#include "host/outcome.h"
+#include "host/samples.h"
+#include "host/text.h"
+#include "importer/workbook/enums.h"
+
+namespace wbhost {
+namespace {
+
+constexpr const char* kAbout =
+    "Imports the schema of a database through ODBC into a workbook, and shows it.";
+
+constexpr const char* kExamples =
+    "Examples:\n"
+    "  wbimport import                                 the sample database, as an outline\n"
+    "  wbimport import --sqlite shop.db --format html -o shop.html\n"
+    "  wbimport list tables --dsn stock --user joe --password-env STOCK_PASSWORD\n"
+    "  wbimport info --sample oracle\n"
+    "Every command has its own help: wbimport COMMAND --help";
+
+constexpr const char* kImportExamples =
+    "Examples:\n"
+    "  wbimport import --sample informix --format markdown\n"
+    "  wbimport import --sqlite shop.db --select-table orders --select-view open_orders\n"
+    "  wbimport import --dsn stock --user joe --password-stdin --format svg -o stock.svg <secret\n"
+    "  wbimport import --connect 'Driver=PostgreSQL Unicode;Server=db;Database=stock;UID=joe' \\\n"
+    "      --password-env PGPASSWORD --request choices.json -o stock.json\n"
+    "One interrupt stops the import and writes what was read; a second one cancels it.";
+
+constexpr const char* kListExamples =
+    "Examples:\n"
+    "  wbimport list tables --sqlite shop.db\n"
+    "  wbimport list columns --table joe.orders --sample sqlserver\n"
+    "  wbimport list owners --sample oracle --format json";
+
+constexpr const char* kInfoExamples =
+    "Examples:\n"
+    "  wbimport info --sqlite shop.db\n"
+    "  wbimport info --sample db2 --generic";
+
+constexpr const char* kDriversExamples =
+    "Examples:\n"
+    "  wbimport drivers\n"
+    "  wbimport drivers --format json";
+
+constexpr const char* kRenderExamples =
+    "Examples:\n"
+    "  wbimport render stock.json --format html -o stock.html\n"
+    "  wbimport render stock.json --format svg --around joe.orders --distance 2 -o orders.svg";
+
+// A text option that may be left out; the last one given counts. It takes any text as it stands,
+// the empty one and `[a,b]` too, since names in a database look like anything.
+CLI::Option* AddText(CLI::App& app, const std::string& name, std::optional<std::string>& target,
+                     const std::string& help, const char* type = "TEXT") {
+  return app
+      .add_option(
+          name,
+          [&target](const CLI::results_t& values) {
+            target = values.back();
+            return true;
+          },
+          help)
+      ->multi_option_policy(CLI::MultiOptionPolicy::TakeLast)
+      ->type_name(type);
+}
+
+// A text option that may be repeated.
+CLI::Option* AddTexts(CLI::App& app, const std::string& name, std::vector<std::string>& target,
+                      const std::string& help, const char* type) {
+  return app
+      .add_option(
+          name,
+          [&target](const CLI::results_t& values) {
+            target = values;
+            return true;
+          },
+          help)
+      ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)
+      ->allow_extra_args(false)
+      ->type_name(type);
+}
+
+// `--name` and `--no-name`; the last one given counts.
+void AddSwitch(CLI::App& app, const std::string& name, std::optional<bool>& target,
+               const std::string& help, const std::string& help_no) {
+  for (const bool value : {true, false}) {
+    app.add_flag_callback((value ? "--" : "--no-") + name, [&target, value] { target = value; },
+                          value ? help : help_no)
+        ->trigger_on_parse()
+        ->group("Choices");
+  }
+}
+
+template <class Entries>
+std::string Names(const Entries& entries) {
+  std::string names;
+  for (const auto& entry : entries) names += (names.empty() ? "" : ", ") + std::string(entry.name);
+  return names;
+}
+
+void AddConnection(CLI::App& app, ConnectionOptions& options) {
+  const char* group = "Connection (the sample database when none is given)";
+  AddText(app, "--connect", options.connect, "ODBC connection string, passed on as it stands")
+      ->group(group);
+  AddText(app, "--dsn", options.dsn, "Data source of odbc.ini", "NAME")->group(group);
+  AddText(app, "--user", options.user, "User name for --dsn or --connect", "NAME")->group(group);
+  AddText(app, "--password-env", options.password_env, "Environment variable with the password",
+          "VAR")
+      ->group(group);
+  app.add_flag("--password-stdin", options.password_stdin,
+               "Read the password from standard input (one line)")
+      ->group(group);
+  AddText(app, "--sqlite", options.sqlite, "SQLite database file, opened read-only", "FILE")
+      ->group(group);
+  AddText(app, "--sample", options.sample, "Practice server: " + Names(AllSamples()), "NAME")
+      ->group(group);
+}
+
+void AddChoices(CLI::App& app, ChoiceOptions& options) {
+  const char* group = "Choices";
+  AddText(app, "--request", options.request,
+          "Request file (JSON) with choices; - reads it from standard input", "FILE")
+      ->group(group);
+  AddTexts(app, "--items", options.items, "What to import, parted by commas: " + Names(AllItems()),
+           "LIST")
+      ->delimiter(',')
+      ->group(group);
+  AddText(app, "--owner", options.owner, "Read the tables and views of this owner alone", "NAME")
+      ->group(group);
+  AddText(app, "--catalog", options.catalog, "Catalog (database) that the generic route reads",
+          "NAME")
+      ->group(group);
+  AddSwitch(app, "system", options.system, "Read system tables too", "Undo a file's includeSystem");
+  AddSwitch(app, "keys", options.keys, "Read primary keys (the default)", "Read no primary keys");
+  AddSwitch(app, "foreign-keys", options.foreign_keys, "Read foreign keys (the default)",
+            "Read no foreign keys");
+  AddTexts(app, "--select-owner", options.select_owner, "Select an owner; may be repeated", "NAME")
+      ->group(group);
+  AddTexts(app, "--select-table", options.select_table, "Select a table; may be repeated",
+           "[OWNER.]NAME")
+      ->group(group);
+  AddTexts(app, "--select-view", options.select_view, "Select a view; may be repeated",
+           "[OWNER.]NAME")
+      ->group(group);
+  AddTexts(app, "--select-synonym", options.select_synonym, "Select a synonym; may be repeated",
+           "[OWNER.]NAME")
+      ->group(group);
+  AddText(app, "--table", options.table, "The single table whose column names are read",
+          "[OWNER.]NAME")
+      ->group(group);
+  app.add_option_function<int>(
+         "--dbms-type", [&options](const int& type) { options.dbms_type = type; },
+         "Kind of server (0 to 8) where the driver gives no name")
+      ->check(CLI::Range(static_cast<int>(dbmsUnknown), static_cast<int>(dbmsRedBrick)))
+      ->multi_option_policy(CLI::MultiOptionPolicy::TakeLast)
+      ->type_name("N")
+      ->group(group);
+  app.add_flag("--generic", options.generic, "Use the catalog functions of ODBC on every server")
+      ->group(group);
+}
+
+void AddReports(CLI::App& app, ReportOptions& options) {
+  const char* group = "Reports";
+  AddText(app, "--progress", options.progress, "auto, bar, plain or none", "MODE")
+      ->check(CLI::IsMember({"auto", "bar", "plain", "none"}))
+      ->group(group);
+  AddText(app, "--trace", options.trace, "Write the notification trace", "FILE")->group(group);
+  AddText(app, "--errors", options.errors, "Write the texts of the message boxes shown", "FILE")
+      ->group(group);
+  AddText(app, "--log", options.log, "Write the diagnostics that were consumed unseen", "FILE")
+      ->group(group);
+  AddText(app, "--messages", options.messages, "Folder of another message library (msgtext.dll)",
+          "FOLDER")
+      ->group(group);
+}
+
+void AddFile(CLI::App& app, OutputOptions& options) {
+  app.add_option("-o,--output", options.file, "Write to this file, whole or not at all")
+      ->multi_option_policy(CLI::MultiOptionPolicy::TakeLast)
+      ->type_name("FILE")
+      ->group("Output");
+}
+
+void AddOutput(CLI::App& app, OutputOptions& options) {
+  const char* group = "Output";
+  AddText(app, "--format", options.format,
+          Names(wbexport::AllFormats()) + "; text on a terminal, else json", "NAME")
+      ->group(group);
+  AddFile(app, options);
+  AddText(app, "--around", options.around, "Diagrams: only the neighbourhood of this table",
+          "[OWNER.]NAME")
+      ->group(group);
+  app.add_option("--distance", options.distance, "Diagrams: relationships from --around")
+      ->check(CLI::Range(0, 100))
+      ->type_name("N")
+      ->group(group);
+  app.add_flag("--whole", options.whole, "Diagrams: draw a large schema whole")->group(group);
+  app.add_flag("--all-functions", options.all_functions, "text: list functions with overloads")
+      ->group(group);
+}
+
+// For the commands whose answer is no workbook.
+void AddTextOrJson(CLI::App& app, OutputOptions& options) {
+  AddText(app, "--format", options.format, "text (the default) or json", "NAME")
+      ->check(CLI::IsMember({"text", "json"}))
+      ->group("Output");
+  AddFile(app, options);
+}
+
+void CheckTogether(const Options& options) {
+  const ConnectionOptions& connection = options.connection;
+  const int ways = (connection.connect ? 1 : 0) + (connection.dsn ? 1 : 0) +
+                   (connection.sqlite ? 1 : 0) + (connection.sample ? 1 : 0);
+  if (ways > 1) {
+    throw Failure(ExitCode::kUsage,
+                  "give only one of --connect, --dsn, --sqlite and --sample: one connection a run");
+  }
+  if (connection.user && !connection.dsn && !connection.connect) {
+    throw Failure(ExitCode::kUsage, "--user goes with --dsn or --connect");
+  }
+  if (connection.password_env && connection.password_stdin) {
+    throw Failure(ExitCode::kUsage, "give only one of --password-env and --password-stdin");
+  }
+  if (connection.password_stdin && options.choices.request == "-") {
+    throw Failure(ExitCode::kUsage,
+                  "--password-stdin and --request - cannot both read standard input");
+  }
+  if (connection.sample && FindSample(*connection.sample) == nullptr) {
+    throw Failure(ExitCode::kUsage, fmt::format("--sample: there is no sample '{}'; there are {}",
+                                                *connection.sample, Names(AllSamples())));
+  }
+  if (options.output.format && wbexport::FindFormat(*options.output.format) == nullptr) {
+    throw Failure(ExitCode::kUsage,
+                  fmt::format("--format: there is no format '{}'; there are {}",
+                              *options.output.format, Names(wbexport::AllFormats())));
+  }
+}
+
+}  // namespace
+
+ParsedCommandLine ParseCommandLine(const std::vector<std::string>& arguments) {
+  ParsedCommandLine parsed;
+  Options& options = parsed.options;
+  std::optional<std::string> config;
+
+  CLI::App app(kAbout, "wbimport");
+  app.set_version_flag("--version", "wbimport " WB_VERSION);
+  app.footer(kExamples);
+  app.require_subcommand(1);
+  AddText(app, "--config", config,
+          "Configuration file instead of wbimport/config.toml in the XDG folders", "FILE");
+  app.fallthrough();
+
+  const auto add_command = [&](const char* name, Command command, const char* help,
+                               const char* examples) {
+    CLI::App* sub = app.add_subcommand(name, help);
+    sub->footer(examples);
+    sub->fallthrough();
+    sub->callback([&options, command] { options.command = command; });
+    return sub;
+  };
+  CLI::App* import = add_command("import", Command::kImport, "Import a schema", kImportExamples);
+  CLI::App* list = add_command("list", Command::kList, "List names only", kListExamples);
+  CLI::App* info =
+      add_command("info", Command::kInfo, "Tell about the server and its driver", kInfoExamples);
+  CLI::App* drivers =
+      add_command("drivers", Command::kDrivers, "List the installed ODBC drivers and data sources",
+                  kDriversExamples);
+  CLI::App* render = add_command("render", Command::kRender,
+                                 "Write a saved workbook file in another format", kRenderExamples);
+
+  for (CLI::App* command : {import, list, info}) {
+    AddConnection(*command, options.connection);
+    AddChoices(*command, options.choices);
+    AddReports(*command, options.report);
+  }
+  AddOutput(*import, options.output);
+  list->add_option("KIND", options.list_kind, fmt::format("{}", fmt::join(ListNames(), ", ")))
+      ->required()
+      ->check(CLI::IsMember(ListNames()));
+  AddTextOrJson(*list, options.output);
+  AddTextOrJson(*info, options.output);
+  AddTextOrJson(*drivers, options.output);
+  render->add_option("FILE", options.render_file, "A workbook file, as --format json writes it")
+      ->required();
+  AddOutput(*render, options.output);
+
+  try {
+    // CLI11 takes the arguments from the back.
+    app.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
+  } catch (const CLI::Success& asked) {  // help or version
+    app.exit(asked, std::cout, std::cerr);
+    parsed.exit_code = static_cast<int>(ExitCode::kOk);
+    return parsed;
+  } catch (const CLI::ParseError& error) {
+    const std::vector<CLI::App*> given = app.get_subcommands();
+    throw Failure(ExitCode::kUsage,
+                  fmt::format("{} (see wbimport {}--help)", OneLine(error.what()),
+                              given.empty() ? "" : given.front()->get_name() + " "));
+  }
+  ApplyConfigFile(config, options);
+  CheckTogether(options);
+  return parsed;
+}
+
+}  // namespace wbhost

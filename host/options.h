@@ -1,0 +1,75 @@
+// The command line, taken apart. What the options mean is said where they are used.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace wbhost {
+
+enum class Command { kImport, kList, kInfo, kDrivers, kRender };
+
+// Where to connect to. At most one of connect, dsn, sqlite and sample is given.
+struct ConnectionOptions {
+  std::optional<std::string> connect;
+  std::optional<std::string> dsn;
+  std::optional<std::string> user;
+  std::optional<std::string> sqlite;
+  std::optional<std::string> sample;
+  std::optional<std::string> password_env;
+  bool password_stdin = false;
+};
+
+struct ChoiceOptions {
+  std::optional<std::string> request;
+  std::vector<std::string> items;
+  std::optional<std::string> owner;
+  std::optional<std::string> catalog;
+  std::optional<bool> system;
+  std::optional<bool> keys;
+  std::optional<bool> foreign_keys;
+  std::vector<std::string> select_owner;
+  std::vector<std::string> select_table;
+  std::vector<std::string> select_view;
+  std::vector<std::string> select_synonym;
+  std::optional<std::string> table;
+  std::optional<int> dbms_type;
+  bool generic = false;
+};
+
+struct OutputOptions {
+  std::optional<std::string> format;
+  std::string file;  // empty: standard output
+  std::optional<std::string> around;
+  int distance = 1;
+  bool whole = false;
+  bool all_functions = false;
+};
+
+struct ReportOptions {
+  std::optional<std::string> progress;  // one of kProgressModes; empty: auto
+  std::optional<std::string> trace;
+  std::optional<std::string> errors;
+  std::optional<std::string> log;
+  std::optional<std::string> messages;  // folder of the message library
+};
+
+struct Options {
+  Command command = Command::kImport;
+  ConnectionOptions connection;
+  ChoiceOptions choices;
+  OutputOptions output;
+  ReportOptions report;
+  std::string list_kind;
+  std::string render_file;
+};
+
+// The options; or, when there is nothing left to do (help, version), an exit code of 0 after the
+// answer went to standard output. Throws a Failure for wrong usage.
+struct ParsedCommandLine {
+  Options options;
+  std::optional<int> exit_code;
+};
+ParsedCommandLine ParseCommandLine(const std::vector<std::string>& arguments);
+
+}  // namespace wbhost

@@ -1,0 +1,31 @@
+// Where a command's answer goes: standard output, or a file that is written whole or not at all.
+#pragma once
+
+#include <functional>
+#include <ostream>
+#include <string>
+
+namespace wbhost {
+
+class OutputFile {
+ public:
+  // An empty name or `-` is standard output.
+  explicit OutputFile(const std::string& name);
+
+  // Throws a Failure where it is plain already that the file cannot be written, so that nobody
+  // waits for an import in vain. Creates nothing.
+  void Check() const;
+  // Calls `write` with the stream and brings what it wrote into place. False from `write` means
+  // that there is nothing to write: the file stays as it was. Throws a Failure where writing fails.
+  void Write(const std::function<bool(std::ostream&)>& write) const;
+  bool IsStandardOutput() const { return path_.empty(); }
+
+ private:
+  void WriteWhole(const std::function<bool(std::ostream&)>& write) const;
+
+  std::string name_;      // as the user wrote it
+  std::string path_;      // symbolic links resolved; empty: standard output
+  bool special_ = false;  // a device or a pipe, which cannot be replaced
+};
+
+}  // namespace wbhost

@@ -1,0 +1,55 @@
+// The whole program but for main(): from the command line to the exit code.
+#include <fmt/format.h>
+
+#include <iostream>
+
+#include "host/commands.h"
+#include "host/connection_string.h"
+#include "host/interrupt.h"
+
+namespace wbhost {
+namespace {
+
+void RunCommand(Run& run, Outcome& outcome) {
+  const Command command = run.options.command;
+  const bool imports = command == Command::kImport || command == Command::kList;
+  InstallInterruptHandlers(imports);
+  switch (command) {
+    case Command::kImport:
+      return RunImport(run, outcome);
+    case Command::kList:
+      return RunList(run, outcome);
+    case Command::kInfo:
+      return RunInfo(run, outcome);
+    case Command::kDrivers:
+      return RunDrivers(run);
+    case Command::kRender:
+      return RunRender(run);
+  }
+}
+
+}  // namespace
+
+int RunProgram(const std::vector<std::string>& arguments) {
+  Secrets secrets;
+  // Also those of a connection string that stands where none is expected.
+  for (const std::string& argument : arguments) secrets.AddFrom(argument);
+  Screen screen(secrets);
+  Outcome outcome;
+  try {
+    const ParsedCommandLine parsed = ParseCommandLine(arguments);
+    if (parsed.exit_code) return *parsed.exit_code;
+    Run run{parsed.options, secrets, screen};
+    RunCommand(run, outcome);
+  } catch (const Failure& failure) {
+    screen.SayError(failure.what());
+    outcome.Add(failure.code());
+  } catch (const std::exception& error) {
+    // No way back is known for what gets here; memory that ran out, mostly.
+    screen.SayError(fmt::format("ended early: {}", error.what()));
+    outcome.Add(ExitCode::kImportFalse);
+  }
+  return static_cast<int>(outcome.Code());
+}
+
+}  // namespace wbhost

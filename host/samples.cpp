@@ -1,0 +1,73 @@
+// The practice servers that come with the program.
+#include "host/samples.h"
+
+#include <dlfcn.h>
+#include <fmt/format.h>
+#include <sqlite3.h>
+
+#include <filesystem>
+
+#include "embedded_wbhost.h"
+#include "host/outcome.h"
+#include "importer/odbc_workbook_import.h"
+
+namespace wbhost {
+
+const std::vector<Sample>& AllSamples() {
+  static const std::vector<Sample> samples = {
+      {"sqlite", nullptr, "the sample database, read through SQLite's own driver"},
+      {"informix", "informix", "Informix Universal Server 9.40"},
+      {"informix-7", "informix-7", "Informix Dynamic Server 7.31"},
+      {"sqlserver", "sqlserver", "Microsoft SQL Server"},
+      {"sybase", "sybase", "Sybase SQL Server"},
+      {"oracle", "oracle", "Oracle 8"},
+      {"db2", "db2", "DB2"},
+      {"redbrick", "redbrick", "Red Brick"},
+      {"access", "access", "Microsoft Access"},
+      {"oracle-7", "oracle-7", "Oracle 7"},
+      {"generic", "generic", "a server without a name"},
+  };
+  return samples;
+}
+
+const Sample* FindSample(std::string_view name) {
+  for (const Sample& sample : AllSamples()) {
+    if (name == sample.name) return &sample;
+  }
+  return nullptr;
+}
+
+std::string SimulatorPath() {
+  Dl_info info{};
+  // The address of any exported function tells where the module was loaded from.
+  dladdr(reinterpret_cast<const void*>(&OdbcImportStart), &info);
+  std::error_code error;
+  const std::filesystem::path module =
+      std::filesystem::absolute(info.dli_fname != nullptr ? info.dli_fname : "", error);
+  return (module.parent_path() / "libcatalogsim.so").string();
+}
+
+struct SampleDatabase::Handle {
+  sqlite3* database = nullptr;
+  ~Handle() { sqlite3_close(database); }
+};
+
+// A shared cache is one per process and name; SQLite's driver uses the same SQLite library.
+const char* SampleDatabase::FileName() { return "file:wbimport-sample?mode=memory&cache=shared"; }
+
+SampleDatabase::SampleDatabase() : handle_(std::make_unique<Handle>()) {
+  const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_URI;
+  int result = sqlite3_open_v2(FileName(), &handle_->database, flags, nullptr);
+  if (result == SQLITE_OK) {
+    const std::string script(kSqlite);
+    result = sqlite3_exec(handle_->database, script.c_str(), nullptr, nullptr, nullptr);
+  }
+  if (result != SQLITE_OK) {
+    throw Failure(ExitCode::kConnection, fmt::format("cannot build the sample database: {}",
+                                                     sqlite3_errmsg(handle_->database)));
+  }
+}
+
+SampleDatabase::~SampleDatabase() = default;
+
+}  // namespace wbhost

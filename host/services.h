@@ -1,0 +1,34 @@
+// What the program gives the module in place of its default services.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+
+#include "host/choices.h"
+#include "host/reports.h"
+#include "host/screen.h"
+#include "platform/platform.h"
+
+namespace wbhost {
+
+// Installs the services for its lifetime and gives the earlier ones back: message boxes become
+// diagnostics, which are counted, and the settings of the run go before the settings store.
+class InstalledServices {
+ public:
+  InstalledServices(const Settings& settings, Screen& screen, Reports& reports);
+  ~InstalledServices();
+  InstalledServices(const InstalledServices&) = delete;
+  InstalledServices& operator=(const InstalledServices&) = delete;
+
+  // Message boxes shown so far.
+  std::uint32_t ErrorsShown() const;
+
+ private:
+  class Box;
+  class Store;
+  class Log;
+  std::shared_ptr<Box> box_;
+  std::unique_ptr<platform::Services> saved_;
+};
+
+}  // namespace wbhost
