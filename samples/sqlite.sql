@@ -28,7 +28,7 @@ CREATE TABLE staff (
   family_name  VARCHAR(40)  NOT NULL,
   email        VARCHAR(120) NOT NULL UNIQUE,
   hired_on     DATE         NOT NULL,
-  salary       DECIMAL(9,2) NOT NULL
+  salary       NUMERIC(9,2) NOT NULL
 );
 
 CREATE TABLE publisher (
@@ -56,7 +56,7 @@ CREATE TABLE book (
   publisher_id INTEGER      REFERENCES publisher (publisher_id),
   published_in SMALLINT,
   pages        INTEGER,
-  price        DECIMAL(8,2),
+  price        NUMERIC(8,2),
   summary      TEXT,
   cover        BLOB
 );
@@ -113,7 +113,7 @@ CREATE INDEX loan_due ON loan (due_on);
 -- At most one for a loan.
 CREATE TABLE fine (
   loan_id      BIGINT       NOT NULL PRIMARY KEY REFERENCES loan (loan_id),
-  amount       DECIMAL(6,2) NOT NULL,
+  amount       NUMERIC(6,2) NOT NULL,
   reason       VARCHAR(80),
   paid_at      TIMESTAMP
 );
