@@ -83,7 +83,7 @@ struct ColumnBuffer {
 
 }  // namespace
 
-struct LcODBCFetch::State {
+struct __attribute__((visibility("hidden"))) LcODBCFetch::State {
   SQLHENV henv;
   SQLHDBC hdbc;
   int dbms_type;

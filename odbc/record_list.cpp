@@ -46,7 +46,7 @@ int LcODBCColumn::IsLong() const {
   return sql_type_ == SQL_LONGVARBINARY || sql_type_ == SQL_LONGVARCHAR ? 1 : 0;
 }
 
-struct LcODBCRecordList::Storage {
+struct __attribute__((visibility("hidden"))) LcODBCRecordList::Storage {
   std::vector<std::unique_ptr<std::byte[]>> blocks;
   std::byte* free = nullptr;  // in the last block
   std::size_t free_bytes = 0;

@@ -14,6 +14,14 @@ namespace {
 
 constexpr std::u16string_view kCLISchemaKeyword = u"CLISchema";
 
+// The CLI schema that the connection string of the last recovered log-in asks for: the look-up is
+// given the data source's name only. One per thread, since importers run on several.
+struct RecoveredSchema {
+  std::u16string data_source;
+  std::u16string schema;
+};
+thread_local RecoveredSchema recovered;
+
 class ProfileDatabaseUtilities : public DatabaseUtilities {
  public:
   LeDBMSType DeterineDBMSTypeByName(const char16_t* dbms_name) override {
@@ -36,14 +44,13 @@ class ProfileDatabaseUtilities : public DatabaseUtilities {
     if (source.empty()) source = Recover(text, {}, {u"DBAlias", u"Database"});
     Set(data_source, source);
 
-    recovered_source_ = data_source;
-    recovered_schema_ = text.Find(kCLISchemaKeyword).value_or(u"");
+    recovered = {data_source, text.Find(kCLISchemaKeyword).value_or(u"")};
   }
 
   // The connection string goes before the file, as it does for the driver.
   bool GetDB2CLISchema(const char16_t* data_source, std::u16string& schema) override {
     const std::u16string source = data_source != nullptr ? data_source : u"";
-    schema = source == recovered_source_ ? recovered_schema_ : std::u16string();
+    schema = source == recovered.data_source ? recovered.schema : std::u16string();
     if (schema.empty()) {
       schema = ToUtf16(odbc::ReadDataSourceValue(ToUtf8(source), ToUtf8(kCLISchemaKeyword)));
     }
@@ -67,10 +74,6 @@ class ProfileDatabaseUtilities : public DatabaseUtilities {
   static void Set(std::u16string& parameter, const std::u16string& value) {
     if (!value.empty()) parameter = value;
   }
-
-  // The CLI schema that the connection string of the last recovered log-in asks for.
-  std::u16string recovered_source_;
-  std::u16string recovered_schema_;
 };
 
 }  // namespace

@@ -8,7 +8,7 @@
 
 namespace platform {
 
-// Reads a TOML file once, at the first question. A key's text, such as
+// Reads a TOML file, now. A key's text, such as
 // SOFTWARE\Tandor\Lumagraph\4.0, names the table of the same path:
 // [SOFTWARE.Tandor.Lumagraph."4.0"]. Only an integer that fits 32 bits, signed or unsigned, is a
 // value. A file that is missing or cannot be read has no values.

@@ -4,7 +4,6 @@
 #include <cstdlib>
 #include <filesystem>
 #include <limits>
-#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -28,11 +27,17 @@ std::vector<std::string> Split(std::string_view text, char separator) {
 
 class TomlSettingsStore : public SettingsStore {
  public:
-  explicit TomlSettingsStore(std::string path) : path_(std::move(path)) {}
+  explicit TomlSettingsStore(const std::string& path) {
+    try {
+      if (!path.empty()) root_ = toml::parse_file(path);
+    } catch (const std::exception&) {
+      // Not there or not TOML: nothing is set.
+    }
+  }
 
   std::optional<std::uint32_t> ReadDWORD(const std::u16string& key,
                                          const std::u16string& value) override {
-    const toml::node* node = &GetRoot();
+    const toml::node* node = &root_;
     for (const std::string& name : Split(ToUtf8(key), '\\')) {
       node = FindChild(node, name);
     }
@@ -51,20 +56,7 @@ class TomlSettingsStore : public SettingsStore {
     return table != nullptr ? table->get(name) : nullptr;
   }
 
-  const toml::table& GetRoot() {
-    if (!root_.has_value()) {
-      root_.emplace();
-      try {
-        if (!path_.empty()) root_ = toml::parse_file(path_);
-      } catch (const std::exception&) {
-        // Not there or not TOML: nothing is set.
-      }
-    }
-    return *root_;
-  }
-
-  std::string path_;
-  std::optional<toml::table> root_;
+  toml::table root_;
 };
 
 // The value of an environment variable; empty when it is not set.

@@ -1,0 +1,59 @@
+// The fetch layer on a driver that lies: whatever comes back, no crash, no hang, nothing read
+// beyond the buffers (run under the sanitizers), no statement left (the driver then refuses to
+// disconnect).
+#include <gtest/gtest.h>
+
+#include "odbc/fetch.h"
+#include "platform/utf8.h"
+#include "tests/support/connection.h"
+
+namespace {
+
+struct Case {
+  const char* lie;
+  int rows;
+  std::u16string last_cell_of_row_1;
+  std::size_t messages;
+};
+
+std::u16string Repeated(std::size_t count) { return std::u16string(count, u'x'); }
+
+class LyingDriver : public testing::TestWithParam<Case> {};
+
+TEST_P(LyingDriver, IsReadAsFarAsItCanBe) {
+  wbtest::Connection connection(std::string("Driver=" WB_BUILD_DIR "/lib/liblyingdriver.so;Lie=") +
+                                GetParam().lie + ";");
+  wbtest::MessageRecorder messages;
+  LcODBCRecordList rows;
+  { LcODBCFetch fetch(u"anything", rows, connection.henv(), connection.hdbc(), dbmsOther); }
+  EXPECT_EQ(rows.GetRowCount(), GetParam().rows);
+  EXPECT_EQ(rows.View(1, rows.GetColumnCount()), GetParam().last_cell_of_row_1);
+  EXPECT_EQ(messages.shown().size(), GetParam().messages);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Lies, LyingDriver,
+    testing::Values(Case{"none", 3, u"b1", 0},
+                    // A rowset has ten rows, whatever the driver claims.
+                    Case{"many-rows", 30, u"b1", 0},  //
+                    Case{"no-terminator", 3, Repeated(511), 0},
+                    Case{"huge-indicator", 3, Repeated(511), 0},
+                    Case{"half-indicator", 3, u"", 0},  //
+                    // The second row ends the reading with message 30004.
+                    Case{"negative-indicator", 1, u"b1", 1}, Case{"many-columns", 3, u"", 0},
+                    // Rows without columns are rows.
+                    Case{"negative-columns", 3, u"", 0}, Case{"columns-go", 3, u"", 0},
+                    // The description ends at column 3, and the binding fails there.
+                    Case{"columns-come", 0, u"", 2},  //
+                    Case{"endless-name", 3, u"b1", 0},
+                    // Failing fetches are not shown, and end.
+                    Case{"errors-for-ever", 0, u"", 0}, Case{"no-rows-for-ever", 0, u"", 0},
+                    Case{"strange-code", 0, u"", 0}, Case{"errors-between-rows", 3, u"b1", 0},
+                    Case{"remark-on-allocation", 0, u"", 1}, Case{"refused-drop", 3, u"b1", 0}),
+    [](const testing::TestParamInfo<Case>& test) {
+      std::string name = test.param.lie;
+      std::replace(name.begin(), name.end(), '-', '_');
+      return name;
+    });
+
+}  // namespace
