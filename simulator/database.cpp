@@ -4,6 +4,7 @@
 #include <fstream>
 #include <sstream>
 
+#include "embedded_catalogsim.h"
 #include "simulator/helper_functions.h"
 
 namespace catalogsim {
@@ -51,6 +52,7 @@ Database OpenServer(const ServerTraits& traits, const Settings& settings, std::s
     if (!Run(opened, "ATTACH ':memory:' AS \"" + std::string(schema) + "\"", "attach", why))
       return nullptr;
   }
+  if (traits.library && !Run(opened, std::string(kLibrary), "the library", why)) return nullptr;
   if (!Run(opened, std::string(*traits.script), "the script of " + std::string(traits.name), why))
     return nullptr;
   if (!settings.add_script.empty() && !RunFile(opened, settings.add_script, why)) return nullptr;

@@ -24,6 +24,7 @@ struct ServerTraits {
   std::string_view name;  // the connection string's Server=
   const std::string_view* script;
   const std::string_view* scale_script;  // null: no generated tables
+  bool library = false;                  // servers/library.sql runs before the script
   std::string_view dbms_name;
   std::string_view dbms_version;
   std::string_view catalog;     // of every object, empty: none

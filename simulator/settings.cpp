@@ -159,26 +159,28 @@ struct Keyword {
   std::string_view form;  // for the message
 };
 
+// clang-format off
 constexpr Keyword kKeywords[] = {
-    {"Server", ParseText<&Settings::server>, "a server's name"},
-    {"AddScript", ParseText<&Settings::add_script>, "a file of SQL"},
-    {"Sql", ParseText<&Settings::sql>, "SQL in braces"},
-    {"Scale", ParseScale, "a number of tables"},
-    {"Columns", ParseColumns, "a number of columns"},
-    {"ForeignKeys", ParseForeignKeys, "a number of keys"},
-    {"Fail", ParseFail, "FUNCTION:CALLS[:SQLSTATE],..."},
-    {"FailCall", ParseFailCall, "N[:SQLSTATE]"},
-    {"DropConnection", ParseDropCall, "N"},
-    {"FetchError", ParseFetchError, "CALLS,..."},
-    {"RowError", ParseRowError, "ROWS[:RESULTS],..."},
-    {"RowDeleted", ParseRowDeleted, "ROWS[:RESULTS],..."},
-    {"NoTotal", ParseNoTotal, "ROWS:COLUMN[:RESULTS],..."},
-    {"LongName", ParseLongName, "COLUMN,..."},
-    {"Without", ParseWithout, "FUNCTION,..."},
-    {"Slow", ParseSlow, "FUNCTION:MILLISECONDS,..."},
-    {"GrowingColumns", ParseGrowingColumns, "0 or 1"},
-    {"Log", ParseLog, "a file"},
+    {"Server",         ParseText<&Settings::server>,     "a server's name"},
+    {"AddScript",      ParseText<&Settings::add_script>, "a file of SQL"},
+    {"Sql",            ParseText<&Settings::sql>,        "SQL in braces"},
+    {"Scale",          ParseScale,                       "a number of tables"},
+    {"Columns",        ParseColumns,                     "a number of columns"},
+    {"ForeignKeys",    ParseForeignKeys,                 "a number of keys"},
+    {"Fail",           ParseFail,                        "FUNCTION:CALLS[:SQLSTATE],..."},
+    {"FailCall",       ParseFailCall,                    "N[:SQLSTATE]"},
+    {"DropConnection", ParseDropCall,                    "N"},
+    {"FetchError",     ParseFetchError,                  "CALLS,..."},
+    {"RowError",       ParseRowError,                    "ROWS[:RESULTS],..."},
+    {"RowDeleted",     ParseRowDeleted,                  "ROWS[:RESULTS],..."},
+    {"NoTotal",        ParseNoTotal,                     "ROWS:COLUMN[:RESULTS],..."},
+    {"LongName",       ParseLongName,                    "COLUMN,..."},
+    {"Without",        ParseWithout,                     "FUNCTION,..."},
+    {"Slow",           ParseSlow,                        "FUNCTION:MILLISECONDS,..."},
+    {"GrowingColumns", ParseGrowingColumns,              "0 or 1"},
+    {"Log",            ParseLog,                         "a file"},
 };
+// clang-format on
 
 // Takes the next KEYWORD=VALUE; a value in braces may hold semicolons, "}}" stands for a brace.
 bool TakeAttribute(std::string_view& text, std::string& keyword, std::string& value) {
