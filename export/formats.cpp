@@ -7,6 +7,11 @@ const std::vector<Format>& AllFormats() {
   static const std::vector<Format> formats = {
       {"text", "a readable outline", WriteText},
       {"json", "the workbook file, which wbimport render reads", WriteJson},
+      {"sql", "CREATE statements with keys and references", WriteSql},
+      {"dot", "an entity-relationship diagram for Graphviz", WriteDot},
+      {"svg", "an entity-relationship diagram as a picture", WriteSvg},
+      {"mermaid", "an entity-relationship diagram for Mermaid", WriteMermaid},
+      {"markdown", "one page with a section for each table", WriteMarkdown},
   };
   return formats;
 }

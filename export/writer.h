@@ -40,4 +40,10 @@ struct Format {
 const Format* FindFormat(std::string_view name);
 const std::vector<Format>& AllFormats();
 
+// Writes Markdown as a folder: README.md and a page a table under tables/. Creates what is missing
+// of `folder` (in the encoding of the file system), overwrites pages of the same name and leaves
+// other files alone. False, with a sentence in `notes`, when a page cannot be written.
+bool WriteMarkdownFolder(const Document& document, const std::string& folder,
+                         std::vector<std::string>& notes);
+
 }  // namespace wbexport

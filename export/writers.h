@@ -9,5 +9,12 @@ using Notes = std::vector<std::string>;
 
 bool WriteText(const Document& document, const Options& options, std::ostream& out, Notes& notes);
 bool WriteJson(const Document& document, const Options& options, std::ostream& out, Notes& notes);
+bool WriteSql(const Document& document, const Options& options, std::ostream& out, Notes& notes);
+bool WriteMarkdown(const Document& document, const Options& options, std::ostream& out,
+                   Notes& notes);
+bool WriteMermaid(const Document& document, const Options& options, std::ostream& out,
+                  Notes& notes);
+bool WriteDot(const Document& document, const Options& options, std::ostream& out, Notes& notes);
+bool WriteSvg(const Document& document, const Options& options, std::ostream& out, Notes& notes);
 
 }  // namespace wbexport

@@ -53,17 +53,19 @@ TEST_P(GoldenTest, IsWhatTheWriterWrites) {
   EXPECT_EQ(out.str(), ReadFile(path));
 }
 
-INSTANTIATE_TEST_SUITE_P(Formats, GoldenTest,
-                         testing::Values(Golden{"every_kind.txt", "text"},
-                                         Golden{"every_kind_colour_functions.txt", "text", true,
-                                                ColourAndFunctions()},
-                                         Golden{"every_kind.json", "json"}),
-                         [](const auto& test) {
-                           std::string name = test.param.file;
-                           std::replace_if(
-                               name.begin(), name.end(), [](char c) { return c == '.'; }, '_');
-                           return name;
-                         });
+INSTANTIATE_TEST_SUITE_P(
+    Formats, GoldenTest,
+    testing::Values(Golden{"every_kind.txt", "text"},
+                    Golden{"every_kind_colour_functions.txt", "text", true, ColourAndFunctions()},
+                    Golden{"every_kind.json", "json"}, Golden{"every_kind.sql", "sql"},
+                    Golden{"every_kind.dot", "dot"}, Golden{"every_kind.mmd", "mermaid"},
+                    Golden{"every_kind.md", "markdown"}),
+    [](const auto& test) {
+      std::string name = test.param.file;
+      std::replace_if(
+          name.begin(), name.end(), [](char c) { return c == '.'; }, '_');
+      return name;
+    });
 
 }  // namespace
 }  // namespace wbexport
