@@ -1,5 +1,5 @@
 // Rewritings of single names and expressions: quoted texts, remote databases, links, casts,
-// index_col.
+// index_col, names that are keywords of SQLite.
 #include "simulator/rewriting.h"
 
 namespace catalogsim {
@@ -126,6 +126,13 @@ void RewriteColonCasts(Tokens& tokens) {
     }
   }
   tokens = std::move(out);
+}
+
+void RewriteKeywordNames(Tokens& tokens) {
+  for (std::size_t i = 1; i < tokens.size(); ++i) {
+    if (!IsWord(tokens[i], "REFERENCES") || !IsSymbol(tokens[i - 1], ".")) continue;
+    tokens[i] = {Kind::kQuoted, '"' + tokens[i].text + '"'};
+  }
 }
 
 void RewriteIndexCol(Tokens& tokens) {

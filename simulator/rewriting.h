@@ -32,6 +32,7 @@ void RewriteDatabasePrefixes(Tokens& tokens);
 void RewriteDatabaseLinks(Tokens& tokens);
 void RewriteColonCasts(Tokens& tokens);
 void RewriteIndexCol(Tokens& tokens);
+void RewriteKeywordNames(Tokens& tokens);
 void RewriteOuterJoins(Tokens& tokens);
 
 // SQLite walks ORs one by one, and not very many of them: a chain over a few columns becomes a

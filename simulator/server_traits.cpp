@@ -46,7 +46,7 @@ constexpr ServerTraits kServers[] = {
      .row_distance = 0, .wide = false, .schemas = {"HQ"}, .missing_functions = {}},
     {.name = "db2", .script = &kDb2, .scale_script = nullptr,
      .dbms_name = "DB2/LINUX", .dbms_version = "07.02.0000", .catalog = "",
-     .owner_usage = kEverywhere, .catalog_usage = 0, .dialect = kNoDialect,
+     .owner_usage = kEverywhere, .catalog_usage = 0, .dialect = kKeywordNames,
      .row_distance = 0, .wide = false, .schemas = {"SYSCAT"}, .missing_functions = {}},
     {.name = "redbrick", .script = &kRedbrick, .scale_script = nullptr,
      .dbms_name = "Red Brick Warehouse", .dbms_version = "06.10.0000", .catalog = "",

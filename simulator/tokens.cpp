@@ -78,6 +78,7 @@ std::string RewriteForSqlite(std::string_view sql, std::uint32_t dialect) {
   if ((dialect & kDatabaseLinks) != 0) RewriteDatabaseLinks(tokens);
   if ((dialect & kColonCasts) != 0) RewriteColonCasts(tokens);
   if ((dialect & kIndexCol) != 0) RewriteIndexCol(tokens);
+  if ((dialect & kKeywordNames) != 0) RewriteKeywordNames(tokens);
   if ((dialect & kOuterKeyword) != 0) RewriteOuterJoins(tokens);
   return RewriteOrChains(tokens);
 }
