@@ -26,7 +26,7 @@ constexpr NamePattern kNamePatterns[] = {
     {u"adaptive server",       Match::kAnywhere, dbmsSybase},
     {u"microsoft sql server",  Match::kAnywhere, dbmsMSSQLServer},
     {u"ms sql server",         Match::kAnywhere, dbmsMSSQLServer},
-    {u"sql server",            Match::kBegin,    dbmsMSSQLServer},
+    {u"sql server",            Match::kBegin,    dbmsSybase},     // Sybase's own drivers leave out the maker
     {u"mssql",                 Match::kBegin,    dbmsMSSQLServer},
     {u"azure sql",             Match::kAnywhere, dbmsMSSQLServer},
     {u"timesten",              Match::kAnywhere, dbmsOther},      // "Oracle TimesTen": another catalog

@@ -57,8 +57,8 @@ CATALOGSIM_ENTRY SQLAllocHandle(SQLSMALLINT type, SQLHANDLE parent, SQLHANDLE* h
   return *handle != nullptr ? SQL_SUCCESS : SQL_ERROR;
 }
 
-// A statement whose release is made to fail is released all the same: its caller has no second
-// chance, since the driver manager forgets what it is told to free.
+// A statement whose release fails is still there, as the standard has it: the driver manager keeps
+// its handle too, and the caller can try again.
 CATALOGSIM_ENTRY SQLFreeHandle(SQLSMALLINT type, SQLHANDLE handle) {
   switch (type) {
     case SQL_HANDLE_ENV:
@@ -73,7 +73,7 @@ CATALOGSIM_ENTRY SQLFreeHandle(SQLSMALLINT type, SQLHANDLE handle) {
       const bool fails = connection.gate().Enter(SQL_API_SQLFREEHANDLE) != nullptr;
       const SQLRETURN result = fails ? SQL_ERROR : SQL_SUCCESS;
       connection.gate().Leave(SQL_API_SQLFREEHANDLE, handle, result);
-      connection.RemoveStatement(statement);
+      if (!fails) connection.RemoveStatement(statement);
       return result;
     }
     default:

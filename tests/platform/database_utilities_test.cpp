@@ -18,8 +18,8 @@ TEST(DBMSNames, TellTheKindOfServer) {
     std::vector<const char16_t*> names;
   } cases[] = {
       {dbmsInformix, {u"Informix", u"INFORMIX-OnLine", u"Informix Dynamic Server", u"IDS/UNIX64"}},
-      {dbmsMSSQLServer, {u"Microsoft SQL Server", u"MICROSOFT SQL SERVER", u"SQL Server"}},
-      {dbmsSybase, {u"Sybase SQL Server", u"Adaptive Server Enterprise", u"SYBASE"}},
+      {dbmsMSSQLServer, {u"Microsoft SQL Server", u"MICROSOFT SQL SERVER"}},
+      {dbmsSybase, {u"Sybase SQL Server", u"SQL Server", u"Adaptive Server Enterprise", u"SYBASE"}},
       {dbmsOracle, {u"Oracle", u"ORACLE", u"Oracle8"}},
       {dbmsDB2, {u"DB2", u"DB2/NT", u"DB2/LINUXX8664", u"DB2/6000", u"DB2 UDB", u"IBM DB2"}},
       {dbmsAccess, {u"ACCESS", u"Microsoft Access", u"MDBTOOLS", u"MS Jet"}},

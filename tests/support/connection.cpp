@@ -90,6 +90,18 @@ void Connection::Execute(const std::string& sql) {
   SQLFreeHandle(SQL_HANDLE_STMT, statement);
 }
 
+unsigned Connection::GetInfo(int info) const {
+  SQLUINTEGER answer = 0;
+  EXPECT_TRUE(SQL_SUCCEEDED(
+      SQLGetInfo(hdbc_, static_cast<SQLUSMALLINT>(info), &answer, sizeof answer, nullptr)));
+  return answer;
+}
+
+void Connection::SetAttribute(int attribute, unsigned long value) const {
+  EXPECT_TRUE(
+      SQL_SUCCEEDED(SQLSetConnectAttr(hdbc_, attribute, reinterpret_cast<SQLPOINTER>(value), 0)));
+}
+
 MessageRecorder::MessageRecorder()
     : shown_(std::make_shared<std::vector<Shown>>()),
       before_(std::exchange(platform::GetServices().message_box,

@@ -27,6 +27,10 @@ class Connection {
   void* henv() const { return henv_; }
   void* hdbc() const { return hdbc_; }
   void Execute(const std::string& sql);
+  // A 32-bit answer of SQLGetInfo, such as those of the simulator's private interface.
+  unsigned GetInfo(int info) const;
+  // Sets a connection attribute to a number.
+  void SetAttribute(int attribute, unsigned long value) const;
 
  private:
   void* henv_ = nullptr;

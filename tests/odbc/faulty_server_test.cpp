@@ -1,0 +1,121 @@
+// The fetch layer on servers that fail: a query of 25 rows with two columns, on a simulated server
+// that is told what goes wrong.
+#include <gtest/gtest.h>
+#include <sqlext.h>
+
+#include "odbc/fetch.h"
+#include "simulator/private_interface.h"
+#include "tests/support/connection.h"
+
+namespace {
+
+using wbtest::Connection;
+using wbtest::MessageRecorder;
+
+constexpr const char* kNumbers =
+    "Sql={create table numbers (n integer, word varchar(20)); insert into numbers with recursive "
+    "c(i) as (select 1 union all select i + 1 from c where i < 25) select i, 'w' || i from c};";
+constexpr const char16_t* kQuery = u"select n, word from numbers order by n";
+
+std::unique_ptr<Connection> Open(const std::string& fault) {
+  return Connection::OpenSimulator("generic", kNumbers + fault);
+}
+
+void FetchAll(const Connection& connection, LcODBCRecordList& rows) {
+  LcODBCFetch fetch(kQuery, rows, connection.henv(), connection.hdbc(), dbmsOther);
+}
+
+struct Case {
+  const char* name;
+  const char* fault;
+  int rows;
+  std::u16string last;        // word of the last row
+  std::vector<int> messages;  // help contexts: 0 a database error, -1 any other
+};
+
+class FaultyServer : public testing::TestWithParam<Case> {};
+
+TEST_P(FaultyServer, GivesTheRowsBeforeTheFault) {
+  const auto connection = Open(GetParam().fault);
+  MessageRecorder messages;
+  LcODBCRecordList rows;
+  FetchAll(*connection, rows);
+  EXPECT_EQ(rows.GetRowCount(), GetParam().rows);
+  EXPECT_EQ(rows.View(rows.GetRowCount(), 2), GetParam().last);
+  std::vector<int> contexts;
+  for (const auto& shown : messages.shown()) contexts.push_back(shown.help_context);
+  EXPECT_EQ(contexts, GetParam().messages);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Faults, FaultyServer,
+    testing::Values(
+        Case{"None", "", 25, u"w25", {}}, Case{"RowError", "RowError=13", 12, u"w12", {-1}},
+        Case{"RowDeleted", "RowDeleted=25", 24, u"w24", {}},
+        Case{"NoTotal", "NoTotal=13:2", 12, u"w12", {-1}},
+        // A failing fetch call is neither shown nor an end; what it would have brought may be lost.
+        Case{"FetchErrorForEver", "FetchError=1+", 0, u"", {}},
+        // The description ends at the truncated name; the columns are read all the same.
+        Case{"LongName", "LongName=1", 25, u"w25", {0}},
+        Case{"NoExtendedFetch", "Without=SQLExtendedFetch", 25, u"w25", {}},
+        Case{"NoStatement", "Fail=SQLAllocHandle:1", 0, u"", {0}},
+        Case{"NoExecution", "Fail=SQLExecDirect:1", 0, u"", {0}},
+        // The first question counts as no columns and is not shown, the second ends the reading.
+        Case{"NoColumnCount", "Fail=SQLNumResultCols:1", 0, u"", {}},
+        Case{"NoColumnCountLater", "Fail=SQLNumResultCols:2", 0, u"", {0}},
+        Case{"NoDescription", "Fail=SQLDescribeCol:2", 25, u"w25", {0}},
+        Case{"NoBinding", "Fail=SQLBindCol:2", 0, u"", {0}},
+        // Options are asked for, not needed.
+        Case{"NoOptions", "Fail=SQLSetStmtAttr:*", 25, u"w25", {}}),
+    [](const testing::TestParamInfo<Case>& test) { return test.param.name; });
+
+// Whatever call fails, or loses the connection: no statement is left, nothing hangs, and a message
+// tells of the failure or the rows are complete.
+TEST(FaultyServer, LeavesNothingBehindWhereverItFails) {
+  const auto connection = Open("");
+  LcODBCRecordList all;
+  const unsigned before = connection->GetInfo(catalogsim::kInfoCalls);
+  FetchAll(*connection, all);
+  const unsigned calls = connection->GetInfo(catalogsim::kInfoCalls) - before;
+  ASSERT_GT(calls, 10u);
+  for (const int attribute : {catalogsim::kAttrFailCall, catalogsim::kAttrDropCall}) {
+    for (unsigned n = 1; n <= calls; ++n) {
+      MessageRecorder messages;
+      LcODBCRecordList rows;
+      connection->SetAttribute(attribute, n);
+      FetchAll(*connection, rows);
+      connection->SetAttribute(attribute, 0);
+      EXPECT_EQ(connection->GetInfo(catalogsim::kInfoOpenStatements), 0u) << "call " << n;
+      EXPECT_LE(rows.GetRowCount(), 25);
+      EXPECT_LE(messages.shown().size(), 2u) << "a lost connection shows twice";
+    }
+  }
+}
+
+TEST(FaultyServer, FetchesRowByRowWithoutExtendedFetch) {
+  const auto connection = Open("Without=SQLExtendedFetch");
+  LcODBCFetch fetch(connection->henv(), connection->hdbc(), dbmsOther, kQuery, 10,
+                    SQL_CONCUR_READ_ONLY, SQL_CURSOR_FORWARD_ONLY);
+  EXPECT_EQ(fetch.IsExtendedFetchSupported(), 0);
+  EXPECT_EQ(fetch.IsPositionalUpdateThruAPISupported(), 0);
+  wbtest::CallRecorder recorder;
+  LcODBCRecordList rows;
+  EXPECT_EQ(fetch.FetchData(rows, 20), 1) << "20 rows at 10 a call allow 3 calls";
+  EXPECT_EQ(recorder.Count("SQLFetch"), 3);
+  EXPECT_EQ(rows.GetRowCount(), 3) << "a call brings one row, whatever the rowset size";
+}
+
+// The driver of Informix places rows 2048 bytes apart; every other reader would see every second
+// row empty.
+TEST(FaultyServer, ReadsInformixRowsWhereTheyLie) {
+  const auto connection = Connection::OpenSimulator("informix", kNumbers);
+  LcODBCRecordList rows;
+  LcODBCFetch fetch(kQuery, rows, connection->henv(), connection->hdbc(), dbmsInformix);
+  ASSERT_EQ(rows.GetRowCount(), 25);
+  for (int row = 1; row <= 25; ++row) {
+    const std::string word = "w" + std::to_string(row);
+    EXPECT_EQ(rows.View(row, 2), std::u16string(word.begin(), word.end()));
+  }
+}
+
+}  // namespace
