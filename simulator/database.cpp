@@ -38,6 +38,25 @@ bool Configure(sqlite3* database, std::string& why) {
          Run(database, "PRAGMA case_sensitive_like=ON", "pragma", why);
 }
 
+// The tables of Scale=, Columns= and ForeignKeys=, beside those of the script.
+bool AddGeneratedTables(sqlite3* database, const ServerTraits& traits, const Scale& scale,
+                        std::string& why) {
+  if (scale.tables == 0) return true;
+  if (traits.scale_script == nullptr) {
+    why = "Scale: the server " + std::string(traits.name) + " has no generated tables";
+    return false;
+  }
+  const std::string numbers = std::to_string(scale.tables) + "," + std::to_string(scale.columns) +
+                              "," + std::to_string(scale.foreign_keys);
+  return Run(database,
+             "BEGIN; CREATE TEMP TABLE sim_scale AS SELECT column1 AS tables, column2 AS columns,"
+             " column3 AS foreign_keys FROM (VALUES (" + numbers + "));" +
+                 std::string(kScaleNumbers) + std::string(*traits.scale_script) +
+                 "DROP TABLE scale_key; DROP TABLE scale_column; DROP TABLE scale_table;"
+                 "DROP TABLE sim_scale; COMMIT;",
+             "Scale", why);
+}
+
 }  // namespace
 
 Database OpenServer(const ServerTraits& traits, const Settings& settings, std::string& why) {
@@ -55,6 +74,7 @@ Database OpenServer(const ServerTraits& traits, const Settings& settings, std::s
   if (traits.library && !Run(opened, std::string(kLibrary), "the library", why)) return nullptr;
   if (!Run(opened, std::string(*traits.script), "the script of " + std::string(traits.name), why))
     return nullptr;
+  if (!AddGeneratedTables(opened, traits, settings.scale, why)) return nullptr;
   if (!settings.add_script.empty() && !RunFile(opened, settings.add_script, why)) return nullptr;
   if (!settings.sql.empty() && !Run(opened, settings.sql, "Sql", why)) return nullptr;
   return database;
