@@ -22,6 +22,9 @@ CatalogArgument Argument(const SQLWCHAR* text, SQLSMALLINT length) {
 template <class Build>
 SQLRETURN RunCatalog(SQLHSTMT handle, catalogsim::FunctionId function, Build build) {
   return OnStatement(handle, function, [&](Statement& statement) {
+    // The driver manager calls the wide form even of a function that this driver says it lacks.
+    if (!statement.connection().HasFunction(function))
+      return statement.Fail("IM001", "the driver does not have this function");
     const CatalogQueries queries(statement.connection().traits(),
                                  statement.connection().odbc_version());
     return statement.ExecuteCatalogQuery(build(queries));

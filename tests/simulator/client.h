@@ -1,0 +1,48 @@
+// A small ODBC 2 client on the simulator, for tests: statements, rows as texts, diagnostics.
+#pragma once
+
+#include <sql.h>
+#include <sqlext.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "tests/support/connection.h"
+
+namespace simtest {
+
+using Row = std::vector<std::string>;  // UTF-8; NULL is "<null>"
+
+class Statement {
+ public:
+  explicit Statement(const wbtest::Connection& connection);
+  ~Statement();
+  Statement(const Statement&) = delete;
+  Statement& operator=(const Statement&) = delete;
+
+  SQLHSTMT get() const { return handle_; }
+  SQLRETURN Execute(const std::string& sql);
+  // All rows of the open result, fetched one by one with SQLGetData.
+  std::vector<Row> Rows();
+  // SQLSTATE of the first diagnostic, empty without one.
+  std::string State();
+
+ private:
+  SQLHSTMT handle_ = nullptr;
+};
+
+// Rows of one query; a failure is its SQLSTATE as the only cell.
+std::vector<Row> Query(const wbtest::Connection& connection, const std::string& sql);
+// What the driver makes of a text.
+std::string NativeSql(const wbtest::Connection& connection, const std::string& sql);
+// One of the driver's private numbers.
+unsigned Number(const wbtest::Connection& connection, int info);
+
+// An argument of a catalog function; null for a null pointer.
+std::vector<Row> Tables(const wbtest::Connection& connection, const char* catalog,
+                        const char* owner, const char* table, const char* types);
+std::vector<Row> Columns(const wbtest::Connection& connection, const char* owner, const char* table,
+                         const char* column);
+
+}  // namespace simtest
