@@ -125,7 +125,9 @@ std::uint32_t ComputeInformixPrecision(long coltype, long collength) {
     case 5:  // DECIMAL
     case 8:  // MONEY
       return static_cast<std::uint32_t>(collength / 256);
-    case 13:  // VARCHAR, with its reserved space above bit 10
+    case 13:  // VARCHAR
+      // A server packs the reserved space of VARCHAR(n, r) above 8 bits, and it is deliberately cut
+      // above 11: hosts have stored the precisions that come of it.
       return static_cast<std::uint32_t>(collength >= 0 && collength <= 2048 ? collength
                                                                             : collength % 2048);
     default:

@@ -13,25 +13,25 @@ TEST(TypeNumbers, GivePrecisionAndScale) {
     std::uint32_t precision;
     std::uint16_t scale;
   } cases[] = {
-      {0, 20, 20, 0},                 // CHAR(20)
-      {1, 2, 2, 0},                   // SMALLINT
-      {2, 4, 4, 0},                   // INTEGER
-      {3, 8, 64, 0},                  // FLOAT
-      {4, 4, 8, 0},                   // SMALLFLOAT
-      {5, 2562, 10, 2},               // DECIMAL(10,2)
-      {256 + 5, 2562, 10, 2},         // the same, NOT NULL
-      {0x805, 2562, 10, 2},           // with a bit that is not known
-      {5, 4351, 16, 255},             // DECIMAL(16), floating
-      {6, 4, 4, 0},                   // SERIAL
-      {7, 4, 4, 0},                   // DATE
-      {8, 4098, 16, 2},               // MONEY(16,2)
-      {9, 7, 7, 0},                   // null
-      {10, 3594, 8, 0},               // DATETIME YEAR TO SECOND
-      {12, 56, 56, 0},                // TEXT
-      {13, 255, 255, 0},              // VARCHAR(255)
-      {13, 2048, 2048, 0},            // the longest that is taken as it is
-      {13, 2049, 1, 0},               //
-      {13, 10 * 2048 + 30, 30, 0},    // VARCHAR(30,10) with the reserve in the high bits
+      {0, 20, 20, 0},          // CHAR(20)
+      {1, 2, 2, 0},            // SMALLINT
+      {2, 4, 4, 0},            // INTEGER
+      {3, 8, 64, 0},           // FLOAT
+      {4, 4, 8, 0},            // SMALLFLOAT
+      {5, 2562, 10, 2},        // DECIMAL(10,2)
+      {256 + 5, 2562, 10, 2},  // the same, NOT NULL
+      {0x805, 2562, 10, 2},    // with a bit that is not known
+      {5, 4351, 16, 255},      // DECIMAL(16), floating
+      {6, 4, 4, 0},            // SERIAL
+      {7, 4, 4, 0},            // DATE
+      {8, 4098, 16, 2},        // MONEY(16,2)
+      {9, 7, 7, 0},            // null
+      {10, 3594, 8, 0},        // DATETIME YEAR TO SECOND
+      {12, 56, 56, 0},         // TEXT
+      {13, 255, 255, 0},       // VARCHAR(255)
+      {13, 2048, 2048, 0},     // the longest that is taken as it is
+      {13, 2049, 1, 0},
+      {13, 10 * 256 + 20, 532, 0},    // VARCHAR(20,10)
       {14, 1538, 1538, 0},            // INTERVAL
       {40, 2048, 2048, 0},            // opaque
       {5, -513, 4294967294U, 65535},  // no server's length: quotient and remainder toward zero
