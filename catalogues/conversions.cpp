@@ -310,11 +310,9 @@ std::uint16_t MapDataType(const ServerFacts& server, long odbc_type) {
   if (odbc_type >= kSQLIntervalYear && odbc_type <= kSQLIntervalMinuteToSecond) return pcInterval;
   // Codes that are not known, the wide character types and the dates of ODBC 3 among them, become
   // CHAR deliberately: a column keeps a type that way.
-  const long at = odbc_type - kFirstODBCType;
-  if (odbc_type < kFirstODBCType || at >= static_cast<long>(std::size(kCodesOfODBCTypes))) {
-    return pcChar;
-  }
-  return static_cast<std::uint16_t>(kCodesOfODBCTypes[at]);
+  const long last = kFirstODBCType + static_cast<long>(std::size(kCodesOfODBCTypes)) - 1;
+  if (odbc_type < kFirstODBCType || odbc_type > last) return pcChar;
+  return static_cast<std::uint16_t>(kCodesOfODBCTypes[odbc_type - kFirstODBCType]);
 }
 
 std::uint16_t ConvertDatabaseTypeToODBC(std::u16string_view type_name, int dbms_type, bool& found) {

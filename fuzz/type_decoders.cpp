@@ -1,0 +1,49 @@
+// The decoders of Informix types and the conversions of type codes and names: any numbers and any
+// texts give values in their ranges.
+#include <cstdlib>
+#include <string>
+
+#include "catalogues/conversions.h"
+#include "catalogues/text.h"
+#include "fuzz/input.h"
+#include "routes/informix/type_numbers.h"
+
+using namespace odbcimport;  // NOLINT: every call here is one of the module's
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  fuzz::Input input(data, size);
+  while (!input.IsEmpty()) {
+    const long coltype = input.Take<long>();
+    const long collength = input.Take<long>();
+    const int code = input.Take<int>();
+    const std::u16string name = input.TakeText(40);
+
+    ComputeInformixScale(coltype, collength);
+    ComputeInformixPrecision(coltype, collength);
+    ComputeInformixNoNull(coltype);
+    const enumIntervalPart part = ComputeInformixIntervalPart(code);
+    if (part < ipNone || part > ipFraction5) std::abort();
+    std::u16string type_name;
+    ConvertIUSTypeCodeToTypeName(code, type_name);
+    if (type_name.empty()) std::abort();
+    const enumDataType generic = ConvertIUSPhyCodeToGenericCode(code, name.c_str());
+    if (generic < dtUnknown || generic > dtVarOpaque) std::abort();
+    const enumDataTypeGroup group = ConvertIUSPhyCodeToTypeGroup(code, name.c_str());
+    if (group < dgCharacter || group > dgOther) std::abort();
+
+    ServerFacts server;
+    server.is_ius = (code & 1) != 0;
+    server.dbms_type = dbmsInformix;
+    MapDataType(server, coltype);
+    const enumDataTypeGroup mapped = MapTypeToGroup(MapInternalCodeToType(code));
+    if (mapped < dgCharacter || mapped > dgOther) std::abort();
+    ParseInteger(name);
+    for (int dbms_type = -1; dbms_type <= 9; ++dbms_type) {
+      bool found = false;
+      const std::uint16_t physical = ConvertDatabaseTypeToODBC(name, dbms_type, found);
+      if (!found && physical != 0) std::abort();
+      GetTableType(name, dbms_type);
+    }
+  }
+  return 0;
+}
