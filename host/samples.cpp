@@ -1,7 +1,6 @@
 // The practice servers that come with the program.
 #include "host/samples.h"
 
-#include <dlfcn.h>
 #include <fmt/format.h>
 #include <sqlite3.h>
 
@@ -9,7 +8,7 @@
 
 #include "embedded_wbhost.h"
 #include "host/outcome.h"
-#include "importer/odbc_workbook_import.h"
+#include "platform/module_folder.h"
 
 namespace wbhost {
 
@@ -37,15 +36,7 @@ const Sample* FindSample(std::string_view name) {
   return nullptr;
 }
 
-std::string SimulatorPath() {
-  Dl_info info{};
-  // The address of any exported function tells where the module was loaded from.
-  dladdr(reinterpret_cast<const void*>(&OdbcImportStart), &info);
-  std::error_code error;
-  const std::filesystem::path module =
-      std::filesystem::absolute(info.dli_fname != nullptr ? info.dli_fname : "", error);
-  return (module.parent_path() / "libcatalogsim.so").string();
-}
+std::string SimulatorPath() { return platform::GetModuleFolder() + "/libcatalogsim.so"; }
 
 struct SampleDatabase::Handle {
   sqlite3* database = nullptr;

@@ -1,6 +1,7 @@
 // Starts and stops the module: the message library comes first and goes last.
 #include "importer/odbc_workbook_import.h"
 #include "platform/message_library.h"
+#include "platform/module_folder.h"
 
 bool OdbcImportStart(const char* folder, std::string& why) try {
   auto library = platform::LoadResourceDLL(folder != nullptr ? folder : platform::GetModuleFolder(),

@@ -5,6 +5,7 @@
 
 #include <filesystem>
 
+#include "platform/module_folder.h"
 #include "platform/msgtext/msgtext.h"
 
 namespace platform {
@@ -37,8 +38,11 @@ std::string GetModuleFolder() {
       module.dli_fname == nullptr) {
     return ".";
   }
-  const std::filesystem::path folder = std::filesystem::path(module.dli_fname).parent_path();
-  return folder.empty() ? "." : folder.string();
+  std::error_code ignored;
+  const std::filesystem::path folder =
+      std::filesystem::absolute(module.dli_fname, ignored).parent_path();
+  const std::filesystem::path installed = folder / "odbcimport";
+  return (std::filesystem::is_directory(installed, ignored) ? installed : folder).string();
 }
 
 std::shared_ptr<MessageLibrary> LoadResourceDLL(const std::string& folder, const char* file_name,

@@ -11,9 +11,6 @@ namespace platform {
 
 constexpr const char* kMessageLibraryFile = "msgtext.dll";
 
-// The folder that this module was loaded from, without a slash at the end.
-std::string GetModuleFolder();
-
 // Loads the library `file_name` from `folder`. Null on failure; `why` then says which file was
 // looked for, where, and what was wrong with it. The library is given back with the last copy.
 std::shared_ptr<MessageLibrary> LoadResourceDLL(const std::string& folder, const char* file_name,
