@@ -128,6 +128,10 @@ SQLSMALLINT Widened(SQLSMALLINT sql_type) {
 Column ColumnOfQuery(const char* name, const char* declared_type, bool wide) {
   Column column;
   column.name = name;
+  // SQLite names an expression by its text; servers give it a short name of their own.
+  if (declared_type == nullptr && column.name.find('(') != std::string::npos) {
+    column.name = "(expression)";
+  }
   const std::string_view declared(declared_type != nullptr ? declared_type : "");
   const std::size_t bracket = declared.find('(');
   const std::string_view type_name = Trim(declared.substr(0, bracket));
