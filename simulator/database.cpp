@@ -1,11 +1,14 @@
 // See database.h.
 #include "simulator/database.h"
 
+#include <filesystem>
 #include <fstream>
 #include <sstream>
+#include <vector>
 
 #include "embedded_catalogsim.h"
 #include "simulator/helper_functions.h"
+#include "simulator/scale.h"
 
 namespace catalogsim {
 namespace {
@@ -18,16 +21,18 @@ bool Run(sqlite3* database, const std::string& sql, const std::string& name, std
   return false;
 }
 
-bool RunFile(sqlite3* database, const std::string& file, std::string& why) {
+bool ReadFile(const std::string& file, std::string& text) {
   std::ifstream input(file, std::ios::binary);
-  std::ostringstream text;
-  text << input.rdbuf();
-  if (!input) {
-    why = "the script " + file + " cannot be read";
-    return false;
-  }
-  return Run(database, text.str(), file, why);
+  std::ostringstream read;
+  read << input.rdbuf();
+  text = read.str();
+  return static_cast<bool>(input);
 }
+
+struct NamedScript {
+  std::string name;  // for the message of a failure
+  std::string sql;
+};
 
 // Names in quotes are names and nothing else, as on a server; SQLite would take an unknown one for
 // a text. LIKE tells upper from lower case, as the patterns of catalog functions do.
@@ -38,45 +43,96 @@ bool Configure(sqlite3* database, std::string& why) {
          Run(database, "PRAGMA case_sensitive_like=ON", "pragma", why);
 }
 
-// The tables of Scale=, Columns= and ForeignKeys=, beside those of the script.
-bool AddGeneratedTables(sqlite3* database, const ServerTraits& traits, const Scale& scale,
-                        std::string& why) {
-  if (scale.tables == 0) return true;
-  if (traits.scale_script == nullptr) {
-    why = "Scale: the server " + std::string(traits.name) + " has no generated tables";
-    return false;
+// Opens the main database and attaches those of the server's schemas: in memory, or, where there
+// is a folder, in its files. `read_only`: the files are complete, and nobody changes them.
+Database OpenDatabases(const ServerTraits& traits, const std::string& folder, bool read_only,
+                       std::string& why) {
+  const auto name = [&](int number) {
+    if (folder.empty()) return std::string(":memory:");
+    return "file:" + CacheFile(folder, number) + (read_only ? "?mode=ro&immutable=1" : "?mode=rwc");
+  };
+  sqlite3* opened = nullptr;
+  const int result = sqlite3_open_v2(
+      name(0).c_str(), &opened,
+      SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_URI, nullptr);
+  Database database(opened);
+  if (result != SQLITE_OK) {
+    why = name(0) + " cannot be opened";
+    return nullptr;
   }
-  const std::string numbers = std::to_string(scale.tables) + "," + std::to_string(scale.columns) +
-                              "," + std::to_string(scale.foreign_keys);
-  return Run(database,
-             "BEGIN; CREATE TEMP TABLE sim_scale AS SELECT column1 AS tables, column2 AS columns,"
-             " column3 AS foreign_keys FROM (VALUES (" + numbers + "));" +
-                 std::string(kScaleNumbers) + std::string(*traits.scale_script) +
-                 "DROP TABLE scale_key; DROP TABLE scale_column; DROP TABLE scale_table;"
-                 "DROP TABLE sim_scale; COMMIT;",
-             "Scale", why);
+  if (!Configure(opened, why)) return nullptr;
+  int number = 0;
+  for (const std::string_view schema : traits.schemas) {
+    ++number;
+    if (schema.empty()) continue;
+    const std::string attach = "ATTACH '" + name(number) + "' AS \"" + std::string(schema) + '"';
+    if (!Run(opened, attach, "attach", why)) return nullptr;
+  }
+  return database;
+}
+
+bool RunScripts(sqlite3* database, const std::vector<NamedScript>& scripts, std::string& why) {
+  for (const NamedScript& script : scripts)
+    if (!Run(database, script.sql, script.name, why)) return false;
+  return true;
+}
+
+// A large catalog is built in files once, and only read after that.
+Database OpenCached(const ServerTraits& traits, const std::vector<NamedScript>& scripts,
+                    std::string& why) {
+  std::vector<std::string> texts;
+  for (const NamedScript& script : scripts) texts.push_back(script.sql);
+  const std::string folder = CacheFolder(traits, texts);
+  if (!std::filesystem::exists(folder)) {
+    const std::string built = BeginCache(folder);
+    if (built.empty()) {
+      why = "no folder can be made beside " + folder;
+      return nullptr;
+    }
+    Database database = OpenDatabases(traits, built, false, why);
+    // A crash leaves a folder that nobody looks for: no journal is needed.
+    const bool made =
+        database &&
+        Run(database.get(), "PRAGMA journal_mode=OFF; PRAGMA synchronous=OFF", "pragma", why) &&
+        RunScripts(database.get(), scripts, why);
+    database.reset();
+    if (!made) {
+      std::error_code error;
+      std::filesystem::remove_all(built, error);
+      return nullptr;
+    }
+    FinishCache(built, folder);
+  }
+  Database database = OpenDatabases(traits, folder, true, why);
+  if (!database || !Run(database.get(), "PRAGMA mmap_size=4294967296", "pragma", why))
+    return nullptr;
+  return database;
 }
 
 }  // namespace
 
 Database OpenServer(const ServerTraits& traits, const Settings& settings, std::string& why) {
-  sqlite3* opened = nullptr;
-  const int result =
-      sqlite3_open_v2(":memory:", &opened,
-                      SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_NOMUTEX, nullptr);
-  Database database(opened);
-  if (result != SQLITE_OK || !Configure(opened, why)) return nullptr;
-  for (const std::string_view schema : traits.schemas) {
-    if (schema.empty()) continue;
-    if (!Run(opened, "ATTACH ':memory:' AS \"" + std::string(schema) + "\"", "attach", why))
-      return nullptr;
-  }
-  if (traits.library && !Run(opened, std::string(kLibrary), "the library", why)) return nullptr;
-  if (!Run(opened, std::string(*traits.script), "the script of " + std::string(traits.name), why))
+  std::vector<NamedScript> scripts;
+  if (traits.library) scripts.push_back({"the library", std::string(kLibrary)});
+  scripts.push_back({"the script of " + std::string(traits.name), std::string(*traits.script)});
+  const bool large = settings.scale.tables > 0;
+  if (large && traits.scale_script == nullptr) {
+    why = "Scale: the server " + std::string(traits.name) + " has no generated tables";
     return nullptr;
-  if (!AddGeneratedTables(opened, traits, settings.scale, why)) return nullptr;
-  if (!settings.add_script.empty() && !RunFile(opened, settings.add_script, why)) return nullptr;
-  if (!settings.sql.empty() && !Run(opened, settings.sql, "Sql", why)) return nullptr;
+  }
+  if (large) scripts.push_back({"Scale", ScaleScript(traits, settings.scale)});
+  if (!settings.add_script.empty()) {
+    std::string text;
+    if (!ReadFile(settings.add_script, text)) {
+      why = "the script " + settings.add_script + " cannot be read";
+      return nullptr;
+    }
+    scripts.push_back({settings.add_script, text});
+  }
+  if (!settings.sql.empty()) scripts.push_back({"Sql", settings.sql});
+  if (large) return OpenCached(traits, scripts, why);
+  Database database = OpenDatabases(traits, "", false, why);
+  if (!database || !RunScripts(database.get(), scripts, why)) return nullptr;
   return database;
 }
 

@@ -1,0 +1,30 @@
+// Catalogs of any size: generated tables beside those of a server's script. They take seconds to
+// make, so they are made once and kept in files that every later connection reads.
+#pragma once
+
+#include <sqlite3.h>
+
+#include <string>
+#include <vector>
+
+#include "simulator/server_traits.h"
+#include "simulator/settings.h"
+
+namespace catalogsim {
+
+// The SQL that adds the tables to the open databases of a server.
+std::string ScaleScript(const ServerTraits& traits, const Scale& scale);
+
+// The folder in which the catalog that the scripts make is kept: below the folder for temporary
+// files, named after the server and a hash of everything that goes into it.
+std::string CacheFolder(const ServerTraits& traits, const std::vector<std::string>& scripts);
+
+// The file of the database `number` in such a folder; 0 is the main one.
+std::string CacheFile(const std::string& folder, int number);
+
+// Makes a new folder beside `folder` to build in; empty when that fails.
+std::string BeginCache(const std::string& folder);
+// Moves what was built to its place. When another process was quicker, its catalog stays.
+void FinishCache(const std::string& built, const std::string& folder);
+
+}  // namespace catalogsim
