@@ -15,13 +15,13 @@ constexpr std::uint32_t kEverywhere = 0x1F;
 
 // clang-format off
 constexpr ServerTraits kServers[] = {
-    {.name = "informix", .script = &kInformix, .scale_script = nullptr,
+    {.name = "informix", .script = &kInformix, .scale_script = &kScaleInformix,
      .dbms_name = "Informix", .dbms_version = "09.40.0000", .catalog = "library",
      .owner_usage = kEverywhere, .catalog_usage = kEverywhere, .dialect = kInformixDialect,
      .row_distance = 2048, .wide = false,
      .schemas = {"informix", "stores@tokyo", "archive"},
      .missing_functions = {}},
-    {.name = "informix-7", .script = &kInformix7, .scale_script = nullptr,
+    {.name = "informix-7", .script = &kInformix7, .scale_script = &kScaleInformix7,
      .dbms_name = "Informix", .dbms_version = "07.31.0000", .catalog = "library7",
      .owner_usage = kEverywhere, .catalog_usage = kEverywhere, .dialect = kInformixDialect,
      .row_distance = 2048, .wide = false,
