@@ -18,7 +18,11 @@ Statement::Statement(const wbtest::Connection& connection) {
   SQLAllocHandle(SQL_HANDLE_STMT, connection.hdbc(), &handle_);
 }
 
-Statement::~Statement() { SQLFreeHandle(SQL_HANDLE_STMT, handle_); }
+// A release that fails leaves the statement, and is tried again.
+Statement::~Statement() {
+  if (!SQL_SUCCEEDED(SQLFreeHandle(SQL_HANDLE_STMT, handle_)))
+    SQLFreeHandle(SQL_HANDLE_STMT, handle_);
+}
 
 SQLRETURN Statement::Execute(const std::string& sql) {
   return SQLExecDirect(handle_, Bytes(sql.c_str()), SQL_NTS);

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/simulator/client.h"
+#include "tests/simulator/servers.h"
 
 namespace {
 
@@ -170,7 +171,7 @@ TEST(Driver, HasTheFunctionsThatItsServerHas) {
 // Every server's views have to have the columns that the catalog functions read, and the library in
 // them.
 TEST(Driver, AnswersEveryCatalogFunctionOnEveryServer) {
-  for (const char* const server : {"sybase", "access", "generic"}) {
+  for (const char* const server : simtest::kServers) {
     SCOPED_TRACE(server);
     const auto connection = Connection::OpenSimulator(server);
     Statement statement(*connection);
