@@ -125,6 +125,7 @@ class Sweep : public testing::TestWithParam<std::tuple<const char*, bool>> {
   void CheckLeftovers(const Outcome& outcome) {
     EXPECT_EQ(simtest::Number(*connection_, catalogsim::kInfoOpenStatements), 0U);
     if (!seen_files_.insert(std::hash<std::string>()(outcome.file)).second) return;
+    if (Step() > 1 && seen_files_.size() > 5) return;  // reading takes longer than importing
     LcWorkbook read;
     LcWorkbookFileInfo info;
     std::string why;
