@@ -215,7 +215,7 @@ bool NativeImport::ReadTablesAndViews() {
   session_.StatusDialog(inPhaseEnd);
 
   session_.StatusDialog(inLoopStart, iiTablesAndViews, table_results_.RowCount());
-  TableReader reader(session_, *session_.targets.tables);
+  NativeTableReader reader(session_, *session_.targets.tables);
   for (LcODBCRecordListListIter at = table_results_.Iterate(); !at.IsDone(); at.Next()) {
     if (!reader.Read(*at.CurrentItem())) return false;
   }

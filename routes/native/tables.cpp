@@ -16,7 +16,7 @@ constexpr int kTableType = 3;
 
 }  // namespace
 
-void TableReader::StartTable(const LcODBCRecordList& rows, int row) {
+void NativeTableReader::StartTable(const LcODBCRecordList& rows, int row) {
   const int dbms_type = session_.server.dbms_type;
   auto table = std::make_unique<LcWorkbookTable>();
   table->SetOwner(owner_);
@@ -31,7 +31,7 @@ void TableReader::StartTable(const LcODBCRecordList& rows, int row) {
   session_.current_item.text2 = name_;
 }
 
-bool TableReader::Read(const LcODBCRecordList& rows) {
+bool NativeTableReader::Read(const LcODBCRecordList& rows) {
   const ColumnPositions& positions = TableColumnPositions(session_.server.dbms_type);
   const int count = rows.GetRowCount();
   for (int row = 1; row <= count; ++row) {

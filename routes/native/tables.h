@@ -9,10 +9,10 @@ namespace odbcimport {
 // Turns the rows of the table-column queries into tables and columns, one record list after the
 // other. A row with the owner and the name of the row before it adds to that row's table, any other
 // makes a new table, also of a name that was there before.
-class TableReader {
+class NativeTableReader {
  public:
   // `tables` stays the caller's.
-  TableReader(const ImportSession& session, LcWorkbookTableList& tables)
+  NativeTableReader(const ImportSession& session, LcWorkbookTableList& tables)
       : session_(session), tables_(tables) {}
 
   // False when the import was stopped or cancelled after a column: it has to end then. A stop that
