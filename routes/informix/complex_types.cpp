@@ -15,7 +15,7 @@ namespace odbcimport {
 namespace {
 
 constexpr std::size_t kDeepestNesting = 64;
-constexpr int kMostDefinitions = 10'000;
+constexpr int kMostDefinitions = 1'000;
 
 }  // namespace
 

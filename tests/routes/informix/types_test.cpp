@@ -1,0 +1,184 @@
+// Column type setup, and Universal Server's types from its catalog into the workbook.
+#include <gmock/gmock.h>
+
+#include "catalogues/conversions.h"
+#include "routes/informix/column_types.h"
+#include "routes/informix/named_types.h"
+#include "tests/routes/informix/informix_import.h"
+
+namespace odbcimport {
+namespace {
+
+using test::Describe;
+using test::InformixImport;
+using test::Lines;
+using testing::ElementsAre;
+
+TEST(ColumnTypes, ComeFromTypeNumberAndLength) {
+  InformixImport import("informix");
+  import.base.targets.data_types = &import.workbook.data_types;
+  ImportSession session = import.Session();
+  GetBuiltInDataTypes(session);
+  ComplexTypes complex_types(session);
+  const struct {
+    int coltype;
+    long collength;
+    const char* column;  // without its name
+  } cases[] = {
+      {261, 2562, "2 2562/10/2 !"},             // DECIMAL(10,2) NOT NULL
+      {256, 13, "0 13/13/0 !"},                 // CHAR(13) NOT NULL, whose number is all flag
+      {0, -5, "0 -5/4294967291/0"},             // no server's length
+      {262, 4, "19 4/4/0 ! *"},                 // SERIAL NOT NULL
+      {13, 2049, "8 2049/1/0"},                 // VARCHAR
+      {10, 3594, "17 3594/8/0 1-6"},            // DATETIME YEAR TO SECOND
+      {266, 4365, "17 4365/8/0 ! 1-9"},         // DATETIME YEAR TO FRACTION(3) NOT NULL
+      {14, 836, "20 836/836/0 3-3"},            // INTERVAL DAY TO DAY
+      {10, 3594 + 16, "17 3610/8/0"},           // a unit that there is not
+      {10, 14 * 256 + 10 * 16, "17 3744/8/0"},  // from SECOND to YEAR
+      {10, 0, "17 0/8/0"},                      // no qualifier
+      {10, -10, "17 -10/8/0"},                  //
+      {0x800 | 10, 3594, "17 3594/8/0"},        // with a further bit it is no plain DATETIME
+      {0x800 | 5, 2562, "2 2562/10/2"},         // but a DECIMAL still has its digits
+      {99, 7, "0 7/7/0"},                       // not known: CHAR
+  };
+  for (const auto& c : cases) {
+    bool found = false;
+    const int code =
+        ConvertDatabaseTypeToODBC(test::Wide(std::to_string(c.coltype)), dbmsInformix, found);
+    auto* table = import.workbook.tables.Append(std::make_unique<LcWorkbookTable>());
+    table->SetName(test::Wide("t" + std::to_string(import.workbook.tables.GetCount())));
+    auto* column = new LcWorkbookColumn;
+    table->AddColumn(column);
+    ColumnDatatypeSetup(session, complex_types, column, code, c.coltype, true, 0, c.collength);
+    EXPECT_THAT(import.Columns("", test::Narrow(table->GetName())),
+                ElementsAre(std::string(" ") + c.column))
+        << c.coltype << " " << c.collength;
+  }
+}
+
+TEST(NamedTypes, ArriveWithBaseSizesAndComponents) {
+  InformixImport import("informix");
+  import.base.choices.item_mask = ibDataTypes;
+  ASSERT_TRUE(import.Run());
+  EXPECT_EQ(import.events, (Lines{"0", "2 5 0", "3", "1"}));
+  const LcWorkbookDatatypeList& types = import.workbook.data_types;
+  Lines lines;
+  for (const LcWorkbookDatatype* type : types) {
+    if (type->GetExtendedId() != 0) lines.push_back(Describe(type));
+  }
+  EXPECT_THAT(
+      lines,
+      ElementsAre("40/21/8 varopaque <lvarchar> #1 of informix 2048,2048,0",
+                  "40/21/8 varopaque <sendrecv> #2 of informix 0,0,0",
+                  "40/21/8 varopaque <impexp> #3 of informix 0,0,0",
+                  "41/13/8 fixedopaque <boolean> #5 of informix 1,1,0",
+                  "41/10/5 fixedopaque <blob> #10 of informix 72,72,0 long",
+                  "41/9/5 fixedopaque <clob> #11 of informix 72,72,0 long",
+                  // Distinct types of a built-in type, and of another distinct type.
+                  "0/1/0 char <isbn> #2048 of joe 13,13,0 distinct base 0/1/0 .",
+                  "2/2/1 decimal <euro> #2049 of joe 2562,10,2 distinct base 2/2/1 .",
+                  "2/2/1 decimal <deposit> #2050 of joe 2562,10,2 distinct base 5/2/1 joe.euro",
+                  "41/13/8 fixedopaque <shelf_mark> #2051 of joe 24,24,0",
+                  "40/21/8 varopaque <polygon> #2052 of joe 32768,32768,0",
+                  "45/11/6 row <address> #2053 of joe 0,0,0 ["
+                  "8/1/0 varchar of field street 60,60,0; 8/1/0 varchar of field city 40,40,0; "
+                  "0/1/0 char of field zip 10,10,0]",
+                  // A field of a named type keeps its name; one of a type without a name is read.
+                  "45/11/6 row <person> #2054 of joe 0,0,0 ["
+                  "0/1/0 nchar of field name 80,80,0; 45/11/6 row of field home <address> of joe "
+                  "200,200,0; "
+                  "42/15/7 set of field phones of joe 2048,2048,0 base 8/1/0 .varchar; "
+                  "2/2/1 decimal of field balance <euro> of joe 2562,10,2]",
+                  "41/13/8 fixedopaque <picture> #2055 of joe 72,72,0 distinct base 41/10/5 "
+                  "informix.blob"));
+  EXPECT_EQ(types.GetDataTypeByPhysicalCode(15)->GetPrecision(), 10);  // date
+}
+
+// Without a list of the server's types, those without a name are put together for the column.
+TEST(ComplexTypes, AreReadForTheColumnThatHasThem) {
+  InformixImport import("informix");
+  import.SelectTable(u"joe", u"catalogue_card");
+  ASSERT_TRUE(import.Run());
+  const LcWorkbookTable* table = import.Table("joe", "catalogue_card");
+  ASSERT_NE(table, nullptr);
+  Lines lines;
+  for (const char* name :
+       {"printed_at", "size", "keywords", "marks", "chapters", "branches", "points"}) {
+    lines.push_back(Describe(table->FindColumn(test::Wide(name))->GetDataType()));
+  }
+  EXPECT_THAT(lines,
+              ElementsAre("48/11/6 row #2053 0,0,0 [8/1/0 varchar of field street 60,60,0; "
+                          "8/1/0 varchar of field city 40,40,0; 0/1/0 char of field zip 10,10,0]",
+                          "45/11/6 row #2060 0,0,0 [3/3/2 integer of field width 4,4,0; "
+                          "3/3/2 integer of field height 4,4,0]",
+                          "42/15/7 set #2061 0,0,0 base 8/1/0 .VARCHAR",
+                          "43/16/7 multiset #2062 0,0,0 base 3/3/2 .INTEGER",
+                          "44/14/7 list <set> #2063 0,0,0 base 0/1/0 .CHAR",
+                          "42/15/7 set #2065 0,0,0 base 45/11/6 joe.address",
+                          "44/14/7 list #2066 0,0,0 base 45/11/6 joe.ROW ["
+                          "3/3/2 integer of field x 4,4,0; 3/3/2 integer of field y 4,4,0]"));
+}
+
+TEST(ComplexTypes, ThatContainThemselvesComeToAnEnd) {
+  const char* const attributes = "insert into informix.sysattrtypes values ";
+  InformixImport import(
+      "informix",
+      {// A row with a field of its own type, a set of itself, and two types that take turns.
+       std::string(attributes) + "(3000,1,0,0,'',0,22,8,3000), (3000,2,1,1,'first',1,2,4,0),"
+                                 "(3000,3,1,1,'self',2,22,8,3000), (3001,1,0,0,'',0,19,8,3001),"
+                                 "(3001,2,1,1,'',0,19,8,3001), (3002,1,0,0,'',0,21,8,3002),"
+                                 "(3002,2,1,1,'',0,22,8,3003), (3003,1,0,0,'',0,22,8,3003),"
+                                 "(3003,2,1,1,'back',1,21,8,3002)",
+       "insert into informix.systables (tabid,owner,tabname,tabtype) values (200,'odd','odd','T')",
+       "insert into informix.syscolumns (tabid,colno,colname,coltype,collength,extended_id) values "
+       "(200,1,'r',22,8,3000), (200,2,'s',19,8,3001), (200,3,'l',21,8,3002)"});
+  import.SelectTable(u"odd", u"odd");
+  EXPECT_TRUE(import.Run());
+  const LcWorkbookTable* table = import.Table("odd", "odd");
+  ASSERT_NE(table, nullptr);
+  // What was read before the circle closed is kept.
+  EXPECT_EQ(Describe(table->GetColumn(0)->GetDataType()),
+            "45/11/6 row #3000 0,0,0 [3/3/2 integer of field first 4,4,0]");
+  EXPECT_EQ(Describe(table->GetColumn(1)->GetDataType()), "42/15/7 set <set> #3001 0,0,0");
+  EXPECT_EQ(Describe(table->GetColumn(2)->GetDataType()),
+            "44/14/7 list #3002 0,0,0 base 45/11/6 .");
+}
+
+TEST(ComplexTypes, NestedBeyond64LevelsComeToAnEnd) {
+  // Set n holds set n + 1; the last holds integers.
+  const auto levels = [](int count) {
+    InformixImport import("informix", {"insert into informix.sysattrtypes with recursive c(n) as "
+                                       "(select 1 union all select n + 1 "
+                                       "from c where n < " +
+                                       std::to_string(count) +
+                                       ") select 4000 + n, s, s - 1, s - 1, '', 0, "
+                                       "case when s = 2 and n = " +
+                                       std::to_string(count) +
+                                       " then 2 else 19 end, 4, 4000 + n + s - 1 "
+                                       "from c join (select 1 as s union all select 2)"});
+    ImportSession session = import.Session();
+    ComplexTypes complex_types(session);
+    LcWorkbookDatatype type;
+    const bool whole = complex_types.GetComplexType(4001, &type);
+    EXPECT_EQ(whole, type.GetBaseCode() == 3);
+    return std::pair(whole, type.GetExtendedTypeNameCount());
+  };
+  EXPECT_EQ(levels(64), std::pair(true, 63));
+  EXPECT_EQ(levels(65), std::pair(false, 64));
+}
+
+// Rows of two fields that are both of the next row type double with every level.
+TEST(ComplexTypes, OfEndlessWidthComeToAnEnd) {
+  InformixImport import(
+      "informix",
+      {"insert into informix.sysattrtypes with recursive c(n) as (select 1 union all select n + 1 "
+       "from c where n < 40) select 5000 + n, s, min(s - 1, 1), min(s - 1, 1), 'f' || s, s, 22, 8, "
+       "5001 + n from c join (select 1 as s union all select 2 union all select 3)"});
+  ImportSession session = import.Session();
+  ComplexTypes complex_types(session);
+  LcWorkbookDatatype type;
+  EXPECT_FALSE(complex_types.GetComplexType(5001, &type));
+}
+
+}  // namespace
+}  // namespace odbcimport
