@@ -1,0 +1,90 @@
+// See host.h.
+#include "tests/simulator/host.h"
+
+#include <cstdlib>
+#include <sstream>
+#include <utility>
+
+#include "importer/workbook/workbook_file.h"
+
+namespace simtest {
+namespace {
+
+class FixedSettings : public platform::SettingsStore {
+ public:
+  explicit FixedSettings(std::map<std::u16string, std::uint32_t> numbers)
+      : numbers_(std::move(numbers)) {}
+  std::optional<std::uint32_t> ReadDWORD(const std::u16string&,
+                                         const std::u16string& value) override {
+    const auto found = numbers_.find(value);
+    if (found == numbers_.end()) return std::nullopt;
+    return found->second;
+  }
+
+ private:
+  std::map<std::u16string, std::uint32_t> numbers_;
+};
+
+// What the callback, which carries no context, works on.
+struct RunningImport {
+  LcODBCWorkbookImport* importer = nullptr;
+  HostAct act = HostAct::kNothing;
+  unsigned at_notification = 0;
+  unsigned notifications = 0;
+};
+RunningImport running;
+
+void OnNotify(enumImpNotify, void*) {
+  if (++running.notifications != running.at_notification) return;
+  if (running.act == HostAct::kStop) running.importer->running = false;
+  if (running.act == HostAct::kCancel) running.importer->cancelled = true;
+}
+
+constexpr std::uint32_t kAllItems = ibTables | ibViews | ibSynonyms | ibProcedures | ibDataTypes |
+                                    ibOperators | ibBooleanFunctions | ibFunctions | ibAggregates |
+                                    ibTableNames | ibViewNames | ibSynonymNames;
+
+}  // namespace
+
+Settings::Settings(std::map<std::u16string, std::uint32_t> numbers)
+    : before_(std::exchange(platform::GetServices().settings,
+                            std::make_shared<FixedSettings>(std::move(numbers)))) {}
+
+Settings::~Settings() { platform::GetServices().settings = before_; }
+
+std::map<std::u16string, std::uint32_t> RouteSettings(bool generic) {
+  return {{u"GenericWorkbookImport", generic ? 1 : 0}};
+}
+
+std::string Outcome::File() const {
+  LcWorkbookFileInfo info;
+  info.result = result;
+  info.status = status;
+  std::ostringstream file;
+  WriteWorkbookFile(*workbook, info, file);
+  return file.str();
+}
+
+Outcome ImportAll(const wbtest::Connection& connection, bool system, HostAct act,
+                  unsigned at_notification) {
+  Outcome outcome;
+  outcome.workbook = std::make_unique<LcWorkbook>();
+  LcODBCWorkbookImport importer(&OnNotify, outcome.workbook.get());
+  importer.choices.item_mask = kAllItems;
+  importer.choices.include_system = system;
+  importer.choices.keys = true;
+  importer.choices.foreign_keys = true;
+  importer.SyncLogin(connection.henv(), connection.hdbc());
+  running = {&importer, act, at_notification, 0};
+  outcome.result = importer.ImportItems(outcome.status);
+  importer.UnSyncLogin();
+  outcome.notifications = running.notifications;
+  return outcome;
+}
+
+bool IsLongRun() {
+  const char* const value = std::getenv("WB_LONG");
+  return value != nullptr && std::string(value) == "1";
+}
+
+}  // namespace simtest
