@@ -29,19 +29,6 @@ void SplitName(const std::string& text, std::string& owner, std::string& name) {
   }
 }
 
-// The first table of that name: as it stands, then parted into owner and name.
-const LcWorkbookTable* FindAround(const LcWorkbook& workbook, const std::string& text) {
-  std::string owner;
-  std::string name;
-  SplitName(text, owner, name);
-  const LcWorkbookTable* table = workbook.tables.FindTableNoOwner(LcToUtf16(text));
-  if (table == nullptr) table = workbook.tables.FindTable(LcToUtf16(owner), LcToUtf16(name));
-  if (table == nullptr && owner.empty()) {
-    table = workbook.tables.FindTableNoOwner(LcToUtf16(name));
-  }
-  return table;
-}
-
 TableSet Neighbourhood(const Relationships& relationships, const LcWorkbookTable* middle,
                        int distance) {
   TableSet reached = {middle};
@@ -76,6 +63,23 @@ TableSet MostConnected(const Relationships& relationships,
 
 }  // namespace
 
+const LcWorkbookTable* FindAround(const LcWorkbook& workbook, const std::string& text,
+                                  std::vector<std::string>& notes) {
+  std::string owner;
+  std::string name;
+  SplitName(text, owner, name);
+  const LcWorkbookTable* table = workbook.tables.FindTableNoOwner(LcToUtf16(text));
+  if (table == nullptr) table = workbook.tables.FindTable(LcToUtf16(owner), LcToUtf16(name));
+  if (table == nullptr && owner.empty()) {
+    table = workbook.tables.FindTableNoOwner(LcToUtf16(name));
+  }
+  if (table == nullptr) {
+    notes.push_back(fmt::format("There is no table \"{}\" to draw the surroundings of.",
+                                Display(LcToUtf16(text))));
+  }
+  return table;
+}
+
 bool SelectDiagram(const Document& document, const Options& options, Diagram& diagram,
                    std::vector<std::string>& notes) {
   const Relationships relationships(document.workbook);
@@ -85,12 +89,8 @@ bool SelectDiagram(const Document& document, const Options& options, Diagram& di
   }
   TableSet shown(all.begin(), all.end());
   if (!options.around.empty()) {
-    const LcWorkbookTable* middle = FindAround(document.workbook, options.around);
-    if (middle == nullptr) {
-      notes.push_back(fmt::format("There is no table \"{}\" to draw the surroundings of.",
-                                  Display(LcToUtf16(options.around))));
-      return false;
-    }
+    const LcWorkbookTable* middle = FindAround(document.workbook, options.around, notes);
+    if (middle == nullptr) return false;
     shown = Neighbourhood(relationships, middle, options.distance);
   }
   if (document.info.incomplete) diagram.captions.push_back(IncompleteText(document.info));

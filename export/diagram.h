@@ -24,6 +24,11 @@ struct Diagram {
   std::vector<std::string> captions;  // incomplete, left out: shown in the diagram too
 };
 
+// The first table of that name (UTF-8): as it stands, then parted into owner and name. Null, with a
+// sentence in `notes`, when there is none.
+const LcWorkbookTable* FindAround(const LcWorkbook& workbook, const std::string& text,
+                                  std::vector<std::string>& notes);
+
 // False, with a sentence in `notes`, when `options` ask for a table that is not there. Otherwise
 // `notes` say what is left out and how to ask for it.
 bool SelectDiagram(const Document& document, const Options& options, Diagram& diagram,

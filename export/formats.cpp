@@ -10,6 +10,7 @@ const std::vector<Format>& AllFormats() {
       {"sql", "CREATE statements with keys and references", WriteSql},
       {"dot", "an entity-relationship diagram for Graphviz", WriteDot},
       {"svg", "an entity-relationship diagram as a picture", WriteSvg},
+      {"html", "one page to search, browse and draw, for any browser", WriteHtml},
       {"mermaid", "an entity-relationship diagram for Mermaid", WriteMermaid},
       {"markdown", "one page with a section for each table", WriteMarkdown},
   };

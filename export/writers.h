@@ -16,5 +16,6 @@ bool WriteMermaid(const Document& document, const Options& options, std::ostream
                   Notes& notes);
 bool WriteDot(const Document& document, const Options& options, std::ostream& out, Notes& notes);
 bool WriteSvg(const Document& document, const Options& options, std::ostream& out, Notes& notes);
+bool WriteHtml(const Document& document, const Options& options, std::ostream& out, Notes& notes);
 
 }  // namespace wbexport
