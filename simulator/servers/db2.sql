@@ -423,7 +423,9 @@ INSERT INTO syscat.procedures (procschema, procname, specificname, procedure_id,
   ('SYSIBM',  'SQLTABLES',     'SQLTABLES_1',  7004, 6, 'E', 'C');
 
 CREATE VIEW syscat.sim_tables AS
-  SELECT tabschema AS owner, tabname AS name, CASE type WHEN 'V' THEN 'VIEW' WHEN 'A' THEN 'ALIAS' ELSE 'TABLE' END AS type,
+  SELECT tabschema AS owner, tabname AS name,
+         CASE WHEN tabschema IN ('SYSIBM', 'SYSCAT') THEN 'SYSTEM TABLE' WHEN type = 'V' THEN 'VIEW'
+              WHEN type = 'A' THEN 'ALIAS' ELSE 'TABLE' END AS type,
          remarks
   FROM tables;
 CREATE VIEW syscat.sim_columns AS
