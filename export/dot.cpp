@@ -83,10 +83,12 @@ std::string DotText(const Diagram& diagram) {
     text += fmt::format("  t{} [label=<{}>];\n", i, Box(*diagram.tables[i], diagram));
   }
   for (const Relationship& r : diagram.relationships) {
-    text += fmt::format("  t{}{} -> t{}{} [arrowtail={}, arrowhead={}];\n",
-                        diagram.numbers.at(r.to), Port(*r.to, r.to_columns.front(), 'r'),
-                        diagram.numbers.at(r.from), Port(*r.from, r.from_columns.front(), 'l'),
-                        r.required ? "teetee" : "teeodot", r.one_to_one ? "teeodot" : "crowodot");
+    const char from_side = r.from == r.to ? 'r' : 'l';  // a loop stays on one side
+    text +=
+        fmt::format("  t{}{} -> t{}{} [arrowtail={}, arrowhead={}];\n", diagram.numbers.at(r.to),
+                    Port(*r.to, r.to_columns.front(), 'r'), diagram.numbers.at(r.from),
+                    Port(*r.from, r.from_columns.front(), from_side),
+                    r.required ? "teetee" : "teeodot", r.one_to_one ? "teeodot" : "crowodot");
   }
   return text + "}\n";
 }

@@ -53,28 +53,16 @@ class Identifiers {
   std::unordered_map<std::string, int> last_number_;  // given to an identifier
 };
 
-// Inside double quotes: Mermaid has codes for what would end them or start a code.
+// Inside double quotes: Mermaid has codes for what would end them, start a code or Markdown, or is
+// not allowed there.
 std::string Quoted(const std::string& text) {
+  static constexpr std::string_view kCoded = "\"#;<>%\\`";
   std::string quoted = "\"";
   for (const char c : text) {
-    switch (c) {
-      case '"':
-        quoted += "#quot;";
-        break;
-      case '#':
-        quoted += "#35;";
-        break;
-      case ';':
-        quoted += "#59;";
-        break;
-      case '<':
-        quoted += "#lt;";
-        break;
-      case '>':
-        quoted += "#gt;";
-        break;
-      default:
-        quoted += c;
+    if (kCoded.find(c) != std::string_view::npos) {
+      quoted += fmt::format("#{};", static_cast<int>(c));
+    } else {
+      quoted += c;
     }
   }
   return quoted + '"';

@@ -1,4 +1,5 @@
 // Lists of data types with their look-ups.
+#include <algorithm>
 #include <array>
 
 #include "importer/workbook/datatype_state.h"
@@ -14,98 +15,90 @@ char16_t Lower(char16_t c) {
   return static_cast<char16_t>(ascii || latin_1 || greek_or_cyrillic ? c + 0x20 : c);
 }
 
-bool SameIgnoringCase(std::u16string_view a, std::u16string_view b) {
-  if (a.size() != b.size()) return false;
-  for (std::size_t i = 0; i < a.size(); ++i) {
-    if (Lower(a[i]) != Lower(b[i])) return false;
-  }
-  return true;
+// Recasts `text` into `lowered`, which the result refers to.
+std::u16string_view Lowered(std::u16string_view text, std::u16string& lowered) {
+  lowered.resize(text.size());
+  std::transform(text.begin(), text.end(), lowered.begin(), Lower);
+  return lowered;
 }
 
-std::size_t HashIgnoringCase(std::u16string_view text) {
-  std::size_t hash = 0xCBF29CE484222325U;
-  for (const char16_t c : text) hash = (hash ^ Lower(c)) * 0x100000001B3U;
-  return hash;
-}
-
-std::size_t HashCode(long code) { return static_cast<std::size_t>(code); }
-
-// What a look-up compares: a text (case ignored or not), a number, or both.
-struct Key {
-  std::u16string_view text;
-  long number = 0;
-};
-
-bool IgnoresCase(LeDatatypeLookup lookup) {
-  return lookup == kByPhysicalName || lookup == kByPhysicalCodeAndName;
-}
-
-bool Same(LeDatatypeLookup lookup, const Key& a, const Key& b) {
-  return a.number == b.number &&
-         (IgnoresCase(lookup) ? SameIgnoringCase(a.text, b.text) : a.text == b.text);
-}
-
-std::size_t Hash(LeDatatypeLookup lookup, const Key& key) {
-  return HashPair(IgnoresCase(lookup) ? HashIgnoringCase(key.text) : HashText(key.text),
-                  HashCode(key.number));
-}
-
-Key KeyOf(LeDatatypeLookup lookup, const LcWorkbookDatatype& type) {
-  switch (lookup) {
-    case kByTypeName:
-    case kByPhysicalName:
-      return {type.GetTypeName()};
-    case kByOtherTypeName:
-      return {type.GetOtherTypeName()};
-    case kByName:
-      return {type.GetName()};
-    case kByExtendedTypeName:
-      return {type.GetExtendedTypeName(0)};
-    case kByPhysicalCode:
-      return {{}, type.GetPhysicalCode()};
-    case kByPhysicalCodeAndName:
-      return {type.GetTypeName(), type.GetPhysicalCode()};
-    case kByExtendedId:
-      return {{}, type.GetExtendedId()};
-    case kLookupCount:
-      break;
-  }
-  return {};
+bool IsByNumber(LeDatatypeLookup lookup) {
+  return lookup == kByPhysicalCode || lookup == kByExtendedId;
 }
 
 }  // namespace
 
 struct LcWorkbookDatatypeList::Index {
+  // One of the two indexes is used.
   struct Lookup {
-    FirstMatchIndex positions;
+    TextIndex<LcWorkbookDatatype> by_text;
+    NumberIndex<LcWorkbookDatatype> by_number;
     std::uint64_t changes_seen = 0;
   };
   std::array<Lookup, kLookupCount> lookups;
   std::shared_ptr<LcDatatypeChanges> changes = std::make_shared<LcDatatypeChanges>();
+  std::u16string lowered;
+  std::array<char16_t, 2> code_text;
 
-  LcWorkbookDatatype* Find(const LcWorkbookDatatypeList& list, LeDatatypeLookup lookup,
-                           const Key& key) {
-    FirstMatchIndex& positions = lookups[lookup].positions;
-    if (lookups[lookup].changes_seen != changes->count[lookup]) {
-      positions.Clear();
-      lookups[lookup].changes_seen = changes->count[lookup];
+  void Clear(Lookup& lookup) {
+    lookup.by_text.Clear();
+    lookup.by_number.Clear();
+  }
+
+  TextKey CodeAndName(int code, std::u16string_view name) {
+    code_text = {static_cast<char16_t>(code), static_cast<char16_t>(code >> 16)};
+    return {{code_text.data(), code_text.size()}, Lowered(name, lowered)};
+  }
+
+  TextKey TextOf(LeDatatypeLookup lookup, const LcWorkbookDatatype& type) {
+    switch (lookup) {
+      case kByOtherTypeName:
+        return {{}, type.GetOtherTypeName()};
+      case kByName:
+        return {{}, type.GetName()};
+      case kByExtendedTypeName:
+        return {{}, type.GetExtendedTypeName(0)};
+      case kByPhysicalName:
+        return {{}, Lowered(type.GetTypeName(), lowered)};
+      case kByPhysicalCodeAndName:
+        return CodeAndName(type.GetPhysicalCode(), type.GetTypeName());
+      default:
+        return {{}, type.GetTypeName()};
     }
-    positions.TakeIn(
-        list.GetCount(),
-        [&](std::size_t at) {
-          LcWorkbookDatatype* type = list.GetAt(at);
-          if (type == nullptr) return false;
-          type->StartIndexing(changes);
-          // A type without extended names is not one whose extended name is empty.
-          return lookup != kByExtendedTypeName || type->GetExtendedTypeNameCount() > 0;
-        },
-        [&](std::size_t at) { return Hash(lookup, KeyOf(lookup, *list.GetAt(at))); },
-        [&](std::size_t a, std::size_t b) {
-          return Same(lookup, KeyOf(lookup, *list.GetAt(a)), KeyOf(lookup, *list.GetAt(b)));
-        });
-    return list.GetAt(positions.Find(Hash(lookup, key), [&](std::size_t at) {
-      return Same(lookup, KeyOf(lookup, *list.GetAt(at)), key);
-    }));
+  }
+
+  // The look-up's index with every type of the list.
+  Lookup& Prepare(const LcWorkbookDatatypeList& list, LeDatatypeLookup by) {
+    Lookup& lookup = lookups[by];
+    if (lookup.changes_seen != changes->count[by]) {
+      Clear(lookup);
+      lookup.changes_seen = changes->count[by];
+    }
+    const auto entry_at = [&](std::size_t at) {
+      LcWorkbookDatatype* type = list.GetAt(at);
+      if (type != nullptr) type->StartIndexing(changes);
+      // A type without extended names is not one whose extended name is empty.
+      const bool has_key =
+          type != nullptr && (by != kByExtendedTypeName || type->GetExtendedTypeNameCount() > 0);
+      return has_key ? type : nullptr;
+    };
+    if (IsByNumber(by)) {
+      lookup.by_number.TakeIn(list.GetCount(), entry_at, [&](const LcWorkbookDatatype& type) {
+        return by == kByExtendedId ? type.GetExtendedId() : long{type.GetPhysicalCode()};
+      });
+    } else {
+      lookup.by_text.TakeIn(list.GetCount(), entry_at,
+                            [&](const LcWorkbookDatatype& type) { return TextOf(by, type); });
+    }
+    return lookup;
+  }
+
+  LcWorkbookDatatype* Find(const LcWorkbookDatatypeList& list, LeDatatypeLookup by,
+                           std::u16string_view text) {
+    return Prepare(list, by).by_text.Find({{}, text});
+  }
+  LcWorkbookDatatype* Find(const LcWorkbookDatatypeList& list, LeDatatypeLookup by, long number) {
+    return Prepare(list, by).by_number.Find(number);
   }
 };
 
@@ -138,32 +131,34 @@ LcWorkbookDatatype* LcWorkbookDatatypeList::GetDataTypeByName(const std::u16stri
                                                               enumTypeNameType kind) const {
   switch (kind) {
     case tnTypeName:
-      return index_->Find(*this, kByTypeName, {name});
+      return index_->Find(*this, kByTypeName, name);
     case tnOtherTypeName:
-      return index_->Find(*this, kByOtherTypeName, {name});
+      return index_->Find(*this, kByOtherTypeName, name);
     case tnName:
-      return index_->Find(*this, kByName, {name});
+      return index_->Find(*this, kByName, name);
     case tnExtendedTypeName:
-      return index_->Find(*this, kByExtendedTypeName, {name});
+      return index_->Find(*this, kByExtendedTypeName, name);
   }
   return nullptr;
 }
 
 LcWorkbookDatatype* LcWorkbookDatatypeList::GetDataTypeByPhysicalCode(int code,
                                                                       const char16_t* name) const {
-  if (name == nullptr) return index_->Find(*this, kByPhysicalCode, {{}, code});
-  return index_->Find(*this, kByPhysicalCodeAndName, {name, code});
+  if (name == nullptr) return index_->Find(*this, kByPhysicalCode, code);
+  auto& by_text = index_->Prepare(*this, kByPhysicalCodeAndName).by_text;
+  return by_text.Find(index_->CodeAndName(code, name));
 }
 
 LcWorkbookDatatype* LcWorkbookDatatypeList::GetDataTypeByPhysicalName(
     const std::u16string& name) const {
-  return index_->Find(*this, kByPhysicalName, {name});
+  auto& by_text = index_->Prepare(*this, kByPhysicalName).by_text;
+  return by_text.Find({{}, Lowered(name, index_->lowered)});
 }
 
 LcWorkbookDatatype* LcWorkbookDatatypeList::GetDataTypeByExtendedId(long id) const {
-  return index_->Find(*this, kByExtendedId, {{}, id});
+  return index_->Find(*this, kByExtendedId, id);
 }
 
 void LcWorkbookDatatypeList::OnChanged() {
-  for (Index::Lookup& lookup : index_->lookups) lookup.positions.Clear();
+  for (Index::Lookup& lookup : index_->lookups) index_->Clear(lookup);
 }

@@ -41,43 +41,27 @@ void LcWorkbookFunction::AddFunctionOverload(LcWorkbookFunctionOverload* overloa
 }
 
 struct LcWorkbookFunctionList::Index {
-  FirstMatchIndex by_name;
+  TextIndex<LcWorkbookFunction> by_name;
 };
 
-LcWorkbookFunctionList::LcWorkbookFunctionList() = default;
+LcWorkbookFunctionList::LcWorkbookFunctionList() : index_(std::make_unique<Index>()) {}
 LcWorkbookFunctionList::~LcWorkbookFunctionList() { OnClearing(); }
 
 LcWorkbookFunction* LcWorkbookFunctionList::FindFunction(const std::u16string& owner,
                                                          const std::u16string& name) const {
-  if (!index_) index_ = std::make_unique<Index>();
-  index_->by_name.TakeIn(
-      GetCount(),
-      [this](std::size_t at) {
-        LcWorkbookFunction* function = GetAt(at);
-        // From here on the function tells of a new name; the list stays logically unchanged.
-        if (function != nullptr) {
-          function->indexing_list_ = const_cast<LcWorkbookFunctionList*>(this);
-        }
-        return function != nullptr;
-      },
-      [this](std::size_t at) {
-        return HashPair(HashText(GetAt(at)->GetOwner()), HashText(GetAt(at)->GetName()));
-      },
-      [this](std::size_t a, std::size_t b) {
-        return GetAt(a)->GetName() == GetAt(b)->GetName() &&
-               GetAt(a)->GetOwner() == GetAt(b)->GetOwner();
-      });
-  const std::size_t at =
-      index_->by_name.Find(HashPair(HashText(owner), HashText(name)), [&](std::size_t position) {
-        const LcWorkbookFunction* function = GetAt(position);
-        return function->GetName() == name && function->GetOwner() == owner;
-      });
-  return at == FirstMatchIndex::kNotFound ? nullptr : GetAt(at);
+  const auto entry_at = [this](std::size_t at) {
+    LcWorkbookFunction* function = GetAt(at);
+    // From here on the function tells of a new name; the list stays logically unchanged.
+    if (function != nullptr) function->indexing_list_ = const_cast<LcWorkbookFunctionList*>(this);
+    return function;
+  };
+  index_->by_name.TakeIn(GetCount(), entry_at, [](const LcWorkbookFunction& f) {
+    return TextKey{f.owner_, f.name_};
+  });
+  return index_->by_name.Find({owner, name});
 }
 
-void LcWorkbookFunctionList::OnChanged() {
-  if (index_) index_->by_name.Clear();
-}
+void LcWorkbookFunctionList::OnChanged() { index_->by_name.Clear(); }
 
 void LcWorkbookFunctionList::OnClearing() {
   for (LcWorkbookFunction* function : *this) {

@@ -91,7 +91,7 @@ class LC_WORKBOOK_EXPORT LcWorkbookFunctionList : public LcObjectList<LcWorkbook
  private:
   friend class LcWorkbookFunction;
   struct Index;
-  mutable std::unique_ptr<Index> index_;
+  std::unique_ptr<Index> index_;
 };
 
 class LC_WORKBOOK_EXPORT LcWorkbookOperator : public LcObject {

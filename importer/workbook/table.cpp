@@ -11,8 +11,6 @@ namespace {
 // Up to this many columns a walk is as fast as the index and costs no memory.
 constexpr std::size_t kColumnsWithoutIndex = 16;
 
-std::size_t HashId(std::int32_t id) { return static_cast<std::uint32_t>(id); }
-
 bool RefersTo(const LcWorkbookKeyList* side,
               const std::unordered_set<const LcWorkbookTable*>& tables) {
   if (side == nullptr) return false;
@@ -25,8 +23,8 @@ bool RefersTo(const LcWorkbookKeyList* side,
 }  // namespace
 
 struct LcWorkbookTable::ColumnIndex {
-  FirstMatchIndex by_name;
-  FirstMatchIndex by_id;
+  TextIndex<LcWorkbookColumn> by_name;
+  NumberIndex<LcWorkbookColumn> by_id;
 };
 
 LcWorkbookTable::LcWorkbookTable() = default;
@@ -78,14 +76,14 @@ LcWorkbookColumn* LcWorkbookTable::FindColumn(const std::u16string& name) const 
     return nullptr;
   }
   if (!column_index_) column_index_ = std::make_unique<ColumnIndex>();
-  FirstMatchIndex& index = column_index_->by_name;
-  index.TakeIn(
-      columns_.size(), [this](std::size_t at) { return columns_[at]->indexed_by_name_ = true; },
-      [this](std::size_t at) { return HashText(columns_[at]->name_); },
-      [this](std::size_t a, std::size_t b) { return columns_[a]->name_ == columns_[b]->name_; });
-  const std::size_t at =
-      index.Find(HashText(name), [&](std::size_t i) { return columns_[i]->name_ == name; });
-  return at == FirstMatchIndex::kNotFound ? nullptr : columns_[at].get();
+  const auto entry_at = [this](std::size_t at) {
+    columns_[at]->indexed_by_name_ = true;
+    return columns_[at].get();
+  };
+  column_index_->by_name.TakeIn(columns_.size(), entry_at, [](const LcWorkbookColumn& column) {
+    return TextKey{{}, column.name_};
+  });
+  return column_index_->by_name.Find({{}, name});
 }
 
 LcWorkbookColumn* LcWorkbookTable::FindColumnById(int id) const {
@@ -96,16 +94,13 @@ LcWorkbookColumn* LcWorkbookTable::FindColumnById(int id) const {
     return nullptr;
   }
   if (!column_index_) column_index_ = std::make_unique<ColumnIndex>();
-  FirstMatchIndex& index = column_index_->by_id;
-  index.TakeIn(
-      columns_.size(), [this](std::size_t at) { return columns_[at]->indexed_by_id_ = true; },
-      [this](std::size_t at) { return HashId(columns_[at]->column_id_); },
-      [this](std::size_t a, std::size_t b) {
-        return columns_[a]->column_id_ == columns_[b]->column_id_;
-      });
-  const std::size_t at =
-      index.Find(HashId(id), [&](std::size_t i) { return columns_[i]->column_id_ == id; });
-  return at == FirstMatchIndex::kNotFound ? nullptr : columns_[at].get();
+  const auto entry_at = [this](std::size_t at) {
+    columns_[at]->indexed_by_id_ = true;
+    return columns_[at].get();
+  };
+  column_index_->by_id.TakeIn(columns_.size(), entry_at,
+                              [](const LcWorkbookColumn& column) { return column.column_id_; });
+  return column_index_->by_id.Find(id);
 }
 
 void LcWorkbookTable::OnColumnRenamed() {
@@ -154,59 +149,50 @@ void LcWorkbookTable::SetSynonymId(std::int32_t id) {
 }
 
 struct LcWorkbookTableList::Index {
-  FirstMatchIndex by_owner_and_name;
-  FirstMatchIndex by_name;
-  FirstMatchIndex by_id;
+  TextIndex<LcWorkbookTable> by_owner_and_name;
+  TextIndex<LcWorkbookTable> by_name;
+  NumberIndex<LcWorkbookTable> by_id;
 };
 
 LcWorkbookTableList::LcWorkbookTableList() : index_(std::make_unique<Index>()) {}
 LcWorkbookTableList::~LcWorkbookTableList() { OnClearing(); }
 
-// True for a table, false for an empty entry. From here on the table tells of a new name; the list
-// stays logically unchanged.
-bool LcWorkbookTableList::StartIndexing(std::size_t position) const {
+// The table at a position, which from here on tells of a new name; the list stays logically
+// unchanged.
+LcWorkbookTable* LcWorkbookTableList::StartIndexing(std::size_t position) const {
   LcWorkbookTable* table = GetAt(position);
   if (table != nullptr) table->indexing_list_ = const_cast<LcWorkbookTableList*>(this);
-  return table != nullptr;
+  return table;
 }
 
 LcWorkbookTable* LcWorkbookTableList::FindTable(const std::u16string& owner,
                                                 const std::u16string& name) const {
-  FirstMatchIndex& index = index_->by_owner_and_name;
-  index.TakeIn(
+  index_->by_owner_and_name.TakeIn(
       GetCount(), [this](std::size_t at) { return StartIndexing(at); },
-      [this](std::size_t at) {
-        return HashPair(HashText(GetAt(at)->owner_), HashText(GetAt(at)->name_));
-      },
-      [this](std::size_t a, std::size_t b) {
-        return GetAt(a)->name_ == GetAt(b)->name_ && GetAt(a)->owner_ == GetAt(b)->owner_;
+      [](const LcWorkbookTable& table) {
+        return TextKey{table.owner_, table.name_};
       });
-  return GetAt(index.Find(HashPair(HashText(owner), HashText(name)), [&](std::size_t at) {
-    return GetAt(at)->name_ == name && GetAt(at)->owner_ == owner;
-  }));
+  return index_->by_owner_and_name.Find({owner, name});
 }
 
 LcWorkbookTable* LcWorkbookTableList::FindTableNoOwner(const std::u16string& name) const {
-  FirstMatchIndex& index = index_->by_name;
-  index.TakeIn(
+  index_->by_name.TakeIn(
       GetCount(), [this](std::size_t at) { return StartIndexing(at); },
-      [this](std::size_t at) { return HashText(GetAt(at)->name_); },
-      [this](std::size_t a, std::size_t b) { return GetAt(a)->name_ == GetAt(b)->name_; });
-  return GetAt(
-      index.Find(HashText(name), [&](std::size_t at) { return GetAt(at)->name_ == name; }));
+      [](const LcWorkbookTable& table) {
+        return TextKey{{}, table.name_};
+      });
+  return index_->by_name.Find({{}, name});
 }
 
 LcWorkbookTable* LcWorkbookTableList::FindTableById(int id) const {
-  FirstMatchIndex& index = index_->by_id;
-  index.TakeIn(
-      GetCount(),
-      [this](std::size_t at) { return StartIndexing(at) && (GetAt(at)->indexed_by_id_ = true); },
-      [this](std::size_t at) { return HashId(GetAt(at)->synonym_id_); },
-      [this](std::size_t a, std::size_t b) {
-        return GetAt(a)->synonym_id_ == GetAt(b)->synonym_id_;
-      });
-  return GetAt(
-      index.Find(HashId(id), [&](std::size_t at) { return GetAt(at)->synonym_id_ == id; }));
+  const auto entry_at = [this](std::size_t at) {
+    LcWorkbookTable* table = StartIndexing(at);
+    if (table != nullptr) table->indexed_by_id_ = true;
+    return table;
+  };
+  index_->by_id.TakeIn(GetCount(), entry_at,
+                       [](const LcWorkbookTable& table) { return table.synonym_id_; });
+  return index_->by_id.Find(id);
 }
 
 void LcWorkbookTableList::RemoveTablesFrom(std::size_t first) {

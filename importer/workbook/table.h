@@ -242,7 +242,7 @@ class LC_WORKBOOK_EXPORT LcWorkbookTableList : public LcObjectList<LcWorkbookTab
  private:
   friend class LcWorkbookTable;
   struct Index;
-  bool StartIndexing(std::size_t position) const;
+  LcWorkbookTable* StartIndexing(std::size_t position) const;
   void OnTableRenamed();
   void OnTableIdChanged();
 
