@@ -127,7 +127,7 @@ void LookUp(benchmark::State& state) {
 }
 
 void BothLengths(benchmark::internal::Benchmark* benchmark) {
-  benchmark->Arg(kShort)->Arg(kLong)->MinTime(0.05)->Repetitions(5)->DisplayAggregatesOnly();
+  benchmark->Arg(kShort)->Arg(kLong)->MinTime(0.02)->Repetitions(15);
 }
 
 BENCHMARK(LookUp<Tables>)->Apply(BothLengths);

@@ -17,7 +17,8 @@ namespace {
 
 using Runs = std::vector<benchmark::BenchmarkReporter::Run>;
 
-// Keeps the runs by name ("LookUp<Tables>/1000"): of a repeated one the median.
+// Keeps the runs by name ("LookUp<Tables>/1000"): of repetitions the fastest, which other programs
+// on the machine have disturbed least.
 class Collector : public benchmark::ConsoleReporter {
  public:
   explicit Collector(bool quiet) : quiet_(quiet) {}
@@ -28,8 +29,10 @@ class Collector : public benchmark::ConsoleReporter {
     if (!quiet_) ConsoleReporter::ReportRuns(runs);
     for (const Run& run : runs) {
       if (run.error_occurred) failed_ = true;
-      if (run.run_type == Run::RT_Aggregate && run.aggregate_name != "median") continue;
-      runs_[run.run_name.function_name + "/" + run.run_name.args] = run;
+      if (run.run_type == Run::RT_Aggregate) continue;
+      const auto [kept, added] =
+          runs_.try_emplace(run.run_name.function_name + "/" + run.run_name.args, run);
+      if (run.GetAdjustedCPUTime() < kept->second.GetAdjustedCPUTime()) kept->second = run;
     }
   }
   bool HasFailed() const { return failed_; }
