@@ -83,8 +83,11 @@ DRIVER_ENTRY SQLCancel(SQLHSTMT) { return SQL_SUCCESS; }
 DRIVER_ENTRY SQLDisconnect(SQLHDBC) { return statements == 0 ? SQL_SUCCESS : SQL_ERROR; }
 DRIVER_ENTRY SQLSetEnvAttr(SQLHENV, SQLINTEGER, SQLPOINTER, SQLINTEGER) { return SQL_SUCCESS; }
 
-DRIVER_ENTRY SQLDriverConnectW(SQLHDBC, SQLHWND, SQLWCHAR* text, SQLSMALLINT length, SQLWCHAR*,
-                               SQLSMALLINT, SQLSMALLINT*, SQLUSMALLINT) {
+DRIVER_ENTRY SQLDriverConnectW(SQLHDBC, SQLHWND, SQLWCHAR* text, SQLSMALLINT length, SQLWCHAR* out,
+                               SQLSMALLINT, SQLSMALLINT* out_length, SQLUSMALLINT) {
+  // The driver manager reads these on, whether its caller wants them or not.
+  if (out != nullptr) *out = 0;
+  if (out_length != nullptr) *out_length = 0;
   std::string narrow;
   for (int i = 0; length == SQL_NTS ? text[i] != 0 : i < length; ++i) {
     narrow += static_cast<char>(text[i]);
