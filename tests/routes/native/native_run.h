@@ -46,6 +46,7 @@ class NativeRun {
   LcWorkbook workbook;
   LcODBCWorkbookImport importer;
 
+  void Execute(const std::string& sql) { connection_->Execute(sql); }  // changes the catalog
   void Stop() { importer.running = false; }
   void Cancel() { importer.cancelled = true; }
   void SelectTable(const std::string& owner, const std::string& name);
