@@ -11,7 +11,7 @@ const measure = (() => {
 function shorten(text, most = 34) { return text.length > most ? `${text.slice(0, most - 1)}…` : text; }
 
 // What a box shows: all columns, or the keys with a line for the rest.
-function makeBox(table, allColumns) {
+function makeBox(table, allColumns, withOwner) {
   const foreign = new Set(table.outgoing.flatMap((relation) => relation.fromColumns));
   const shown = table.columns.filter((column) => allColumns || column.flags & PRIMARY || foreign.has(column.position));
   const rows = shown.slice(0, 40).map((column) => ({
@@ -20,9 +20,10 @@ function makeBox(table, allColumns) {
   }));
   const rest = table.rawColumns.length - rows.length;
   const widths = rows.map((row) => MARKS + measure(row.name, "12px") + (row.type ? measure(row.type, "11px") + 16 : 0));
-  const width = Math.max(118, measure(shorten(table.name), "650 13px") + 2 * PAD + 4, ...widths.map((w) => w + 2 * PAD));
+  const label = shorten(withOwner ? table.title : table.name);
+  const width = Math.max(118, measure(label, "650 13px") + 2 * PAD + 4, ...widths.map((w) => w + 2 * PAD));
   const height = HEADER + rows.length * LINE + (rest > 0 ? LINE : 0) + (rows.length || rest > 0 ? 9 : 0);
-  return {table, rows, rest, width: Math.ceil(width), height};
+  return {table, label, rows, rest, width: Math.ceil(width), height};
 }
 
 function rowY(box, position) {
@@ -31,7 +32,7 @@ function rowY(box, position) {
 }
 
 function drawBox(box, focus) {
-  const {table, rows, rest, width, height} = box;
+  const {table, label, rows, rest, width, height} = box;
   const g = svg("a", {
     class: `node${table === focus ? " focus" : ""}`, href: table.href, transform: `translate(${box.x} ${box.y})`,
     "aria-label": `${table.kind} ${table.title}, ${count(table.outgoing.length, "reference")}, referred to by ${table.incoming.length}`,
@@ -40,7 +41,7 @@ function drawBox(box, focus) {
     svg("title", {}, `${table.title}\n${count(table.rawColumns.length, "column")}`),
     svg("rect", {class: "box", width, height, rx: 8}),
     svg("path", {class: "title", d: `M1 ${HEADER}V8a7 7 0 0 1 7-7H${width - 8}a7 7 0 0 1 7 7V${HEADER}z`}),
-    svg("text", {class: "title-text", x: PAD, y: 20}, shorten(table.name)));
+    svg("text", {class: "title-text", x: PAD, y: 20}, label));
   if (rows.length || rest > 0) g.append(svg("line", {class: "rule", x1: 0.6, x2: width - 0.6, y1: HEADER, y2: HEADER}));
   rows.forEach((row, i) => {
     const y = HEADER + 5 + i * LINE + 14;
@@ -93,7 +94,9 @@ function drawLine(relation, from, to, bends) {
 
 // A diagram of `some` tables with what relates them. Laid out when it is first in the document.
 function makeDiagram(some, {focus = null, allColumns = false} = {}) {
-  const boxes = some.map((table) => makeBox(table, allColumns));
+  const alike = new Map();  // how many share a name: those are told apart by their owners
+  for (const {name} of some) alike.set(name, (alike.get(name) ?? 0) + 1);
+  const boxes = some.map((table) => makeBox(table, allColumns, alike.get(table.name) > 1));
   const position = new Map(some.map((table, i) => [table, i]));
   const lines = relationsAmong(some).map((relation) => ({relation, from: position.get(relation.from), to: position.get(relation.to)}));
   const size = layOut(boxes, lines);

@@ -7,7 +7,7 @@ import {launch} from "./browser.js";
 
 const [, , file, address, picture] = process.argv;
 const browser = await launch();
-const page = await browser.newPage({viewport: {width: 1320, height: 930}, colorScheme: "light"});
+const page = await browser.newPage({viewport: {width: 1400, height: 1140}, colorScheme: "light"});
 await page.goto(pathToFileURL(resolve(file)).href + address);
 await page.waitForTimeout(500);
 await page.screenshot({path: picture});
