@@ -11,9 +11,13 @@ namespace wbexport {
 
 namespace {
 
-struct FreeContext {
-  void operator()(GVC_t* context) const { gvFreeContext(context); }
-};
+// One for the life of the process, never freed: the text plugin remembers the last font by a
+// pointer into its context and reads it again at the next diagram (Graphviz 2.42), and freeing the
+// context would unload plugins whose libraries keep memory in use.
+GVC_t* Context() {
+  static GVC_t* const context = gvContext();
+  return context;
+}
 struct CloseGraph {
   void operator()(Agraph_t* graph) const { agclose(graph); }
 };
@@ -43,13 +47,13 @@ bool WriteSvg(const Document& document, const Options& options, std::ostream& ou
   if (!SelectDiagram(document, options, diagram, notes)) return false;
   // Graphviz warns on standard error of boxes it has to widen; errors are told below.
   agseterr(AGMAX);
-  const std::unique_ptr<GVC_t, FreeContext> context(gvContext());
+  GVC_t* context = Context();
   const std::unique_ptr<Agraph_t, CloseGraph> graph(agmemread(DotText(diagram).c_str()));
-  if (context && graph) {
-    const Layout layout(context.get(), graph.get());
+  if (context != nullptr && graph) {
+    const Layout layout(context, graph.get());
     char* data = nullptr;
     unsigned int size = 0;
-    if (layout.IsDone() && gvRenderData(context.get(), graph.get(), "svg", &data, &size) == 0) {
+    if (layout.IsDone() && gvRenderData(context, graph.get(), "svg", &data, &size) == 0) {
       const std::unique_ptr<char, FreeRendered> rendered(data);
       out << std::string_view(data, size);
       return true;
