@@ -198,6 +198,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     }
   }
   if (rows.GetData(rows.GetRowCount() + 1, 1, cell) || rows.GetData(0, 1, cell)) std::abort();
+  g_input = nullptr;
   return 0;
 }
 

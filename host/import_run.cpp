@@ -92,6 +92,8 @@ ImportResult ImportRunner::Run(const LcImportChoices& choices, std::uint32_t ite
     active_ = nullptr;
     result.info.status = status;
     FillServerFacts(importer, importer.DecideRoute(), result.info);
+    importer_ = nullptr;
+    progress_ = nullptr;
   }
   progress.Finish();
   result.info.errors_shown = services_.ErrorsShown();

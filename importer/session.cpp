@@ -25,7 +25,8 @@ ImportSession::~ImportSession() {
 }
 
 LcWorkbookDatatypeList& ImportSession::TypesInForce() const {
-  return targets.data_types != nullptr ? *targets.data_types : *own_types_;
+  if (targets.data_types != nullptr) return *targets.data_types;
+  return *own_types_;
 }
 
 void ImportSession::StatusDialog(enumImpNotify notify, enumImpItemType item_type,

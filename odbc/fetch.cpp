@@ -299,17 +299,19 @@ bool LcODBCFetch::State::FetchRows(LcODBCRecordList& rows) {
   return false;
 }
 
-OtherError LcODBCFetch::State::loadRecords(LcODBCRecordList& rows, SQLULEN rows_fetched) const try {
-  const std::size_t count = std::min<std::size_t>(rows_fetched, rowset_size);
-  for (std::size_t row = 0; row < count; ++row) {
-    if (row_status[row] == SQL_ROW_DELETED) continue;
-    if (row_status[row] == SQL_ROW_ERROR) return OtherError::kRowError;
-    if (!LoadRow(rows, row)) return OtherError::kBadLength;
+OtherError LcODBCFetch::State::loadRecords(LcODBCRecordList& rows, SQLULEN rows_fetched) const {
+  try {
+    const std::size_t count = std::min<std::size_t>(rows_fetched, rowset_size);
+    for (std::size_t row = 0; row < count; ++row) {
+      if (row_status[row] == SQL_ROW_DELETED) continue;
+      if (row_status[row] == SQL_ROW_ERROR) return OtherError::kRowError;
+      if (!LoadRow(rows, row)) return OtherError::kBadLength;
+    }
+    return OtherError::kNone;
+  } catch (const std::bad_alloc&) {
+    rows.DiscardRow();
+    return OtherError::kNoMemory;
   }
-  return OtherError::kNone;
-} catch (const std::bad_alloc&) {
-  rows.DiscardRow();
-  return OtherError::kNoMemory;
 }
 
 // False, with no row added, when a length indicator is of no use, such as SQL_NO_TOTAL.

@@ -45,7 +45,7 @@ struct LcWorkbookFunctionList::Index {
 };
 
 LcWorkbookFunctionList::LcWorkbookFunctionList() : index_(std::make_unique<Index>()) {}
-LcWorkbookFunctionList::~LcWorkbookFunctionList() { OnClearing(); }
+LcWorkbookFunctionList::~LcWorkbookFunctionList() { LcWorkbookFunctionList::OnClearing(); }
 
 LcWorkbookFunction* LcWorkbookFunctionList::FindFunction(const std::u16string& owner,
                                                          const std::u16string& name) const {

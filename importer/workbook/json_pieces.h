@@ -77,9 +77,8 @@ class JsonPieces : public nlohmann::json_sax<nlohmann::json> {
   void ExpectTop() const {
     if (!in_top_) throw JsonRefusal{"line 1, column 1: expected an object"};
   }
-  // Puts the value where it belongs in the open piece; null when it is a whole piece itself.
+  // Puts the value where it belongs in the open piece; there must be one.
   Json* Place(Json&& value) {
-    if (open_.empty()) return nullptr;
     Json& parent = *open_.back();
     if (parent.is_array()) return &parent.emplace_back(std::move(value));
     return &(parent[key_] = std::move(value));
@@ -95,12 +94,12 @@ class JsonPieces : public nlohmann::json_sax<nlohmann::json> {
   }
   bool Open(Json&& container) {
     if (open_.size() >= kDeepest) throw JsonRefusal{top_key_ + ": nested too deep"};
-    Json* placed = Place(std::move(container));
-    if (placed == nullptr) {
+    if (open_.empty()) {
       piece_ = std::move(container);
-      placed = &piece_;
+      open_.push_back(&piece_);
+    } else {
+      open_.push_back(Place(std::move(container)));
     }
-    open_.push_back(placed);
     return true;
   }
   bool Close() {

@@ -155,7 +155,7 @@ struct LcWorkbookTableList::Index {
 };
 
 LcWorkbookTableList::LcWorkbookTableList() : index_(std::make_unique<Index>()) {}
-LcWorkbookTableList::~LcWorkbookTableList() { OnClearing(); }
+LcWorkbookTableList::~LcWorkbookTableList() { LcWorkbookTableList::OnClearing(); }
 
 // The table at a position, which from here on tells of a new name; the list stays logically
 // unchanged.

@@ -18,7 +18,8 @@ char32_t LcNextCodePoint(std::u16string_view text, std::size_t& at) {
   if (!IsLead(c) && !IsTrail(c)) return c;
   if (IsTrail(c) || at == text.size() || !IsTrail(text[at])) return kReplacement;
   const char16_t trail = text[at++];
-  return 0x10000 + ((char32_t{c} - 0xD800) << 10) + (char32_t{trail} - 0xDC00);
+  return 0x10000U + ((static_cast<char32_t>(c) - 0xD800U) << 10U) +
+         (static_cast<char32_t>(trail) - 0xDC00U);
 }
 
 void LcAppendUtf8(char32_t code_point, std::string& out) {
