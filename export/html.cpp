@@ -90,7 +90,8 @@ class PageData {
     const auto place = numbers_.find(around);
     Member("view", Json{{"around", place == numbers_.end() ? -1 : static_cast<int>(place->second)},
                         {"distance", std::clamp(options.distance, 1, 3)},
-                        {"whole", options.whole}});
+                        {"whole", options.whole},
+                        {"mostTables", kLargestDiagram}});
     out_ << '}';
   }
 
@@ -296,7 +297,8 @@ bool WriteHtml(const Document& document, const Options& options, std::ostream& o
       out << "(() => {\n\"use strict\";\n";
       for (const std::string_view script :
            {embedded::kDom, embedded::kModel, embedded::kSidebar, embedded::kLayout,
-            embedded::kDiagram, embedded::kPages, embedded::kApp}) {
+            embedded::kPanZoom, embedded::kDiagram, embedded::kPages, embedded::kLists,
+            embedded::kApp}) {
         out << script << '\n';
       }
       out << "})();";

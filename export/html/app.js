@@ -20,9 +20,13 @@ function importNotice() {
   if (source.cutShort) {
     sentences.push(h("strong", {}, `${source.cutShort} `), "Tables, columns and keys may be missing here. ");
   } else if (!source.result) {
-    sentences.push(h("strong", {}, "The import reported a failure. "), "Parts of the schema may be missing here. ");
+    sentences.push(
+      h("strong", {}, "The import reported a failure. "),
+      "Parts of the schema may be missing here. ",
+    );
   }
-  if (source.errorsShown) sentences.push(`${count(source.errorsShown, "database error")} came up during the import.`);
+  if (source.errorsShown)
+    sentences.push(`${count(source.errorsShown, "database error")} came up during the import.`);
   return sentences.length ? h("p", {class: "notice", role: "note", id: "import-notice"}, sentences) : null;
 }
 
@@ -33,41 +37,92 @@ function setTheme(theme) {
   themeButton.textContent = {auto: "◐ Auto", light: "☀ Light", dark: "☾ Dark"}[theme];
   themeButton.value = theme;
   // A page opened from a file may have no storage.
-  try { localStorage.setItem("schema-theme", theme); } catch { /* the choice lasts for this visit */ }
+  try {
+    localStorage.setItem("schema-theme", theme);
+  } catch {
+    /* the choice lasts for this visit */
+  }
 }
-const themeButton = h("button", {type: "button", "aria-label": "Colour theme", onclick: () => setTheme(THEMES[(THEMES.indexOf(themeButton.value) + 1) % 3])});
+const themeButton = h("button", {
+  type: "button",
+  "aria-label": "Colour theme",
+  onclick: () => setTheme(THEMES[(THEMES.indexOf(themeButton.value) + 1) % 3]),
+});
 let savedTheme = null;
-try { savedTheme = localStorage.getItem("schema-theme"); } catch { /* none saved */ }
+try {
+  savedTheme = localStorage.getItem("schema-theme");
+} catch {
+  /* none saved */
+}
 setTheme(THEMES.includes(savedTheme) ? savedTheme : "auto");
 
 const help = document.getElementById("help");
 const SHORTCUTS = [
-  ["/", "search"], ["↑ ↓", "move in the list"], ["Enter", "open what is chosen"], ["Escape", "clear the search, then leave it"],
-  ["← ↑ ↓ →", "move the diagram in hand"], ["+ − 0", "zoom it in, out, and to fit"], ["?", "these keys"],
+  ["/", "search"],
+  ["↑ ↓", "move in the list"],
+  ["Enter", "open what is chosen"],
+  ["Escape", "clear the search, then leave it"],
+  ["← ↑ ↓ →", "move the diagram in hand"],
+  ["+ − 0", "zoom it in, out, and to fit"],
+  ["?", "these keys"],
 ];
-help.append(h("h2", {id: "help-title", style: "margin-top:0"}, "Keys"), h("dl", {}, SHORTCUTS.map(([key, what]) => [h("dt", {}, h("kbd", {}, key)), h("dd", {}, what)])), h("button", {type: "button", onclick: () => help.close()}, "Close"));
+help.append(
+  h("h2", {id: "help-title", style: "margin-top:0"}, "Keys"),
+  h(
+    "dl",
+    {},
+    SHORTCUTS.map(([key, what]) => [h("dt", {}, h("kbd", {}, key)), h("dd", {}, what)]),
+  ),
+  h("button", {type: "button", onclick: () => help.close()}, "Close"),
+);
 
 document.getElementById("top").append(
   h("a", {class: "brand", href: "#/"}, icon("table"), h("span", {}, data.source.dbmsName || "Schema")),
-  h("nav", {class: "tabs", "aria-label": "Pages"}, TABS.map(([href, label, number]) => h("a", {href}, label, number ? h("span", {class: "count"}, NUMBER.format(number)) : null))),
-  h("button", {type: "button", "aria-label": "Keys", title: "Keys (?)", onclick: () => help.showModal()}, "?"),
-  themeButton);
+  h(
+    "nav",
+    {class: "tabs", "aria-label": "Pages"},
+    TABS.map(([href, label, number]) =>
+      h("a", {href}, label, number ? h("span", {class: "count"}, NUMBER.format(number)) : null),
+    ),
+  ),
+  h(
+    "button",
+    {type: "button", "aria-label": "Keys", title: "Keys (?)", onclick: () => help.showModal()},
+    "?",
+  ),
+  themeButton,
+);
 
-function decode(text) { try { return decodeURIComponent(text); } catch { return text; } }
+function decode(text) {
+  try {
+    return decodeURIComponent(text);
+  } catch {
+    return text;
+  }
+}
 
 function contentFor(path, query) {
   const table = tableByPath.get(path);
   if (table) return [table.title, tablePage(table, query)];
   const [, page, name = ""] = path.split("/");
   switch (page) {
-    case "": case undefined: return ["Overview", overviewPage()];
-    case "diagram": return ["Diagram", diagramPage(query)];
-    case "types": return ["Data types", typesPage(decode(name))];
-    case "functions": return ["Functions", functionsPage("Functions", functions, decode(name))];
-    case "boolean-functions": return ["Boolean functions", functionsPage("Boolean functions", booleanFunctions, decode(name))];
-    case "procedures": return ["Procedures", proceduresPage(decode(name))];
-    case "operators": return ["Operators and aggregates", operatorsPage()];
-    default: return ["Not found", missingPage()];
+    case "":
+    case undefined:
+      return ["Overview", overviewPage()];
+    case "diagram":
+      return ["Diagram", diagramPage(query)];
+    case "types":
+      return ["Data types", typesPage(decode(name))];
+    case "functions":
+      return ["Functions", functionsPage("Functions", functions, decode(name))];
+    case "boolean-functions":
+      return ["Boolean functions", functionsPage("Boolean functions", booleanFunctions, decode(name))];
+    case "procedures":
+      return ["Procedures", proceduresPage(decode(name))];
+    case "operators":
+      return ["Operators and aggregates", operatorsPage()];
+    default:
+      return ["Not found", missingPage()];
   }
 }
 
@@ -89,7 +144,10 @@ function showPage(moveFocus) {
   if (moveFocus) main.querySelector("h1")?.focus({preventScroll: true});
 }
 
-document.querySelector(".skip").addEventListener("click", (event) => { event.preventDefault(); main.focus(); });
+document.querySelector(".skip").addEventListener("click", (event) => {
+  event.preventDefault();
+  main.focus();
+});
 addEventListener("hashchange", () => showPage(true));
 addEventListener("keydown", (event) => {
   if (event.ctrlKey || event.metaKey || event.altKey || event.target.closest("input, select, dialog")) return;
@@ -106,7 +164,11 @@ addEventListener("keydown", (event) => {
 
 // A page that was made around one table, or to be drawn whole, starts there.
 if (!location.hash && data.view.around >= 0) {
-  history.replaceState(null, "", `#/diagram?around=${encodeURIComponent(tables[data.view.around].path)}&distance=${data.view.distance}`);
+  history.replaceState(
+    null,
+    "",
+    `#/diagram?around=${encodeURIComponent(tables[data.view.around].path)}&distance=${data.view.distance}`,
+  );
 } else if (!location.hash && data.view.whole) {
   history.replaceState(null, "", "#/diagram");
 }

@@ -1,25 +1,40 @@
 // The entity-relationship diagram: boxes with key columns, lines with crow's feet, zoom and pan.
 
-const MOST_TABLES = 60;  // drawn without being asked twice
-const HEADER = 30, LINE = 19, PAD = 11, MARKS = 30;
+const MOST_TABLES = data.view.mostTables; // drawn without being asked twice
+const HEADER = 30,
+  LINE = 19,
+  PAD = 11,
+  MARKS = 30;
 
 const measure = (() => {
   const context = document.createElement("canvas").getContext("2d");
-  return (text, font) => { context.font = `${font} ${getComputedStyle(document.body).fontFamily}`; return context.measureText(text).width; };
+  return (text, font) => {
+    context.font = `${font} ${getComputedStyle(document.body).fontFamily}`;
+    return context.measureText(text).width;
+  };
 })();
 
-function shorten(text, most = 34) { return text.length > most ? `${text.slice(0, most - 1)}…` : text; }
+function shorten(text, most = 34) {
+  return text.length > most ? `${text.slice(0, most - 1)}…` : text;
+}
 
 // What a box shows: all columns, or the keys with a line for the rest.
 function makeBox(table, allColumns, withOwner) {
   const foreign = new Set(table.outgoing.flatMap((relation) => relation.fromColumns));
-  const shown = table.columns.filter((column) => allColumns || column.flags & PRIMARY || foreign.has(column.position));
+  const shown = table.columns.filter(
+    (column) => allColumns || column.flags & PRIMARY || foreign.has(column.position),
+  );
   const rows = shown.slice(0, 40).map((column) => ({
-    position: column.position, name: shorten(column.name), type: allColumns ? shorten(column.type, 22) : "",
-    primary: column.flags & PRIMARY, foreign: foreign.has(column.position),
+    position: column.position,
+    name: shorten(column.name),
+    type: allColumns ? shorten(column.type, 22) : "",
+    primary: column.flags & PRIMARY,
+    foreign: foreign.has(column.position),
   }));
   const rest = table.rawColumns.length - rows.length;
-  const widths = rows.map((row) => MARKS + measure(row.name, "12px") + (row.type ? measure(row.type, "11px") + 16 : 0));
+  const widths = rows.map(
+    (row) => MARKS + measure(row.name, "12px") + (row.type ? measure(row.type, "11px") + 16 : 0),
+  );
   const label = shorten(withOwner ? table.title : table.name);
   const width = Math.max(118, measure(label, "650 13px") + 2 * PAD + 4, ...widths.map((w) => w + 2 * PAD));
   const height = HEADER + rows.length * LINE + (rest > 0 ? LINE : 0) + (rows.length || rest > 0 ? 9 : 0);
@@ -34,32 +49,54 @@ function rowY(box, position) {
 function drawBox(box, focus) {
   const {table, label, rows, rest, width, height} = box;
   const g = svg("a", {
-    class: `node${table === focus ? " focus" : ""}`, href: table.href, transform: `translate(${box.x} ${box.y})`,
+    class: `node${table === focus ? " focus" : ""}`,
+    href: table.href,
+    transform: `translate(${box.x} ${box.y})`,
     "aria-label": `${table.kind} ${table.title}, ${count(table.outgoing.length, "reference")}, referred to by ${table.incoming.length}`,
   });
   g.append(
     svg("title", {}, `${table.title}\n${count(table.rawColumns.length, "column")}`),
     svg("rect", {class: "box", width, height, rx: 8}),
     svg("path", {class: "title", d: `M1 ${HEADER}V8a7 7 0 0 1 7-7H${width - 8}a7 7 0 0 1 7 7V${HEADER}z`}),
-    svg("text", {class: "title-text", x: PAD, y: 20}, label));
-  if (rows.length || rest > 0) g.append(svg("line", {class: "rule", x1: 0.6, x2: width - 0.6, y1: HEADER, y2: HEADER}));
+    svg("text", {class: "title-text", x: PAD, y: 20}, label),
+  );
+  if (rows.length || rest > 0)
+    g.append(svg("line", {class: "rule", x1: 0.6, x2: width - 0.6, y1: HEADER, y2: HEADER}));
   rows.forEach((row, i) => {
     const y = HEADER + 5 + i * LINE + 14;
-    if (row.primary || row.foreign) g.append(svg("text", {class: `key-mark${row.primary ? "" : " foreign"}`, x: PAD, y: y - 0.5}, row.primary ? "PK" : "FK"));
+    if (row.primary || row.foreign)
+      g.append(
+        svg(
+          "text",
+          {class: `key-mark${row.primary ? "" : " foreign"}`, x: PAD, y: y - 0.5},
+          row.primary ? "PK" : "FK",
+        ),
+      );
     g.append(svg("text", {x: PAD + MARKS - 4, y}, row.name));
     if (row.type) g.append(svg("text", {class: "small", x: width - PAD, y, "text-anchor": "end"}, row.type));
   });
-  if (rest > 0) g.append(svg("text", {class: "small", x: PAD + MARKS - 4, y: HEADER + 5 + rows.length * LINE + 14}, rows.length ? `+ ${rest} more` : count(rest, "column")));
+  if (rest > 0)
+    g.append(
+      svg(
+        "text",
+        {class: "small", x: PAD + MARKS - 4, y: HEADER + 5 + rows.length * LINE + 14},
+        rows.length ? `+ ${rest} more` : count(rest, "column"),
+      ),
+    );
   return g;
 }
 
 // A line's end at (x, y); `out` is 1 where the line leaves to the right, -1 to the left.
-function crowsFoot(x, y, out) { return `M${x + 13 * out} ${y}L${x} ${y - 6}M${x + 13 * out} ${y}L${x} ${y + 6}`; }
-function bar(x, y, out, distance = 9) { return `M${x + distance * out} ${y - 6}v12`; }
+function crowsFoot(x, y, out) {
+  return `M${x + 13 * out} ${y}L${x} ${y - 6}M${x + 13 * out} ${y}L${x} ${y + 6}`;
+}
+function bar(x, y, out, distance = 9) {
+  return `M${x + distance * out} ${y - 6}v12`;
+}
 
 function drawLine(relation, from, to, bends) {
-  const a = {y: rowY(to, relation.toColumns[0])};    // the referenced end
-  const b = {y: rowY(from, relation.fromColumns[0])};  // the referencing end
+  const a = {y: rowY(to, relation.toColumns[0])}; // the referenced end
+  const b = {y: rowY(from, relation.fromColumns[0])}; // the referencing end
   let path;
   if (from === to) {
     Object.assign(a, {x: to.x + to.width, out: 1});
@@ -84,21 +121,29 @@ function drawLine(relation, from, to, bends) {
   const g = svg("g", {class: "edge"});
   g.append(
     svg("title", {}, describeRelation(relation)),
-    svg("path", {class: "hit", d: path}), svg("path", {d: path}),
+    svg("path", {class: "hit", d: path}),
+    svg("path", {d: path}),
     svg("path", {d: relation.oneToOne ? bar(b.x, b.y, b.out) : crowsFoot(b.x, b.y, b.out)}),
     svg("circle", {class: "dot", cx: b.x + (relation.oneToOne ? 15 : 17) * b.out, cy: b.y, r: 3.4}),
     svg("path", {d: bar(a.x, a.y, a.out, 7)}),
-    relation.optional ? svg("circle", {class: "dot", cx: a.x + 14 * a.out, cy: a.y, r: 3.4}) : svg("path", {d: bar(a.x, a.y, a.out, 11)}));
+    relation.optional
+      ? svg("circle", {class: "dot", cx: a.x + 14 * a.out, cy: a.y, r: 3.4})
+      : svg("path", {d: bar(a.x, a.y, a.out, 11)}),
+  );
   return g;
 }
 
 // A diagram of `some` tables with what relates them. Laid out when it is first in the document.
 function makeDiagram(some, {focus = null, allColumns = false} = {}) {
-  const alike = new Map();  // how many share a name: those are told apart by their owners
+  const alike = new Map(); // how many share a name: those are told apart by their owners
   for (const {name} of some) alike.set(name, (alike.get(name) ?? 0) + 1);
   const boxes = some.map((table) => makeBox(table, allColumns, alike.get(table.name) > 1));
   const position = new Map(some.map((table, i) => [table, i]));
-  const lines = relationsAmong(some).map((relation) => ({relation, from: position.get(relation.from), to: position.get(relation.to)}));
+  const lines = relationsAmong(some).map((relation) => ({
+    relation,
+    from: position.get(relation.from),
+    to: position.get(relation.to),
+  }));
   const size = layOut(boxes, lines);
   const view = svg("g");
   const edges = svg("g");
@@ -114,117 +159,99 @@ function makeDiagram(some, {focus = null, allColumns = false} = {}) {
   for (const box of boxes) {
     const node = drawBox(box, focus);
     const light = (on) => edgesOf.get(box.table).forEach((edge) => edge.classList.toggle("lit", on));
-    for (const [event, on] of [["pointerenter", true], ["pointerleave", false], ["focus", true], ["blur", false]]) node.addEventListener(event, () => light(on));
+    for (const [event, on] of [
+      ["pointerenter", true],
+      ["pointerleave", false],
+      ["focus", true],
+      ["blur", false],
+    ])
+      node.addEventListener(event, () => light(on));
     nodes.append(node);
   }
-  const picture = svg("svg", {
-    role: "group", tabindex: "0",
-    "aria-label": `Diagram of ${count(some.length, "table")} and ${count(lines.length, "relationship")}. Arrow keys move it, plus and minus zoom, 0 fits it.`,
-  }, view);
+  const picture = svg(
+    "svg",
+    {
+      role: "group",
+      tabindex: "0",
+      "aria-label": `Diagram of ${count(some.length, "table")} and ${count(lines.length, "relationship")}. Arrow keys move it, plus and minus zoom, 0 fits it.`,
+    },
+    view,
+  );
   return h("div", {class: "diagram"}, picture, panAndZoom(picture, view, size));
-}
-
-// Lets the reader move and zoom `view` inside `picture`; returns the buttons.
-function panAndZoom(picture, view, size) {
-  let scale = 1, x = 0, y = 0, moved = false;
-  const apply = () => view.setAttribute("transform", `translate(${x} ${y}) scale(${scale})`);
-  const fit = () => {
-    const {clientWidth: width, clientHeight: height} = picture;
-    if (!width || !height) return;
-    scale = Math.min(1.25, (width - 48) / size.width, (height - 48) / size.height);
-    x = (width - size.width * scale) / 2;
-    y = (height - size.height * scale) / 2;
-    apply();
-  };
-  const zoom = (factor, px = picture.clientWidth / 2, py = picture.clientHeight / 2) => {
-    const next = Math.max(0.02, Math.min(4, scale * factor));
-    x = px - ((px - x) * next) / scale;
-    y = py - ((py - y) * next) / scale;
-    scale = next;
-    moved = true;
-    apply();
-  };
-  const pan = (dx, dy) => { x += dx; y += dy; moved = true; apply(); };
-  new ResizeObserver(() => { if (!moved) fit(); }).observe(picture);
-
-  picture.addEventListener("wheel", (event) => {
-    event.preventDefault();
-    const box = picture.getBoundingClientRect();
-    zoom(Math.exp(-event.deltaY * (event.deltaMode ? 0.05 : 0.0016)), event.clientX - box.left, event.clientY - box.top);
-  }, {passive: false});
-  const pointers = new Map();
-  let dragged = 0;
-  picture.addEventListener("pointerdown", (event) => {
-    if (event.button > 0) return;
-    pointers.set(event.pointerId, event);
-    dragged = 0;
-  });
-  picture.addEventListener("pointermove", (event) => {
-    const before = pointers.get(event.pointerId);
-    if (!before) return;
-    pointers.set(event.pointerId, event);
-    if (pointers.size === 1) {
-      pan(event.clientX - before.clientX, event.clientY - before.clientY);
-      dragged += Math.abs(event.clientX - before.clientX) + Math.abs(event.clientY - before.clientY);
-      // Captured late, so that a plain click still reaches the box under it.
-      if (dragged > 4 && !picture.hasPointerCapture(event.pointerId)) { picture.setPointerCapture(event.pointerId); picture.classList.add("dragging"); }
-    } else {
-      const [other] = [...pointers.values()].filter((pointer) => pointer.pointerId !== event.pointerId);
-      const distance = (pointer) => Math.hypot(pointer.clientX - other.clientX, pointer.clientY - other.clientY) || 1;
-      const box = picture.getBoundingClientRect();
-      zoom(distance(event) / distance(before), (event.clientX + other.clientX) / 2 - box.left, (event.clientY + other.clientY) / 2 - box.top);
-      dragged = 99;
-    }
-  });
-  const lift = (event) => { pointers.delete(event.pointerId); picture.classList.remove("dragging"); };
-  picture.addEventListener("pointerup", lift);
-  picture.addEventListener("pointercancel", lift);
-  picture.addEventListener("dragstart", (event) => event.preventDefault());
-  picture.addEventListener("click", (event) => { if (dragged > 4) event.preventDefault(); }, true);
-  picture.addEventListener("keydown", (event) => {
-    const keys = {
-      ArrowLeft: () => pan(60, 0), ArrowRight: () => pan(-60, 0), ArrowUp: () => pan(0, 60), ArrowDown: () => pan(0, -60),
-      "+": () => zoom(1.25), "=": () => zoom(1.25), "-": () => zoom(0.8), 0: () => { moved = false; fit(); },
-    };
-    if (event.ctrlKey || event.metaKey || event.altKey || !keys[event.key]) return;
-    event.preventDefault();
-    keys[event.key]();
-  });
-  // A box reached with Tab is brought into sight.
-  view.addEventListener("focusin", (event) => {
-    const [node, frame] = [event.target.getBoundingClientRect(), picture.getBoundingClientRect()];
-    if (!event.target.matches(":focus-visible")) return;
-    if (node.left < frame.left || node.right > frame.right || node.top < frame.top || node.bottom > frame.bottom) {
-      pan(frame.left + frame.width / 2 - (node.left + node.width / 2), frame.top + frame.height / 2 - (node.top + node.height / 2));
-    }
-  });
-  return h("div", {class: "tools"},
-    h("button", {type: "button", "aria-label": "Zoom in", title: "Zoom in (+)", onclick: () => zoom(1.25)}, "+"),
-    h("button", {type: "button", "aria-label": "Zoom out", title: "Zoom out (-)", onclick: () => zoom(0.8)}, "−"),
-    h("button", {type: "button", title: "Fit the whole diagram (0)", onclick: () => { moved = false; fit(); }}, "Fit"));
 }
 
 // The neighbourhood of one table with the choice of its distance (1 to 3).
 function makeNeighbourhood(table, distance, onDistance) {
   const root = h("div", {class: "neighbourhood"});
-  let allColumns = false, all = false;
+  let allColumns = false,
+    all = false;
   const draw = () => {
     const near = neighbourhood(table, distance);
     const some = all ? near : near.slice(0, MOST_TABLES);
-    root.replaceChildren(h("div", {class: "bar"},
-      h("span", {class: "muted", id: "distance-label"}, "Distance"),
-      h("span", {role: "radiogroup", "aria-labelledby": "distance-label", class: "chips"}, [1, 2, 3].map((n) => h("button", {
-        type: "button", role: "radio", "aria-checked": String(n === distance), "data-distance": n, tabindex: n === distance ? "0" : "-1",
-        onclick: () => choose(n),
-        onkeydown: (event) => {
-          const by = {ArrowRight: 1, ArrowDown: 1, ArrowLeft: -1, ArrowUp: -1}[event.key];
-          if (by) { event.preventDefault(); choose(((n - 1 + by + 3) % 3) + 1); }
-        },
-      }, String(n)))),
-      h("button", {type: "button", "aria-pressed": String(allColumns), onclick: () => { allColumns = !allColumns; draw(); }}, "All columns"),
-      h("span", {class: "muted", role: "status"}, some.length < near.length ? `The nearest ${some.length} of ${count(near.length, "table")}` : count(near.length, "table")),
-      some.length < near.length && h("button", {type: "button", onclick: () => { all = true; draw(); }}, `Draw all ${NUMBER.format(near.length)}`)),
-    makeDiagram(some, {focus: table, allColumns}));
+    root.replaceChildren(
+      h(
+        "div",
+        {class: "bar"},
+        h("span", {class: "muted", id: "distance-label"}, "Distance"),
+        h(
+          "span",
+          {role: "radiogroup", "aria-labelledby": "distance-label", class: "chips"},
+          [1, 2, 3].map((n) =>
+            h(
+              "button",
+              {
+                type: "button",
+                role: "radio",
+                "aria-checked": String(n === distance),
+                "data-distance": n,
+                tabindex: n === distance ? "0" : "-1",
+                onclick: () => choose(n),
+                onkeydown: (event) => {
+                  const by = {ArrowRight: 1, ArrowDown: 1, ArrowLeft: -1, ArrowUp: -1}[event.key];
+                  if (by) {
+                    event.preventDefault();
+                    choose(((n - 1 + by + 3) % 3) + 1);
+                  }
+                },
+              },
+              String(n),
+            ),
+          ),
+        ),
+        h(
+          "button",
+          {
+            type: "button",
+            "aria-pressed": String(allColumns),
+            onclick: () => {
+              allColumns = !allColumns;
+              draw();
+            },
+          },
+          "All columns",
+        ),
+        h(
+          "span",
+          {class: "muted", role: "status"},
+          some.length < near.length
+            ? `The nearest ${some.length} of ${count(near.length, "table")}`
+            : count(near.length, "table"),
+        ),
+        some.length < near.length &&
+          h(
+            "button",
+            {
+              type: "button",
+              onclick: () => {
+                all = true;
+                draw();
+              },
+            },
+            `Draw all ${NUMBER.format(near.length)}`,
+          ),
+      ),
+      makeDiagram(some, {focus: table, allColumns}),
+    );
   };
   const choose = (n) => {
     distance = n;

@@ -40,7 +40,11 @@ const ICONS = {
   chevron: "M6 3.5 10.5 8 6 12.5",
 };
 function icon(name) {
-  return svg("svg", {class: `icon ${name}`, viewBox: "0 0 16 16", "aria-hidden": "true"}, svg("path", {d: ICONS[name]}));
+  return svg(
+    "svg",
+    {class: `icon ${name}`, viewBox: "0 0 16 16", "aria-hidden": "true"},
+    svg("path", {d: ICONS[name]}),
+  );
 }
 
 const NUMBER = new Intl.NumberFormat("en");
@@ -55,11 +59,17 @@ function fillLazily(container, items, make, scroller = document.getElementById("
   const addSome = () => {
     const end = Math.min(next + 100, items.length);
     for (; next < end; ++next) sentinel.before(make(items[next]));
-    if (next === items.length) { observer.disconnect(); sentinel.remove(); }
+    if (next === items.length) {
+      observer.disconnect();
+      sentinel.remove();
+    }
   };
-  const observer = new IntersectionObserver((entries) => {
-    if (entries.some((entry) => entry.isIntersecting)) addSome();
-  }, {root: scroller, rootMargin: "800px"});
+  const observer = new IntersectionObserver(
+    (entries) => {
+      if (entries.some((entry) => entry.isIntersecting)) addSome();
+    },
+    {root: scroller, rootMargin: "800px"},
+  );
   container.replaceChildren(sentinel);
   observer.observe(sentinel);
   addSome();

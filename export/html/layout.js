@@ -1,7 +1,10 @@
 // Places boxes in layers from left (referenced) to right (referencing) and leads the lines between
 // them. Knows boxes and lines only, nothing of tables.
 
-const LAYER_GAP = 92, BOX_GAP = 26, PART_GAP = 56, LINE_SPACE = 14;
+const LAYER_GAP = 92,
+  BOX_GAP = 26,
+  PART_GAP = 56,
+  LINE_SPACE = 14;
 
 // boxes: [{width, height}], lines: [{from, to}] by box position, led from `from`'s left side to
 // `to`'s right side. Sets x and y of each box, and `spare`, the width that its layer has to the right
@@ -10,31 +13,52 @@ const LAYER_GAP = 92, BOX_GAP = 26, PART_GAP = 56, LINE_SPACE = 14;
 function layOut(boxes, lines) {
   const parts = connectedParts(boxes, lines);
   const single = parts.filter((part) => part.boxes.length === 1);
-  const placed = parts.filter((part) => part.boxes.length > 1).map((part) => layOutPart(part.boxes, part.lines));
-  if (single.length) placed.push(shelve(single.map(({boxes: [box]}) => ({width: box.width, height: box.height, boxes: [box], bends: []})), BOX_GAP));
+  const placed = parts
+    .filter((part) => part.boxes.length > 1)
+    .map((part) => layOutPart(part.boxes, part.lines));
+  if (single.length)
+    placed.push(
+      shelve(
+        single.map(({boxes: [box]}) => ({width: box.width, height: box.height, boxes: [box], bends: []})),
+        BOX_GAP,
+      ),
+    );
   for (const line of lines) if (line.from === line.to) line.bends = [];
-  return shelve(placed.sort((a, b) => b.height - a.height), PART_GAP);
+  return shelve(
+    placed.sort((a, b) => b.height - a.height),
+    PART_GAP,
+  );
 }
 
 // Of any number of items, for which Math.max with spread arguments is too small.
-function largest(items, value) { return items.reduce((most, item) => Math.max(most, value(item)), -Infinity); }
+function largest(items, value) {
+  return items.reduce((most, item) => Math.max(most, value(item)), -Infinity);
+}
 
 function connectedParts(boxes, lines) {
   const neighbours = boxes.map(() => []);
-  for (const {from, to} of lines) { neighbours[from].push(to); neighbours[to].push(from); }
+  for (const {from, to} of lines) {
+    neighbours[from].push(to);
+    neighbours[to].push(from);
+  }
   const part = boxes.map(() => -1);
   const parts = [];
   boxes.forEach((_, start) => {
     if (part[start] >= 0) return;
     const members = [start];
     part[start] = parts.length;
-    for (const member of members) for (const next of neighbours[member]) {
-      if (part[next] < 0) { part[next] = parts.length; members.push(next); }
-    }
+    for (const member of members)
+      for (const next of neighbours[member]) {
+        if (part[next] < 0) {
+          part[next] = parts.length;
+          members.push(next);
+        }
+      }
     parts.push({boxes: members.map((member) => boxes[member]), lines: []});
   });
   for (const line of lines) {
-    if (line.from !== line.to) parts[part[line.from]].lines.push({line, from: boxes[line.from], to: boxes[line.to]});
+    if (line.from !== line.to)
+      parts[part[line.from]].lines.push({line, from: boxes[line.from], to: boxes[line.to]});
   }
   return parts;
 }
@@ -42,13 +66,30 @@ function connectedParts(boxes, lines) {
 // Puts groups of boxes side by side in rows of about the picture's width, and moves their contents.
 function shelve(groups, gap) {
   const area = groups.reduce((sum, {width, height}) => sum + (width + gap) * (height + gap), 0);
-  const wide = Math.max(Math.sqrt(area * 1.7), largest(groups, ({width}) => width));
-  let x = 0, y = 0, rowHeight = 0, width = 0;
-  const boxes = [], bends = [];
+  const wide = Math.max(
+    Math.sqrt(area * 1.7),
+    largest(groups, ({width}) => width),
+  );
+  let x = 0,
+    y = 0,
+    rowHeight = 0,
+    width = 0;
+  const boxes = [],
+    bends = [];
   for (const group of groups) {
-    if (x > 0 && x + group.width > wide) { x = 0; y += rowHeight + gap; rowHeight = 0; }
-    for (const box of group.boxes) { box.x = (group.boxes.length > 1 ? box.x : 0) + x; box.y = (group.boxes.length > 1 ? box.y : 0) + y; }
-    for (const bend of group.bends) { bend.x += x; bend.y += y; }
+    if (x > 0 && x + group.width > wide) {
+      x = 0;
+      y += rowHeight + gap;
+      rowHeight = 0;
+    }
+    for (const box of group.boxes) {
+      box.x = (group.boxes.length > 1 ? box.x : 0) + x;
+      box.y = (group.boxes.length > 1 ? box.y : 0) + y;
+    }
+    for (const bend of group.bends) {
+      bend.x += x;
+      bend.y += y;
+    }
     for (const box of group.boxes) boxes.push(box);
     for (const bend of group.bends) bends.push(bend);
     x += group.width + gap;
@@ -63,11 +104,22 @@ function layOutPart(boxes, lines) {
   splitTallRanks(boxes, lines, ranks);
   // A line over several layers gets a cell in each layer between. Lines that leave the same box share
   // these, as one trunk, so that a table with a hundred references stays readable.
-  const cells = new Map(boxes.map((box) => [box, {box, width: box.width, height: box.height, left: [], right: [], trunk: new Map()}]));
+  const cells = new Map(
+    boxes.map((box) => [
+      box,
+      {box, width: box.width, height: box.height, left: [], right: [], trunk: new Map()},
+    ]),
+  );
   const layers = [];
-  const put = (cell, rank) => { cell.rank = rank; (layers[rank] ??= []).push(cell); };
+  const put = (cell, rank) => {
+    cell.rank = rank;
+    (layers[rank] ??= []).push(cell);
+  };
   for (const box of boxes) put(cells.get(box), ranks.get(box));
-  const join = (left, right) => { left.right.push(right); right.left.push(left); };
+  const join = (left, right) => {
+    left.right.push(right);
+    right.left.push(left);
+  };
   for (const entry of lines) {
     let [left, right] = [cells.get(entry.to), cells.get(entry.from)];
     if (left.rank > right.rank) [left, right] = [right, left];
@@ -88,7 +140,8 @@ function layOutPart(boxes, lines) {
   }
   // Trunks start in the middle of their layers, so that boxes of equal weight spread to both sides.
   layers.forEach((layer, i) => {
-    const inner = layer.filter((cell) => cell.box), half = Math.ceil(inner.length / 2);
+    const inner = layer.filter((cell) => cell.box),
+      half = Math.ceil(inner.length / 2);
     layers[i] = [...inner.slice(0, half), ...layer.filter((cell) => !cell.box), ...inner.slice(half)];
   });
   orderLayers(layers);
@@ -108,7 +161,10 @@ function layOutPart(boxes, lines) {
   const bends = [];
   for (const {line, way} of lines) {
     // From the referenced (left) to the referencing (right) end, straight through each layer.
-    line.bends = way.flatMap((cell) => [{x: cell.x, y: cell.y + LINE_SPACE / 2}, {x: cell.x + cell.span, y: cell.y + LINE_SPACE / 2}]);
+    line.bends = way.flatMap((cell) => [
+      {x: cell.x, y: cell.y + LINE_SPACE / 2},
+      {x: cell.x + cell.span, y: cell.y + LINE_SPACE / 2},
+    ]);
     for (const bend of line.bends) bends.push(bend);
   }
   return {width: x - LAYER_GAP, height: bottom - top, boxes, bends};
@@ -118,7 +174,10 @@ function layOutPart(boxes, lines) {
 function assignRanks(boxes, lines) {
   const referenced = new Map(boxes.map((box) => [box, new Set()]));
   const referencing = new Map(boxes.map((box) => [box, new Set()]));
-  for (const {from, to} of lines) { referenced.get(from).add(to); referencing.get(to).add(from); }
+  for (const {from, to} of lines) {
+    referenced.get(from).add(to);
+    referencing.get(to).add(from);
+  }
   const ranks = new Map();
   const open = new Set();
   const visit = (start) => {
@@ -131,7 +190,10 @@ function assignRanks(boxes, lines) {
         ranks.set(top[0], top[2]);
         open.delete(top[0]);
         stack.pop();
-        if (stack.length) { const below = stack[stack.length - 1]; below[2] = Math.max(below[2], top[2] + 1); }
+        if (stack.length) {
+          const below = stack[stack.length - 1];
+          below[2] = Math.max(below[2], top[2] + 1);
+        }
       } else if (ranks.has(next)) {
         top[2] = Math.max(top[2], ranks.get(next) + 1);
       } else if (!open.has(next)) {
@@ -157,7 +219,10 @@ function splitTallRanks(boxes, lines, ranks) {
   const byRank = [];
   for (const box of boxes) (byRank[ranks.get(box)] ??= []).push(box);
   const degree = new Map(boxes.map((box) => [box, 0]));
-  for (const {from, to} of lines) { degree.set(from, degree.get(from) + 1); degree.set(to, degree.get(to) + 1); }
+  for (const {from, to} of lines) {
+    degree.set(from, degree.get(from) + 1);
+    degree.set(to, degree.get(to) + 1);
+  }
   let shift = 0;
   byRank.forEach((members, rank) => {
     const height = members.reduce((sum, box) => sum + box.height + BOX_GAP, 0);
@@ -174,8 +239,14 @@ function splitTallRanks(boxes, lines, ranks) {
 // Sorts each layer by where its neighbours stand, to and fro, and keeps the order with the fewest
 // crossings.
 function orderLayers(layers) {
-  const number = () => layers.forEach((layer) => layer.forEach((cell, position) => { cell.position = position; }));
-  const mean = (cells, otherwise) => (cells.length ? cells.reduce((sum, cell) => sum + cell.position, 0) / cells.length : otherwise);
+  const number = () =>
+    layers.forEach((layer) =>
+      layer.forEach((cell, position) => {
+        cell.position = position;
+      }),
+    );
+  const mean = (cells, otherwise) =>
+    cells.length ? cells.reduce((sum, cell) => sum + cell.position, 0) / cells.length : otherwise;
   const cellCount = layers.reduce((sum, layer) => sum + layer.length, 0);
   const rounds = cellCount > 1500 ? 4 : 14;
   number();
@@ -185,13 +256,17 @@ function orderLayers(layers) {
     for (const layer of forward ? layers : [...layers].reverse()) {
       for (const cell of layer) cell.weight = mean(forward ? cell.left : cell.right, cell.position);
       layer.sort((a, b) => a.weight - b.weight || a.position - b.position);
-      layer.forEach((cell, position) => { cell.position = position; });
+      layer.forEach((cell, position) => {
+        cell.position = position;
+      });
     }
     const crossings = countCrossings(layers);
     if (!best || crossings < best.crossings) best = {crossings, layers: layers.map((layer) => [...layer])};
     if (!best.crossings) break;
   }
-  best.layers.forEach((layer, i) => { layers[i] = layer; });
+  best.layers.forEach((layer, i) => {
+    layers[i] = layer;
+  });
   number();
 }
 
@@ -200,7 +275,12 @@ function countCrossings(layers) {
   for (const layer of layers) {
     const ends = layer.flatMap((cell) => cell.right.map((next) => next.position).sort((a, b) => a - b));
     // Inversions, counted with a Fenwick tree.
-    const tree = new Array(Math.max(0, largest(ends, (end) => end)) + 2).fill(0);
+    const tree = new Array(
+      Math.max(
+        0,
+        largest(ends, (end) => end),
+      ) + 2,
+    ).fill(0);
     ends.forEach((end, seen) => {
       let notAfter = 0;
       for (let i = end + 1; i > 0; i -= i & -i) notAfter += tree[i];
@@ -215,7 +295,10 @@ function countCrossings(layers) {
 function placeVertically(layers) {
   for (const layer of layers) {
     let y = 0;
-    for (const cell of layer) { cell.y = y; y += cell.height + spaceBelow(cell); }
+    for (const cell of layer) {
+      cell.y = y;
+      y += cell.height + spaceBelow(cell);
+    }
   }
   const center = (cell) => cell.y + cell.height / 2;
   for (let round = 0; round < 12; ++round) {
@@ -223,14 +306,18 @@ function placeVertically(layers) {
     for (const layer of forward ? layers : [...layers].reverse()) {
       const wishes = layer.map((cell) => {
         const near = round > 7 ? [...cell.left, ...cell.right] : forward ? cell.left : cell.right;
-        return near.length ? near.reduce((sum, other) => sum + center(other), 0) / near.length - cell.height / 2 : cell.y;
+        return near.length
+          ? near.reduce((sum, other) => sum + center(other), 0) / near.length - cell.height / 2
+          : cell.y;
       });
       settle(layer, wishes);
     }
   }
 }
 
-function spaceBelow(cell) { return cell.box ? BOX_GAP : LINE_SPACE / 2; }
+function spaceBelow(cell) {
+  return cell.box ? BOX_GAP : LINE_SPACE / 2;
+}
 
 // The places nearest to the wishes (least squares) that keep order and distances: neighbours that
 // would overlap are moved as one block.

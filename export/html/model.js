@@ -2,7 +2,10 @@
 
 const data = JSON.parse(document.getElementById("data").textContent);
 const KINDS = ["table", "view", "synonym"];
-const REQUIRED = 1, READ_ONLY = 2, GENERATED = 4, PRIMARY = 8;
+const REQUIRED = 1,
+  READ_ONLY = 2,
+  GENERATED = 4,
+  PRIMARY = 8;
 const COLLATOR = new Intl.Collator(undefined, {numeric: true, sensitivity: "base"});
 
 class Table {
@@ -10,20 +13,28 @@ class Table {
     Object.assign(this, {index, name, key, synonym});
     this.owner = data.owners[owner];
     this.kind = KINDS[kind];
-    this.nameOnly = columns === null;  // its columns were not read
+    this.nameOnly = columns === null; // its columns were not read
     this.rawColumns = columns ?? [];
-    this.outgoing = [];  // relations in which this table refers to another
+    this.outgoing = []; // relations in which this table refers to another
     this.incoming = [];
-    this.path = "";      // of its page, behind "#"
+    this.path = ""; // of its page, behind "#"
   }
-  get title() { return this.owner ? `${this.owner}.${this.name}` : this.name; }
-  get href() { return `#${this.path}`; }
+  get title() {
+    return this.owner ? `${this.owner}.${this.name}` : this.name;
+  }
+  get href() {
+    return `#${this.path}`;
+  }
   column(position) {
     const [name, type, flags] = this.rawColumns[position];
     return {position, name, type: data.types[type], flags};
   }
-  get columns() { return this.rawColumns.map((_, position) => this.column(position)); }
-  columnNames(positions) { return positions.map((position) => this.rawColumns[position][0]); }
+  get columns() {
+    return this.rawColumns.map((_, position) => this.column(position));
+  }
+  columnNames(positions) {
+    return positions.map((position) => this.rawColumns[position][0]);
+  }
 }
 
 const tables = [...data.tables, ...data.names].map((raw, index) => new Table(index, raw));

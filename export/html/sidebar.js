@@ -2,26 +2,44 @@
 // that its length does not matter.
 
 const ROW_HEIGHT = 31;
-const LIMIT = {columns: 300, others: 100};  // results shown of each kind but tables
+const LIMIT = {columns: 300, others: 100}; // results shown of each kind but tables
 
 class Sidebar {
   constructor(root) {
     this.collapsed = new Set();
-    this.current = null;  // the table whose page is shown
-    this.active = -1;     // the row that Enter opens
+    this.current = null; // the table whose page is shown
+    this.active = -1; // the row that Enter opens
     this.input = h("input", {
-      type: "search", id: "search", placeholder: "Search tables, columns, functions", autocomplete: "off",
-      spellcheck: "false", role: "combobox", "aria-label": "Search", "aria-controls": "rows",
-      "aria-expanded": "true", "aria-autocomplete": "list",
-      oninput: () => this.refresh(), onkeydown: (event) => this.onKey(event),
+      type: "search",
+      id: "search",
+      placeholder: "Search tables, columns, functions",
+      autocomplete: "off",
+      spellcheck: "false",
+      role: "combobox",
+      "aria-label": "Search",
+      "aria-controls": "rows",
+      "aria-expanded": "true",
+      "aria-autocomplete": "list",
+      oninput: () => this.refresh(),
+      onkeydown: (event) => this.onKey(event),
     });
     this.found = h("div", {class: "found", role: "status"});
     this.spacer = h("div", {class: "spacer"});
-    this.rows = h("div", {class: "rows", id: "rows", role: "listbox", "aria-label": "Tables", tabindex: "-1"}, this.spacer);
+    this.rows = h(
+      "div",
+      {class: "rows", id: "rows", role: "listbox", "aria-label": "Tables", tabindex: "-1"},
+      this.spacer,
+    );
     this.rows.addEventListener("scroll", () => this.draw());
     new ResizeObserver(() => this.draw()).observe(this.rows);
-    append(root, [h("div", {class: "find"}, icon("search"), this.input, h("kbd", {"aria-hidden": "true"}, "/")), this.found, this.rows]);
-    this.sorted = [...tables].sort((a, b) => COLLATOR.compare(a.owner, b.owner) || COLLATOR.compare(a.name, b.name));
+    append(root, [
+      h("div", {class: "find"}, icon("search"), this.input, h("kbd", {"aria-hidden": "true"}, "/")),
+      this.found,
+      this.rows,
+    ]);
+    this.sorted = [...tables].sort(
+      (a, b) => COLLATOR.compare(a.owner, b.owner) || COLLATOR.compare(a.name, b.name),
+    );
     this.refresh();
   }
 
@@ -33,32 +51,65 @@ class Sidebar {
     for (const table of this.sorted) {
       add("tables", table.title, this.tableRow(table, true));
       table.rawColumns.forEach(([name], position) => {
-        entries.columns.push({text: `${table.title}.${name}`.toLowerCase(), own: name.toLowerCase(), table, position, name});
+        entries.columns.push({
+          text: `${table.title}.${name}`.toLowerCase(),
+          own: name.toLowerCase(),
+          table,
+          position,
+          name,
+        });
       });
     }
-    for (const [list, route] of [[functions, "functions"], [booleanFunctions, "boolean-functions"]]) {
+    for (const [list, route] of [
+      [functions, "functions"],
+      [booleanFunctions, "boolean-functions"],
+    ]) {
       for (const f of list) {
-        add("functions", f.owner ? `${f.owner}.${f.name}` : f.name, {icon: "function", name: f.name, where: f.owner, href: `#/${route}/${encodeURIComponent(f.name)}`});
+        add("functions", f.owner ? `${f.owner}.${f.name}` : f.name, {
+          icon: "function",
+          name: f.name,
+          where: f.owner,
+          href: `#/${route}/${encodeURIComponent(f.name)}`,
+        });
       }
     }
     for (const type of data.dataTypes) {
-      add("types", type[0], {icon: "type", name: type[0], where: type[2], href: `#/types/${encodeURIComponent(type[0])}`});
+      add("types", type[0], {
+        icon: "type",
+        name: type[0],
+        where: type[2],
+        href: `#/types/${encodeURIComponent(type[0])}`,
+      });
     }
     for (const [owner, name] of data.procedures) {
-      add("procedures", owner ? `${owner}.${name}` : name, {icon: "procedure", name, where: owner, href: `#/procedures/${encodeURIComponent(name)}`});
+      add("procedures", owner ? `${owner}.${name}` : name, {
+        icon: "procedure",
+        name,
+        where: owner,
+        href: `#/procedures/${encodeURIComponent(name)}`,
+      });
     }
-    return this.cachedIndex = entries;
+    return (this.cachedIndex = entries);
   }
 
   tableRow(table, withOwner) {
-    return {icon: table.kind, name: table.name, where: withOwner ? table.owner : "", number: table.rawColumns.length || "", href: table.href, table};
+    return {
+      icon: table.kind,
+      name: table.name,
+      where: withOwner ? table.owner : "",
+      number: table.rawColumns.length || "",
+      href: table.href,
+      table,
+    };
   }
 
   browse() {
     const byOwner = tables.some((table) => table.owner);
     const groups = new Map();
     for (const table of this.sorted) {
-      const heading = byOwner ? table.owner || "(no owner)" : {table: "Tables", view: "Views", synonym: "Synonyms"}[table.kind];
+      const heading = byOwner
+        ? table.owner || "(no owner)"
+        : {table: "Tables", view: "Views", synonym: "Synonyms"}[table.kind];
       if (!groups.has(heading)) groups.set(heading, []);
       groups.get(heading).push(table);
     }
@@ -84,13 +135,29 @@ class Sidebar {
       for (const entry of found.slice(0, limit)) rows.push({...toRow(entry), words});
     };
     const named = (heading, kind, limit) => {
-      const found = this.index[kind].filter(({text}) => matches(text)).map((entry) => ({...entry, rank: rank(entry)}));
-      section(heading, found.sort((a, b) => a.rank - b.rank), limit, ({row}) => row);
+      const found = this.index[kind]
+        .filter(({text}) => matches(text))
+        .map((entry) => ({...entry, rank: rank(entry)}));
+      section(
+        heading,
+        found.sort((a, b) => a.rank - b.rank),
+        limit,
+        ({row}) => row,
+      );
     };
     named("Tables", "tables", Infinity);
     // A column counts by its own name; its table's name may narrow the search down.
-    section("Columns", this.index.columns.filter(({text, own}) => words.some((word) => own.includes(word)) && matches(text)), LIMIT.columns,
-      ({table, position, name}) => ({icon: "column", name, where: table.title, href: `${table.href}?column=${position}`}));
+    section(
+      "Columns",
+      this.index.columns.filter(({text, own}) => words.some((word) => own.includes(word)) && matches(text)),
+      LIMIT.columns,
+      ({table, position, name}) => ({
+        icon: "column",
+        name,
+        where: table.title,
+        href: `${table.href}?column=${position}`,
+      }),
+    );
     named("Functions", "functions", LIMIT.others);
     named("Types", "types", LIMIT.others);
     named("Procedures", "procedures", LIMIT.others);
@@ -101,8 +168,15 @@ class Sidebar {
     const words = this.input.value.toLowerCase().split(/\s+/).filter(Boolean);
     this.list = words.length ? this.search(words) : this.browse();
     this.active = words.length ? this.list.findIndex((row) => row.href) : -1;
-    this.found.textContent = !words.length ? count(tables.length, "table, view or synonym", "tables, views and synonyms")
-      : this.list.length ? count(this.list.filter((row) => row.heading).reduce((sum, row) => sum + row.number, 0), "match", "matches") : "Nothing found";
+    this.found.textContent = !words.length
+      ? count(tables.length, "table, view or synonym", "tables, views and synonyms")
+      : this.list.length
+        ? count(
+            this.list.filter((row) => row.heading).reduce((sum, row) => sum + row.number, 0),
+            "match",
+            "matches",
+          )
+        : "Nothing found";
     this.spacer.style.height = `${this.list.length * ROW_HEIGHT}px`;
     if (words.length) this.rows.scrollTop = 0;
     this.draw();
@@ -113,7 +187,10 @@ class Sidebar {
     if (table && !this.input.value) {
       const position = this.list.findIndex((row) => row.table === table);
       const top = position * ROW_HEIGHT;
-      if (position >= 0 && (top < this.rows.scrollTop || top > this.rows.scrollTop + this.rows.clientHeight - ROW_HEIGHT)) {
+      if (
+        position >= 0 &&
+        (top < this.rows.scrollTop || top > this.rows.scrollTop + this.rows.clientHeight - ROW_HEIGHT)
+      ) {
         this.rows.scrollTop = top - this.rows.clientHeight / 2;
       }
     }
@@ -122,28 +199,45 @@ class Sidebar {
 
   draw() {
     const first = Math.max(0, Math.floor(this.rows.scrollTop / ROW_HEIGHT) - 4);
-    const last = Math.min(this.list.length, Math.ceil((this.rows.scrollTop + this.rows.clientHeight) / ROW_HEIGHT) + 4);
+    const last = Math.min(
+      this.list.length,
+      Math.ceil((this.rows.scrollTop + this.rows.clientHeight) / ROW_HEIGHT) + 4,
+    );
     const visible = [];
     for (let position = first; position < last; ++position) visible.push(this.makeRow(position));
     this.spacer.replaceChildren(...visible);
-    if (this.active >= first && this.active < last) this.input.setAttribute("aria-activedescendant", `row-${this.active}`);
+    if (this.active >= first && this.active < last)
+      this.input.setAttribute("aria-activedescendant", `row-${this.active}`);
     else this.input.removeAttribute("aria-activedescendant");
   }
 
   makeRow(position) {
     const row = this.list[position];
-    const classes = ["row", row.heading && "heading", position === this.active && "active", row.table && row.table === this.current && "current"];
-    return h("div", {
-      id: `row-${position}`, role: "option", class: classes.filter(Boolean).join(" "), style: `top:${position * ROW_HEIGHT}px`,
-      "aria-selected": String(position === this.active), "aria-setsize": this.list.length, "aria-posinset": position + 1,
-      "aria-expanded": row.heading && !row.fixed ? String(row.open) : null,
-      title: row.heading ? null : row.where ? `${row.where}.${row.name}` : row.name,
-      onclick: () => this.open(position),
-    },
-    row.heading ? !row.fixed && icon("chevron") : icon(row.icon),
-    h("span", {class: "name"}, row.heading ?? highlight(row.name, row.words)),
-    row.where && h("span", {class: "where"}, row.where),
-    h("span", {class: "number"}, row.number === undefined ? "" : String(row.number)));
+    const classes = [
+      "row",
+      row.heading && "heading",
+      position === this.active && "active",
+      row.table && row.table === this.current && "current",
+    ];
+    return h(
+      "div",
+      {
+        id: `row-${position}`,
+        role: "option",
+        class: classes.filter(Boolean).join(" "),
+        style: `top:${position * ROW_HEIGHT}px`,
+        "aria-selected": String(position === this.active),
+        "aria-setsize": this.list.length,
+        "aria-posinset": position + 1,
+        "aria-expanded": row.heading && !row.fixed ? String(row.open) : null,
+        title: row.heading ? null : row.where ? `${row.where}.${row.name}` : row.name,
+        onclick: () => this.open(position),
+      },
+      row.heading ? !row.fixed && icon("chevron") : icon(row.icon),
+      h("span", {class: "name"}, row.heading ?? highlight(row.name, row.words)),
+      row.where && h("span", {class: "where"}, row.where),
+      h("span", {class: "number"}, row.number === undefined ? "" : String(row.number)),
+    );
   }
 
   open(position) {
@@ -168,7 +262,8 @@ class Sidebar {
     this.active = Math.max(0, Math.min(this.list.length - 1, next));
     const top = this.active * ROW_HEIGHT;
     if (top < this.rows.scrollTop) this.rows.scrollTop = top;
-    else if (top + ROW_HEIGHT > this.rows.scrollTop + this.rows.clientHeight) this.rows.scrollTop = top + ROW_HEIGHT - this.rows.clientHeight;
+    else if (top + ROW_HEIGHT > this.rows.scrollTop + this.rows.clientHeight)
+      this.rows.scrollTop = top + ROW_HEIGHT - this.rows.clientHeight;
     this.draw();
   }
 
@@ -177,8 +272,10 @@ class Sidebar {
     const moves = {ArrowDown: 1, ArrowUp: -1, PageDown: page, PageUp: -page};
     if (event.key in moves) this.move(moves[event.key]);
     else if (event.key === "Enter") this.open(this.active);
-    else if (event.key === "Escape" && this.input.value) { this.input.value = ""; this.refresh(); }
-    else if (event.key === "Escape") document.getElementById("main").focus();
+    else if (event.key === "Escape" && this.input.value) {
+      this.input.value = "";
+      this.refresh();
+    } else if (event.key === "Escape") document.getElementById("main").focus();
     else return;
     event.preventDefault();
   }
@@ -191,7 +288,10 @@ function highlight(text, words) {
   const pieces = [];
   for (let at = 0; at < text.length;) {
     const hits = words.map((word) => [lower.indexOf(word, at), word.length]).filter(([from]) => from >= 0);
-    if (!hits.length || lower.length !== text.length) { pieces.push(text.slice(at)); break; }
+    if (!hits.length || lower.length !== text.length) {
+      pieces.push(text.slice(at));
+      break;
+    }
     const [from, length] = hits.reduce((a, b) => (b[0] < a[0] ? b : a));
     pieces.push(text.slice(at, from), h("mark", {}, text.slice(from, from + length)));
     at = from + length;

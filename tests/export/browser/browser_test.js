@@ -29,7 +29,9 @@ function render(name, schema, ...options) {
   if (!rendered.has(key)) {
     const [file, page] = [join(folder, `${rendered.size}.json`), join(folder, `${rendered.size}.html`)];
     writeFileSync(file, JSON.stringify(schema()));
-    execFileSync(process.env.WBIMPORT, ["render", file, "--format", "html", "-o", page, ...options], {stdio: ["ignore", "inherit", "pipe"]});
+    execFileSync(process.env.WBIMPORT, ["render", file, "--format", "html", "-o", page, ...options], {
+      stdio: ["ignore", "inherit", "pipe"],
+    });
     rendered.set(key, pathToFileURL(page).href);
   }
   return rendered.get(key);
@@ -42,10 +44,14 @@ const large = () => render("large", () => largeSchema(5000));
 async function withPage(address, use, context = {}) {
   const page = await browser.newPage({viewport: {width: 1300, height: 850}, ...context});
   const faults = [];
-  page.on("console", (message) => { if (["error", "warning"].includes(message.type())) faults.push(message.text()); });
+  page.on("console", (message) => {
+    if (["error", "warning"].includes(message.type())) faults.push(message.text());
+  });
   page.on("pageerror", (error) => faults.push(String(error)));
   page.on("dialog", (dialog) => faults.push(`dialog ${dialog.message()}`));
-  page.on("request", (request) => { if (!/^(file|data):/.test(request.url())) faults.push(`request ${request.url()}`); });
+  page.on("request", (request) => {
+    if (!/^(file|data):/.test(request.url())) faults.push(`request ${request.url()}`);
+  });
   try {
     await page.goto(address);
     await page.waitForSelector("h1");
@@ -56,20 +62,27 @@ async function withPage(address, use, context = {}) {
   }
 }
 const heading = (page) => page.textContent("h1");
-const opened = (page, text) => page.waitForFunction((wanted) => document.querySelector("h1")?.textContent === wanted, text);
+const opened = (page, text) =>
+  page.waitForFunction((wanted) => document.querySelector("h1")?.textContent === wanted, text);
 const displayed = (name) => name.replace("\n", "␊");
 
 test("hostile names are shown as they are, everywhere", async () => {
   await withPage(hostile(), async (page) => {
-    const hrefs = await page.evaluate(() => [...document.querySelectorAll(".node")].map((node) => node.getAttribute("href")));
+    const hrefs = await page.evaluate(() =>
+      [...document.querySelectorAll(".node")].map((node) => node.getAttribute("href")),
+    );
     assert.equal(hrefs.length, HOSTILE.length);
     for (const [i, name] of HOSTILE.entries()) {
-      await page.evaluate((href) => { location.hash = href; }, hrefs[i]);
+      await page.evaluate((href) => {
+        location.hash = href;
+      }, hrefs[i]);
       await opened(page, displayed(name));
       assert.deepEqual(await page.locator("td.name").nth(0).textContent(), displayed(name));
     }
     for (const path of ["functions", "procedures", "operators", "types", "diagram", ""]) {
-      await page.evaluate((to) => { location.hash = `#/${to}`; }, path);
+      await page.evaluate((to) => {
+        location.hash = `#/${to}`;
+      }, path);
       await page.waitForTimeout(50);
     }
     assert.equal(await page.locator("img, main script").count(), 0);
@@ -80,7 +93,9 @@ test("hostile names are shown as they are, everywhere", async () => {
 test("a stopped import is labelled on every page", async () => {
   await withPage(hostile(), async (page) => {
     for (const path of ["#/", "#/functions", "#/diagram", "#/table/nowhere"]) {
-      await page.evaluate((to) => { location.hash = to; }, path);
+      await page.evaluate((to) => {
+        location.hash = to;
+      }, path);
       await page.waitForTimeout(50);
       assert.match(await page.textContent("#import-notice"), /Incomplete: the import was stopped/);
     }
@@ -91,7 +106,10 @@ test("functions show their overloads", async () => {
   await withPage(`${hostile()}#/functions`, async (page) => {
     await page.fill('[aria-label="Filter functions"]', "quoted");
     assert.equal(await page.locator("details").count(), 1);
-    assert.equal(await page.locator("details[open] .overloads li").textContent(), "it's \"quoted\"(a) → it's \"quoted\"");
+    assert.equal(
+      await page.locator("details[open] .overloads li").textContent(),
+      'it\'s "quoted"(a) → it\'s "quoted"',
+    );
   });
 });
 
@@ -178,7 +196,11 @@ test("the diagram zooms by wheel and keys and is moved by dragging", async () =>
     const box = await page.locator(".diagram").boundingBox();
     await page.mouse.move(box.x + 8, box.y + 8);
     await changed(() => page.mouse.wheel(0, -300));
-    await changed(async () => { await page.mouse.down(); await page.mouse.move(box.x + 80, box.y + 60, {steps: 4}); await page.mouse.up(); });
+    await changed(async () => {
+      await page.mouse.down();
+      await page.mouse.move(box.x + 80, box.y + 60, {steps: 4});
+      await page.mouse.up();
+    });
     await page.focus(".diagram svg");
     for (const key of ["+", "-", "ArrowLeft", "ArrowDown"]) await changed(() => page.keyboard.press(key));
     await page.keyboard.press("0");
@@ -203,9 +225,16 @@ test("5,000 tables open in under two seconds with a list of rows in sight only",
   const times = [];
   for (let run = 0; run < 3; ++run) {
     await withPage(large(), async (page) => {
-      const seen = await page.evaluate(() => new Promise((resolve) => {
-        requestAnimationFrame(() => setTimeout(() => resolve({time: performance.now(), rows: document.querySelectorAll(".row").length})));
-      }));
+      const seen = await page.evaluate(
+        () =>
+          new Promise((resolve) => {
+            requestAnimationFrame(() =>
+              setTimeout(() =>
+                resolve({time: performance.now(), rows: document.querySelectorAll(".row").length}),
+              ),
+            );
+          }),
+      );
       times.push(Math.round(seen.time));
       assert.ok(seen.rows > 10 && seen.rows < 100, `${seen.rows} rows`);
     });
@@ -217,12 +246,19 @@ test("5,000 tables open in under two seconds with a list of rows in sight only",
 test("light and dark differ, and the focus is visible", async () => {
   const colours = [];
   for (const colorScheme of ["light", "dark"]) {
-    await withPage(hostile(), async (page) => {
-      colours.push(await page.evaluate(() => getComputedStyle(document.body).backgroundColor));
-      await page.keyboard.press("Tab");
-      await page.keyboard.press("Tab");
-      assert.notEqual(await page.evaluate(() => getComputedStyle(document.activeElement).outlineStyle), "none");
-    }, {colorScheme});
+    await withPage(
+      hostile(),
+      async (page) => {
+        colours.push(await page.evaluate(() => getComputedStyle(document.body).backgroundColor));
+        await page.keyboard.press("Tab");
+        await page.keyboard.press("Tab");
+        assert.notEqual(
+          await page.evaluate(() => getComputedStyle(document.activeElement).outlineStyle),
+          "none",
+        );
+      },
+      {colorScheme},
+    );
   }
   assert.notEqual(colours[0], colours[1]);
 });

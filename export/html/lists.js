@@ -1,0 +1,163 @@
+// The pages that are lists: types, functions, procedures, operators and aggregates.
+
+const GROUPS = [
+  "characters",
+  "numbers",
+  "whole numbers",
+  "binary",
+  "date and time",
+  "large objects",
+  "rows",
+  "collections",
+  "opaque",
+  "other",
+];
+const SIZE_MODIFIABLE = 1,
+  LONG = 2,
+  DISTINCT = 4;
+
+// A list with a filter above it; `text` gives what an item is found by.
+function filtered(items, text, label, initial, makeList) {
+  const input = h("input", {
+    type: "search",
+    "aria-label": `Filter ${label}`,
+    placeholder: `Filter ${label}`,
+    value: initial,
+  });
+  const status = h("span", {class: "muted", role: "status"});
+  const holder = h("div");
+  const refresh = () => {
+    const word = input.value.toLowerCase();
+    const found = items.filter((item) => text(item).toLowerCase().includes(word));
+    status.textContent =
+      found.length === items.length
+        ? NUMBER.format(items.length)
+        : `${NUMBER.format(found.length)} of ${NUMBER.format(items.length)}`;
+    holder.replaceChildren(makeList(found, word));
+  };
+  input.addEventListener("input", refresh);
+  refresh();
+  return [h("div", {class: "bar"}, input, status), holder];
+}
+
+function typesPage(name) {
+  const size = ([, , , , length, precision, scale]) =>
+    [
+      length && `length ${NUMBER.format(length)}`,
+      precision && `precision ${precision}`,
+      scale && `scale ${scale}`,
+    ]
+      .filter(Boolean)
+      .join(", ");
+  const notes = ([, , , , , , , flags, base, parts]) =>
+    [
+      flags & DISTINCT && "distinct",
+      flags & SIZE_MODIFIABLE && "size can be chosen",
+      flags & LONG && "long",
+      base && `of ${base}`,
+      parts.length && parts.map(([part, type]) => (part ? `${part} ${type}` : type)).join(", "),
+    ]
+      .filter(Boolean)
+      .join("; ");
+  return [
+    heading("Data types"),
+    filtered(
+      data.dataTypes,
+      (type) => `${type[0]} ${type[1]} ${type[2]}`,
+      "types",
+      name,
+      (found) =>
+        sheet(["Name", "Also called", "Owner", "Kind", "Size", "Notes"], found, (type) =>
+          h(
+            "tr",
+            {},
+            h("td", {class: "name"}, type[0]),
+            h("td", {class: "name muted"}, type[1]),
+            h("td", {}, type[2]),
+            h("td", {class: "muted"}, GROUPS[type[3]] ?? ""),
+            h("td", {class: "muted"}, size(type)),
+            h("td", {class: "muted"}, notes(type)),
+          ),
+        ),
+    ),
+  ];
+}
+
+function functionsPage(title, list, name) {
+  return [
+    heading(title),
+    filtered(
+      list,
+      (f) => `${f.owner} ${f.name}`,
+      "functions",
+      name,
+      (found, word) => {
+        const holder = h("div", {class: "sheet"});
+        fillLazily(holder, found, ({owner, name: own, overloads}) =>
+          h(
+            "details",
+            {open: found.length <= 3 || own.toLowerCase() === word},
+            h(
+              "summary",
+              {},
+              h("span", {class: "name"}, own),
+              owner && h("span", {class: "muted"}, owner),
+              h("span", {class: "muted"}, count(overloads.length, "overload")),
+            ),
+            h(
+              "ul",
+              {class: "overloads"},
+              overloads.map(([signature, result]) =>
+                h("li", {}, signature, result && h("span", {class: "result"}, ` → ${result}`)),
+              ),
+            ),
+          ),
+        );
+        return holder;
+      },
+    ),
+  ];
+}
+
+function proceduresPage(name) {
+  return [
+    heading("Procedures"),
+    filtered(
+      data.procedures,
+      ([owner, own]) => `${owner} ${own}`,
+      "procedures",
+      name,
+      (found) =>
+        sheet(["Name", "Owner", "Qualifier"], found, ([owner, own, qualifier]) =>
+          h(
+            "tr",
+            {},
+            h("td", {class: "name"}, own),
+            h("td", {}, owner),
+            h("td", {class: "muted"}, qualifier),
+          ),
+        ),
+    ),
+  ];
+}
+
+function operatorsPage() {
+  const list = (items) =>
+    sheet(["Name", "Description"], items, ([name, description]) =>
+      h(
+        "tr",
+        {},
+        h("td", {class: "name"}, name),
+        h("td", {class: "muted"}, description === name ? "" : description),
+      ),
+    );
+  return [
+    heading("Operators and aggregates"),
+    h(
+      "div",
+      {class: "columns-2"},
+      h("section", {}, section("Operators", data.operators.length, list(data.operators))),
+      h("section", {}, section("Aggregates", data.aggregates.length, list(data.aggregates))),
+    ),
+  ];
+}
