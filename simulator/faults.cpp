@@ -24,14 +24,17 @@ std::string CallGate::Install(FaultPlan plan) {
 }
 
 const char* CallGate::Enter(FunctionId function) {
-  if (counting_) ++calls_;
+  // The driver manager asks which functions there are, once, as the last step of connecting.
+  // unixODBC 2.3.11 jumps to address 0 when the connection is lost just there.
+  const bool counted = counting_ && function != SQL_API_SQLGETFUNCTIONS;
+  if (counted) ++calls_;
   const std::uint64_t call = ++calls_by_function_[function];
-  if (counting_ && plan_.drop_call != 0 && calls_ >= plan_.drop_call) dropped_ = true;
+  if (counted && plan_.drop_call != 0 && calls_ >= plan_.drop_call) dropped_ = true;
   if (dropped_ && !WorksWithoutServer(function)) {
     ++faults_;
     return "08S01";
   }
-  if (counting_ && plan_.fail_call != 0 && calls_ == plan_.fail_call) {
+  if (counted && plan_.fail_call != 0 && calls_ == plan_.fail_call) {
     ++faults_;
     return plan_.fail_state.c_str();
   }
