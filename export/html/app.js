@@ -10,7 +10,7 @@ const TABS = [
   ["#/functions", "Functions", functions.length],
   ["#/boolean-functions", "Boolean functions", booleanFunctions.length],
   ["#/procedures", "Procedures", data.procedures.length],
-  ["#/operators", "Operators and aggregates", data.operators.length + data.aggregates.length],
+  ["#/operators", "Operators", data.operators.length + data.aggregates.length],
 ].filter(([, , number]) => number !== 0);
 
 // What a reader has to know of the import before believing the page.
