@@ -4,6 +4,7 @@
 
 #include "tests/simulator/client.h"
 #include "tests/simulator/servers.h"
+#include "tests/support/temporary.h"
 
 namespace {
 
@@ -204,6 +205,29 @@ TEST(Driver, AnswersEveryCatalogFunctionOnEveryServer) {
     EXPECT_GT(count(SQLGetTypeInfo(s, SQL_ALL_TYPES)), 5U);
     const std::size_t procedures = count(SQLProcedures(s, nullptr, 0, nullptr, 0, nullptr, 0));
     EXPECT_EQ(procedures > 0, server != std::string_view("redbrick"));
+  }
+}
+
+// A large catalog is made once and read from files after that; all numbers are part of its name.
+TEST(Driver, GeneratesTablesOfEveryServerWithAnOwnCatalog) {
+  const wbtest::TemporaryFolder folder;
+  const wbtest::ScopedVariable temporary("TMPDIR", folder.path().c_str());
+  for (const char* const server :
+       {"informix", "informix-7", "sqlserver", "oracle", "oracle-7", "db2", "redbrick"}) {
+    SCOPED_TRACE(server);
+    const auto names = [&](const char* keywords, const char* view) {
+      const auto connection = Connection::OpenSimulator(server, keywords);
+      return std::stoi(
+          simtest::Query(*connection, std::string("SELECT count(*) FROM ") + view).at(0).at(0));
+    };
+    const int columns = names("", "sim_columns");
+    const int references = names("", "sim_foreign_keys");
+    for (int connection = 0; connection < 2; ++connection) {
+      EXPECT_EQ(names("Scale=40;Columns=5;ForeignKeys=2", "sim_columns") - columns, 200);
+      EXPECT_EQ(names("Scale=40;Columns=5;ForeignKeys=2", "sim_foreign_keys") - references, 80);
+    }
+    EXPECT_EQ(names("Scale=40", "sim_columns") - columns, 800);
+    EXPECT_EQ(names("Scale=40", "sim_foreign_keys"), references);
   }
 }
 
