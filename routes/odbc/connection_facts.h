@@ -27,5 +27,13 @@ inline const char16_t* CatalogArgument(const LcImportChoices& choices) {
 inline const char16_t* ArgumentOrNull(const std::u16string& text) {
   return text.empty() ? nullptr : text.c_str();
 }
+// The owner argument of the key functions: an empty text for a table without an owner. With a
+// catalog null, since MariaDB, which has catalogs in place of owners, finds no keys for an empty
+// one.
+inline const char16_t* KeyOwnerArgument(const LcImportChoices& choices,
+                                        const LcWorkbookTable& table) {
+  const std::u16string& owner = table.GetOwner(false);
+  return choices.catalog.empty() ? owner.c_str() : ArgumentOrNull(owner);
+}
 
 }  // namespace odbcimport

@@ -35,7 +35,8 @@ SQLRETURN ForeignKeyReader::OpenForeignKeys(const LcWorkbookTable& table) {
   return statement_.Open(
       session_.hdbc(),
       [&](odbc::Statement& call) {
-        return call.ForeignKeysTo(CatalogArgument(session_.choices), table.GetOwner(false).c_str(),
+        return call.ForeignKeysTo(CatalogArgument(session_.choices),
+                                  KeyOwnerArgument(session_.choices, table),
                                   table.GetName().c_str());
       },
       [this](odbc::Statement& bind) { row_.Bind(bind); });

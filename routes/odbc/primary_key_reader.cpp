@@ -9,8 +9,8 @@ bool PrimaryKeyReader::GetTablePrimaryKeysODBC(LcWorkbookTable& table) {
   SQLRETURN result = key_statement_.Open(
       session_.hdbc(),
       [&](odbc::Statement& call) {
-        return call.PrimaryKeys(CatalogArgument(session_.choices), table.GetOwner(false).c_str(),
-                                table.GetName().c_str());
+        return call.PrimaryKeys(CatalogArgument(session_.choices),
+                                KeyOwnerArgument(session_.choices, table), table.GetName().c_str());
       },
       [this](odbc::Statement& bind) {
         key_row_.owner.Bind(bind, 2);
