@@ -4,6 +4,3 @@ extern "C" __attribute__((visibility("default"))) const char* __lsan_default_sup
 extern "C" const char* __lsan_default_suppressions() {
   return "leak:libfontconfig\nleak:libglib\nleak:libgvc\nleak:libpango\n";
 }
-// No list of what was suppressed: tests read a program's standard error.
-extern "C" __attribute__((visibility("default"))) const char* __lsan_default_options();
-extern "C" const char* __lsan_default_options() { return "print_suppressions=0"; }

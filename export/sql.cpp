@@ -42,19 +42,6 @@ std::string Quote(const std::vector<LcWorkbookColumn*>& columns) {
   return list;
 }
 
-// SQLite's driver (libsqliteodbc 0.9998) reports some declared types as others, which it would not
-// report again if they were declared: a BLOB as BINARY, a NUMERIC(9,2) as a DOUBLE of precision 9
-// without its scale. Empty for the types that it reports as they are.
-std::string DeclaredInSqlite(const LcWorkbookColumn& column) {
-  constexpr unsigned long kPrecisionOfDouble = 54;
-  if (column.GetDataType() == nullptr) return "";
-  const std::u16string& name = column.GetDataType()->GetTypeName();
-  if (name == u"BINARY") return "BLOB";
-  const unsigned long precision = column.GetPrecision();
-  const bool numeric = name == u"DOUBLE" && precision != 0 && precision < kPrecisionOfDouble;
-  return numeric ? fmt::format("NUMERIC({})", precision) : "";
-}
-
 // Type names are words, numbers and parentheses; any other is a named type in need of quotes.
 std::string SqlType(const LcWorkbookColumn& column) {
   const std::string text = TypeText(column);
@@ -63,11 +50,6 @@ std::string SqlType(const LcWorkbookColumn& column) {
            c == ' ' || c == '(' || c == ')' || c == ',';
   });
   return plain ? text : Quote(LcToUtf16(text));
-}
-
-std::string SqlType(const LcWorkbookColumn& column, const LcWorkbookFileInfo& info) {
-  const std::string declared = info.dbms_name == u"SQLite" ? DeclaredInSqlite(column) : "";
-  return declared.empty() ? SqlType(column) : declared;
 }
 
 class Script {
@@ -109,7 +91,7 @@ class Script {
     const char* separator = "\n  ";
     for (int i = 0; i < table.GetColumnCount(); ++i) {
       const LcWorkbookColumn& column = *table.GetColumn(i);
-      const std::string type = SqlType(column, info_);
+      const std::string type = SqlType(column);
       out_ << separator << Quote(column.GetName()) << (type.empty() ? "" : " ") << type
            << (column.IsRequired() ? " NOT NULL" : "");
       separator = ",\n  ";
@@ -132,7 +114,7 @@ class Script {
       const LcWorkbookColumn& column = *table.GetColumn(i);
       const std::string name = Display(column.GetName());
       if (column.IsGeneratedKey()) out_ << "-- The server generates " << name << ".\n";
-      if (SqlType(column, info_).empty()) out_ << "-- The type of " << name << " is not known.\n";
+      if (SqlType(column).empty()) out_ << "-- The type of " << name << " is not known.\n";
     }
     for (const std::size_t at : relationships_.From(table)) {
       const Relationship& r = relationships_.All()[at];

@@ -91,25 +91,6 @@ TEST(Sql, LoadsWithReferencesToLaterTablesAndNamesThatNeedQuotes) {
   sqlite3_close(db);
 }
 
-TEST(Sql, DeclaresForSqliteWhatItsDriverReportsAsAnotherType) {
-  LcWorkbook workbook;
-  LcWorkbookTable* table = AddTable(workbook, u"", u"t");
-  LcWorkbookDatatype binary;
-  binary.SetTypeName(u"BINARY");
-  LcWorkbookDatatype floating;
-  floating.SetTypeName(u"DOUBLE");
-  AddColumn(table, u"a", &binary);
-  AddColumn(table, u"b", &floating)->SetPrecision(9);
-  AddColumn(table, u"c", &floating)->SetPrecision(54);
-  LcWorkbookFileInfo info;
-  info.dbms_name = u"SQLite";
-  EXPECT_THAT(Write("sql", workbook, {}, nullptr, info),
-              HasSubstr("\"a\" BLOB,\n  \"b\" NUMERIC(9),\n  \"c\" DOUBLE\n"));
-  info.dbms_name = u"PostgreSQL";
-  EXPECT_THAT(Write("sql", workbook, {}, nullptr, info),
-              HasSubstr("\"a\" BINARY,\n  \"b\" DOUBLE,\n  \"c\" DOUBLE\n"));
-}
-
 TEST(Svg, DrawsEveryTableAndRelationship) {
   LcWorkbook workbook;
   LcWorkbookFileInfo info;

@@ -1,0 +1,141 @@
+// Makes the schema that the real servers are asked for.
+#include "tests/real/schema.h"
+
+#include <cstdio>
+
+namespace real {
+namespace {
+
+constexpr int kTables = 300;
+
+class Maker {
+ public:
+  explicit Maker(const Dialect& dialect) : dialect_(dialect) {}
+  std::vector<std::string> Make();
+
+ private:
+  std::string Name(const std::string& owner, const std::string& name) const {
+    return owner.empty() ? Quoted(dialect_, name)
+                         : Quoted(dialect_, owner) + "." + Quoted(dialect_, name);
+  }
+  static std::string Numbered(char kind, int number) {
+    char name[16];
+    std::snprintf(name, sizeof name, "%c%03d", kind, number);
+    return name;
+  }
+  static bool HasPairKey(int table) { return table % 5 == 4; }
+
+  void Table(const std::string& owner, const std::string& name, const std::string& columns,
+             const std::vector<std::string>& foreign_keys = {});
+  void NumberedTable(const std::string& owner, int number, int count);
+  void OddTables(const std::string& owner);
+  // `columns` and `key` are quoted already where they have to be.
+  std::string ForeignKey(const std::string& columns, const std::string& owner,
+                         const std::string& table, const std::string& key);
+
+  const Dialect& dialect_;
+  std::vector<std::string> statements_;
+  std::vector<std::string> later_;  // foreign keys, once all tables are there
+  int constraint_ = 0;
+  int type_ = 0;
+};
+
+void Maker::Table(const std::string& owner, const std::string& name, const std::string& columns,
+                  const std::vector<std::string>& foreign_keys) {
+  std::string text = "CREATE TABLE " + Name(owner, name) + "(" + columns;
+  for (const std::string& key : foreign_keys) {
+    if (dialect_.inline_foreign_keys) {
+      text += ", " + key;
+    } else {
+      later_.push_back("ALTER TABLE " + Name(owner, name) + " ADD " + key);
+    }
+  }
+  statements_.push_back(text + ")");
+}
+
+std::string Maker::ForeignKey(const std::string& columns, const std::string& owner,
+                              const std::string& table, const std::string& key) {
+  return "CONSTRAINT fk" + std::to_string(++constraint_) + " FOREIGN KEY (" + columns +
+         ") REFERENCES " + Name(owner, table) + " (" + key + ")";
+}
+
+// Chains of references through all tables, with keys of one and of two columns, self-references
+// and cycles of two tables.
+void Maker::NumberedTable(const std::string& owner, int number, int count) {
+  std::string columns =
+      HasPairKey(number) ? "k1 INTEGER NOT NULL, k2 VARCHAR(20) NOT NULL" : "id INTEGER NOT NULL";
+  for (int i = 0; i < 5; ++i, ++type_) {
+    columns += ", c" + std::to_string(i) + " " +
+               dialect_.types[static_cast<std::size_t>(type_) % dialect_.types.size()] +
+               ((number + i) % 2 == 1 ? " NOT NULL" : "");
+  }
+  std::vector<std::string> keys;
+  if (number > 0 && HasPairKey(number - 1)) {
+    columns += ", p1 INTEGER, p2 VARCHAR(20)";
+    keys.push_back(ForeignKey("p1, p2", owner, Numbered('t', number - 1), "k1, k2"));
+  } else if (number > 0) {
+    columns += ", p INTEGER";
+    keys.push_back(ForeignKey("p", owner, Numbered('t', number - 1), "id"));
+  }
+  if (number % 10 == 3) {
+    columns += ", boss INTEGER";
+    keys.push_back(ForeignKey("boss", owner, Numbered('t', number), "id"));
+  }
+  if (number % 10 == 7 && number + 1 < count) {
+    columns += ", later INTEGER";
+    keys.push_back(ForeignKey("later", owner, Numbered('t', number + 1), "id"));
+  }
+  columns += HasPairKey(number) ? ", PRIMARY KEY (k1, k2)" : ", PRIMARY KEY (id)";
+  Table(owner, Numbered('t', number), columns, keys);
+  // Views, each on the one before.
+  if (number % 10 == 0) {
+    const std::string source =
+        number == 0 ? Name(owner, "t000") : Name(owner, Numbered('v', number - 10));
+    statements_.push_back("CREATE VIEW " + Name(owner, Numbered('v', number)) +
+                          " AS SELECT id, c0 FROM " + source);
+  }
+}
+
+void Maker::OddTables(const std::string& owner) {
+  const auto quoted = [this](const std::string& name) { return Quoted(dialect_, name); };
+  Table(owner, "odd \"name\" it's",
+        quoted("a \"b\"") + " INTEGER, " + quoted("c d") + " INTEGER NOT NULL, " +
+            quoted("select") + " INTEGER, " + quoted("gr\u00f6\u00dfe") +
+            " INTEGER NOT NULL, PRIMARY KEY (" + quoted("gr\u00f6\u00dfe") + ")");
+  Table(owner, "Stra\u00dfe \u65e5\u672c",
+        quoted("\u00e4") + " INTEGER, " + quoted("l\u00e4nge") + " INTEGER NOT NULL",
+        {ForeignKey(quoted("\u00e4"), owner, "odd \"name\" it's", quoted("gr\u00f6\u00dfe"))});
+  Table(owner, kNameOf63,
+        std::string(kNameOf63) + " INTEGER NOT NULL, PRIMARY KEY (" + kNameOf63 + ")");
+  Table(owner, "reversed", "a INTEGER NOT NULL, b INTEGER, c INTEGER NOT NULL, PRIMARY KEY (c, a)");
+  Table(owner, "listed", "id INTEGER NOT NULL, code INTEGER NOT NULL UNIQUE, PRIMARY KEY (id)");
+  Table(owner, "listing", "code INTEGER", {ForeignKey("code", owner, "listed", "code")});
+  Table(owner, "a_b", "mine INTEGER");
+  Table(owner, "axb", "other INTEGER");
+}
+
+std::vector<std::string> Maker::Make() {
+  const int count = kTables / static_cast<int>(dialect_.owners.size());
+  for (const std::string& owner : dialect_.owners) {
+    for (int i = 0; i < count; ++i) NumberedTable(owner, i, count);
+  }
+  OddTables(dialect_.owners.front());
+  if (dialect_.owners.size() > 1) {
+    Table(dialect_.owners[0], "crossing", "target INTEGER",
+          {ForeignKey("target", dialect_.owners[1], "t000", "id")});
+  }
+  statements_.insert(statements_.end(), later_.begin(), later_.end());
+  return statements_;
+}
+
+}  // namespace
+
+std::string Quoted(const Dialect& dialect, const std::string& name) {
+  std::string text(1, dialect.quote);
+  for (const char c : name) text += c == dialect.quote ? std::string(2, c) : std::string(1, c);
+  return text + dialect.quote;
+}
+
+std::vector<std::string> MakeSchema(const Dialect& dialect) { return Maker(dialect).Make(); }
+
+}  // namespace real

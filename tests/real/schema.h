@@ -1,0 +1,24 @@
+// Makes the schema that the real servers are asked for: 300 tables in which everything occurs that
+// a catalog reader can stumble over.
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace real {
+
+// How a server wants it.
+struct Dialect {
+  char quote;                       // around names; doubled inside
+  std::vector<std::string> owners;  // the 300 tables are spread over them; {""}: no owners
+  std::vector<std::string> types;   // all common column types
+  bool inline_foreign_keys;         // in CREATE TABLE, for servers that cannot add them later
+};
+
+std::string Quoted(const Dialect& dialect, const std::string& name);
+// Statements to run in order. The odd tables are in the first owner.
+std::vector<std::string> MakeSchema(const Dialect& dialect);
+
+constexpr const char* kNameOf63 = "a23456789b23456789c23456789d23456789e23456789f23456789g23456789";
+
+}  // namespace real
