@@ -100,6 +100,7 @@ struct __attribute__((visibility("hidden"))) LcODBCFetch::State {
   LcODBCRecordList columns;
   std::vector<ColumnBuffer> buffers;
   ZeroedArray<SQLUSMALLINT> row_status;
+  std::vector<std::u16string_view> cells;  // of the row in hand
   int barren_fetches = 0;
 
   std::array<SQLUSMALLINT, 100> functions{};
@@ -122,8 +123,8 @@ struct __attribute__((visibility("hidden"))) LcODBCFetch::State {
   bool AllocateBindSpaceAndLengths(std::size_t column);
   bool BindFetchResult();
   bool FetchRows(LcODBCRecordList& rows);
-  OtherError loadRecords(LcODBCRecordList& rows, SQLULEN rows_fetched) const;
-  bool LoadRow(LcODBCRecordList& rows, std::size_t row) const;
+  OtherError loadRecords(LcODBCRecordList& rows, SQLULEN rows_fetched);
+  bool LoadRow(LcODBCRecordList& rows, std::size_t row);
   void DropStatement();
   bool AskPositionedUpdate() const;
   void ShowError() const { PostError(henv, hdbc, statement.Get()); }
@@ -299,7 +300,7 @@ bool LcODBCFetch::State::FetchRows(LcODBCRecordList& rows) {
   return false;
 }
 
-OtherError LcODBCFetch::State::loadRecords(LcODBCRecordList& rows, SQLULEN rows_fetched) const {
+OtherError LcODBCFetch::State::loadRecords(LcODBCRecordList& rows, SQLULEN rows_fetched) {
   try {
     const std::size_t count = std::min<std::size_t>(rows_fetched, rowset_size);
     for (std::size_t row = 0; row < count; ++row) {
@@ -309,28 +310,23 @@ OtherError LcODBCFetch::State::loadRecords(LcODBCRecordList& rows, SQLULEN rows_
     }
     return OtherError::kNone;
   } catch (const std::bad_alloc&) {
-    rows.DiscardRow();
     return OtherError::kNoMemory;
   }
 }
 
 // False, with no row added, when a length indicator is of no use, such as SQL_NO_TOTAL.
-bool LcODBCFetch::State::LoadRow(LcODBCRecordList& rows, std::size_t row) const {
+bool LcODBCFetch::State::LoadRow(LcODBCRecordList& rows, std::size_t row) {
   const std::size_t offset = row * RowStride(dbms_type);
-  rows.BeginRow();
+  cells.clear();
   for (const ColumnBuffer& buffer : buffers) {
     const SQLLEN indicator = IndicatorValue(buffer.indicators[row]);
-    if (indicator > 0 && buffer.text != nullptr) {
-      rows.AddCell(CellText(buffer.text.get() + offset, indicator));
-    } else if (indicator >= SQL_NULL_DATA) {
-      // The indicator alone tells a NULL: PostgreSQL and MariaDB leave the text of the row before.
-      rows.AddCell({});
-    } else {
-      rows.DiscardRow();
-      return false;
-    }
+    if (indicator < SQL_NULL_DATA) return false;
+    // The indicator alone tells a NULL: PostgreSQL and MariaDB leave the text of the row before.
+    const bool has_text = indicator > 0 && buffer.text != nullptr;
+    cells.push_back(has_text ? CellText(buffer.text.get() + offset, indicator)
+                             : std::u16string_view());
   }
-  rows.EndRow();
+  rows.AddRow(cells);
   return true;
 }
 

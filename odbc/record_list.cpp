@@ -7,15 +7,12 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <cstring>
 #include <vector>
 
 namespace {
 
 constexpr std::size_t kFirstBlockBytes = 4096;
 constexpr std::size_t kLargestBlockBytes = 1024 * 1024;
-constexpr std::size_t kTypicalRowCells = 32;
-constexpr std::size_t kTypicalRowCharacters = 512;
 
 // A row as it lies in a block: the number of cells, the end of each cell's text in characters from
 // the beginning of the row's text, then the texts one after the other.
@@ -53,10 +50,6 @@ struct __attribute__((visibility("hidden"))) LcODBCRecordList::Storage {
   std::size_t next_block_bytes = kFirstBlockBytes;
   std::vector<RowView> rows;
   std::vector<std::unique_ptr<LcODBCColumn>> columns;
-
-  // The row that is being put together.
-  std::vector<std::uint32_t> ends;
-  std::u16string text;
 
   std::byte* Take(std::size_t bytes) {
     if (bytes > free_bytes) {
@@ -101,37 +94,21 @@ std::u16string_view LcODBCRecordList::View(int row, int column) const {
   return record.Cell(static_cast<std::uint32_t>(column) - 1);
 }
 
-void LcODBCRecordList::BeginRow() {
-  DiscardRow();
-  if (storage_->text.capacity() < kTypicalRowCharacters) {
-    storage_->text.reserve(kTypicalRowCharacters);
-    storage_->ends.reserve(kTypicalRowCells);
+void LcODBCRecordList::AddRow(std::span<const std::u16string_view> cells) {
+  std::size_t characters = 0;
+  for (const std::u16string_view cell : cells) characters += cell.size();
+  const std::size_t number_bytes = (cells.size() + 1) * sizeof(std::uint32_t);
+  std::byte* record = storage_->Take(RoundUpToNumber(number_bytes + characters * sizeof(char16_t)));
+  auto* numbers = reinterpret_cast<std::uint32_t*>(record);
+  auto* text = reinterpret_cast<char16_t*>(record + number_bytes);
+  *numbers = static_cast<std::uint32_t>(cells.size());
+  std::uint32_t end = 0;
+  for (const std::u16string_view cell : cells) {
+    std::copy(cell.begin(), cell.end(), text + end);
+    end += static_cast<std::uint32_t>(cell.size());
+    *++numbers = end;
   }
-}
-
-void LcODBCRecordList::AddCell(std::u16string_view text) {
-  storage_->text.append(text);
-  storage_->ends.push_back(static_cast<std::uint32_t>(storage_->text.size()));
-}
-
-void LcODBCRecordList::EndRow() {
-  Storage& storage = *storage_;
-  const std::size_t number_bytes = (storage.ends.size() + 1) * sizeof(std::uint32_t);
-  const std::size_t text_bytes = storage.text.size() * sizeof(char16_t);
-  std::byte* record = storage.Take(RoundUpToNumber(number_bytes + text_bytes));
-  const auto count = static_cast<std::uint32_t>(storage.ends.size());
-  std::memcpy(record, &count, sizeof count);
-  if (count != 0) {
-    std::memcpy(record + sizeof count, storage.ends.data(), number_bytes - sizeof count);
-    std::memcpy(record + number_bytes, storage.text.data(), text_bytes);
-  }
-  storage.rows.push_back(RowView{reinterpret_cast<const std::uint32_t*>(record)});
-  DiscardRow();
-}
-
-void LcODBCRecordList::DiscardRow() {
-  storage_->ends.clear();
-  storage_->text.clear();
+  storage_->rows.push_back(RowView{reinterpret_cast<const std::uint32_t*>(record)});
 }
 
 void LcODBCRecordList::AppendColumn(std::unique_ptr<LcODBCColumn> column) {

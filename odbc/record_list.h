@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -42,12 +43,9 @@ class LC_EXPORT LcODBCRecordList : public LcObject {
   // The cell without a copy, empty out of range; valid as long as the list is.
   std::u16string_view View(int row, int column) const;
 
-  // For the fetch layer: begins a row, adds its cells in order, and keeps or discards it. Memory
-  // that runs out throws std::bad_alloc and leaves the rows that were kept.
-  void BeginRow();
-  void AddCell(std::u16string_view text);
-  void EndRow();
-  void DiscardRow();
+  // For the fetch layer: appends a row with copies of the cells. Memory that runs out throws
+  // std::bad_alloc and leaves the list as it was.
+  void AddRow(std::span<const std::u16string_view> cells);
 
   // For column descriptions.
   void AppendColumn(std::unique_ptr<LcODBCColumn> column);

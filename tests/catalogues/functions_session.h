@@ -60,9 +60,7 @@ struct RecordedSession {
 };
 
 inline void AddRow(LcODBCRecordList& rows, std::initializer_list<const char16_t*> cells) {
-  rows.BeginRow();
-  for (const char16_t* cell : cells) rows.AddCell(cell);
-  rows.EndRow();
+  rows.AddRow(std::vector<std::u16string_view>(cells.begin(), cells.end()));
 }
 
 // For messages and comparisons; the texts under test are ASCII.

@@ -22,9 +22,7 @@ void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
 namespace {
 
 void AddRow(LcODBCRecordList& rows, std::initializer_list<std::u16string_view> cells) {
-  rows.BeginRow();
-  for (const std::u16string_view cell : cells) rows.AddCell(cell);
-  rows.EndRow();
+  rows.AddRow({cells.begin(), cells.end()});
 }
 
 TEST(RecordList, GivesCellsByNumbersFromOne) {
@@ -52,11 +50,8 @@ TEST(RecordList, GivesCellsByNumbersFromOne) {
   }
 }
 
-TEST(RecordList, ForgetsADiscardedRow) {
+TEST(RecordList, KeepsRowsWithoutCells) {
   LcODBCRecordList rows;
-  rows.BeginRow();
-  rows.AddCell(u"half");
-  rows.DiscardRow();
   AddRow(rows, {});
   AddRow(rows, {u"whole"});
   EXPECT_EQ(rows.GetRowCount(), 2);

@@ -56,9 +56,9 @@ struct Bench {
 };
 
 void AddRow(LcODBCRecordList& rows, const std::vector<std::string>& cells) {
-  rows.BeginRow();
-  for (const std::string& cell : cells) rows.AddCell(Wide(cell));
-  rows.EndRow();
+  std::vector<std::u16string> texts;
+  for (const std::string& cell : cells) texts.push_back(Wide(cell));
+  rows.AddRow(std::vector<std::u16string_view>(texts.begin(), texts.end()));
 }
 
 TEST(NativeColumns, NullabilityIsOneExactTextPerServer) {
