@@ -12,9 +12,11 @@ packages_test=(
   libgtest-dev libgmock-dev libbenchmark-dev python3
   odbc-postgresql postgresql odbc-mariadb mariadb-server odbc-mdbtools mdbtools
   chromium nodejs
+  cppcheck clang libclang-rt-14-dev
+  pkg-config sqlite3
 )
 # For ./test --long.
-packages_long=(valgrind clang)
+packages_long=(valgrind gcovr clang-tidy dpkg-dev)
 
 say() { printf '%s: %s\n' "$(basename "$0")" "$*"; }
 
@@ -59,4 +61,13 @@ build() {
   fi
   say "builds build/$preset (the first time takes minutes)"
   cmake --build --preset "$preset" ${1:+--target "$@"} -- --quiet | grep -v "^ninja: no work to do" || [ "${PIPESTATUS[0]}" = 0 ]
+}
+
+# Where node came without npm (as Debian's packages part them), npm is installed. Without the registry the
+# browser test is skipped, with a line that says so.
+ensure_browser_test() {
+  command -v npm > /dev/null || ensure_packages npm
+  [ -d tests/export/browser/node_modules ] ||
+    npm ci --prefix tests/export/browser --no-audit --no-fund --silent ||
+    say "npm brought no playwright-core: the browser test will be skipped" >&2
 }
