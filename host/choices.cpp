@@ -4,8 +4,6 @@
 
 #include <fmt/format.h>
 
-#include <filesystem>
-#include <fstream>
 #include <iostream>
 #include <iterator>
 
@@ -92,13 +90,9 @@ void ApplyOptions(const ChoiceOptions& options, Choices& choices) {
 
 std::string ReadRequestText(const std::string& file) {
   if (file == "-") return {std::istreambuf_iterator<char>(std::cin), {}};
-  std::ifstream in(file, std::ios::binary);
-  std::string text{std::istreambuf_iterator<char>(in), {}};
-  // A folder opens like a file and fails when it is read.
-  if (!in || std::filesystem::is_directory(file)) {
-    throw Failure(ExitCode::kUsage, fmt::format("cannot read the request file {}", file));
-  }
-  return text;
+  const std::optional<std::string> text = ReadWholeFile(file);
+  if (!text) throw Failure(ExitCode::kUsage, fmt::format("cannot read the request file {}", file));
+  return *text;
 }
 
 }  // namespace

@@ -66,6 +66,9 @@ class Connection {
   std::unique_ptr<Handles> handles_;
 };
 
+// The diagnostics of the last call on a statement or a connection, in one line; they stay there.
+std::string DiagnosticsOfCall(void* handle);
+
 // An installed driver, or a data source of odbc.ini with its driver.
 struct Installed {
   std::string name;

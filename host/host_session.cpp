@@ -4,6 +4,18 @@
 #include "host/interrupt.h"
 
 namespace wbhost {
+namespace {
+
+// A list of names is quickly read and often goes into a pipe: without a terminal it shows nothing
+// unless asked.
+ProgressMode ChooseProgress(const Options& options, const Screen& screen) {
+  if (options.command != Command::kImport && !options.report.progress && !screen.IsTerminal()) {
+    return ProgressMode::kNone;
+  }
+  return ResolveProgressMode(options.report.progress.value_or("auto"), screen.IsTerminal());
+}
+
+}  // namespace
 
 HostSession::HostSession(Run& run, const Choices& choices, const OutputFile& output)
     : run_(run),
@@ -11,10 +23,8 @@ HostSession::HostSession(Run& run, const Choices& choices, const OutputFile& out
       reports_(run.options.report, run.secrets),
       connection_(ResolveTarget(run.options.connection, run.secrets)),
       services_(choices.settings, run.screen, reports_),
-      runner_(connection_, services_,
-              ResolveProgressMode(run.options.report.progress.value_or("auto"),
-                                  run.screen.IsTerminal()),
-              run.screen, reports_) {
+      runner_(connection_, services_, ChooseProgress(run.options, run.screen), run.screen,
+              reports_) {
   output.Check();
   if (!reports_.Check(run.screen)) {
     throw Failure(ExitCode::kOutput, "nothing was imported");

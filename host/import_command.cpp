@@ -3,13 +3,11 @@
 #include <fmt/format.h>
 #include <unistd.h>
 
-#include <fstream>
-#include <iterator>
-
 #include "export/writer.h"
 #include "host/commands.h"
 #include "host/host_session.h"
 #include "host/synonyms.h"
+#include "host/text.h"
 
 namespace wbhost {
 namespace {
@@ -24,6 +22,11 @@ const wbexport::Format& ChooseFormat(const OutputOptions& options, const OutputF
   return *format;
 }
 
+// Markdown is one page, or a page a table where the output is a folder: `-o docs/`.
+OutputFile ChooseOutput(const OutputOptions& options) {
+  return OutputFile(options.file, options.format == "markdown");
+}
+
 void WriteWorkbook(Run& run, const OutputFile& output, const LcWorkbook& workbook,
                    const LcWorkbookFileInfo& info) {
   const OutputOptions& wanted = run.options.output;
@@ -36,6 +39,14 @@ void WriteWorkbook(Run& run, const OutputFile& output, const LcWorkbook& workboo
   options.whole = wanted.whole;
   std::vector<std::string> notes;
   bool written = false;
+  if (output.IsFolder()) {
+    if (!wbexport::WriteMarkdownFolder({workbook, info}, wanted.file, notes)) {
+      throw Failure(ExitCode::kOutput,
+                    notes.empty() ? "the pages cannot be written" : notes.back());
+    }
+    for (const std::string& note : notes) run.screen.Say(note);
+    return;
+  }
   output.Write([&](std::ostream& out) {
     written = format.write({workbook, info}, options, out, notes);
     return written;
@@ -55,7 +66,7 @@ void RunImport(Run& run, Outcome& outcome) {
                   "column-names needs a single table: --table [OWNER.]NAME, or singleTable in the "
                   "request file");
   }
-  const OutputFile output(run.options.output.file);
+  const OutputFile output = ChooseOutput(run.options.output);
   ChooseFormat(run.options.output, output);
   HostSession session(run, choices, output);
   CompleteSynonyms(choices, session.runner(), outcome);
@@ -67,15 +78,14 @@ void RunImport(Run& run, Outcome& outcome) {
 
 void RunRender(Run& run) {
   const std::string& file = run.options.render_file;
-  const OutputFile output(run.options.output.file);
+  const OutputFile output = ChooseOutput(run.options.output);
   output.Check();
-  std::ifstream in(file, std::ios::binary);
-  if (!in) throw Failure(ExitCode::kUsage, fmt::format("cannot read the workbook file {}", file));
-  const std::string text{std::istreambuf_iterator<char>(in), {}};
+  const std::optional<std::string> text = ReadWholeFile(file);
+  if (!text) throw Failure(ExitCode::kUsage, fmt::format("cannot read the workbook file {}", file));
   LcWorkbook workbook;
   LcWorkbookFileInfo info;
   std::string why;
-  if (!ReadWorkbookFile(text, workbook, info, why)) {
+  if (!ReadWorkbookFile(*text, workbook, info, why)) {
     throw Failure(ExitCode::kUsage, fmt::format("{} is no workbook file: {}", file, why));
   }
   WriteWorkbook(run, output, workbook, info);

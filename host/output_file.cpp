@@ -71,7 +71,7 @@ class TemporaryFile {
 
 }  // namespace
 
-OutputFile::OutputFile(const std::string& name) : name_(name) {
+OutputFile::OutputFile(const std::string& name, bool folder_allowed) : name_(name) {
   if (name.empty() || name == "-") {
     name_ = "standard output";
     return;
@@ -81,11 +81,12 @@ OutputFile::OutputFile(const std::string& name) : name_(name) {
   const fs::path resolved = fs::weakly_canonical(absolute, error);
   path_ = (error ? absolute : resolved).string();
   const fs::file_status status = fs::status(path_, error);
+  folder_ = folder_allowed && (fs::is_directory(status) || name.back() == '/');
   special_ = fs::exists(status) && !fs::is_regular_file(status) && !fs::is_directory(status);
 }
 
 void OutputFile::Check() const {
-  if (IsStandardOutput() || special_) return;
+  if (IsStandardOutput() || special_ || folder_) return;
   std::error_code error;
   if (fs::is_directory(path_, error)) Fail(name_, EISDIR);
   const fs::path folder = fs::path(path_).parent_path();

@@ -9,8 +9,9 @@ namespace wbhost {
 
 class OutputFile {
  public:
-  // An empty name or `-` is standard output.
-  explicit OutputFile(const std::string& name);
+  // An empty name or `-` is standard output. With `folder_allowed` a name that ends with a slash or
+  // is a folder stands for a folder, which somebody else writes.
+  explicit OutputFile(const std::string& name, bool folder_allowed = false);
 
   // Throws a Failure where it is plain already that the file cannot be written, so that nobody
   // waits for an import in vain. Creates nothing.
@@ -19,12 +20,14 @@ class OutputFile {
   // that there is nothing to write: the file stays as it was. Throws a Failure where writing fails.
   void Write(const std::function<bool(std::ostream&)>& write) const;
   bool IsStandardOutput() const { return path_.empty(); }
+  bool IsFolder() const { return folder_; }
 
  private:
   void WriteWhole(const std::function<bool(std::ostream&)>& write) const;
 
-  std::string name_;      // as the user wrote it
-  std::string path_;      // symbolic links resolved; empty: standard output
+  std::string name_;  // as the user wrote it
+  std::string path_;  // symbolic links resolved; empty: standard output
+  bool folder_ = false;
   bool special_ = false;  // a device or a pipe, which cannot be replaced
 };
 

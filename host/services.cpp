@@ -5,6 +5,7 @@
 
 #include <utility>
 
+#include "host/connection.h"
 #include "host/text.h"
 
 namespace wbhost {
@@ -46,16 +47,18 @@ class InstalledServices::Store : public platform::SettingsStore {
   std::shared_ptr<platform::SettingsStore> behind_;
 };
 
-class InstalledServices::Log : public platform::DiagnosticLog {
+// What the module consumes unseen, taken before it is consumed: reading a diagnostic record, unlike
+// SQLError, leaves it there.
+class InstalledServices::Log : public platform::CallLog {
  public:
   explicit Log(Reports& reports) : reports_(reports) {}
-  void Consumed(const std::u16string& state, std::int32_t native_error,
-                const std::u16string& message) override {
-    reports_.log.WriteScrubbed(
-        fmt::format("[{}] ({}) {}", ToUtf8(state), native_error, OneLine(ToUtf8(message))));
+  void OnCall(const char* function, void* handle, short result) override {
+    if (result != kSqlError) return;
+    reports_.log.WriteScrubbed(fmt::format("{}: {}", function, DiagnosticsOfCall(handle)));
   }
 
  private:
+  static constexpr short kSqlError = -1;
   Reports& reports_;
 };
 
@@ -65,7 +68,7 @@ InstalledServices::InstalledServices(const Settings& settings, Screen& screen, R
   platform::Services& services = platform::GetServices();
   services.message_box = box_;
   services.settings = std::make_shared<Store>(settings, saved_->settings);
-  if (reports.log.IsOpen()) services.consumed_diagnostics = std::make_shared<Log>(reports);
+  if (reports.log.IsOpen()) services.call_log = std::make_shared<Log>(reports);
 }
 
 InstalledServices::~InstalledServices() { platform::GetServices() = *saved_; }

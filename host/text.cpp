@@ -4,6 +4,8 @@
 #include <utf8.h>
 
 #include <algorithm>
+#include <filesystem>
+#include <fstream>
 #include <iterator>
 
 namespace wbhost {
@@ -75,6 +77,16 @@ std::string OneLine(std::string_view text) {
       line.begin(), line.end(),
       [](char c) { return static_cast<unsigned char>(c) < 0x20 || c == 0x7f; }, ' ');
   return line;
+}
+
+std::optional<std::string> ReadWholeFile(const std::string& file) {
+  std::error_code error;
+  std::ifstream in(file, std::ios::binary);
+  // A folder opens like a file and throws when it is read.
+  if (!in || std::filesystem::is_directory(file, error)) return std::nullopt;
+  std::string text{std::istreambuf_iterator<char>(in), {}};
+  if (in.bad()) return std::nullopt;
+  return text;
 }
 
 bool EqualIgnoringCase(std::string_view a, std::string_view b) {

@@ -1,6 +1,7 @@
 // Texts between the command line (UTF-8) and the module (UTF-16), and names as a user types them.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -23,6 +24,9 @@ std::string DisplayName(std::u16string_view owner, std::u16string_view name);
 
 // The text for one line of a terminal: control characters, line ends among them, become blanks.
 std::string OneLine(std::string_view text);
+
+// The whole of a file, as it is; empty where it cannot be read.
+std::optional<std::string> ReadWholeFile(const std::string& file);
 
 // Equal when upper and lower case of ASCII letters are not told apart.
 bool EqualIgnoringCase(std::string_view a, std::string_view b);

@@ -67,15 +67,6 @@ class LC_EXPORT DatabaseUtilities {
   virtual bool GetDB2CLISchema(const char16_t* data_source, std::u16string& schema) = 0;
 };
 
-// Hears of the driver's diagnostics that the module consumes without showing them.
-class LC_EXPORT DiagnosticLog {
- public:
-  virtual ~DiagnosticLog() = default;
-  // `state` is the SQLSTATE; empty from a driver that gives none.
-  virtual void Consumed(const std::u16string& state, std::int32_t native_error,
-                        const std::u16string& message) = 0;
-};
-
 // Watches every call that the module makes of the driver.
 class LC_EXPORT CallLog {
  public:
@@ -91,12 +82,11 @@ struct LC_EXPORT Services {
   std::shared_ptr<MessageLibrary> messages;  // set by the module's start-up
   std::shared_ptr<BusyCursor> busy_cursor;
   std::shared_ptr<DatabaseUtilities> database;
-  std::shared_ptr<DiagnosticLog> consumed_diagnostics;  // null: nobody listens
-  std::shared_ptr<CallLog> call_log;                    // null: nobody listens
+  std::shared_ptr<CallLog> call_log;         // null: nobody listens
 };
 
 // The services in force, with the defaults where a host has installed nothing. Never null, but for
-// `messages` before the module was started and the two logs.
+// `messages` before the module was started and `call_log`.
 LC_EXPORT Services& GetServices();
 
 }  // namespace platform
