@@ -160,7 +160,7 @@ TEST(Reports, HoldTheTraceTheShownErrorsAndTheConsumedOnes) {
 
   RunProgram({"import", "--connect", SimulatorString("Server=generic;Fail=SQLPrimaryKeys:1"),
               "--log", file("log")});
-  EXPECT_THAT(ReadFile(file("log")), HasSubstr("SQLPrimaryKeys: [catalogsim]"));
+  EXPECT_THAT(ReadFile(file("log")), HasSubstr("SQLPrimaryKeysW: [catalogsim]"));
 }
 
 TEST(Output, IsWholeOrNotThere) {
