@@ -1,12 +1,14 @@
 // The storage of record lists: a row is one record in a block of memory, and blocks grow up to a
-// megabyte, so that a list of any size makes few allocations and a cell costs 4 bytes beyond its
-// text.
+// megabyte, so that a list of any size makes few allocations and a cell costs 6 bytes beyond its
+// text. Trailing blanks are counted, not kept: catalogs with names of fixed width (Red Brick's are
+// 128 characters) would otherwise be mostly blanks.
 #include "odbc/record_list.h"
 
 #include <sqlext.h>
 
 #include <algorithm>
 #include <cstddef>
+#include <cstring>
 #include <vector>
 
 namespace {
@@ -15,17 +17,34 @@ constexpr std::size_t kFirstBlockBytes = 4096;
 constexpr std::size_t kLargestBlockBytes = 1024 * 1024;
 
 // A row as it lies in a block: the number of cells, the end of each cell's text in characters from
-// the beginning of the row's text, then the texts one after the other.
+// the beginning of the row's text, the number of each cell's trailing blanks, then the texts
+// without them, one after the other.
 struct RowView {
   const std::uint32_t* numbers;
 
   std::uint32_t CellCount() const { return numbers[0]; }
+  const std::uint16_t* Blanks() const {
+    return reinterpret_cast<const std::uint16_t*>(numbers + 1 + CellCount());
+  }
   std::u16string_view Cell(std::uint32_t index) const {
     const std::uint32_t begin = index == 0 ? 0 : numbers[index];
-    const auto* text = reinterpret_cast<const char16_t*>(numbers + 1 + CellCount());
+    const auto* text = reinterpret_cast<const char16_t*>(Blanks() + CellCount());
     return {text + begin, numbers[index + 1] - begin};
   }
 };
+
+// How many of the cell's last characters are blanks that need not be kept.
+std::uint16_t CountTrailingBlanks(std::u16string_view cell) {
+  constexpr std::uint64_t kFourBlanks = 0x0020002000200020;
+  std::size_t kept = cell.size();
+  for (; kept >= 4; kept -= 4) {  // four characters at a time
+    std::uint64_t four;
+    std::memcpy(&four, cell.data() + kept - 4, sizeof four);
+    if (four != kFourBlanks) break;
+  }
+  while (kept > 0 && cell[kept - 1] == u' ') --kept;
+  return static_cast<std::uint16_t>(std::min<std::size_t>(cell.size() - kept, 0xFFFF));
+}
 
 std::size_t RoundUpToNumber(std::size_t bytes) {
   constexpr std::size_t kNumber = sizeof(std::uint32_t);
@@ -64,6 +83,11 @@ struct __attribute__((visibility("hidden"))) LcODBCRecordList::Storage {
     free_bytes -= bytes;
     return taken;
   }
+  // The last bytes of what was taken last.
+  void GiveBack(std::size_t bytes) {
+    free -= bytes;
+    free_bytes += bytes;
+  }
 };
 
 LcODBCRecordList::LcODBCRecordList() : storage_(std::make_unique<Storage>()) {}
@@ -83,7 +107,9 @@ bool LcODBCRecordList::GetData(int row, int column, std::u16string& out) const {
   if (row < 1 || static_cast<std::size_t>(row) > storage_->rows.size()) return false;
   const RowView record = storage_->rows[static_cast<std::size_t>(row) - 1];
   if (column < 1 || static_cast<std::uint32_t>(column) > record.CellCount()) return false;
-  out = record.Cell(static_cast<std::uint32_t>(column) - 1);
+  const auto index = static_cast<std::uint32_t>(column) - 1;
+  out = record.Cell(index);
+  out.append(record.Blanks()[index], u' ');
   return true;
 }
 
@@ -95,19 +121,26 @@ std::u16string_view LcODBCRecordList::View(int row, int column) const {
 }
 
 void LcODBCRecordList::AddRow(std::span<const std::u16string_view> cells) {
+  // Room for the blanks too, which are not known yet; what is left over is given back.
   std::size_t characters = 0;
   for (const std::u16string_view cell : cells) characters += cell.size();
-  const std::size_t number_bytes = (cells.size() + 1) * sizeof(std::uint32_t);
-  std::byte* record = storage_->Take(RoundUpToNumber(number_bytes + characters * sizeof(char16_t)));
+  const std::size_t head_bytes =
+      sizeof(std::uint32_t) + cells.size() * (sizeof(std::uint32_t) + sizeof(std::uint16_t));
+  const std::size_t room = RoundUpToNumber(head_bytes + characters * sizeof(char16_t));
+  std::byte* record = storage_->Take(room);
   auto* numbers = reinterpret_cast<std::uint32_t*>(record);
-  auto* text = reinterpret_cast<char16_t*>(record + number_bytes);
+  auto* blanks = reinterpret_cast<std::uint16_t*>(numbers + 1 + cells.size());
+  auto* text = reinterpret_cast<char16_t*>(blanks + cells.size());
   *numbers = static_cast<std::uint32_t>(cells.size());
   std::uint32_t end = 0;
   for (const std::u16string_view cell : cells) {
-    std::copy(cell.begin(), cell.end(), text + end);
-    end += static_cast<std::uint32_t>(cell.size());
+    *blanks = CountTrailingBlanks(cell);
+    const std::size_t kept = cell.size() - *blanks++;
+    std::copy_n(cell.begin(), kept, text + end);
+    end += static_cast<std::uint32_t>(kept);
     *++numbers = end;
   }
+  storage_->GiveBack(room - RoundUpToNumber(head_bytes + end * sizeof(char16_t)));
   storage_->rows.push_back(RowView{reinterpret_cast<const std::uint32_t*>(record)});
 }
 

@@ -40,7 +40,8 @@ class LC_EXPORT LcODBCRecordList : public LcObject {
   // Sets `out` to a copy of the cell. False, with `out` empty, for numbers out of range. A NULL
   // reads as empty.
   bool GetData(int row, int column, std::u16string& out) const;
-  // The cell without a copy, empty out of range; valid as long as the list is.
+  // The cell without its trailing blanks and without a copy, empty out of range; valid as long as
+  // the list is.
   std::u16string_view View(int row, int column) const;
 
   // For the fetch layer: appends a row with copies of the cells. Memory that runs out throws

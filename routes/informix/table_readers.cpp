@@ -152,6 +152,7 @@ bool ReadTablesAndViews(ImportSession& session, ComplexTypes& complex_types,
   std::u16string owner;
   std::u16string name;
   LcWorkbookTable* table = nullptr;
+  std::u16string type_text;
   for (int row = 1; row <= count; ++row) {
     const std::u16string_view row_owner = TrimRightSpace(rows.View(row, 1));
     const std::u16string_view row_name = TrimRightSpace(rows.View(row, 2));
@@ -159,7 +160,8 @@ bool ReadTablesAndViews(ImportSession& session, ComplexTypes& complex_types,
       owner = row_owner;
       name = row_name;
       auto made = std::make_unique<LcWorkbookTable>();
-      made->SetType(GetTableType(rows.View(row, 3), dbmsInformix));
+      rows.GetData(row, 3, type_text);  // as it stands: a letter with blanks behind it is no view
+      made->SetType(GetTableType(type_text, dbmsInformix));
       table = BeginTable(session, tables, owner, name, std::move(made));
     }
     if (session.WasImportStoppedOrCancelled()) return false;

@@ -50,6 +50,31 @@ TEST(RecordList, GivesCellsByNumbersFromOne) {
   }
 }
 
+TEST(RecordList, CountsTrailingBlanksAndGivesThemBack) {
+  LcODBCRecordList rows;
+  const std::u16string many(70000, u' ');  // more than are counted
+  AddRow(rows, {u"name   ", u"   ", u" x\t ", many, u"after"});
+  AddRow(rows, {u"next"});
+  const struct {
+    int column;
+    std::u16string_view cell, view;
+  } cases[] = {
+      {1, u"name   ", u"name"},
+      {2, u"   ", u""},
+      {3, u" x\t ", u" x\t"},
+      {5, u"after", u"after"},
+  };
+  std::u16string cell;
+  for (const auto& test : cases) {
+    EXPECT_TRUE(rows.GetData(1, test.column, cell));
+    EXPECT_EQ(cell, test.cell) << test.column;
+    EXPECT_EQ(rows.View(1, test.column), test.view) << test.column;
+  }
+  rows.GetData(1, 4, cell);
+  EXPECT_EQ(cell, many);
+  EXPECT_EQ(rows.View(2, 1), u"next");
+}
+
 TEST(RecordList, KeepsRowsWithoutCells) {
   LcODBCRecordList rows;
   AddRow(rows, {});
