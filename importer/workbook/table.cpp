@@ -113,7 +113,7 @@ void LcWorkbookTable::OnColumnIdChanged() {
 
 void LcWorkbookTable::AddForeignKey(LcWorkbookForeignKey* key) {
   if (key == nullptr || key->table_ == this) return;
-  if (key->table_ != nullptr) key->table_->RemoveForeignKey(key).release();
+  if (key->table_ != nullptr) static_cast<void>(key->table_->RemoveForeignKey(key).release());
   foreign_keys_.emplace_back(key);
   key->table_ = this;
 }

@@ -3,6 +3,8 @@
 # there through find_package and through pkg-config, imports a database with it, looks at the exported
 # symbols, and builds the Debian packages.
 # Usage: package_test.sh BUILD-FOLDER SOURCE-FOLDER
+#
+# No `| grep -q`: it ends before what it reads from, which then counts as failed.
 set -euo pipefail
 build=$1
 source=$2
@@ -18,14 +20,14 @@ libdir=$(dirname "$(find "$prefix" -name libodbcimport.so)")
 
 # Sanitizer builds of the libraries need the same runtime in the program that loads them.
 flags=
-if nm -D "$libdir/libodbcimport.so" | grep -q __asan; then flags=-fsanitize=address,undefined; fi
+if nm -D "$libdir/libodbcimport.so" | grep __asan > /dev/null; then flags=-fsanitize=address,undefined; fi
 
 sqlite3 "$work/shop.db" 'CREATE TABLE customer(id INTEGER PRIMARY KEY, name VARCHAR(40) NOT NULL);
   CREATE TABLE purchase(id INTEGER PRIMARY KEY, customer_id INTEGER REFERENCES customer(id));
   CREATE VIEW names AS SELECT name FROM customer;'
 check_host() { # program
   ASAN_OPTIONS=detect_leaks=0 LD_LIBRARY_PATH=$libdir "$1" "Driver=SQLite3;Database=$work/shop.db" > "$work/out.txt" 2> "$work/err.txt" ||
-    { cat "$work/out.txt" "$work/err.txt"; fail "$1 ended with $?"; }
+    { code=$?; cat "$work/out.txt" "$work/err.txt"; fail "$1 ended with $code"; }
   grep -q '^table customer$' "$work/out.txt" || { cat "$work/out.txt"; fail "no table customer"; }
   grep -q '^  \*id INTEGER' "$work/out.txt" || { cat "$work/out.txt"; fail "no key column"; }
   grep -q '^view names$' "$work/out.txt" || { cat "$work/out.txt"; fail "no view"; }
@@ -72,7 +74,7 @@ echo "Debian packages"
 for pair in "libodbcimport0_:usr/lib/.*/libodbcimport.so.0" "libodbcimport-dev_:odbcimportConfig.cmake" "wbimport_:man1/wbimport.1"; do
   deb=$(echo "$work/deb/${pair%%:*}"*.deb)
   [ -f "$deb" ] || fail "no package ${pair%%:*}"
-  dpkg-deb --contents "$deb" | grep -q "${pair#*:}" || { dpkg-deb --contents "$deb"; fail "$deb lacks ${pair#*:}"; }
+  dpkg-deb --contents "$deb" | grep "${pair#*:}" > /dev/null || { dpkg-deb --contents "$deb"; fail "$deb lacks ${pair#*:}"; }
 done
-dpkg-deb --field "$work"/deb/libodbcimport0_*.deb Depends | grep -q libodbc || fail "the library's package depends on no driver manager"
+dpkg-deb --field "$work"/deb/libodbcimport0_*.deb Depends | grep libodbc > /dev/null || fail "the library's package depends on no driver manager"
 echo "packages: $(ls "$work/deb" | grep -c 'deb$')"
