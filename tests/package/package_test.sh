@@ -71,7 +71,7 @@ if ! command -v dpkg-shlibdeps > /dev/null; then
 fi
 echo "Debian packages"
 (cd "$build" && cpack -G DEB -B "$work/deb" > "$work/cpack.log" 2>&1) || { tail -20 "$work/cpack.log"; fail "cpack"; }
-for pair in "libodbcimport0_:usr/lib/.*/libodbcimport.so.0" "libodbcimport-dev_:odbcimportConfig.cmake" "wbimport_:man1/wbimport.1"; do
+for pair in "libodbcimport0_:usr/lib/.*libodbcimport.so.0" "libodbcimport-dev_:odbcimportConfig.cmake" "wbimport_:man1/wbimport.1"; do
   deb=$(echo "$work/deb/${pair%%:*}"*.deb)
   [ -f "$deb" ] || fail "no package ${pair%%:*}"
   dpkg-deb --contents "$deb" | grep "${pair#*:}" > /dev/null || { dpkg-deb --contents "$deb"; fail "$deb lacks ${pair#*:}"; }
