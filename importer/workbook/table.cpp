@@ -10,6 +10,9 @@ namespace {
 
 // Up to this many columns a walk is as fast as the index and costs no memory.
 constexpr std::size_t kColumnsWithoutIndex = 16;
+// A longer table gets its index after this many look-ups: most tables of a schema are asked for a
+// key column or two, for which an index would cost more than it saves.
+constexpr std::uint8_t kWalksBeforeIndex = 8;
 
 bool RefersTo(const LcWorkbookKeyList* side,
               const std::unordered_set<const LcWorkbookTable*>& tables) {
@@ -68,8 +71,13 @@ LcWorkbookColumn* LcWorkbookTable::GetColumn(int position) const {
   return columns_[static_cast<std::size_t>(position)].get();
 }
 
+bool LcWorkbookTable::WalksColumns() const {
+  if (columns_.size() <= kColumnsWithoutIndex) return true;
+  return !column_index_ && ++column_walks_ <= kWalksBeforeIndex;
+}
+
 LcWorkbookColumn* LcWorkbookTable::FindColumn(const std::u16string& name) const {
-  if (columns_.size() <= kColumnsWithoutIndex) {
+  if (WalksColumns()) {
     for (const auto& column : columns_) {
       if (column->name_ == name) return column.get();
     }
@@ -87,7 +95,7 @@ LcWorkbookColumn* LcWorkbookTable::FindColumn(const std::u16string& name) const 
 }
 
 LcWorkbookColumn* LcWorkbookTable::FindColumnById(int id) const {
-  if (columns_.size() <= kColumnsWithoutIndex) {
+  if (WalksColumns()) {
     for (const auto& column : columns_) {
       if (column->column_id_ == id) return column.get();
     }

@@ -203,6 +203,7 @@ class LC_WORKBOOK_EXPORT LcWorkbookTable : public LcObject {
   friend class LcWorkbookColumn;
   friend class LcWorkbookTableList;
   struct ColumnIndex;
+  bool WalksColumns() const;
   void OnColumnRenamed();
   void OnColumnIdChanged();
 
@@ -217,6 +218,7 @@ class LC_WORKBOOK_EXPORT LcWorkbookTable : public LcObject {
   std::int32_t synonym_id_ = 0;
   enumTableType type_ = ttTable;
   bool indexed_by_id_ = false;
+  mutable std::uint8_t column_walks_ = 0;  // look-ups of columns that were walks
 };
 
 // Tables in the order in which they were read. Look-ups take constant time and give the first match
