@@ -119,7 +119,7 @@ bool AssembleFunctionsDB2(const ImportSession& session, const LcODBCRecordList& 
       collected = 0;
     }
     const std::u16string_view type = TrimRightBlanks(rows.View(row, 5));
-    if (!type.empty()) {
+    if (function != nullptr && !type.empty()) {
       if (!parameters.empty()) parameters += u", ";
       parameters += type;
       if (++collected == ParseInteger(rows.View(row, 3))) {

@@ -14,7 +14,7 @@
 namespace {
 
 constexpr std::size_t kFirstBlockBytes = 4096;
-constexpr std::size_t kLargestBlockBytes = 1024 * 1024;
+constexpr std::size_t kLargestBlockBytes = std::size_t{1024} * 1024;
 
 // A row as it lies in a block: the number of cells, the end of each cell's text in characters from
 // the beginning of the row's text, the number of each cell's trailing blanks, then the texts

@@ -86,7 +86,7 @@ std::string FindSettingsFile() {
     folders.push_back(std::move(folder));
   }
   for (const std::string& folder : folders) {
-    const std::string file = folder + "/wbimport/settings.toml";
+    std::string file = folder + "/wbimport/settings.toml";
     std::error_code ignored;
     if (std::filesystem::exists(file, ignored)) return file;
   }

@@ -38,7 +38,7 @@ class CatalogStatement {
   }
   // SQL_NO_DATA_FOUND, without asking the driver, for a result without columns: mdbtools crashes
   // on a fetch there.
-  SQLRETURN Fetch() { return columns_ == 0 ? SQL_NO_DATA_FOUND : statement_.Fetch(); }
+  SQLRETURN Fetch() { return columns_ == 0 ? SQLRETURN{SQL_NO_DATA_FOUND} : statement_.Fetch(); }
   // Ends a result; statement and bindings stay for the next call.
   void EndResult();
   void Unbind();
