@@ -15,6 +15,7 @@ namespace {
 
 constexpr std::size_t kFirstBlockBytes = 4096;
 constexpr std::size_t kLargestBlockBytes = std::size_t{1024} * 1024;
+constexpr std::size_t kRowsAChunk = 512;  // a power of two
 
 // A row as it lies in a block: the number of cells, the end of each cell's text in characters from
 // the beginning of the row's text, the number of each cell's trailing blanks, then the texts
@@ -23,6 +24,9 @@ struct RowView {
   const std::uint32_t* numbers;
 
   std::uint32_t CellCount() const { return numbers[0]; }
+  bool HasCell(int column) const {
+    return column >= 1 && static_cast<std::uint32_t>(column) <= CellCount();
+  }
   const std::uint16_t* Blanks() const {
     return reinterpret_cast<const std::uint16_t*>(numbers + 1 + CellCount());
   }
@@ -67,8 +71,27 @@ struct __attribute__((visibility("hidden"))) LcODBCRecordList::Storage {
   std::byte* free = nullptr;  // in the last block
   std::size_t free_bytes = 0;
   std::size_t next_block_bytes = kFirstBlockBytes;
-  std::vector<RowView> rows;
+  std::vector<RowView*> row_chunks;  // in the blocks too, so that a long list is never copied
+  std::size_t row_count = 0;
   std::vector<std::unique_ptr<LcODBCColumn>> columns;
+
+  // Null for a number that is out of range; they begin at 1.
+  const RowView* Row(int number) const {
+    if (number < 1 || static_cast<std::size_t>(number) > row_count) return nullptr;
+    const std::size_t index = static_cast<std::size_t>(number) - 1;
+    return &row_chunks[index / kRowsAChunk][index % kRowsAChunk];
+  }
+  void MakeRoomForRow() {
+    if (row_count < row_chunks.size() * kRowsAChunk) return;
+    constexpr std::size_t kBytes = kRowsAChunk * sizeof(RowView);
+    std::size_t room = kBytes + sizeof(RowView);
+    void* begin = Take(room);
+    row_chunks.push_back(static_cast<RowView*>(std::align(alignof(RowView), kBytes, begin, room)));
+  }
+  void AppendRow(RowView row) {
+    row_chunks.back()[row_count % kRowsAChunk] = row;
+    ++row_count;
+  }
 
   std::byte* Take(std::size_t bytes) {
     if (bytes > free_bytes) {
@@ -95,32 +118,32 @@ LcODBCRecordList::~LcODBCRecordList() = default;
 const char* LcODBCRecordList::GetRuntimeClass() const { return "LcODBCRecordList"; }
 
 int LcODBCRecordList::GetRowCount() const {
-  return static_cast<int>(storage_->rows.size() + storage_->columns.size());
+  return static_cast<int>(storage_->row_count + storage_->columns.size());
 }
 
 int LcODBCRecordList::GetColumnCount() const {
-  return storage_->rows.empty() ? 0 : static_cast<int>(storage_->rows.front().CellCount());
+  const RowView* first = storage_->Row(1);
+  return first == nullptr ? 0 : static_cast<int>(first->CellCount());
 }
 
 bool LcODBCRecordList::GetData(int row, int column, std::u16string& out) const {
   out.clear();
-  if (row < 1 || static_cast<std::size_t>(row) > storage_->rows.size()) return false;
-  const RowView record = storage_->rows[static_cast<std::size_t>(row) - 1];
-  if (column < 1 || static_cast<std::uint32_t>(column) > record.CellCount()) return false;
+  const RowView* record = storage_->Row(row);
+  if (record == nullptr || !record->HasCell(column)) return false;
   const auto index = static_cast<std::uint32_t>(column) - 1;
-  out = record.Cell(index);
-  out.append(record.Blanks()[index], u' ');
+  out = record->Cell(index);
+  out.append(record->Blanks()[index], u' ');
   return true;
 }
 
 std::u16string_view LcODBCRecordList::View(int row, int column) const {
-  if (row < 1 || static_cast<std::size_t>(row) > storage_->rows.size()) return {};
-  const RowView record = storage_->rows[static_cast<std::size_t>(row) - 1];
-  if (column < 1 || static_cast<std::uint32_t>(column) > record.CellCount()) return {};
-  return record.Cell(static_cast<std::uint32_t>(column) - 1);
+  const RowView* record = storage_->Row(row);
+  if (record == nullptr || !record->HasCell(column)) return {};
+  return record->Cell(static_cast<std::uint32_t>(column) - 1);
 }
 
 void LcODBCRecordList::AddRow(std::span<const std::u16string_view> cells) {
+  storage_->MakeRoomForRow();
   // Room for the blanks too, which are not known yet; what is left over is given back.
   std::size_t characters = 0;
   for (const std::u16string_view cell : cells) characters += cell.size();
@@ -141,7 +164,7 @@ void LcODBCRecordList::AddRow(std::span<const std::u16string_view> cells) {
     *++numbers = end;
   }
   storage_->GiveBack(room - RoundUpToNumber(head_bytes + end * sizeof(char16_t)));
-  storage_->rows.push_back(RowView{reinterpret_cast<const std::uint32_t*>(record)});
+  storage_->AppendRow(RowView{reinterpret_cast<const std::uint32_t*>(record)});
 }
 
 void LcODBCRecordList::AppendColumn(std::unique_ptr<LcODBCColumn> column) {
