@@ -36,8 +36,8 @@ constexpr int kRedBrickTable = 2;
 constexpr int kRedBrickColumn = 3;
 constexpr int kRedBrickSequence = 4;
 
-std::u16string Trimmed(const LcODBCRecordList& rows, int row, int position) {
-  return std::u16string(TrimRightBlanks(rows.View(row, position)));
+std::u16string_view Trimmed(const LcODBCRecordList& rows, int row, int position) {
+  return TrimRightBlanks(rows.View(row, position));
 }
 
 std::u16string_view TrimBothEnds(std::u16string_view text) {
@@ -45,10 +45,10 @@ std::u16string_view TrimBothEnds(std::u16string_view text) {
   return TrimRightBlanks(text);
 }
 
-std::u16string Slice(std::u16string_view list, std::size_t number) {
+std::u16string_view Slice(std::u16string_view list, std::size_t number) {
   const std::size_t begin = number * kDB2NameWidth;
   if (begin >= list.size()) return {};
-  return std::u16string(TrimRightBlanks(list.substr(begin, kDB2NameWidth)));
+  return TrimRightBlanks(list.substr(begin, kDB2NameWidth));
 }
 
 // One entry per column of the key. Beyond the end of both lists there are only pairs without
@@ -113,6 +113,7 @@ bool GetNativeForeignKeys(const ImportSession& session, LcWorkbookTableList& tab
   session.StatusDialog(inLoopStart, iiForeignKeys, static_cast<unsigned long>(count));
   LcFKInfoList entries;
   if (dbms_type == dbmsDB2) {
+    entries.reserve(static_cast<std::size_t>(count));  // most keys have one column
     for (int row = 1; row <= count && !session.WasImportStoppedOrCancelled(); ++row) {
       AddDB2Row(rows, row, entries);
     }
@@ -139,6 +140,7 @@ bool GetNativeForeignKeysOracle(const ImportSession& session, LcWorkbookTableLis
 
   session.StatusDialog(inLoopStart, iiForeignKeys, count);
   LcFKInfoList entries;
+  entries.reserve(count / 2);
   for (const LcODBCRecordList& rows : results) AddOracleResult(session, rows, entries);
   if (session.WasImportStoppedOrCancelled()) return true;
   AssembleForeignKeys(session, entries, tables);
@@ -160,6 +162,7 @@ bool GetNativeForeignKeysRedBrick(const ImportSession& session, LcWorkbookTableL
   const int count = referencing.GetRowCount();
   session.StatusDialog(inLoopStart, iiForeignKeys, 2 * static_cast<unsigned long>(count));
   LcFKInfoList entries;
+  entries.reserve(static_cast<std::size_t>(count));
   for (int row = 1; row <= count; ++row) {
     if (session.WasImportStoppedOrCancelled()) return true;
     LcFKInfo& entry = entries.emplace_back();

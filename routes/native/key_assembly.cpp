@@ -21,7 +21,7 @@ class KeyAssembly {
 
  private:
   void FindReferencingTable(const LcFKInfo& entry);
-  LcWorkbookTable* FindReferencedTable(const LcFKInfo& entry) const;
+  LcWorkbookTable* FindReferencedTable(const LcFKInfo& entry);
   bool HasForwardKey();
 
   const ImportSession& session_;
@@ -33,6 +33,8 @@ class KeyAssembly {
   KeyPair keys_;
   // Forward keys that no table holds; they only serve to classify their mirror keys.
   std::vector<std::unique_ptr<LcWorkbookForeignKey>> loose_keys_;
+  // The names of the side in hand, for look-ups and reports; kept for their storage.
+  std::u16string owner_, table_, column_;
 };
 
 // Red Brick does not tell owners, so a table is whichever has the name first, and only the first
@@ -40,7 +42,7 @@ class KeyAssembly {
 void KeyAssembly::FindReferencingTable(const LcFKInfo& entry) {
   if (is_red_brick_) {
     if (entry.sequence != u"1") return;
-    referencing_table_ = tables_.FindTableNoOwner(entry.table);
+    referencing_table_ = tables_.FindTableNoOwner(table_);
     keys_.ForgetForward();
     return;
   }
@@ -50,13 +52,14 @@ void KeyAssembly::FindReferencingTable(const LcFKInfo& entry) {
   }
   previous_owner_ = entry.owner;
   previous_table_ = entry.table;
-  referencing_table_ = tables_.FindTable(entry.owner, entry.table);
+  referencing_table_ = tables_.FindTable(owner_, table_);
   keys_.ForgetForward();
 }
 
-LcWorkbookTable* KeyAssembly::FindReferencedTable(const LcFKInfo& entry) const {
-  return is_red_brick_ ? tables_.FindTableNoOwner(entry.referenced_table)
-                       : tables_.FindTable(entry.referenced_owner, entry.referenced_table);
+LcWorkbookTable* KeyAssembly::FindReferencedTable(const LcFKInfo& entry) {
+  owner_ = entry.referenced_owner;
+  table_ = entry.referenced_table;
+  return is_red_brick_ ? tables_.FindTableNoOwner(table_) : tables_.FindTable(owner_, table_);
 }
 
 // Whether there is a forward key for a further pair. A Red Brick key whose first pair was passed
@@ -72,18 +75,21 @@ bool KeyAssembly::HasForwardKey() {
 }
 
 void KeyAssembly::Add(const LcFKInfo& entry) {
+  owner_ = entry.owner;
+  table_ = entry.table;
+  column_ = entry.column;
   FindReferencingTable(entry);
   if (referencing_table_ == nullptr || entry.table.empty() || entry.column.empty() ||
       entry.referenced_table.empty() || entry.referenced_column.empty()) {
     return;
   }
-  session_.StatusDialog(inTableItem, iiNone, 0, entry.owner.c_str(), entry.table.c_str(),
-                        entry.column.c_str());
-  LcWorkbookColumn* referencing = referencing_table_->FindColumn(entry.column);
+  session_.StatusDialog(inTableItem, iiNone, 0, owner_.c_str(), table_.c_str(), column_.c_str());
+  LcWorkbookColumn* referencing = referencing_table_->FindColumn(column_);
   if (referencing == nullptr) return;
   LcWorkbookTable* referenced_table = FindReferencedTable(entry);
   if (referenced_table == nullptr) return;
-  LcWorkbookColumn* referenced = referenced_table->FindColumn(entry.referenced_column);
+  column_ = entry.referenced_column;
+  LcWorkbookColumn* referenced = referenced_table->FindColumn(column_);
   if (referenced == nullptr) return;
   if (entry.sequence == u"1") {
     keys_.Start(*referenced_table, referenced, *referencing_table_, referencing);

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "importer/session.h"
@@ -11,16 +12,17 @@
 
 namespace odbcimport {
 
-// One column pair of one foreign key.
+// One column pair of one foreign key. The names lie in the record lists that it was read from,
+// which live until the keys are assembled.
 struct LcFKInfo : LcObject {
   const char* GetRuntimeClass() const override { return "LcFKInfo"; }
 
-  std::u16string owner;  // of the referencing table; empty where the server does not tell
-  std::u16string table;
-  std::u16string column;
-  std::u16string referenced_owner;
-  std::u16string referenced_table;
-  std::u16string referenced_column;
+  std::u16string_view owner;  // of the referencing table; empty where the server does not tell
+  std::u16string_view table;
+  std::u16string_view column;
+  std::u16string_view referenced_owner;
+  std::u16string_view referenced_table;
+  std::u16string_view referenced_column;
   std::u16string sequence;  // place in its key, as decimal text; "1" starts a new key
 };
 using LcFKInfoList = std::vector<LcFKInfo>;
