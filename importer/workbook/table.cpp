@@ -2,6 +2,7 @@
 #include "importer/workbook/table.h"
 
 #include <algorithm>
+#include <iterator>
 #include <unordered_set>
 
 #include "importer/workbook/first_match_index.h"
@@ -62,6 +63,8 @@ void LcWorkbookTable::AddColumn(LcWorkbookColumn* column) {
   if (column == nullptr) return;
   columns_.emplace_back(column);
   column->SetTable(this);
+  ids_are_places_ =
+      ids_are_places_ && static_cast<std::size_t>(column->column_id_) == columns_.size();
 }
 
 int LcWorkbookTable::GetColumnCount() const { return static_cast<int>(columns_.size()); }
@@ -95,6 +98,7 @@ LcWorkbookColumn* LcWorkbookTable::FindColumn(const std::u16string& name) const 
 }
 
 LcWorkbookColumn* LcWorkbookTable::FindColumnById(int id) const {
+  if (ids_are_places_) return id < 1 ? nullptr : GetColumn(id - 1);
   if (WalksColumns()) {
     for (const auto& column : columns_) {
       if (column->column_id_ == id) return column.get();
@@ -115,8 +119,9 @@ void LcWorkbookTable::OnColumnRenamed() {
   if (column_index_) column_index_->by_name.Clear();
 }
 
-void LcWorkbookTable::OnColumnIdChanged() {
-  if (column_index_) column_index_->by_id.Clear();
+void LcWorkbookTable::OnColumnIdChanged(bool indexed) {
+  ids_are_places_ = false;
+  if (indexed && column_index_) column_index_->by_id.Clear();
 }
 
 void LcWorkbookTable::AddForeignKey(LcWorkbookForeignKey* key) {
@@ -127,11 +132,12 @@ void LcWorkbookTable::AddForeignKey(LcWorkbookForeignKey* key) {
 }
 
 std::unique_ptr<LcWorkbookForeignKey> LcWorkbookTable::RemoveForeignKey(LcWorkbookForeignKey* key) {
-  const auto at = std::find_if(foreign_keys_.begin(), foreign_keys_.end(),
+  // From the back: a key that is taken back while a catalog is read was added last.
+  const auto at = std::find_if(foreign_keys_.rbegin(), foreign_keys_.rend(),
                                [key](const auto& held) { return held.get() == key; });
-  if (at == foreign_keys_.end()) return nullptr;
+  if (at == foreign_keys_.rend()) return nullptr;
   std::unique_ptr<LcWorkbookForeignKey> taken = std::move(*at);
-  foreign_keys_.erase(at);
+  foreign_keys_.erase(std::prev(at.base()));
   taken->table_ = nullptr;
   return taken;
 }

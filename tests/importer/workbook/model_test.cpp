@@ -68,6 +68,7 @@ TEST(Columns, AreFoundInShortAndLongTablesWhileTheyChange) {
     table->GetColumn(1)->SetName(u"other");
     EXPECT_EQ(table->FindColumn(u"c1"), last);
     last->SetColumnId(1);
+    EXPECT_EQ(table->FindColumnById(1), table->GetColumn(0));
     table->GetColumn(0)->SetColumnId(-1);
     EXPECT_EQ(table->FindColumnById(1), last);
     EXPECT_EQ(table->FindColumnById(count), nullptr);
