@@ -306,7 +306,7 @@ ParsedCommandLine ParseCommandLine(const std::vector<std::string>& arguments) {
   } catch (const CLI::ParseError& error) {
     const std::vector<CLI::App*> given = app.get_subcommands();
     throw Failure(ExitCode::kUsage,
-                  fmt::format("{} (see wbimport {}--help)", OneLine(error.what()),
+                  fmt::format("{} (see wbimport {}--help)", error.what(),
                               given.empty() ? "" : given.front()->get_name() + " "));
   }
   ApplyConfigFile(config, options);

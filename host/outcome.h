@@ -5,6 +5,8 @@
 #include <stdexcept>
 #include <string>
 
+#include "host/text.h"
+
 namespace wbhost {
 
 enum class ExitCode {
@@ -33,10 +35,13 @@ class Outcome {
   unsigned seen_ = 0;
 };
 
-// Ends a command: a message for the user, one line of UTF-8, and the exit code that it means.
+// Ends a command: a message for the user, one line of UTF-8, and the exit code that it means. A
+// line break or a terminal's control character in `message`, which may quote a file, becomes a
+// blank.
 class Failure : public std::runtime_error {
  public:
-  Failure(ExitCode code, const std::string& message) : std::runtime_error(message), code_(code) {}
+  Failure(ExitCode code, const std::string& message)
+      : std::runtime_error(OneLine(message)), code_(code) {}
   ExitCode code() const { return code_; }
 
  private:

@@ -177,7 +177,7 @@ Choices ParseRequest(std::string_view text, const std::string& file_name) {
   try {
     document = json::parse(text);
   } catch (const json::exception& error) {
-    top.Fail(fmt::format("is no JSON: {}", OneLine(error.what())));
+    top.Fail(fmt::format("is no JSON: {}", error.what()));
   }
   Choices choices;
   LcImportChoices& importer = choices.importer;
