@@ -7,6 +7,7 @@
 //        wbbench --make-sqlite FILE TABLES COLUMNS
 #include <malloc.h>
 
+#include <algorithm>
 #include <clocale>
 #include <cstdio>
 #include <cstdlib>
@@ -17,6 +18,8 @@
 #include "bench/own_queries.h"
 #include "bench/support.h"
 #include "importer/odbc_workbook_import.h"
+#include "odbc/fetch.h"
+#include "odbc/record_list.h"
 
 namespace {
 
@@ -68,6 +71,26 @@ std::size_t Plain(const bench::Connection& connection, const Arguments& argument
              : bench::PlainQueryLoop(connection.hdbc, texts);
 }
 
+// Allocations of the record lists that hold the results of `texts`, for each of their cells; what
+// the driver allocates for the same calls is taken off.
+double AllocationsACell(const bench::Connection& connection, LcODBCWorkbookImport& importer,
+                        const std::vector<std::u16string>& texts) {
+  std::uint64_t start = bench::Allocations();
+  bench::PlainQueryLoop(connection.hdbc, texts);
+  const auto driver = static_cast<double>(bench::Allocations() - start);
+  double made = 0;
+  double cells = 0;
+  for (const std::u16string& text : texts) {
+    LcODBCRecordList rows;
+    start = bench::Allocations();
+    const LcODBCFetch fetch(text.c_str(), rows, connection.henv, connection.hdbc,
+                            importer.GetDBMSType());
+    made += static_cast<double>(bench::Allocations() - start);
+    cells += static_cast<double>(rows.GetRowCount()) * rows.GetColumnCount();
+  }
+  return cells > 0 ? std::max(0.0, made - driver) / cells : 0;
+}
+
 std::string Measure(const Arguments& arguments) {
   const bench::Connection connection(arguments.connection);
   LcWorkbook scratch;
@@ -89,6 +112,7 @@ std::string Measure(const Arguments& arguments) {
     } else {
       bench::WarmCatalog(connection.hdbc, arguments.catalog);
     }
+    const double a_cell = own ? AllocationsACell(connection, probe, texts) : 0;
     malloc_trim(0);
     bench::ResetPeak();
     const std::size_t before = bench::ResidentBytes();
@@ -101,13 +125,14 @@ std::string Measure(const Arguments& arguments) {
     malloc_trim(0);
     const std::size_t held = bench::ResidentBytes();
     const double columns = counts.columns > 0 ? static_cast<double>(counts.columns) : 1;
-    char text[256];
+    char text[320];
     std::snprintf(text, sizeof text,
                   "\"held_bytes_a_column\": %.0f, \"peak_bytes_a_column\": %.0f, "
-                  "\"allocations_a_column\": %.2f, \"first_import_s\": %.6f",
+                  "\"allocations_a_column\": %.2f, \"allocations_a_cell\": %.4f, "
+                  "\"first_import_s\": %.6f",
                   (static_cast<double>(held) - static_cast<double>(before)) / columns,
                   (static_cast<double>(peak) - static_cast<double>(before)) / columns,
-                  static_cast<double>(made) / columns, seconds);
+                  static_cast<double>(made) / columns, a_cell, seconds);
     return std::string(text);
   });
 

@@ -12,7 +12,7 @@ my $translator = SQL::Translator->new(
   parser_args => {dsn => $dsn, db_user => $user // '', db_password => ''},
   producer => sub { return '' },
 );
-$translator->translate;
+defined $translator->translate or die 'SQL::Translator: ', substr($translator->error, 0, 200), "\n";
 my @tables = $translator->schema->get_tables;
 my $columns = 0;
 for my $table (@tables) {
