@@ -24,14 +24,15 @@ constexpr std::uint32_t kEverything = ibTables | ibViews | ibSynonyms | ibProced
                                       ibOperators | ibBooleanFunctions | ibFunctions |
                                       ibAggregates | ibTableNames | ibViewNames | ibSynonymNames;
 
-// Bytes that are allocated and not freed.
-std::size_t LiveBytes() {
+// Bytes that are allocated and not freed. Without the sanitizer also those that malloc keeps for
+// the thread's next calls, up to kMallocKeeps.
 #if defined(__SANITIZE_ADDRESS__)
-  return __sanitizer_get_current_allocated_bytes();
+constexpr std::size_t kMallocKeeps = 0;
+std::size_t LiveBytes() { return __sanitizer_get_current_allocated_bytes(); }
 #else
-  return mallinfo2().uordblks;
+constexpr std::size_t kMallocKeeps = std::size_t{256} * 1024;
+std::size_t LiveBytes() { return mallinfo2().uordblks; }
 #endif
-}
 
 std::size_t OpenDescriptors() {
   return static_cast<std::size_t>(
@@ -56,7 +57,7 @@ class LongLife : public testing::TestWithParam<const char*> {
     const std::size_t descriptors = OpenDescriptors();
     for (int i = 0; i < Rounds(); ++i) import();
     // Less than one small object an import; a workbook has hundreds of kilobytes.
-    EXPECT_LT(LiveBytes(), bytes + 16 * static_cast<std::size_t>(Rounds()));
+    EXPECT_LT(LiveBytes(), bytes + 16 * static_cast<std::size_t>(Rounds()) + kMallocKeeps);
     EXPECT_EQ(OpenDescriptors(), descriptors);
     EXPECT_EQ(connection.GetInfo(catalogsim::kInfoOpenStatements), 0U);
   }

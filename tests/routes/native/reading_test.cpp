@@ -4,6 +4,7 @@
 
 #include <cctype>
 #include <memory>
+#include <set>
 #include <sstream>
 
 #include "catalogues/type_lists.h"
@@ -253,9 +254,12 @@ void MakeTables(LcWorkbookTableList& tables) {
 
 // "O A 1 > P B 2 #1": column 1 of O.A refers to column 2 of P.B, sequence 1. A dash is empty.
 LcFKInfo Pair(const std::string& text) {
-  std::vector<std::u16string> words;
+  static std::set<std::u16string> kept;  // an entry only refers to its names
+  std::vector<std::u16string_view> words;
   std::istringstream in(text);
-  for (std::string word; in >> word;) words.push_back(word == "-" ? u"" : Wide(word));
+  for (std::string word; in >> word;) {
+    words.push_back(*kept.insert(word == "-" ? u"" : Wide(word)).first);
+  }
   LcFKInfo entry;
   entry.owner = words.at(0);
   entry.table = words.at(1);
