@@ -3,17 +3,10 @@
 
 #include <gtest/gtest.h>
 
-#include "catalogues/type_lists.h"
+#include "tests/support/recorded_session.h"
 
 namespace odbcimport {
 namespace {
-
-ServerFacts Server(LeDBMSType type, bool is_ius = false) {
-  ServerFacts server;
-  server.dbms_type = type;
-  server.is_ius = is_ius;
-  return server;
-}
 
 TEST(ParseInteger, ReadsWhatStandsAtTheBeginning) {
   struct {
@@ -21,15 +14,10 @@ TEST(ParseInteger, ReadsWhatStandsAtTheBeginning) {
     long value;
   } const cases[] = {
       {u"", 0},
-      {u"abc", 0},
-      {u"42", 42},
       {u" \t-7x", -7},
       {u"+3", 3},
-      {u"09", 9},
       {u"- 5", 0},
-      {u"258 ", 258},
       {u"0x1F", 0},
-      {u"1.9", 1},
       {u"9223372036854775807", 9223372036854775807L},
       {u"99999999999999999999", 9223372036854775807L},
       {u"-9223372036854775808", -9223372036854775807L - 1},
@@ -65,11 +53,14 @@ TEST(MapDataType, MapsODBCTypesAndFallsBackToChar) {
       {101, pcInterval, pcInterval}, {113, pcInterval, pcInterval},
       {114, pcChar, pcChar},         {-9, pcChar, pcChar},
   };
+  ServerFacts db2, universal, dynamic;
+  db2.dbms_type = dbmsDB2;
+  universal.dbms_type = dynamic.dbms_type = dbmsInformix;
+  universal.is_ius = true;
   for (const auto& c : cases) {
-    EXPECT_EQ(MapDataType(Server(dbmsDB2), c.odbc_type), c.code) << c.odbc_type;
-    EXPECT_EQ(MapDataType(Server(dbmsInformix, true), c.odbc_type), c.code_under_ius)
-        << c.odbc_type;
-    EXPECT_EQ(MapDataType(Server(dbmsInformix, false), c.odbc_type), c.code) << c.odbc_type;
+    EXPECT_EQ(MapDataType(db2, c.odbc_type), c.code) << c.odbc_type;
+    EXPECT_EQ(MapDataType(universal, c.odbc_type), c.code_under_ius) << c.odbc_type;
+    EXPECT_EQ(MapDataType(dynamic, c.odbc_type), c.code) << c.odbc_type;
   }
 }
 
@@ -80,29 +71,21 @@ TEST(ConvertDatabaseTypeToODBC, KnowsTheNamesOfEachServer) {
     int code;
     bool found;
   } const cases[] = {
-      {dbmsInformix, u"258", pcInteger, true},    // not null
       {dbmsInformix, u"4118", pcNamedRow, true},  // the one number above 256 that is kept
       {dbmsInformix, u"512", pcChar, true},
       {dbmsInformix, u"2061", pcVarChar, true},  // a distinct type on varchar
       {dbmsInformix, u"256", pcChar, false},
       {dbmsInformix, u"9", pcChar, false},
-      {dbmsInformix, u"25", pcChar, false},
-      {dbmsInformix, u"-1", pcChar, false},
       {dbmsInformix, u"none", pcChar, true},
       {dbmsInformix, u"4", pcReal, true},
-      {dbmsInformix, u"11", pcLongVarBinary, true},
-      {dbmsInformix, u"41", pcFixedOpaque, true},
       {dbmsMSSQLServer, u"INT IDENTITY", pcInteger, true},
-      {dbmsMSSQLServer, u"nvarchar", pcVarChar, true},
       {dbmsMSSQLServer, u"int ", pcChar, false},  // the whole name counts
       {dbmsOracle, u"VARCHAR2", pcVarChar, true},
-      {dbmsOracle, u"long raw", pcLongVarBinary, true},
       {dbmsOracle, u"NVARCHAR2", pcChar, false},
       {dbmsDB2, u"time", pcDateTime, true},  // one higher than elsewhere
       {dbmsDB2, u"TIMESTAMP", pcBinary, true},
       {dbmsDB2, u"CLOB", pcLongVarChar, true},
       {dbmsRedBrick, u"TIMESTAMP", pcServerTimestamp, true},
-      {dbmsRedBrick, u"numeric", pcDecimal, true},
       {dbmsSybase, u"int", pcChar, false},
       {dbmsOther, u"INTEGER", pcChar, false},
   };
@@ -119,10 +102,7 @@ TEST(PhysicalCodes, LeadToGenericCodeAndGroup) {
     enumDataType generic;
     enumDataTypeGroup group;
   } const cases[] = {
-      {pcChar, dtChar, dgCharacter},
       {pcNumeric, dtInteger, dgInteger},
-      {pcDecimal, dtDecimal, dgNumeric},
-      {pcBigInt, dtBigInt, dgInteger},
       {pcSerial8, dtSerial, dgNumeric},
       {pcInterval, dtInterval, dgDateTime},
       {pcByte, dtBinary, dgBinary},
@@ -130,12 +110,8 @@ TEST(PhysicalCodes, LeadToGenericCodeAndGroup) {
       {pcInformix24, dtRow, dgRow},
       {pcMultiset, dtMultiset, dgCollection},
       {pcVarOpaque, dtVarOpaque, dgOpaque},
-      {pcMoney, dtMoney, dgNumeric},
       {pcSpare58, dtBigInt, dgInteger},
       {pcServerTimestamp, dtUnknown, dgOther},
-      {pcBFile, dtUnknown, dgOther},
-      {22, dtUnknown, dgOther},
-      {50, dtUnknown, dgOther},
       {68, dtUnknown, dgOther},
       {-1, dtUnknown, dgOther},
   };
@@ -161,30 +137,14 @@ TEST(GetTableType, DependsOnTheServer) {
   for (const auto& c : cases) EXPECT_EQ(GetTableType(c.text, c.server), c.type) << c.server;
 }
 
-class Import : public LcWorkbookImport {
- public:
-  explicit Import(LcWorkbook* workbook) : LcWorkbookImport(workbook) {}
-  bool ImportItems(unsigned short&) override { return false; }
-  bool SyncLogin(void*, void*) override { return true; }
-  bool SyncLogin(LcWorkbookDatabase*) override { return true; }
-  bool UnSyncLogin() override { return true; }
-};
-
-class CreateDataTypeTest : public testing::Test {
- protected:
-  CreateDataTypeTest() : import_(&workbook_) {
-    LcODBCDatatypeList(dbmsUnknown, 0).GetHardcodedDataTypes(&workbook_.data_types);
+struct CreateDataTypeTest : testing::Test, test::RecordedSession {
+  CreateDataTypeTest() : RecordedSession(dbmsUnknown) {
+    LcODBCDatatypeList(dbmsUnknown, 0).GetHardcodedDataTypes(&types);
   }
-  std::unique_ptr<LcWorkbookDatatype> Create(long code, bool map, long extended_id = 0) {
-    const ImportSession session(import_, &workbook_, server_, own_, nullptr, item_);
+  std::unique_ptr<LcWorkbookDatatype> Create(long code, bool map, long extended_id = 0) const {
     return CreateDataType(session, code, map, extended_id);
   }
-
-  LcWorkbook workbook_;
-  Import import_;
-  ServerFacts server_;
-  LcImpItemInfo item_;
-  std::shared_ptr<LcODBCDatatypeList> own_ = std::make_shared<LcODBCDatatypeList>(dbmsUnknown, 0);
+  LcWorkbookDatatypeList& types = workbook.data_types;
 };
 
 TEST_F(CreateDataTypeTest, FindsByCodeInTheTargetListOrFailingThatInItsOwn) {
@@ -192,25 +152,25 @@ TEST_F(CreateDataTypeTest, FindsByCodeInTheTargetListOrFailingThatInItsOwn) {
   EXPECT_EQ(Create(12, false)->GetTypeName(), u"BIGINT");
   EXPECT_EQ(Create(0x10000 + pcDate, false)->GetTypeName(), u"DATE");  // 16 bits count
   EXPECT_EQ(Create(pcMoney, false), nullptr);
-  workbook_.data_types.EmptyList();
+  types.EmptyList();
   EXPECT_EQ(Create(12, true), nullptr);
-  import_.targets.data_types = nullptr;
+  import.targets.data_types = nullptr;
   EXPECT_EQ(Create(12, true)->GetTypeName(), u"VARCHAR");
 }
 
 TEST_F(CreateDataTypeTest, AddsTheSerialAndIntervalThatAListLacksOnce) {
-  const std::size_t count = workbook_.data_types.GetCount();
+  const std::size_t count = types.GetCount();
   for (int i = 0; i < 2; ++i) {
     const auto serial = Create(pcSerial, false);
     EXPECT_EQ(serial->GetTypeName(), u"serial");
     EXPECT_EQ(serial->GetGenericCode(), dtSerial);
     EXPECT_EQ(serial->GetTypeGroup(), dgNumeric);
   }
-  EXPECT_EQ(workbook_.data_types.GetCount(), count + 1);
+  EXPECT_EQ(types.GetCount(), count + 1);
 
-  workbook_.data_types.EmptyList();
+  types.EmptyList();
   for (int i = 0; i < 2; ++i) EXPECT_EQ(Create(105, true)->GetTypeName(), u"interval");
-  EXPECT_EQ(workbook_.data_types.GetCount(), 1U);
+  EXPECT_EQ(types.GetCount(), 1U);
 }
 
 TEST_F(CreateDataTypeTest, PrefersTheExtendedIdAndFallsBackToTheCode) {
@@ -218,7 +178,7 @@ TEST_F(CreateDataTypeTest, PrefersTheExtendedIdAndFallsBackToTheCode) {
   named->SetExtendedId(2048);
   named->SetPhysicalCode(pcNamedRow);
   named->SetTypeName(u"address_t");
-  workbook_.data_types.AddDataType(named.release());
+  types.AddDataType(named.release());
   EXPECT_EQ(Create(pcChar, false, 2048)->GetTypeName(), u"address_t");
   EXPECT_EQ(Create(pcInteger, false, 2049)->GetTypeName(), u"INTEGER");
 }

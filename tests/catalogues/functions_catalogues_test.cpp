@@ -101,21 +101,6 @@ TEST_P(CatalogueTest, HasTheGivenTextsInOrder) {
   }
 }
 
-TEST_P(CatalogueTest, HasCompleteSignatures) {
-  for (const std::string& row : Rows()) {
-    const std::string signature =
-        row.substr(row.find('\t') + 1, row.rfind('\t') - row.find('\t') - 1);
-    EXPECT_FALSE(signature.empty()) << row;
-    for (const char* pair : {"()", "[]"}) {
-      EXPECT_EQ(std::count(signature.begin(), signature.end(), pair[0]),
-                std::count(signature.begin(), signature.end(), pair[1]))
-          << row;
-    }
-    EXPECT_EQ(std::count(signature.begin(), signature.end(), '\'') % 2, 0) << row;
-    EXPECT_EQ(signature.find('$'), std::string::npos) << row;
-  }
-}
-
 TEST_P(CatalogueTest, ReportsTheAnnouncedCountAndEveryRow) {
   const std::vector<Notification>& seen = Notifications();
   ASSERT_EQ(seen.size(), facts_.rows + 2);

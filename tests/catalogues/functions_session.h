@@ -1,63 +1,13 @@
-// A session without a connection, whose notifications are kept: what readers are tested on.
+// What tests of the function readers share: rows that go in, and functions that came out.
 #pragma once
 
-#include <memory>
 #include <string>
 #include <vector>
 
-#include "importer/session.h"
 #include "odbc/record_list.h"
+#include "tests/support/recorded_session.h"
 
 namespace odbcimport::test {
-
-struct Notification {
-  int notify = 0;
-  int item_type = -1;  // of a phase or loop start
-  unsigned long count = 0;
-  std::u16string text1, text2, text3;  // of an item
-};
-
-inline std::vector<Notification>& Notifications() {
-  static std::vector<Notification> notifications;
-  return notifications;
-}
-
-inline void Record(enumImpNotify notify, void* record) {
-  Notification& seen = Notifications().emplace_back();
-  seen.notify = notify;
-  if (notify == inPhaseStart || notify == inLoopStart) {
-    const auto* start = static_cast<const LcImpProgStartInfo*>(record);
-    seen.item_type = start->item_type;
-    seen.count = start->count;
-  } else if (record != nullptr) {
-    const auto* item = static_cast<const LcImpItemInfo*>(record);
-    seen.text1 = item->text1;
-    seen.text2 = item->text2;
-    seen.text3 = item->text3;
-  }
-}
-
-class BareImport : public LcWorkbookImport {
- public:
-  using LcWorkbookImport::LcWorkbookImport;
-  bool ImportItems(unsigned short&) override { return false; }
-  bool SyncLogin(void*, void*) override { return false; }
-  bool SyncLogin(LcWorkbookDatabase*) override { return false; }
-  bool UnSyncLogin() override { return false; }
-};
-
-struct RecordedSession {
-  explicit RecordedSession(LeDBMSType dbms_type, bool is_ius = false) {
-    server.dbms_type = dbms_type;
-    server.is_ius = is_ius;
-    Notifications().clear();
-  }
-  LcWorkbook workbook;
-  BareImport import{&workbook};
-  ServerFacts server;
-  LcImpItemInfo item;
-  ImportSession session{import, &workbook, server, nullptr, Record, item};
-};
 
 inline void AddRow(LcODBCRecordList& rows, std::initializer_list<const char16_t*> cells) {
   rows.AddRow(std::vector<std::u16string_view>(cells.begin(), cells.end()));
