@@ -78,20 +78,6 @@ TEST(Importer, IsCopiedWithChoicesAndFactsAndSharesItsTypes) {
   }
 }
 
-TEST(Importer, RunsTwiceAndReportsNothingWithoutACallback) {
-  const auto connection = OpenTwoTables();
-  LcWorkbook workbook;
-  LcODBCWorkbookImport importer(nullptr, &workbook);
-  importer.SyncLogin(connection->henv(), connection->hdbc());
-  importer.choices.item_mask = ibTables;
-  for (int run = 1; run <= 2; ++run) {
-    workbook.tables.EmptyList();
-    unsigned short status = 0;
-    EXPECT_TRUE(importer.ImportItems(status));
-    EXPECT_EQ(workbook.tables.GetCount(), 2u);
-  }
-}
-
 struct CountingCursor : platform::BusyCursor {
   int shown = 0;
   void Show() override { ++shown; }

@@ -1,5 +1,5 @@
-// One hand-built workbook that holds every kind of object, for the tests of the file form and of
-// the writers.
+// One workbook that holds every kind of object, for the tests of the file form and of the writers;
+// it is kept as the golden file of the json format.
 #pragma once
 
 #include "importer/workbook/workbook.h"
