@@ -4,7 +4,6 @@
 #include <sqlext.h>
 
 #include "odbc/fetch.h"
-#include "simulator/private_interface.h"
 #include "tests/support/connection.h"
 
 namespace {
@@ -21,10 +20,6 @@ std::unique_ptr<Connection> Open(const std::string& fault) {
   return Connection::OpenSimulator("generic", kNumbers + fault);
 }
 
-void FetchAll(const Connection& connection, LcODBCRecordList& rows) {
-  LcODBCFetch fetch(kQuery, rows, connection.henv(), connection.hdbc(), dbmsOther);
-}
-
 struct Case {
   const char* name;
   const char* fault;
@@ -39,7 +34,7 @@ TEST_P(FaultyServer, GivesTheRowsBeforeTheFault) {
   const auto connection = Open(GetParam().fault);
   MessageRecorder messages;
   LcODBCRecordList rows;
-  FetchAll(*connection, rows);
+  LcODBCFetch fetch(kQuery, rows, connection->henv(), connection->hdbc(), dbmsOther);
   EXPECT_EQ(rows.GetRowCount(), GetParam().rows);
   EXPECT_EQ(rows.View(rows.GetRowCount(), 2), GetParam().last);
   std::vector<int> contexts;
@@ -69,29 +64,6 @@ INSTANTIATE_TEST_SUITE_P(
         Case{"NoOptions", "Fail=SQLSetStmtAttr:*", 25, u"w25", {}}),
     [](const testing::TestParamInfo<Case>& test) { return test.param.name; });
 
-// Whatever call fails, or loses the connection: no statement is left, nothing hangs, and a message
-// tells of the failure or the rows are complete.
-TEST(FaultyServer, LeavesNothingBehindWhereverItFails) {
-  const auto connection = Open("");
-  LcODBCRecordList all;
-  const unsigned before = connection->GetInfo(catalogsim::kInfoCalls);
-  FetchAll(*connection, all);
-  const unsigned calls = connection->GetInfo(catalogsim::kInfoCalls) - before;
-  ASSERT_GT(calls, 10u);
-  for (const int attribute : {catalogsim::kAttrFailCall, catalogsim::kAttrDropCall}) {
-    for (unsigned n = 1; n <= calls; ++n) {
-      MessageRecorder messages;
-      LcODBCRecordList rows;
-      connection->SetAttribute(attribute, n);
-      FetchAll(*connection, rows);
-      connection->SetAttribute(attribute, 0);
-      EXPECT_EQ(connection->GetInfo(catalogsim::kInfoOpenStatements), 0u) << "call " << n;
-      EXPECT_LE(rows.GetRowCount(), 25);
-      EXPECT_LE(messages.shown().size(), 2u) << "a lost connection shows twice";
-    }
-  }
-}
-
 TEST(FaultyServer, FetchesRowByRowWithoutExtendedFetch) {
   const auto connection = Open("Without=SQLExtendedFetch");
   LcODBCFetch fetch(connection->henv(), connection->hdbc(), dbmsOther, kQuery, 10,
@@ -103,19 +75,6 @@ TEST(FaultyServer, FetchesRowByRowWithoutExtendedFetch) {
   EXPECT_EQ(fetch.FetchData(rows, 20), 1) << "20 rows at 10 a call allow 3 calls";
   EXPECT_EQ(recorder.Count("SQLFetch"), 3);
   EXPECT_EQ(rows.GetRowCount(), 3) << "a call brings one row, whatever the rowset size";
-}
-
-// The driver of Informix places rows 2048 bytes apart; every other reader would see every second
-// row empty.
-TEST(FaultyServer, ReadsInformixRowsWhereTheyLie) {
-  const auto connection = Connection::OpenSimulator("informix", kNumbers);
-  LcODBCRecordList rows;
-  LcODBCFetch fetch(kQuery, rows, connection->henv(), connection->hdbc(), dbmsInformix);
-  ASSERT_EQ(rows.GetRowCount(), 25);
-  for (int row = 1; row <= 25; ++row) {
-    const std::string word = "w" + std::to_string(row);
-    EXPECT_EQ(rows.View(row, 2), std::u16string(word.begin(), word.end()));
-  }
 }
 
 }  // namespace

@@ -21,9 +21,8 @@ std::unique_ptr<Connection> OpenNumbers() {
        "i < 25) select i, 'w' || i, 'long' from c"});
 }
 
-void RunSql(const Connection& connection, const char16_t* sql, LcODBCRecordList& rows,
-            int dbms_type = dbmsOther) {
-  LcODBCFetch fetch(sql, rows, connection.henv(), connection.hdbc(), dbms_type);
+void RunSql(const Connection& connection, const char16_t* sql, LcODBCRecordList& rows) {
+  LcODBCFetch fetch(sql, rows, connection.henv(), connection.hdbc(), dbmsOther);
 }
 
 TEST(Fetch, AppendsEveryRowOfEveryRowset) {
@@ -56,17 +55,6 @@ TEST(Fetch, CutsAndEmptiesCells) {
   EXPECT_EQ(rows.View(2, 2), u"b");
 }
 
-// SQLite places rows at the bound length, so the second row that is looked for 2048 bytes behind
-// the first is the third of the rowset.
-TEST(Fetch, ReadsRowsOfInformix2048BytesApart) {
-  const auto connection = OpenNumbers();
-  LcODBCRecordList rows;
-  RunSql(*connection, u"select word from numbers order by n limit 4", rows, dbmsInformix);
-  ASSERT_EQ(rows.GetRowCount(), 4);
-  EXPECT_EQ(rows.View(1, 1), u"w1");
-  EXPECT_EQ(rows.View(2, 1), u"w3");
-}
-
 TEST(Fetch, LeavesNoRowsWithoutAResult) {
   const auto connection = OpenNumbers();
   MessageRecorder messages;
@@ -89,7 +77,7 @@ TEST(Fetch, ShowsAFailureOnce) {
   EXPECT_EQ(messages.shown()[0].help_context, 0);
 }
 
-TEST(Fetch, DescribesColumnsUpToALongName) {
+TEST(Fetch, DescribesColumnsAndExecutesOnce) {
   const auto connection = OpenNumbers();
   MessageRecorder messages;
   LcODBCFetch fetch(connection->henv(), connection->hdbc(), dbmsOther,
@@ -103,20 +91,9 @@ TEST(Fetch, DescribesColumnsUpToALongName) {
   EXPECT_EQ(columns.GetColumn(1)->IsLong(), 1);
   EXPECT_TRUE(messages.shown().empty());
   EXPECT_EQ(fetch.DescribeResults(), 0) << "described twice";
-  ASSERT_EQ(messages.shown().size(), 1u);
+  EXPECT_EQ(fetch.ExecuteCommand(nullptr), 0) << "executed twice";
+  ASSERT_EQ(messages.shown().size(), 2u);
   EXPECT_EQ(messages.shown()[0].help_context, -1);
-}
-
-TEST(Fetch, ExecutesOnce) {
-  const auto connection = OpenNumbers();
-  MessageRecorder messages;
-  LcODBCFetch fetch(connection->henv(), connection->hdbc(), dbmsOther, u"select 1", 10,
-                    SQL_CONCUR_READ_ONLY, SQL_CURSOR_FORWARD_ONLY);
-  int has_results = 0;
-  EXPECT_EQ(fetch.ExecuteCommand(&has_results), 1);
-  EXPECT_EQ(has_results, 1);
-  EXPECT_EQ(fetch.ExecuteCommand(&has_results), 0);
-  EXPECT_EQ(messages.shown().size(), 1u);
 }
 
 // The uneven rule for the number of fetch calls: {rows wanted, fetch calls}.

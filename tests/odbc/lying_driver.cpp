@@ -78,7 +78,6 @@ DRIVER_ENTRY SQLFreeHandle(SQLSMALLINT kind, SQLHANDLE handle) {
 }
 
 DRIVER_ENTRY SQLFreeStmt(SQLHSTMT, SQLUSMALLINT) { return SQL_SUCCESS; }
-DRIVER_ENTRY SQLCancel(SQLHSTMT) { return SQL_SUCCESS; }
 // A connection can be closed only when every statement is gone.
 DRIVER_ENTRY SQLDisconnect(SQLHDBC) { return statements == 0 ? SQL_SUCCESS : SQL_ERROR; }
 DRIVER_ENTRY SQLSetEnvAttr(SQLHENV, SQLINTEGER, SQLPOINTER, SQLINTEGER) { return SQL_SUCCESS; }
@@ -95,10 +94,6 @@ DRIVER_ENTRY SQLDriverConnectW(SQLHDBC, SQLHWND, SQLWCHAR* text, SQLSMALLINT len
   const std::size_t begin = narrow.find("Lie=") + 4;
   lie = narrow.substr(begin, narrow.find(';', begin) - begin);
   return SQL_SUCCESS;
-}
-
-DRIVER_ENTRY SQLGetInfoW(SQLHDBC, SQLUSMALLINT, SQLPOINTER, SQLSMALLINT, SQLSMALLINT*) {
-  return SQL_ERROR;
 }
 
 DRIVER_ENTRY SQLSetStmtAttrW(SQLHSTMT handle, SQLINTEGER attribute, SQLPOINTER value, SQLINTEGER) {
@@ -166,21 +161,6 @@ DRIVER_ENTRY SQLExtendedFetch(SQLHSTMT handle, SQLUSMALLINT, SQLLEN, SQLULEN* ro
       status[slot] = SQL_ROW_SUCCESS;
       Fill(statement, slot, 0);
     }
-  }
-  return SQL_SUCCESS;
-}
-
-DRIVER_ENTRY SQLGetFunctions(SQLHDBC, SQLUSMALLINT, SQLUSMALLINT* bitmap) {
-  constexpr int kFunctions[] = {
-      SQL_API_SQLALLOCHANDLE,   SQL_API_SQLBINDCOL,       SQL_API_SQLCANCEL,
-      SQL_API_SQLDESCRIBECOL,   SQL_API_SQLDISCONNECT,    SQL_API_SQLDRIVERCONNECT,
-      SQL_API_SQLEXECDIRECT,    SQL_API_SQLEXTENDEDFETCH, SQL_API_SQLFREEHANDLE,
-      SQL_API_SQLFREESTMT,      SQL_API_SQLGETFUNCTIONS,  SQL_API_SQLGETINFO,
-      SQL_API_SQLNUMRESULTCOLS, SQL_API_SQLSETSTMTATTR,   SQL_API_SQLGETDIAGREC,
-  };
-  std::fill_n(bitmap, SQL_API_ODBC3_ALL_FUNCTIONS_SIZE, SQLUSMALLINT{0});
-  for (const int function : kFunctions) {
-    bitmap[function >> 4] = static_cast<SQLUSMALLINT>(bitmap[function >> 4] | 1 << (function & 15));
   }
   return SQL_SUCCESS;
 }

@@ -11,6 +11,7 @@ struct PtrList : testing::Test {
     for (LcODBCRecordList& record : records) list.AddTail(&record);
   }
   std::array<LcODBCRecordList, 25> records;
+  LcODBCRecordList stranger;
   LcODBCRecordListList list;
 };
 
@@ -21,28 +22,28 @@ struct RemovingIterator : LcODBCRecordListListIter {
   }
 };
 
-TEST_F(PtrList, IsWalkedFromBothEnds) {
-  LcODBCRecordListListIter iterator(&list);
+TEST_F(PtrList, IsCopiedAndWalkedFromBothEndsAndSearched) {
+  LcODBCRecordListList copy;
+  copy.AddTail(&stranger);
+  copy = list;
+  list.RemoveAll();
+  LcODBCRecordListListIter iterator(&copy);
   for (LcODBCRecordList& record : records) {
     EXPECT_EQ(iterator.CurrentItem(), &record);
     EXPECT_EQ(LcODBCRecordListList::GetAt(iterator.Next()), &record);
   }
   EXPECT_TRUE(iterator.IsDone());
   EXPECT_EQ(iterator.Item(), nullptr);
-  EXPECT_EQ(iterator.Last(), list.GetTailPosition());
+  EXPECT_EQ(iterator.Last(), copy.GetTailPosition());
   for (std::size_t i = records.size(); i > 0; --i) {
     EXPECT_EQ(LcODBCRecordListList::GetAt(iterator.Previous()), &records[i - 1]);
   }
   EXPECT_TRUE(iterator.IsDone());
   EXPECT_EQ(iterator.Previous(), nullptr);
-}
 
-TEST_F(PtrList, FindsOrStaysWhereItIs) {
-  LcODBCRecordListListIter iterator(&list);
-  LcODBCRecordList stranger;
   EXPECT_TRUE(iterator.Find(&records[7]));
   EXPECT_FALSE(iterator.Find(&stranger));
-  EXPECT_EQ(iterator.Item(), &records[7]);
+  EXPECT_EQ(iterator.Item(), &records[7]) << "stays where it is";
 }
 
 TEST_F(PtrList, RemovesOnlyThroughAnIteratorThatMay) {
@@ -60,18 +61,6 @@ TEST_F(PtrList, RemovesOnlyThroughAnIteratorThatMay) {
   // A freed node serves again.
   list.AddHead(&records[0]);
   EXPECT_EQ(LcODBCRecordListList::GetAt(list.GetHeadPosition()), &records[0]);
-}
-
-TEST_F(PtrList, IsCopiedInOrder) {
-  LcODBCRecordListList copy;
-  copy.AddTail(&records[3]);
-  copy = list;
-  list.RemoveAll();
-  LcODBCRecordListListIter iterator(&copy);
-  for (LcODBCRecordList& record : records) {
-    EXPECT_EQ(LcODBCRecordListList::GetAt(iterator.Next()), &record);
-  }
-  EXPECT_TRUE(iterator.IsDone());
 }
 
 TEST(PtrListIterator, IsAtNoPositionOfAnEmptyListOrNone) {
