@@ -55,7 +55,7 @@ void WriteJson(benchmark::State& state) {
   LcWorkbook workbook;
   Fill(workbook, static_cast<int>(state.range(0)));
   std::int64_t bytes = 0;
-  for (auto _ : state) {
+  for ([[maybe_unused]] auto _ : state) {
     CountingBuffer buffer;
     std::ostream out(&buffer);
     WriteWorkbookFile(workbook, {}, out);
@@ -71,7 +71,7 @@ void ReadJson(benchmark::State& state) {
   std::ostringstream out;
   WriteWorkbookFile(source, {}, out);
   const std::string text = out.str();
-  for (auto _ : state) {
+  for ([[maybe_unused]] auto _ : state) {
     LcWorkbook workbook;
     LcWorkbookFileInfo info;
     std::string why;
@@ -85,7 +85,7 @@ BENCHMARK(ReadJson)->Arg(1000)->Unit(benchmark::kMillisecond);
 void ColumnMemory(benchmark::State& state) {
   const auto tables = static_cast<int>(state.range(0));
   double bytes = 0;
-  for (auto _ : state) {
+  for ([[maybe_unused]] auto _ : state) {
     const std::size_t before = mallinfo2().uordblks;
     LcWorkbook workbook;
     Fill(workbook, tables);

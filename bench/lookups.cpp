@@ -119,7 +119,7 @@ void LookUp(benchmark::State& state) {
     keys.push_back(Subject::KeyOf(static_cast<int>(random() % static_cast<unsigned>(count))));
   }
   std::size_t at = 0;
-  for (auto _ : state) {
+  for ([[maybe_unused]] auto _ : state) {
     const void* found = subject.Find(Made(keys[at++ & (keys.size() - 1)]));
     if (found == nullptr) state.SkipWithError("not found");
     benchmark::DoNotOptimize(found);
