@@ -38,8 +38,8 @@ TEST(RecordList, GivesCellsByNumbersFromOne) {
     bool found;
     std::u16string_view cell;
   } cases[] = {
-      {1, 1, true, u"a"}, {1, 2, true, u""},  {2, 3, true, u"f"},   {3, 1, false, u""},
-      {1, 4, false, u""}, {0, 1, false, u""}, {-1, -1, false, u""},
+      {1, 1, true, u"a"}, {1, 2, true, u""},  {2, 3, true, u"f"}, {3, 1, false, u""},
+      {1, 4, false, u""}, {0, 1, false, u""}, {1, 0, false, u""},
   };
   for (const auto& test : cases) {
     cell = u"before";

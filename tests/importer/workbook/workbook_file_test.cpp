@@ -93,6 +93,7 @@ TEST(WorkbookFile, RefusesWithPlaceAndReason) {
       {"{}", "format: missing"},
       {R"({"format":"workbook"})", "version: missing"},
       {R"({"format":"report"})", "format: expected \"workbook\""},
+      {R"({"format":["workbook"]})", "format: expected one value"},
       {R"({"format":"workbook","version":2})", "version: this program reads version 1"},
       {file(R"("tables":{})"), "tables: expected a list"},
       {file(R"("status":70000)"), "status: expected a whole number from 0 to 65535"},
