@@ -9,10 +9,43 @@
 namespace odbcimport {
 namespace {
 
-using test::Describe;
 using test::InformixImport;
 using test::Lines;
+using test::ToUtf8;
 using testing::ElementsAre;
+
+std::string TypeAndNumber(int code, int generic, int group) {
+  return std::to_string(code) + "/" + std::to_string(generic) + "/" + std::to_string(group);
+}
+
+// Every setting of a type in one line: codes, names, sizes, base, then its components in brackets.
+std::string Describe(const LcWorkbookDatatype* type) {
+  if (type == nullptr) return "no type";
+  std::string text =
+      TypeAndNumber(type->GetPhysicalCode(), type->GetGenericCode(), type->GetTypeGroup()) + " " +
+      ToUtf8(type->GetTypeName());
+  if (!type->GetName().empty()) text += " of field " + ToUtf8(type->GetName());
+  for (int i = 0; i < type->GetExtendedTypeNameCount(); ++i) {
+    text += " <" + ToUtf8(type->GetExtendedTypeName(i)) + ">";
+  }
+  if (type->GetExtendedId() != 0) text += " #" + std::to_string(type->GetExtendedId());
+  if (!type->GetOwner().empty()) text += " of " + ToUtf8(type->GetOwner());
+  text += " " + std::to_string(type->GetLength()) + "," + std::to_string(type->GetPrecision()) +
+          "," + std::to_string(type->GetScale());
+  if (type->IsLong()) text += " long";
+  if (type->IsSizeModifiable()) text += " sized";
+  if (type->IsDistinct()) text += " distinct";
+  const std::string base =
+      TypeAndNumber(type->GetBaseCode(), type->GetGenericBaseCode(), type->GetBaseTypeGroup());
+  if (base != "0/0/0" || !type->GetBaseExtendedTypeName().empty()) {
+    text += " base " + base + " " + ToUtf8(type->GetBaseOwner()) + "." +
+            ToUtf8(type->GetBaseExtendedTypeName());
+  }
+  for (int i = 0; i < type->GetComponentCount(); ++i) {
+    text += (i == 0 ? " [" : "; ") + Describe(type->GetComponent(i));
+  }
+  return type->GetComponentCount() > 0 ? text + "]" : text;
+}
 
 TEST(ColumnTypes, ComeFromTypeNumberAndLength) {
   InformixImport import("informix");
@@ -25,33 +58,33 @@ TEST(ColumnTypes, ComeFromTypeNumberAndLength) {
     long collength;
     const char* column;  // without its name
   } cases[] = {
-      {261, 2562, "2 2562/10/2 !"},             // DECIMAL(10,2) NOT NULL
-      {256, 13, "0 13/13/0 !"},                 // CHAR(13) NOT NULL, whose number is all flag
-      {0, -5, "0 -5/4294967291/0"},             // no server's length
-      {262, 4, "19 4/4/0 ! *"},                 // SERIAL NOT NULL
-      {13, 2049, "8 2049/1/0"},                 // VARCHAR
-      {10, 3594, "17 3594/8/0 1-6"},            // DATETIME YEAR TO SECOND
-      {266, 4365, "17 4365/8/0 ! 1-9"},         // DATETIME YEAR TO FRACTION(3) NOT NULL
-      {14, 836, "20 836/836/0 3-3"},            // INTERVAL DAY TO DAY
-      {10, 3594 + 16, "17 3610/8/0"},           // a unit that there is not
-      {10, 14 * 256 + 10 * 16, "17 3744/8/0"},  // from SECOND to YEAR
-      {10, 0, "17 0/8/0"},                      // no qualifier
-      {10, -10, "17 -10/8/0"},                  //
-      {0x800 | 10, 3594, "17 3594/8/0"},        // with a further bit it is no plain DATETIME
-      {0x800 | 5, 2562, "2 2562/10/2"},         // but a DECIMAL still has its digits
-      {99, 7, "0 7/7/0"},                       // not known: CHAR
+      {261, 2562, "2 2562/10/2 decimal !"},       // DECIMAL(10,2) NOT NULL
+      {256, 13, "0 13/13/0 char !"},              // CHAR(13) NOT NULL, whose number is all flag
+      {0, -5, "0 -5/4294967291/0 char"},          // no server's length
+      {262, 4, "19 4/4/0 serial ! *"},            // SERIAL NOT NULL
+      {13, 2049, "8 2049/1/0 varchar"},           // VARCHAR
+      {10, 3594, "17 3594/8/0 datetime 1-6"},     // DATETIME YEAR TO SECOND
+      {266, 4365, "17 4365/8/0 datetime 1-9 !"},  // DATETIME YEAR TO FRACTION(3) NOT NULL
+      {14, 836, "20 836/836/0 interval 3-3"},     // INTERVAL DAY TO DAY
+      {10, 3594 + 16, "17 3610/8/0 datetime"},    // a unit that there is not
+      {10, 14 * 256 + 10 * 16, "17 3744/8/0 datetime"},  // from SECOND to YEAR
+      {10, 0, "17 0/8/0 datetime"},                      // no qualifier
+      {10, -10, "17 -10/8/0 datetime"},                  //
+      {0x800 | 10, 3594, "17 3594/8/0 datetime"},  // with a further bit it is no plain DATETIME
+      {0x900 | 5, 2562, "2 2562/10/2 decimal !"},
+      {0x800 | 5, 2562, "2 2562/10/2 decimal"},  // but a DECIMAL still has its digits
+      {99, 7, "0 7/7/0 char"},                   // not known: CHAR
   };
   for (const auto& c : cases) {
     bool found = false;
     const int code =
-        ConvertDatabaseTypeToODBC(test::Wide(std::to_string(c.coltype)), dbmsInformix, found);
+        ConvertDatabaseTypeToODBC(test::ToUtf16(std::to_string(c.coltype)), dbmsInformix, found);
     auto* table = import.workbook.tables.Append(std::make_unique<LcWorkbookTable>());
-    table->SetName(test::Wide("t" + std::to_string(import.workbook.tables.GetCount())));
+    table->SetName(test::ToUtf16("t" + std::to_string(import.workbook.tables.GetCount())));
     auto* column = new LcWorkbookColumn;
     table->AddColumn(column);
     ColumnDatatypeSetup(session, complex_types, column, code, c.coltype, true, 0, c.collength);
-    EXPECT_THAT(import.Columns("", test::Narrow(table->GetName())),
-                ElementsAre(std::string(" ") + c.column))
+    EXPECT_THAT(import.Columns(ToUtf8(table->GetName())), ElementsAre(std::string(" ") + c.column))
         << c.coltype << " " << c.collength;
   }
 }
@@ -97,14 +130,14 @@ TEST(NamedTypes, ArriveWithBaseSizesAndComponents) {
 // Without a list of the server's types, those without a name are put together for the column.
 TEST(ComplexTypes, AreReadForTheColumnThatHasThem) {
   InformixImport import("informix");
-  import.SelectTable(u"joe", u"catalogue_card");
+  import.SelectTable("joe", "catalogue_card");
   ASSERT_TRUE(import.Run());
-  const LcWorkbookTable* table = import.Table("joe", "catalogue_card");
+  const LcWorkbookTable* table = import.Table("joe.catalogue_card");
   ASSERT_NE(table, nullptr);
   Lines lines;
   for (const char* name :
        {"printed_at", "size", "keywords", "marks", "chapters", "branches", "points"}) {
-    lines.push_back(Describe(table->FindColumn(test::Wide(name))->GetDataType()));
+    lines.push_back(Describe(table->FindColumn(test::ToUtf16(name))->GetDataType()));
   }
   EXPECT_THAT(lines,
               ElementsAre("48/11/6 row #2053 0,0,0 [8/1/0 varchar of field street 60,60,0; "
@@ -132,9 +165,9 @@ TEST(ComplexTypes, ThatContainThemselvesComeToAnEnd) {
        "insert into informix.systables (tabid,owner,tabname,tabtype) values (200,'odd','odd','T')",
        "insert into informix.syscolumns (tabid,colno,colname,coltype,collength,extended_id) values "
        "(200,1,'r',22,8,3000), (200,2,'s',19,8,3001), (200,3,'l',21,8,3002)"});
-  import.SelectTable(u"odd", u"odd");
+  import.SelectTable("odd", "odd");
   EXPECT_TRUE(import.Run());
-  const LcWorkbookTable* table = import.Table("odd", "odd");
+  const LcWorkbookTable* table = import.Table("odd.odd");
   ASSERT_NE(table, nullptr);
   // What was read before the circle closed is kept.
   EXPECT_EQ(Describe(table->GetColumn(0)->GetDataType()),

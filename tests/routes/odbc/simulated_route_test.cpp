@@ -2,9 +2,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <algorithm>
+#include <map>
 
-#include "tests/routes/odbc/odbc_import.h"
+#include "tests/routes/route_run.h"
 
 namespace odbcimport::test {
 namespace {
@@ -14,26 +14,21 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::Not;
 
-std::string Simulated(const std::string& server, const std::string& more = "") {
-  return "Driver=" WB_BUILD_DIR "/lib/libcatalogsim.so;Server=" + server + ";" + more;
-}
-
-std::size_t CountStarting(const std::vector<std::string>& texts, const std::string& start) {
-  return static_cast<std::size_t>(
-      std::count_if(texts.begin(), texts.end(),
-                    [&](const std::string& text) { return text.starts_with(start); }));
-}
+class ODBCImport : public RouteRun {
+ public:
+  explicit ODBCImport(const std::string& name, const std::string& keywords = "")
+      : RouteRun(&ImportODBCItems, dbmsUnknown, wbtest::Connection::OpenSimulator(name, keywords)) {
+  }
+};
 
 TEST(SimulatedRoute, ListsOwnersOnce) {
-  ODBCImport import(Simulated("generic"));
+  ODBCImport import("generic");
   import.base.choices.item_mask = ibOwnerNames;
   EXPECT_TRUE(import.Run());
   EXPECT_TRUE(import.server.owner_supported);
   EXPECT_THAT(import.events, ElementsAre("0", "2 4 0", "3"));
-  std::vector<std::string> owners;
-  for (const LcOwnerInfo* owner : import.workbook.owner_names) {
-    owners.push_back(Narrow(owner->name));
-  }
+  Lines owners;
+  for (const auto* owner : import.workbook.owner_names) owners.push_back(ToUtf8(owner->name));
   EXPECT_THAT(owners, testing::UnorderedElementsAre("accounts", "information_schema", "library"));
 }
 
@@ -49,30 +44,34 @@ TEST(SimulatedRoute, AddsTheSystemOwnersTablesToARestrictedImport) {
       {u"", false, 15, 0},        {u"", true, 15, 6},
   };
   for (const auto& c : cases) {
-    ODBCImport import(Simulated("generic"));
+    ODBCImport import("generic");
     import.base.choices.item_mask = ibTables;
     import.base.choices.owner_restriction = c.restriction;
     import.base.choices.include_system = c.include_system;
     EXPECT_TRUE(import.Run());
-    const std::vector<std::string> names = import.TableNames();
-    EXPECT_EQ(CountStarting(names, "T library.") + CountStarting(names, "V library."),
-              c.of_library);
-    EXPECT_EQ(CountStarting(names, "T information_schema."), c.of_system);
+    std::map<std::u16string, std::size_t> tables;  // by owner
+    for (const LcWorkbookTable* table : import.workbook.tables) ++tables[table->GetOwner(false)];
+    EXPECT_EQ(tables[u"library"], c.of_library);
+    EXPECT_EQ(tables[u"information_schema"], c.of_system);
     EXPECT_EQ(import.server.system_owner, c.include_system ? u"information_schema" : u"");
   }
 }
 
 TEST(SimulatedRoute, LooksForAReferencingTableUnderTheReferencedOnesOwner) {
-  ODBCImport import(Simulated("generic"));
+  ODBCImport import("generic");
   EXPECT_TRUE(import.Run());
-  EXPECT_THAT(import.TableNames(), Contains("T accounts.fine"));
-  EXPECT_THAT(import.References("loan"), IsEmpty());  // accounts.fine refers to it
-  EXPECT_THAT(import.References("copy"),
-              ElementsAre("isbn>loan.isbn", "copy_number>loan.copy_number"));
+  EXPECT_THAT(import.Tables(), Contains("accounts.fine"));
+  // accounts.fine refers to library.loan.
+  EXPECT_THAT(import.Keys("loan"), ElementsAre("library.loan key (loan_id)"));
+  EXPECT_THAT(
+      import.Keys("copy"),
+      ElementsAre("library.copy key (isbn,copy_number)", "library.copy(isbn) <- library.loan(isbn)",
+                  "library.copy(copy_number) <- library.loan(copy_number)"));
+  ExpectKeysInPairs(import.workbook.tables);
 }
 
 TEST(SimulatedRoute, EndsWhenTheColumnsOfATableCannotBeRead) {
-  ODBCImport import(Simulated("generic", "Fail=SQLColumns:3"));
+  ODBCImport import("generic", "Fail=SQLColumns:3");
   EXPECT_FALSE(import.Run());
   EXPECT_EQ(import.status, 0);
   ASSERT_EQ(import.workbook.tables.GetCount(), 18U);  // all stay
@@ -84,37 +83,36 @@ TEST(SimulatedRoute, EndsWhenTheColumnsOfATableCannotBeRead) {
 
 TEST(SimulatedRoute, GoesOnWithoutKeysThatCannotBeRead) {
   for (const char* fault : {"Fail=SQLPrimaryKeys:*,SQLForeignKeys:*", "Without=SQLForeignKeys"}) {
-    ODBCImport import(Simulated("generic", fault));
+    ODBCImport import("generic", fault);
     EXPECT_TRUE(import.Run());
     EXPECT_EQ(import.Columns("loan").size(), 8U);
-    EXPECT_THAT(import.References("copy"), IsEmpty());
+    EXPECT_THAT(import.Keys("copy"), Not(Contains(testing::HasSubstr("<-"))));
     EXPECT_EQ(import.events.back(), "5");
   }
 }
 
 TEST(SimulatedRoute, MakesAKeyOfAllUniqueIndexesWhereThereAreNoPrimaryKeys) {
-  ODBCImport import(Simulated("generic", "Without=SQLPrimaryKeys"));
+  ODBCImport import("generic", "Without=SQLPrimaryKeys");
   EXPECT_TRUE(import.Run());
-  EXPECT_THAT(import.PrimaryKey("member"), ElementsAre("card_number", "member_id"));
-  EXPECT_THAT(import.PrimaryKey("copy"), ElementsAre("isbn", "copy_number"));
-  EXPECT_THAT(import.PrimaryKey("overdue_loan"), IsEmpty());
+  EXPECT_THAT(import.Keys("member"), Contains("library.member key (card_number,member_id)"));
+  EXPECT_THAT(import.Keys("copy"), Contains("library.copy key (isbn,copy_number)"));
+  EXPECT_THAT(import.Keys("overdue_loan"), IsEmpty());
 }
 
 TEST(SimulatedRoute, OrdersAKeyByItsSequenceAndSkipsHoles) {
-  ODBCImport import(
-      Simulated("generic",
-                "Sql={UPDATE information_schema.key_column_usage SET ordinal_position = "
-                "CASE column_name WHEN 'isbn' THEN 7 ELSE 3 END WHERE table_name = 'copy' AND "
-                "constraint_type = 'PRIMARY KEY'}"));
+  ODBCImport import("generic",
+                    "Sql={UPDATE information_schema.key_column_usage SET ordinal_position = "
+                    "CASE column_name WHEN 'isbn' THEN 7 ELSE 3 END WHERE table_name = 'copy' AND "
+                    "constraint_type = 'PRIMARY KEY'}");
   EXPECT_TRUE(import.Run());
-  EXPECT_THAT(import.PrimaryKey("copy"), ElementsAre("copy_number", "isbn"));
+  EXPECT_THAT(import.Keys("copy"), Contains("library.copy key (copy_number,isbn)"));
 }
 
 TEST(SimulatedRoute, SkipsAProcedureOfTheSameNameAsTheOneBefore) {
   struct {
     const char16_t* single_item_owner;
     const char16_t* restriction;
-    std::vector<std::string> procedures;
+    Lines procedures;
   } const cases[] = {
       {u"",
        u"",
@@ -123,17 +121,17 @@ TEST(SimulatedRoute, SkipsAProcedureOfTheSameNameAsTheOneBefore) {
       {u"accounts", u"library", {"accounts.fine_of", "accounts.return_copy"}},
   };
   for (const auto& c : cases) {
-    ODBCImport import(Simulated("generic",
-                                "Sql={INSERT INTO information_schema.routines VALUES "
-                                "('library', 'lend_copy', 'PROCEDURE')}"));
+    ODBCImport import("generic",
+                      "Sql={INSERT INTO information_schema.routines VALUES "
+                      "('library', 'lend_copy', 'PROCEDURE')}");
     import.base.choices.item_mask = ibProcedures;
     import.base.choices.single_item_owner = c.single_item_owner;
     import.base.choices.owner_restriction = c.restriction;
     EXPECT_TRUE(import.Run());
-    std::vector<std::string> procedures;
+    Lines procedures;
     for (const LcWorkbookProcedure* procedure : import.workbook.procedures) {
       EXPECT_EQ(procedure->GetServer(), procedure->GetName());
-      procedures.push_back(Narrow(procedure->GetOwner() + u"." + procedure->GetName()));
+      procedures.push_back(ToUtf8(procedure->GetOwner() + u"." + procedure->GetName()));
     }
     EXPECT_EQ(procedures, c.procedures);
   }
@@ -141,23 +139,22 @@ TEST(SimulatedRoute, SkipsAProcedureOfTheSameNameAsTheOneBefore) {
 
 TEST(SimulatedRoute, ReadsThroughADriverThatCannotReuseAStatement) {
   for (const char* server : {"generic", "access"}) {
-    ODBCImport plain(Simulated(server));
-    ODBCImport growing(Simulated(server, "GrowingColumns=1"));
+    ODBCImport plain(server);
+    ODBCImport growing(server, "GrowingColumns=1");
     EXPECT_TRUE(plain.Run());
     EXPECT_TRUE(growing.Run());
-    EXPECT_EQ(growing.TableNames(), plain.TableNames());
+    EXPECT_EQ(growing.Tables(), plain.Tables());
     EXPECT_EQ(growing.events, plain.events);
     for (const char* table : {"loan", "copy", "staff"}) {
       EXPECT_THAT(plain.Columns(table), Not(IsEmpty())) << server;
       EXPECT_EQ(growing.Columns(table), plain.Columns(table)) << server;
-      EXPECT_EQ(growing.PrimaryKey(table), plain.PrimaryKey(table)) << server;
-      EXPECT_EQ(growing.References(table), plain.References(table)) << server;
     }
+    EXPECT_EQ(growing.Keys(), plain.Keys()) << server;
   }
 }
 
 TEST(SimulatedRoute, MarksColumnsThatTheServerNumbers) {
-  ODBCImport import(Simulated("access"));
+  ODBCImport import("access");
   import.server.dbms_type = dbmsAccess;
   EXPECT_TRUE(import.Run());
   const LcWorkbookTable* table = import.Table("member");
@@ -168,7 +165,7 @@ TEST(SimulatedRoute, MarksColumnsThatTheServerNumbers) {
 }
 
 TEST(SimulatedRoute, KeepsWhatCameBeforeAFailedFetch) {
-  ODBCImport import(Simulated("generic", "FetchError=4"));
+  ODBCImport import("generic", "FetchError=4");
   EXPECT_FALSE(import.Run());
   // Three tables came; the first has three columns, and then the route ends.
   ASSERT_EQ(import.workbook.tables.GetCount(), 3U);
