@@ -114,8 +114,10 @@ void LookUp(benchmark::State& state) {
   const auto count = static_cast<int>(state.range(0));
   Subject subject(count);
   std::mt19937 random(1);
+  constexpr int kKeys = 1 << 16;
   std::vector<typename Subject::Key> keys;
-  for (int i = 0; i < 1 << 16; ++i) {
+  keys.reserve(kKeys);
+  for (int i = 0; i < kKeys; ++i) {
     keys.push_back(Subject::KeyOf(static_cast<int>(random() % static_cast<unsigned>(count))));
   }
   std::size_t at = 0;

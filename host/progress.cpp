@@ -5,6 +5,7 @@
 #include <utf8.h>
 
 #include <algorithm>
+#include <cmath>
 #include <cstdlib>
 
 #include "host/text.h"
@@ -28,7 +29,7 @@ std::string FirstColumns(const std::string& text, int columns) {
 }
 
 std::string Minutes(double seconds) {
-  const long whole = static_cast<long>(seconds + 0.5);
+  const long whole = std::lround(seconds);
   return fmt::format("{}:{:02}", whole / 60, whole % 60);
 }
 

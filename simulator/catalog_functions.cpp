@@ -51,9 +51,10 @@ std::string OneOf(const std::string& column, const CatalogArgument& list) {
     if (value.size() >= 2 && value.front() == '\'' && value.back() == '\'')
       value = value.substr(1, value.size() - 2);
     values += (values.empty() ? "" : ",") + Quote(value);
-    if (comma == std::string_view::npos) return " AND " + column + " IN (" + values + ')';
+    if (comma == std::string_view::npos) break;
     rest.remove_prefix(comma + 1);
   }
+  return " AND " + column + " IN (" + values + ')';
 }
 
 bool IsEmptyText(const CatalogArgument& argument) { return argument && argument->empty(); }

@@ -140,10 +140,10 @@ Column ColumnOfQuery(const char* name, const char* declared_type, bool wide) {
     column.sql_type = type.sql_type;
     column.size = type.size;
     if (bracket != std::string_view::npos)
-      column.size = std::strtoul(declared_type + bracket + 1, nullptr, 10);
+      column.size = std::strtoul(declared.data() + bracket + 1, nullptr, 10);
     const std::size_t comma = declared.find(',');
     if (comma != std::string_view::npos)
-      column.digits = static_cast<SQLSMALLINT>(std::atoi(declared_type + comma + 1));
+      column.digits = static_cast<SQLSMALLINT>(std::atoi(declared.data() + comma + 1));
     if (type.padded) column.padded_to = column.size;
     break;
   }

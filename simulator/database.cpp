@@ -81,6 +81,7 @@ bool RunScripts(sqlite3* database, const std::vector<NamedScript>& scripts, std:
 Database OpenCached(const ServerTraits& traits, const std::vector<NamedScript>& scripts,
                     std::string& why) {
   std::vector<std::string> texts;
+  texts.reserve(scripts.size());
   for (const NamedScript& script : scripts) texts.push_back(script.sql);
   const std::string folder = CacheFolder(traits, texts);
   if (!std::filesystem::exists(folder)) {

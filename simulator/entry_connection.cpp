@@ -58,7 +58,6 @@ std::string InfoText(const Connection& connection, SQLUSMALLINT info, bool& know
     case SQL_ACCESSIBLE_PROCEDURES:
       return "Y";
     case SQL_DATA_SOURCE_READ_ONLY:
-      return "N";
     case SQL_NEED_LONG_DATA_LEN:
     case SQL_MULT_RESULT_SETS:
     case SQL_DESCRIBE_PARAMETER:
@@ -161,7 +160,8 @@ SQLRETURN GetInfo(Connection& connection, SQLUSMALLINT info, SQLPOINTER value, S
     const bool whole =
         catalogsim::AnswerText(text, static_cast<SQLWCHAR*>(value), capacity / 2, &characters);
     catalogsim::Answer<SQLSMALLINT>(length, static_cast<SQLSMALLINT>(characters * 2));
-    return whole ? SQL_SUCCESS : connection.Warn("01004", "the answer was cut");
+    if (whole) return SQL_SUCCESS;
+    return connection.Warn("01004", "the answer was cut");
   }
   SQLUINTEGER number = 0;
   int size = 0;

@@ -122,7 +122,9 @@ void RewriteColonCasts(Tokens& tokens) {
       out.push_back({Kind::kWord, "substr(" + operand + ", 1, " + tokens[i + 2].text + ")"});
       i += 3;
     } else {
-      out.push_back({Kind::kWord, "CAST(" + operand + " AS " + type + ")"});
+      std::string cast_text = "CAST(" + operand;
+      cast_text.append(" AS ").append(type).append(")");
+      out.push_back({Kind::kWord, std::move(cast_text)});
     }
   }
   tokens = std::move(out);

@@ -19,9 +19,9 @@ void QueryResults::Run(const ImportSession& session, const std::vector<std::u16s
     auto fetch = std::make_unique<LcODBCFetch>(text.c_str(), *rows, session.henv(), session.hdbc(),
                                                session.server.dbms_type);
     rows_.AddTail(rows.get());
-    rows.release();
+    static_cast<void>(rows.release());
     fetches_.AddTail(fetch.get());
-    fetch.release();
+    static_cast<void>(fetch.release());
   }
 }
 
