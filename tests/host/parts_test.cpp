@@ -13,16 +13,6 @@ namespace {
 
 using testing::HasSubstr;
 
-std::string WhyRefused(const std::string& request) {
-  try {
-    ParseRequest(request, "r.json");
-    return "";
-  } catch (const Failure& failure) {
-    EXPECT_EQ(failure.code(), ExitCode::kUsage);
-    return failure.what();
-  }
-}
-
 TEST(RequestFile, FillsEveryField) {
   const Choices choices = ParseRequest(R"({
     "items": ["tables", "column-names"], "dbmsType": 5, "ownerRestriction": "joe",
@@ -73,7 +63,15 @@ TEST(RequestFile, RefusesWhatItDoesNotKnowByFileAndField) {
       {R"({"settings": {"Generic": 1}})", "field settings.Generic: is not known"},
       {"{\"ownerRestriction\": \"\xff\"}", "r.json: is no JSON"},
   };
-  for (const auto& [request, message] : cases) EXPECT_THAT(WhyRefused(request), HasSubstr(message));
+  for (const auto& [request, message] : cases) {
+    try {
+      ParseRequest(request, "r.json");
+      ADD_FAILURE() << request;
+    } catch (const Failure& failure) {
+      EXPECT_EQ(failure.code(), ExitCode::kUsage);
+      EXPECT_THAT(failure.what(), HasSubstr(message));
+    }
+  }
 }
 
 TEST(DefaultItems, LeaveSynonymsOutOfASelectionWithoutOne) {

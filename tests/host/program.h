@@ -17,22 +17,20 @@ struct ProgramResult {
 };
 
 struct ProgramCall {
-  std::vector<std::string> arguments;
-  std::vector<std::pair<std::string, std::string>> environment;  // beside the test's own
-  std::string input;  // standard input; on a terminal typed as soon as `wait_for` has come
+  std::vector<std::string> arguments = {};
+  std::vector<std::pair<std::string, std::string>> environment = {};  // beside the test's own
+  std::string input = {};  // standard input; on a terminal typed as soon as `wait_for` has come
   // Standard input, output and error are one terminal; `err` stays empty.
   bool on_terminal = false;
   // Called once, with the process id, as soon as `wait_for` has come.
-  std::string wait_for;
-  std::function<void(int pid)> then;
+  std::string wait_for = {};
+  std::function<void(int pid)> then = {};
 };
 
 // Runs `wbimport` with a configuration folder of its own and waits for its end.
 ProgramResult RunProgram(const ProgramCall& call);
 inline ProgramResult RunProgram(std::vector<std::string> arguments) {
-  ProgramCall call;
-  call.arguments = std::move(arguments);
-  return RunProgram(call);
+  return RunProgram(ProgramCall{.arguments = std::move(arguments)});
 }
 
 // The connection string of a practice server with further keywords.

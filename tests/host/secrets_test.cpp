@@ -5,8 +5,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <fstream>
-
 #include "host/connection_string.h"
 #include "tests/host/program.h"
 
@@ -18,40 +16,37 @@ using testing::Not;
 
 constexpr const char* kPassword = "Xq7-hush;hush}";
 
-std::string CommandLineOf(int pid) { return ReadFile("/proc/" + std::to_string(pid) + "/cmdline"); }
-
-struct Way {
-  const char* what;
-  std::vector<std::string> options;  // after the connection string
-  std::string in_string;             // within the connection string
-  std::string input;
-};
-
 TEST(Passwords, StayInsideHoweverTheyAreGiven) {
-  const std::vector<Way> ways = {
-      {"environment", {"--password-env", "WB_TEST_PASSWORD"}, "", ""},
-      {"standard input", {"--password-stdin"}, "", std::string(kPassword) + "\n"},
-      {"connection string", {}, "PWD={Xq7-hush;hush}}};", ""},
+  const struct {
+    std::vector<std::string> options;  // beside those of the reports
+    std::string in_string;             // within the connection string
+  } ways[] = {
+      {{"--password-env", "WB_TEST_PASSWORD"}, ""},
+      {{"--password-stdin"}, ""},
+      {{}, "PWD={Xq7-hush;hush}}};"},
   };
   // A server that fails right at the connection, one that fails in the middle, one that is well.
   const std::vector<std::string> servers = {"Server=nosuch;", "Server=db2;Fail=SQLExecDirect:2;",
                                             "Server=generic;Fail=SQLPrimaryKeys:1;"};
-  for (const Way& way : ways) {
+  for (const auto& [options, in_string] : ways) {
     for (const std::string& server : servers) {
-      SCOPED_TRACE(std::string(way.what) + " " + server);
+      SCOPED_TRACE(testing::PrintToString(options) + " " + server);
       const TemporaryFolder folder;
       ProgramCall call;
-      call.arguments = {"import", "--connect", SimulatorString(server + way.in_string)};
-      for (const std::string& option : way.options) call.arguments.push_back(option);
+      call.arguments = options;
+      call.arguments.insert(call.arguments.begin(),
+                            {"import", "--connect", SimulatorString(server + in_string)});
       for (const char* report : {"trace", "errors", "log"}) {
         call.arguments.push_back(std::string("--") + report);
         call.arguments.push_back(folder.path() + "/" + report);
       }
       call.environment = {{"WB_TEST_PASSWORD", kPassword}};
-      call.input = way.input;
+      call.input = std::string(kPassword) + "\n";
       std::string process_list;
       call.wait_for = "wbimport";
-      call.then = [&](int pid) { process_list = CommandLineOf(pid); };
+      call.then = [&](int pid) {
+        process_list = ReadFile("/proc/" + std::to_string(pid) + "/cmdline");
+      };
       const ProgramResult result = RunProgram(call);
       for (const std::string& text :
            {result.out, result.err, process_list, ReadFile(folder.path() + "/trace"),
@@ -63,28 +58,22 @@ TEST(Passwords, StayInsideHoweverTheyAreGiven) {
 }
 
 TEST(Passwords, AreAskedForWithoutEcho) {
-  ProgramCall call;
-  call.arguments = {"info", "--connect", SimulatorString("Server=db2"), "--user", "joe"};
-  call.on_terminal = true;
-  call.wait_for = "Password of joe";
-  call.input = "Xq7-hush\n";
-  const ProgramResult result = RunProgram(call);
+  const ProgramResult result = RunProgram(
+      {.arguments = {"info", "--connect", SimulatorString("Server=db2"), "--user", "joe"},
+       .input = "Xq7-hush\n",
+       .on_terminal = true,
+       .wait_for = "Password of joe"});
   EXPECT_EQ(result.exit_code, 0) << result.out;
   EXPECT_THAT(result.out, HasSubstr("Password of joe"));
   EXPECT_THAT(result.out, Not(HasSubstr("Xq7-hush")));
 }
-
-struct ScrubCase {
-  const char* text;
-  const char* expected;
-};
 
 TEST(Secrets, AreScrubbedFromAnyText) {
   wbhost::Secrets secrets;
   secrets.Add("tiger");
   secrets.Add("ab");
   secrets.AddFrom("Driver=x;Password={se;cret};UID=joe");
-  const std::vector<ScrubCase> cases = {
+  const std::pair<const char*, const char*> cases[] = {
       {"login failed for 'tiger'", "login failed for '***'"},
       {"cabin of tigers", "cabin of ***s"},  // a short secret stays inside of a word
       {"word ab here", "word *** here"},
@@ -92,9 +81,8 @@ TEST(Secrets, AreScrubbedFromAnyText) {
       {"DSN=x;PWD=other;UID=joe", "DSN=x;PWD=***;UID=joe"},
       {"the string was Driver=x;pwd = {a;b};Server=y", "the string was Driver=x;pwd =***;Server=y"},
       {"a = b; c = d", "a = b; c = d"},
-      {"", ""},
   };
-  for (const ScrubCase& scrub : cases) EXPECT_EQ(secrets.Scrub(scrub.text), scrub.expected);
+  for (const auto& [text, expected] : cases) EXPECT_EQ(secrets.Scrub(text), expected);
 }
 
 TEST(Secrets, AreOverwrittenInTheArguments) {
