@@ -1,23 +1,23 @@
 // Each fault of a connection string, seen by a client of the driver manager.
 #include <gmock/gmock.h>
+#include <gtest/gtest-spi.h>
 #include <gtest/gtest.h>
 
 #include <chrono>
-#include <filesystem>
 #include <fstream>
 #include <sstream>
 
 #include "simulator/private_interface.h"
-#include "tests/simulator/client.h"
+#include "tests/support/statement.h"
+#include "tests/support/temporary.h"
 
 namespace {
 
-using simtest::Query;
-using simtest::Row;
-using simtest::Statement;
-using testing::ElementsAre;
 using testing::HasSubstr;
 using wbtest::Connection;
+using wbtest::Query;
+using wbtest::Row;
+using wbtest::Statement;
 
 std::unique_ptr<Connection> Open(const std::string& keywords) {
   return Connection::OpenSimulator(
@@ -49,10 +49,7 @@ std::vector<std::string> FetchAll(Statement& statement) {
 }
 
 TEST(Faults, ReachRowsAndFetches) {
-  struct {
-    const char* keywords;
-    std::vector<std::string> seen;
-  } const cases[] = {
+  const std::pair<const char*, std::vector<std::string>> cases[] = {
       {"", {"1", "2", "3", "4"}},
       {"RowError=2", {"1", "error", "3", "4"}},
       {"RowDeleted=1-2", {"deleted", "deleted", "3", "4"}},
@@ -62,12 +59,12 @@ TEST(Faults, ReachRowsAndFetches) {
       {"FetchError=2+", {"1", "2", "3", "S1000", "S1000", "S1000", "S1000"}},
       {"Fail=SQLExtendedFetch:2:HYT00", {"1", "2", "3", "S1T00", "4"}},
   };
-  for (const auto& c : cases) {
-    const auto connection = Open(c.keywords);
+  for (const auto& [keywords, seen] : cases) {
+    const auto connection = Open(keywords);
     Statement statement(*connection);
     SQLSetStmtOption(statement.get(), SQL_ROWSET_SIZE, 3);
     ASSERT_EQ(statement.Execute("select n from t order by n"), SQL_SUCCESS);
-    EXPECT_EQ(FetchAll(statement), c.seen) << c.keywords;
+    EXPECT_EQ(FetchAll(statement), seen) << keywords;
   }
 }
 
@@ -76,7 +73,7 @@ TEST(Faults, ReachTheCallThatTheyNameAndNoOther) {
   EXPECT_EQ(Query(*connection, "select n from t").size(), 4U);
   EXPECT_EQ(Query(*connection, "select n from t"), (std::vector<Row>{{"42501"}}));
   EXPECT_EQ(Query(*connection, "select n from t").size(), 4U);
-  const auto tables = [&] { return simtest::Tables(*connection, nullptr, nullptr, "t", nullptr); };
+  const auto tables = [&] { return wbtest::Tables(*connection, nullptr, nullptr, "t", nullptr); };
   EXPECT_EQ(tables().size(), 0U);
   EXPECT_EQ(tables(), (std::vector<Row>{{"S1000"}}));
   EXPECT_EQ(tables(), (std::vector<Row>{{"S1000"}}));
@@ -104,8 +101,7 @@ TEST(Faults, CutNamesGrowColumnsAndTakeTime) {
 
 TEST(Faults, LoseTheConnectionForGood) {
   const auto connection = Open("");
-  SQLSetConnectAttr(connection->hdbc(), catalogsim::kAttrDropCall,
-                    reinterpret_cast<SQLPOINTER>(SQLULEN{3}), 0);
+  connection->SetAttribute(catalogsim::kAttrDropCall, 3);
   const auto is_dead = [&] {
     SQLUINTEGER dead = 9;
     SQLGetConnectAttr(connection->hdbc(), SQL_ATTR_CONNECTION_DEAD, &dead, 0, nullptr);
@@ -120,41 +116,34 @@ TEST(Faults, LoseTheConnectionForGood) {
     EXPECT_EQ(statement.State(), "08S01");
   }
   EXPECT_TRUE(is_dead());
-  EXPECT_EQ(simtest::Number(*connection, catalogsim::kInfoOpenStatements), 0U);
+  EXPECT_EQ(connection->GetInfo(catalogsim::kInfoOpenStatements), 0U);
 }
 
 TEST(Faults, FailOneCallOfAllAndCountThem) {
   const auto connection = Open("");
-  const unsigned calls = simtest::Number(*connection, catalogsim::kInfoCalls);
+  const unsigned calls = connection->GetInfo(catalogsim::kInfoCalls);
   Query(*connection, "select n from t");
-  const unsigned needed = simtest::Number(*connection, catalogsim::kInfoCalls) - calls;
+  const unsigned needed = connection->GetInfo(catalogsim::kInfoCalls) - calls;
   EXPECT_GT(needed, 8U);
   for (unsigned call = 1; call <= needed + 1; ++call) {
-    SQLSetConnectAttr(connection->hdbc(), catalogsim::kAttrFailCall,
-                      reinterpret_cast<SQLPOINTER>(SQLULEN{call}), 0);
-    const unsigned faults = simtest::Number(*connection, catalogsim::kInfoFaults);
+    connection->SetAttribute(catalogsim::kAttrFailCall, call);
+    const unsigned faults = connection->GetInfo(catalogsim::kInfoFaults);
     Query(*connection, "select n from t");
-    EXPECT_EQ(simtest::Number(*connection, catalogsim::kInfoFaults) - faults,
-              call <= needed ? 1U : 0U)
+    EXPECT_EQ(connection->GetInfo(catalogsim::kInfoFaults) - faults, call <= needed ? 1U : 0U)
         << call;
-    EXPECT_EQ(simtest::Number(*connection, catalogsim::kInfoOpenStatements), 0U) << call;
+    EXPECT_EQ(connection->GetInfo(catalogsim::kInfoOpenStatements), 0U) << call;
   }
-  SQLSetConnectAttr(connection->hdbc(), catalogsim::kAttrFailCall, nullptr, 0);
+  connection->SetAttribute(catalogsim::kAttrFailCall, 0);
 }
 
 TEST(Faults, WriteTheCallsToALog) {
-  const std::string file = testing::TempDir() + "catalogsim_log.txt";
-  std::filesystem::remove(file);
-  {
-    const auto connection = Open("Log=" + file + ";Fail=SQLExecDirect:1");
-    Query(*connection, "select n from t");
-  }
-  std::ifstream input(file);
+  const wbtest::TemporaryFolder folder;
+  const std::string file = folder.path() + "/log";
+  Query(*Open("Log=" + file + ";Fail=SQLExecDirect:1"), "select n from t");
   std::stringstream log;
-  log << input.rdbuf();
+  log << std::ifstream(file).rdbuf();
   EXPECT_THAT(log.str(), HasSubstr(" SQLExecDirect 0x"));
   EXPECT_THAT(log.str(), HasSubstr(" SQLDisconnect 0x"));
-  std::filesystem::remove(file);
 }
 
 TEST(Faults, AreRefusedWhenTheyMakeNoSense) {
@@ -163,19 +152,7 @@ TEST(Faults, AreRefusedWhenTheyMakeNoSense) {
         "Slow=SQLFetch", "RowError=one", "NoTotal=1", "Without=SQLNothing", "GrowingColumns=yes",
         "FailCall=-1", "Log=/nowhere/at/all", "AddScript=/nowhere/at/all", "Sql={nonsense}",
         "Server=nobody"}) {
-    SQLHENV henv = nullptr;
-    SQLHDBC hdbc = nullptr;
-    SQLAllocHandle(SQL_HANDLE_ENV, nullptr, &henv);
-    SQLSetEnvAttr(henv, SQL_ATTR_ODBC_VERSION, reinterpret_cast<SQLPOINTER>(SQL_OV_ODBC3), 0);
-    SQLAllocHandle(SQL_HANDLE_DBC, henv, &hdbc);
-    std::string text = "Driver=" WB_BUILD_DIR "/lib/libcatalogsim.so;Server=generic;";
-    text += keywords;
-    EXPECT_EQ(SQLDriverConnect(hdbc, nullptr, reinterpret_cast<SQLCHAR*>(text.data()), SQL_NTS,
-                               nullptr, 0, nullptr, SQL_DRIVER_NOPROMPT),
-              SQL_ERROR)
-        << keywords;
-    SQLFreeHandle(SQL_HANDLE_DBC, hdbc);
-    SQLFreeHandle(SQL_HANDLE_ENV, henv);
+    EXPECT_NONFATAL_FAILURE(Connection::OpenSimulator("generic", keywords), "[catalogsim]");
   }
 }
 

@@ -1,28 +1,21 @@
 // See host.h.
 #include "tests/simulator/host.h"
 
-#include <cstdlib>
 #include <sstream>
-#include <utility>
 
 #include "importer/workbook/workbook_file.h"
 
 namespace simtest {
 namespace {
 
-class FixedSettings : public platform::SettingsStore {
- public:
-  explicit FixedSettings(std::map<std::u16string, std::uint32_t> numbers)
-      : numbers_(std::move(numbers)) {}
+struct GenericImport : platform::SettingsStore {
+  explicit GenericImport(bool is_wanted) : wanted(is_wanted) {}
   std::optional<std::uint32_t> ReadDWORD(const std::u16string&,
                                          const std::u16string& value) override {
-    const auto found = numbers_.find(value);
-    if (found == numbers_.end()) return std::nullopt;
-    return found->second;
+    if (value != u"GenericWorkbookImport") return std::nullopt;
+    return wanted;
   }
-
- private:
-  std::map<std::u16string, std::uint32_t> numbers_;
+  bool wanted;
 };
 
 // What the callback, which carries no context, works on.
@@ -46,15 +39,8 @@ constexpr std::uint32_t kAllItems = ibTables | ibViews | ibSynonyms | ibProcedur
 
 }  // namespace
 
-Settings::Settings(std::map<std::u16string, std::uint32_t> numbers)
-    : before_(std::exchange(platform::GetServices().settings,
-                            std::make_shared<FixedSettings>(std::move(numbers)))) {}
-
-Settings::~Settings() { platform::GetServices().settings = before_; }
-
-std::map<std::u16string, std::uint32_t> RouteSettings(bool generic) {
-  return {{u"GenericWorkbookImport", generic ? 1 : 0}};
-}
+RouteSetting::RouteSetting(bool generic)
+    : scope_(platform::GetServices().settings, std::make_shared<GenericImport>(generic)) {}
 
 std::string Outcome::File() const {
   LcWorkbookFileInfo info;
@@ -80,11 +66,6 @@ Outcome ImportAll(const wbtest::Connection& connection, bool system, HostAct act
   importer.UnSyncLogin();
   outcome.notifications = running.notifications;
   return outcome;
-}
-
-bool IsLongRun() {
-  const char* const value = std::getenv("WB_LONG");
-  return value != nullptr && std::string(value) == "1";
 }
 
 }  // namespace simtest

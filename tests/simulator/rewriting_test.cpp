@@ -1,14 +1,22 @@
 // What the driver makes of a server's SQL, and that SQLite runs it.
 #include <gtest/gtest.h>
 
-#include "tests/simulator/client.h"
+#include "tests/support/statement.h"
 
 namespace {
 
-using simtest::NativeSql;
-using simtest::Query;
-using simtest::Row;
 using wbtest::Connection;
+using wbtest::Query;
+using wbtest::Row;
+
+// What the driver makes of a text.
+std::string NativeSql(const Connection& connection, std::string sql) {
+  SQLCHAR native[4096] = {};
+  SQLINTEGER length = 0;
+  SQLNativeSql(connection.hdbc(), reinterpret_cast<SQLCHAR*>(sql.data()), SQL_NTS, native,
+               sizeof native, &length);
+  return reinterpret_cast<char*>(native);
+}
 
 TEST(Rewriting, TurnsEachServersFormsIntoSqlitesForms) {
   struct {

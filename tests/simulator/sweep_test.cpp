@@ -1,19 +1,20 @@
 // Sweeps: an import meets a failure at every driver call it makes, loses its connection at every
-// call, is stopped and is cancelled at every notification. Whatever happens, it ends, leaves no
-// statement open, and leaves a workbook that can be written. The whole of it under WB_LONG=1, every
-// tenth case otherwise.
+// call, is stopped and is cancelled at every notification, and reads odd values in every column of
+// every catalog table. Whatever happens, it ends, leaves no statement open, and leaves a workbook
+// that can be written and read. The whole of it under WB_LONG=1, a part of the cases otherwise.
 #include <gtest/gtest.h>
-#include <sql.h>
 
+#include <cstdint>
+#include <cstdlib>
 #include <iostream>
 #include <set>
 #include <tuple>
 
 #include "importer/workbook/workbook_file.h"
 #include "simulator/private_interface.h"
-#include "tests/simulator/client.h"
 #include "tests/simulator/host.h"
 #include "tests/simulator/servers.h"
+#include "tests/support/statement.h"
 
 namespace {
 
@@ -21,114 +22,128 @@ using simtest::HostAct;
 using simtest::ImportAll;
 using simtest::Outcome;
 using wbtest::Connection;
-using wbtest::MessageRecorder;
-
-unsigned Step() { return simtest::IsLongRun() ? 1 : 10; }
-
-void SetNumber(const Connection& connection, int attribute, unsigned value) {
-  SQLSetConnectAttr(connection.hdbc(), attribute, reinterpret_cast<SQLPOINTER>(SQLULEN{value}), 0);
-}
+using wbtest::Row;
 
 // Server, and whether the generic route is asked for.
 class Sweep : public testing::TestWithParam<std::tuple<const char*, bool>> {
  protected:
-  Sweep()
-      : connection_(Connection::OpenSimulator(std::get<0>(GetParam()))),
-        settings_(simtest::RouteSettings(std::get<1>(GetParam()))) {}
-
-  unsigned Calls() const { return simtest::Number(*connection_, catalogsim::kInfoCalls); }
-  unsigned Faults() const { return simtest::Number(*connection_, catalogsim::kInfoFaults); }
+  unsigned Faults() const { return connection_->GetInfo(catalogsim::kInfoFaults); }
+  void SweepCalls(int attribute, unsigned step);
   // What has to hold however an import ended.
-  void CheckLeftovers(const Outcome& outcome) {
-    EXPECT_EQ(simtest::Number(*connection_, catalogsim::kInfoOpenStatements), 0U);
+  void CheckLeftovers(const Connection& connection, const Outcome& outcome) {
+    EXPECT_EQ(connection.GetInfo(catalogsim::kInfoOpenStatements), 0U);
     const std::string file = outcome.File();
     if (!seen_files_.insert(std::hash<std::string>()(file)).second) return;
-    if (Step() > 1 && seen_files_.size() > 5) return;  // reading takes longer than importing
+    if (seen_files_.size() > most_read_) return;  // reading takes longer than importing
     LcWorkbook read;
     LcWorkbookFileInfo info;
     std::string why;
     EXPECT_TRUE(ReadWorkbookFile(file, read, info, why)) << why;
   }
-  void Report(const char* what, unsigned of, unsigned covered) const {
-    std::cout << "sweep " << std::get<0>(GetParam())
-              << (std::get<1>(GetParam()) ? " by the generic route" : "") << ": " << covered
+  void Report(const char* what, std::size_t of, std::size_t covered) const {
+    EXPECT_GT(covered, 0U);
+    std::cout << "sweep " << server_ << (generic_ ? " by the generic route" : "") << ": " << covered
               << " of " << of << ' ' << what << '\n';
   }
 
-  std::unique_ptr<Connection> connection_;
-  simtest::Settings settings_;
-  MessageRecorder messages_;
+  const char* const server_ = std::get<0>(GetParam());
+  const bool generic_ = std::get<1>(GetParam());
+  const unsigned step_ = std::getenv("WB_LONG") != nullptr ? 1 : 10;
+  const std::unique_ptr<Connection> connection_ = Connection::OpenSimulator(server_);
+  const simtest::RouteSetting setting_{generic_};
+  const wbtest::MessageRecorder messages_;
+
+  std::size_t most_read_ = step_ > 1 ? 5 : SIZE_MAX;
 
  private:
   std::set<std::size_t> seen_files_;  // most failures end in a few workbooks; each is read once
 };
 
-TEST_P(Sweep, EndsWhateverCallFails) {
-  const Outcome whole = ImportAll(*connection_);
-  CheckLeftovers(whole);
+void Sweep::SweepCalls(int attribute, unsigned step) {
   unsigned covered = 0;
   unsigned call = 1;
-  for (;; call += Step()) {
+  for (; !HasFailure(); call += step, ++covered) {
     SCOPED_TRACE("call " + std::to_string(call));
     const unsigned faults = Faults();
-    SetNumber(*connection_, catalogsim::kAttrFailCall, call);
+    connection_->SetAttribute(attribute, call);
     const Outcome outcome = ImportAll(*connection_);
-    SetNumber(*connection_, catalogsim::kAttrFailCall, 0);
+    connection_->SetAttribute(attribute, 0);
     if (Faults() == faults) break;  // the import makes no more calls
     EXPECT_EQ(outcome.status, 0);
-    CheckLeftovers(outcome);
-    ++covered;
-    if (HasFailure()) break;
+    CheckLeftovers(*connection_, outcome);
   }
-  // A failure leaves nothing behind that the next import would notice.
-  EXPECT_EQ(ImportAll(*connection_).File(), whole.File());
-  Report("calls failed", call - 1, covered);
-  EXPECT_GT(covered, 0U);
+  Report("calls", call - 1, covered);
 }
 
-TEST_P(Sweep, EndsWhereverTheConnectionIsLost) {
-  unsigned covered = 0;
-  unsigned call = 1;
-  for (;; call += 3 * Step()) {
-    SCOPED_TRACE("call " + std::to_string(call));
-    const unsigned faults = Faults();
-    SetNumber(*connection_, catalogsim::kAttrDropCall, call);
-    const Outcome outcome = ImportAll(*connection_);
-    SetNumber(*connection_, catalogsim::kAttrDropCall, 0);
-    if (Faults() == faults) break;
-    EXPECT_EQ(outcome.status, 0);
-    CheckLeftovers(outcome);
-    ++covered;
-    if (HasFailure()) break;
-  }
-  Report("calls lost the connection", call - 1, covered);
-  EXPECT_GT(covered, 0U);
+TEST_P(Sweep, EndsWhateverCallFails) {
+  const Outcome whole = ImportAll(*connection_);
+  CheckLeftovers(*connection_, whole);
+  SweepCalls(catalogsim::kAttrFailCall, step_);
+  // A failure leaves nothing behind that the next import would notice.
+  EXPECT_EQ(ImportAll(*connection_).File(), whole.File());
 }
+
+TEST_P(Sweep, EndsWhereverTheConnectionIsLost) { SweepCalls(catalogsim::kAttrDropCall, 3 * step_); }
 
 TEST_P(Sweep, StopsAndCancelsAtEveryNotification) {
   const unsigned all = ImportAll(*connection_).notifications;
   unsigned covered = 0;
-  for (unsigned notification = 1; notification <= all; notification += Step()) {
+  for (unsigned at = 1; at <= all && !HasFailure(); at += step_, ++covered) {
     for (const HostAct act : {HostAct::kStop, HostAct::kCancel}) {
-      SCOPED_TRACE("notification " + std::to_string(notification));
-      const Outcome outcome = ImportAll(*connection_, true, act, notification);
+      SCOPED_TRACE("notification " + std::to_string(at));
+      const Outcome outcome = ImportAll(*connection_, true, act, at);
       EXPECT_EQ(outcome.status, act == HostAct::kStop ? 9 : 4);
-      EXPECT_GE(outcome.notifications, notification);
-      CheckLeftovers(outcome);
+      EXPECT_GE(outcome.notifications, at);
+      CheckLeftovers(*connection_, outcome);
     }
-    ++covered;
-    if (HasFailure()) break;
   }
   Report("notifications stopped and cancelled", all, covered);
-  EXPECT_GT(covered, 0U);
+}
+
+constexpr const char* kOddValues[] = {
+    "NULL",
+    "''",
+    "-1",
+    "1",  // refers to itself, or to the wrong thing
+    "99999999999999",
+    "printf('%.700c', 'x')",  // longer than a cell of the fetch layer
+    "char(228, 128218, 10, 34, 39)",
+    "'3 [1], <7>(1, -2, [1], ] -'",
+};
+
+constexpr const char* kColumns =
+    "SELECT t.schema, t.name, c.name, c.pk AND c.type = 'INTEGER' FROM pragma_table_list t, "
+    "pragma_table_info(t.name, t.schema) c WHERE t.type = 'table' AND t.schema <> 'temp'"
+    " AND t.name NOT LIKE 'sqlite%' ORDER BY 1, 2, c.cid";
+
+TEST_P(Sweep, ReadsOddValuesInEveryColumn) {
+  const std::vector<Row> columns = wbtest::Query(*connection_, kColumns);
+  ASSERT_GT(columns.size(), 10U);
+  most_read_ = SIZE_MAX;
+  // A step that shares no factor with the values meets them all in turn.
+  const std::size_t step = step_ > 1 ? 37 : 1;
+  const std::size_t cases = columns.size() * std::size(kOddValues);
+  std::size_t covered = 0;
+  for (std::size_t i = 0; i < cases && !HasFailure(); i += step, ++covered) {
+    const Row& column = columns[i / std::size(kOddValues)];
+    const std::string value = kOddValues[i % std::size(kOddValues)];
+    // SQLite's own row numbers take numbers only.
+    if (column.at(3) == "1" && value.find_first_not_of("-0123456789") != std::string::npos)
+      continue;
+    const std::string update = "UPDATE OR IGNORE \"" + column.at(0) + "\".\"" + column.at(1) +
+                               "\" SET \"" + column.at(2) + "\" = " + value;
+    SCOPED_TRACE(update);
+    const auto connection = Connection::OpenSimulator(server_, "Sql={" + update + "}");
+    const Outcome outcome = ImportAll(*connection);
+    EXPECT_EQ(outcome.status, 0);
+    CheckLeftovers(*connection, outcome);
+  }
+  Report("odd values", cases, covered);
 }
 
 std::string NameOf(const testing::TestParamInfo<Sweep::ParamType>& info) {
-  std::string name = std::get<0>(info.param);
-  if (std::get<1>(info.param)) name += "_generic";
-  for (char& c : name)
-    if (c == '-') c = '_';
-  return name;
+  const auto [server, generic] = info.param;
+  return simtest::TestName(server) + (generic ? "_generic" : "");
 }
 
 INSTANTIATE_TEST_SUITE_P(OwnRoutes, Sweep,

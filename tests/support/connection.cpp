@@ -6,9 +6,9 @@
 #include <sqlext.h>
 
 #include <algorithm>
-#include <utility>
 
 #include "platform/utf8.h"
+#include "tests/support/statement.h"
 
 namespace wbtest {
 
@@ -27,30 +27,6 @@ std::string Diagnostic(SQLSMALLINT kind, SQLHANDLE handle) {
   return reinterpret_cast<char*>(message);
 }
 
-class RecordingMessageBox : public platform::MessageBox {
- public:
-  explicit RecordingMessageBox(std::shared_ptr<std::vector<MessageRecorder::Shown>> shown)
-      : shown_(std::move(shown)) {}
-  void Show(const std::u16string& text, int help_context) override {
-    shown_->push_back({platform::ToUtf8(text), help_context});
-  }
-
- private:
-  std::shared_ptr<std::vector<MessageRecorder::Shown>> shown_;
-};
-
-class RecordingCallLog : public platform::CallLog {
- public:
-  explicit RecordingCallLog(std::shared_ptr<std::vector<std::string>> calls)
-      : calls_(std::move(calls)) {}
-  void OnCall(const char* function, void* /*handle*/, short /*result*/) override {
-    calls_->emplace_back(function);
-  }
-
- private:
-  std::shared_ptr<std::vector<std::string>> calls_;
-};
-
 }  // namespace
 
 Connection::Connection(const std::string& connect_string) {
@@ -59,12 +35,14 @@ Connection::Connection(const std::string& connect_string) {
   SQLAllocHandle(SQL_HANDLE_DBC, henv_, &hdbc_);
   const SQLRETURN result = SQLDriverConnect(hdbc_, nullptr, Bytes(connect_string), SQL_NTS, nullptr,
                                             0, nullptr, SQL_DRIVER_NOPROMPT);
-  EXPECT_TRUE(SQL_SUCCEEDED(result)) << connect_string << ": " << Diagnostic(SQL_HANDLE_DBC, hdbc_);
+  connected_ = SQL_SUCCEEDED(result);
+  EXPECT_TRUE(connected_) << connect_string << ": " << Diagnostic(SQL_HANDLE_DBC, hdbc_);
 }
 
 Connection::~Connection() {
   // SQLite refuses to disconnect while a statement is left: a leak in the module fails the test.
-  EXPECT_TRUE(SQL_SUCCEEDED(SQLDisconnect(hdbc_))) << Diagnostic(SQL_HANDLE_DBC, hdbc_);
+  EXPECT_TRUE(!connected_ || SQL_SUCCEEDED(SQLDisconnect(hdbc_)))
+      << Diagnostic(SQL_HANDLE_DBC, hdbc_);
   SQLFreeHandle(SQL_HANDLE_DBC, hdbc_);
   SQLFreeHandle(SQL_HANDLE_ENV, henv_);
 }
@@ -81,13 +59,12 @@ std::unique_ptr<Connection> Connection::OpenSimulator(const std::string& server,
       "Driver=" WB_BUILD_DIR "/lib/libcatalogsim.so;Server=" + server + ";" + keywords);
 }
 
-void Connection::Execute(const std::string& sql) {
-  SQLHSTMT statement = nullptr;
-  SQLAllocHandle(SQL_HANDLE_STMT, hdbc_, &statement);
-  const SQLRETURN result = SQLExecDirect(statement, Bytes(sql), SQL_NTS);
+std::vector<Row> Connection::Execute(const std::string& sql) const {
+  Statement statement(*this);
+  const SQLRETURN result = statement.Execute(sql);
   EXPECT_TRUE(SQL_SUCCEEDED(result) || result == SQL_NO_DATA)
-      << sql << ": " << Diagnostic(SQL_HANDLE_STMT, statement);
-  SQLFreeHandle(SQL_HANDLE_STMT, statement);
+      << sql << ": " << Diagnostic(SQL_HANDLE_STMT, statement.get());
+  return statement.Rows();
 }
 
 unsigned Connection::GetInfo(int info) const {
@@ -102,22 +79,16 @@ void Connection::SetAttribute(int attribute, unsigned long value) const {
       SQL_SUCCEEDED(SQLSetConnectAttr(hdbc_, attribute, reinterpret_cast<SQLPOINTER>(value), 0)));
 }
 
-MessageRecorder::MessageRecorder()
-    : shown_(std::make_shared<std::vector<Shown>>()),
-      before_(std::exchange(platform::GetServices().message_box,
-                            std::make_shared<RecordingMessageBox>(shown_))) {}
+void MessageRecorder::Box::Show(const std::u16string& text, int help_context) {
+  shown.push_back({platform::ToUtf8(text), help_context});
+}
 
-MessageRecorder::~MessageRecorder() { platform::GetServices().message_box = before_; }
-
-CallRecorder::CallRecorder()
-    : calls_(std::make_shared<std::vector<std::string>>()),
-      before_(std::exchange(platform::GetServices().call_log,
-                            std::make_shared<RecordingCallLog>(calls_))) {}
-
-CallRecorder::~CallRecorder() { platform::GetServices().call_log = before_; }
+void CallRecorder::Log::OnCall(const char* function, void* /*handle*/, short /*result*/) {
+  calls.emplace_back(function);
+}
 
 int CallRecorder::Count(const std::string& function) const {
-  return static_cast<int>(std::count(calls_->begin(), calls_->end(), function));
+  return static_cast<int>(std::count(log_->calls.begin(), log_->calls.end(), function));
 }
 
 }  // namespace wbtest

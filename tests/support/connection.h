@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "platform/platform.h"
+#include "tests/support/temporary.h"
 
 namespace wbtest {
 
@@ -26,7 +27,8 @@ class Connection {
 
   void* henv() const { return henv_; }
   void* hdbc() const { return hdbc_; }
-  void Execute(const std::string& sql);
+  // The rows of a statement that has to succeed; NULL is "<null>".
+  std::vector<std::vector<std::string>> Execute(const std::string& sql) const;
   // A 32-bit answer of SQLGetInfo, such as those of the simulator's private interface.
   unsigned GetInfo(int info) const;
   // Sets a connection attribute to a number.
@@ -35,40 +37,39 @@ class Connection {
  private:
   void* henv_ = nullptr;
   void* hdbc_ = nullptr;
+  bool connected_ = false;
 };
 
 // Collects the message boxes that are shown during its life.
 class MessageRecorder {
  public:
-  MessageRecorder();
-  ~MessageRecorder();
-  MessageRecorder(const MessageRecorder&) = delete;
-  MessageRecorder& operator=(const MessageRecorder&) = delete;
-
   struct Shown {
     std::string text;  // UTF-8
     int help_context;
   };
-  const std::vector<Shown>& shown() const { return *shown_; }
+  const std::vector<Shown>& shown() const { return box_->shown; }
 
  private:
-  std::shared_ptr<std::vector<Shown>> shown_;
-  std::shared_ptr<platform::MessageBox> before_;
+  struct Box : platform::MessageBox {
+    void Show(const std::u16string& text, int help_context) override;
+    std::vector<Shown> shown;
+  };
+  std::shared_ptr<Box> box_ = std::make_shared<Box>();
+  ScopedService<platform::MessageBox> scope_{platform::GetServices().message_box, box_};
 };
 
 // Collects the names of the driver calls that the module makes during its life.
 class CallRecorder {
  public:
-  CallRecorder();
-  ~CallRecorder();
-  CallRecorder(const CallRecorder&) = delete;
-  CallRecorder& operator=(const CallRecorder&) = delete;
-
   int Count(const std::string& function) const;
 
  private:
-  std::shared_ptr<std::vector<std::string>> calls_;
-  std::shared_ptr<platform::CallLog> before_;
+  struct Log : platform::CallLog {
+    void OnCall(const char* function, void* /*handle*/, short /*result*/) override;
+    std::vector<std::string> calls;
+  };
+  std::shared_ptr<Log> log_ = std::make_shared<Log>();
+  ScopedService<platform::CallLog> scope_{platform::GetServices().call_log, log_};
 };
 
 }  // namespace wbtest

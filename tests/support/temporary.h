@@ -1,11 +1,13 @@
-// Files and environment variables that last as long as a test.
+// Files, environment variables and services that last as long as a test.
 #pragma once
 
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 
 namespace wbtest {
 
@@ -58,6 +60,21 @@ class ScopedVariable {
 
   const char* name_;
   std::optional<std::string> before_;
+};
+
+// Puts a stand-in in the place of a service, and puts the old one back.
+template <class Service>
+class ScopedService {
+ public:
+  ScopedService(std::shared_ptr<Service>& place, std::shared_ptr<Service> stand_in)
+      : place_(place), before_(std::exchange(place, std::move(stand_in))) {}
+  ~ScopedService() { place_ = before_; }
+  ScopedService(const ScopedService&) = delete;
+  ScopedService& operator=(const ScopedService&) = delete;
+
+ private:
+  std::shared_ptr<Service>& place_;
+  std::shared_ptr<Service> before_;
 };
 
 }  // namespace wbtest

@@ -1,22 +1,21 @@
-// A small ODBC 2 client on the simulator, for tests: statements, rows as texts, diagnostics.
+// Statements on a connection of a test: rows as texts, diagnostics, catalog functions.
 #pragma once
 
 #include <sql.h>
 #include <sqlext.h>
 
-#include <memory>
 #include <string>
 #include <vector>
 
 #include "tests/support/connection.h"
 
-namespace simtest {
+namespace wbtest {
 
 using Row = std::vector<std::string>;  // UTF-8; NULL is "<null>"
 
 class Statement {
  public:
-  explicit Statement(const wbtest::Connection& connection);
+  explicit Statement(const Connection& connection);
   ~Statement();
   Statement(const Statement&) = delete;
   Statement& operator=(const Statement&) = delete;
@@ -33,16 +32,12 @@ class Statement {
 };
 
 // Rows of one query; a failure is its SQLSTATE as the only cell.
-std::vector<Row> Query(const wbtest::Connection& connection, const std::string& sql);
-// What the driver makes of a text.
-std::string NativeSql(const wbtest::Connection& connection, const std::string& sql);
-// One of the driver's private numbers.
-unsigned Number(const wbtest::Connection& connection, int info);
+std::vector<Row> Query(const Connection& connection, const std::string& sql);
 
 // An argument of a catalog function; null for a null pointer.
-std::vector<Row> Tables(const wbtest::Connection& connection, const char* catalog,
-                        const char* owner, const char* table, const char* types);
-std::vector<Row> Columns(const wbtest::Connection& connection, const char* owner, const char* table,
+std::vector<Row> Tables(const Connection& connection, const char* catalog, const char* owner,
+                        const char* table, const char* types);
+std::vector<Row> Columns(const Connection& connection, const char* owner, const char* table,
                          const char* column);
 
-}  // namespace simtest
+}  // namespace wbtest

@@ -1,7 +1,7 @@
-// See client.h.
-#include "tests/simulator/client.h"
+// Statements on a connection of a test.
+#include "tests/support/statement.h"
 
-namespace simtest {
+namespace wbtest {
 namespace {
 
 SQLCHAR* Bytes(const char* text) { return reinterpret_cast<SQLCHAR*>(const_cast<char*>(text)); }
@@ -14,7 +14,7 @@ std::vector<Row> RowsOr(Statement& statement, SQLRETURN result) {
 
 }  // namespace
 
-Statement::Statement(const wbtest::Connection& connection) {
+Statement::Statement(const Connection& connection) {
   SQLAllocHandle(SQL_HANDLE_STMT, connection.hdbc(), &handle_);
 }
 
@@ -32,7 +32,7 @@ std::vector<Row> Statement::Rows() {
   SQLSMALLINT columns = 0;
   SQLNumResultCols(handle_, &columns);
   std::vector<Row> rows;
-  while (SQL_SUCCEEDED(SQLFetch(handle_))) {
+  while (columns > 0 && SQL_SUCCEEDED(SQLFetch(handle_))) {
     Row& row = rows.emplace_back();
     for (SQLUSMALLINT column = 1; column <= columns; ++column) {
       char cell[4096] = {};
@@ -50,35 +50,20 @@ std::string Statement::State() {
   return reinterpret_cast<char*>(state);
 }
 
-std::vector<Row> Query(const wbtest::Connection& connection, const std::string& sql) {
+std::vector<Row> Query(const Connection& connection, const std::string& sql) {
   Statement statement(connection);
   return RowsOr(statement, statement.Execute(sql));
 }
 
-std::string NativeSql(const wbtest::Connection& connection, const std::string& sql) {
-  std::string native(4096, '\0');
-  SQLINTEGER length = 0;
-  SQLNativeSql(connection.hdbc(), Bytes(sql.c_str()), SQL_NTS,
-               reinterpret_cast<SQLCHAR*>(native.data()), static_cast<SQLINTEGER>(native.size()),
-               &length);
-  return native.c_str();
-}
-
-unsigned Number(const wbtest::Connection& connection, int info) {
-  SQLUINTEGER number = 0;
-  SQLGetInfo(connection.hdbc(), static_cast<SQLUSMALLINT>(info), &number, sizeof number, nullptr);
-  return number;
-}
-
-std::vector<Row> Tables(const wbtest::Connection& connection, const char* catalog,
-                        const char* owner, const char* table, const char* types) {
+std::vector<Row> Tables(const Connection& connection, const char* catalog, const char* owner,
+                        const char* table, const char* types) {
   Statement statement(connection);
   return RowsOr(statement, SQLTables(statement.get(), Bytes(catalog), LengthOf(catalog),
                                      Bytes(owner), LengthOf(owner), Bytes(table), LengthOf(table),
                                      Bytes(types), LengthOf(types)));
 }
 
-std::vector<Row> Columns(const wbtest::Connection& connection, const char* owner, const char* table,
+std::vector<Row> Columns(const Connection& connection, const char* owner, const char* table,
                          const char* column) {
   Statement statement(connection);
   return RowsOr(statement,
@@ -86,4 +71,4 @@ std::vector<Row> Columns(const wbtest::Connection& connection, const char* owner
                            LengthOf(table), Bytes(column), LengthOf(column)));
 }
 
-}  // namespace simtest
+}  // namespace wbtest
