@@ -1,27 +1,35 @@
 // Makes the schema that the real servers are asked for.
 #include "tests/real/schema.h"
 
-#include <cstdio>
+#include <iterator>
 
 namespace real {
 namespace {
 
 constexpr int kTables = 300;
 
+constexpr const char* kCommonTypes[] = {
+    "SMALLINT", "INTEGER", "BIGINT",      "NUMERIC(12,3)", "REAL", "DOUBLE PRECISION",
+    "BOOLEAN",  "CHAR(3)", "VARCHAR(40)", "TEXT",          "DATE", "TIME"};
+
 class Maker {
  public:
-  explicit Maker(const Dialect& dialect) : dialect_(dialect) {}
+  explicit Maker(const Dialect& dialect) : dialect_(dialect), types_(dialect.types) {
+    types_.insert(types_.end(), std::begin(kCommonTypes), std::end(kCommonTypes));
+  }
   std::vector<std::string> Make();
 
  private:
+  std::string Quoted(const std::string& name) const {
+    std::string text(1, dialect_.quote);
+    for (const char c : name) text += c == dialect_.quote ? std::string(2, c) : std::string(1, c);
+    return text + dialect_.quote;
+  }
   std::string Name(const std::string& owner, const std::string& name) const {
-    return owner.empty() ? Quoted(dialect_, name)
-                         : Quoted(dialect_, owner) + "." + Quoted(dialect_, name);
+    return owner.empty() ? Quoted(name) : Quoted(owner) + "." + Quoted(name);
   }
   static std::string Numbered(char kind, int number) {
-    char name[16];
-    std::snprintf(name, sizeof name, "%c%03d", kind, number);
-    return name;
+    return kind + std::to_string(1000 + number).substr(1);
   }
   static bool HasPairKey(int table) { return table % 5 == 4; }
 
@@ -34,10 +42,11 @@ class Maker {
                          const std::string& table, const std::string& key);
 
   const Dialect& dialect_;
+  std::vector<std::string> types_;
   std::vector<std::string> statements_;
   std::vector<std::string> later_;  // foreign keys, once all tables are there
   int constraint_ = 0;
-  int type_ = 0;
+  std::size_t type_ = 0;
 };
 
 void Maker::Table(const std::string& owner, const std::string& name, const std::string& columns,
@@ -65,8 +74,7 @@ void Maker::NumberedTable(const std::string& owner, int number, int count) {
   std::string columns =
       HasPairKey(number) ? "k1 INTEGER NOT NULL, k2 VARCHAR(20) NOT NULL" : "id INTEGER NOT NULL";
   for (int i = 0; i < 5; ++i, ++type_) {
-    columns += ", c" + std::to_string(i) + " " +
-               dialect_.types[static_cast<std::size_t>(type_) % dialect_.types.size()] +
+    columns += ", c" + std::to_string(i) + " " + types_[type_ % types_.size()] +
                ((number + i) % 2 == 1 ? " NOT NULL" : "");
   }
   std::vector<std::string> keys;
@@ -97,14 +105,13 @@ void Maker::NumberedTable(const std::string& owner, int number, int count) {
 }
 
 void Maker::OddTables(const std::string& owner) {
-  const auto quoted = [this](const std::string& name) { return Quoted(dialect_, name); };
   Table(owner, "odd \"name\" it's",
-        quoted("a \"b\"") + " INTEGER, " + quoted("c d") + " INTEGER NOT NULL, " +
-            quoted("select") + " INTEGER, " + quoted("gr\u00f6\u00dfe") +
-            " INTEGER NOT NULL, PRIMARY KEY (" + quoted("gr\u00f6\u00dfe") + ")");
+        Quoted("a \"b\"") + " INTEGER, " + Quoted("c d") + " INTEGER NOT NULL, " +
+            Quoted("select") + " INTEGER, " + Quoted("gr\u00f6\u00dfe") +
+            " INTEGER NOT NULL, PRIMARY KEY (" + Quoted("gr\u00f6\u00dfe") + ")");
   Table(owner, "Stra\u00dfe \u65e5\u672c",
-        quoted("\u00e4") + " INTEGER, " + quoted("l\u00e4nge") + " INTEGER NOT NULL",
-        {ForeignKey(quoted("\u00e4"), owner, "odd \"name\" it's", quoted("gr\u00f6\u00dfe"))});
+        Quoted("\u00e4") + " INTEGER, " + Quoted("l\u00e4nge") + " INTEGER NOT NULL",
+        {ForeignKey(Quoted("\u00e4"), owner, "odd \"name\" it's", Quoted("gr\u00f6\u00dfe"))});
   Table(owner, kNameOf63,
         std::string(kNameOf63) + " INTEGER NOT NULL, PRIMARY KEY (" + kNameOf63 + ")");
   Table(owner, "reversed", "a INTEGER NOT NULL, b INTEGER, c INTEGER NOT NULL, PRIMARY KEY (c, a)");
@@ -129,12 +136,6 @@ std::vector<std::string> Maker::Make() {
 }
 
 }  // namespace
-
-std::string Quoted(const Dialect& dialect, const std::string& name) {
-  std::string text(1, dialect.quote);
-  for (const char c : name) text += c == dialect.quote ? std::string(2, c) : std::string(1, c);
-  return text + dialect.quote;
-}
 
 std::vector<std::string> MakeSchema(const Dialect& dialect) { return Maker(dialect).Make(); }
 

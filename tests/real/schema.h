@@ -11,11 +11,10 @@ namespace real {
 struct Dialect {
   char quote;                       // around names; doubled inside
   std::vector<std::string> owners;  // the 300 tables are spread over them; {""}: no owners
-  std::vector<std::string> types;   // all common column types
+  std::vector<std::string> types;   // column types beside those that every server has
   bool inline_foreign_keys;         // in CREATE TABLE, for servers that cannot add them later
 };
 
-std::string Quoted(const Dialect& dialect, const std::string& name);
 // Statements to run in order. The odd tables are in the first owner.
 std::vector<std::string> MakeSchema(const Dialect& dialect);
 

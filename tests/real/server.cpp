@@ -1,27 +1,22 @@
-// A connection to a real server.
+// What a real server itself says that it holds, and what an import finds there.
 #include "tests/real/server.h"
 
-#include <gtest/gtest.h>
 #include <odbcinst.h>
-#include <sql.h>
-#include <sqlext.h>
-#include <utf8.h>
 
 #include <clocale>
+
+#include "importer/odbc_workbook_import.h"
 
 namespace real {
 namespace {
 
-SQLWCHAR* Buffer(std::u16string& text) { return reinterpret_cast<SQLWCHAR*>(text.data()); }
+// The driver manager converts names by it.
+[[maybe_unused]] const char* const kLocale = std::setlocale(LC_ALL, "C.UTF-8");
 
-std::string DiagnosticOf(SQLHDBC hdbc, SQLHSTMT hstmt) {
-  std::u16string state(6, u'\0');
-  std::u16string message(1024, u'\0');
-  SQLINTEGER native_error = 0;
-  SQLSMALLINT length = 0;
-  SQLErrorW(nullptr, hdbc, hstmt, Buffer(state), &native_error, Buffer(message), 1023, &length);
-  return utf8::utf16to8(message.substr(0, message.find(u'\0')));
-}
+const std::function<void(int)>* listener = nullptr;  // the callback has no context
+int events = 0;
+
+void Listen(enumImpNotify /*notify*/, void* /*record*/) { (*listener)(events++); }
 
 }  // namespace
 
@@ -31,51 +26,23 @@ bool IsDriverInstalled(const std::string& driver) {
                                     "odbcinst.ini") > 0;
 }
 
-Server::Server(const std::string& connection_string) {
-  std::setlocale(LC_ALL, "C.UTF-8");  // the driver manager converts names by it
-  SQLAllocEnv(&henv_);
-  SQLAllocConnect(henv_, &hdbc_);
-  std::u16string text = utf8::utf8to16(connection_string);
-  connected_ = SQL_SUCCEEDED(SQLDriverConnectW(hdbc_, nullptr, Buffer(text), SQL_NTS, nullptr, 0,
-                                               nullptr, SQL_DRIVER_NOPROMPT));
-  if (!connected_) {
-    ADD_FAILURE() << connection_string << ": " << DiagnosticOf(hdbc_, SQL_NULL_HSTMT);
-  }
+wbtest::Facts Ask(const wbtest::Connection& server, const SchemaQueries& queries) {
+  return wbtest::FactsOf({server.Execute(queries.tables), server.Execute(queries.columns),
+                          server.Execute(queries.keys), server.Execute(queries.pairs)});
 }
 
-Server::~Server() {
-  SQLDisconnect(hdbc_);
-  SQLFreeConnect(hdbc_);
-  SQLFreeEnv(henv_);
-}
-
-std::vector<std::vector<std::string>> Server::Query(const std::string& sql) {
-  std::vector<std::vector<std::string>> rows;
-  SQLHSTMT hstmt = nullptr;
-  SQLAllocStmt(hdbc_, &hstmt);
-  std::u16string text = utf8::utf8to16(sql);
-  const SQLRETURN result = SQLExecDirectW(hstmt, Buffer(text), SQL_NTS);
-  if (!SQL_SUCCEEDED(result) && result != SQL_NO_DATA) {
-    ADD_FAILURE() << sql << ": " << DiagnosticOf(hdbc_, hstmt);
-  }
-  SQLSMALLINT columns = 0;
-  SQLNumResultCols(hstmt, &columns);
-  while (columns > 0 && SQL_SUCCEEDED(SQLFetch(hstmt))) {
-    std::vector<std::string>& row = rows.emplace_back();
-    for (SQLSMALLINT i = 1; i <= columns; ++i) {
-      std::u16string cell(512, u'\0');
-      SQLLEN indicator = 0;
-      SQLGetData(hstmt, static_cast<SQLUSMALLINT>(i), SQL_C_WCHAR, cell.data(), 1024, &indicator);
-      if (indicator == SQL_NULL_DATA) cell.clear();
-      row.push_back(utf8::utf16to8(cell.substr(0, cell.find(u'\0'))));
-    }
-  }
-  SQLFreeStmt(hstmt, SQL_DROP);
-  return rows;
-}
-
-void Server::Run(const std::vector<std::string>& statements) {
-  for (const std::string& statement : statements) Query(statement);
+Import::Import(const wbtest::Connection& server, const std::u16string& catalog,
+               const std::function<void(int)>& on_event, std::uint32_t items) {
+  listener = &on_event;
+  events = 0;
+  LcODBCWorkbookImport importer(on_event ? &Listen : nullptr, &workbook);
+  importer.SyncLogin(server.henv(), server.hdbc());
+  importer.choices.item_mask = items;
+  importer.choices.keys = true;
+  importer.choices.foreign_keys = true;
+  importer.choices.catalog = catalog;
+  result = importer.ImportItems(status);
+  importer.UnSyncLogin();
 }
 
 }  // namespace real

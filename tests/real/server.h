@@ -1,35 +1,38 @@
-// A connection to a real server, for making a schema and for asking the server itself what it
-// holds.
+// What a real server itself says that it holds, and what an import finds there.
 #pragma once
 
+#include <cstdint>
+#include <functional>
 #include <string>
-#include <vector>
+
+#include "importer/workbook/enums.h"
+#include "tests/support/connection.h"
+#include "tests/support/facts.h"
 
 namespace real {
 
 // Whether the driver manager knows a driver of that name.
 bool IsDriverInstalled(const std::string& driver);
 
-// Texts are UTF-8.
-class Server {
- public:
-  explicit Server(const std::string& connection_string);
-  ~Server();
-  Server(const Server&) = delete;
-  Server& operator=(const Server&) = delete;
+// What asks a server for its schema, in the columns of wbtest::SchemaRows.
+struct SchemaQueries {
+  const char* tables;
+  const char* columns;
+  const char* keys;
+  const char* pairs;
+};
 
-  bool IsConnected() const { return connected_; }
-  void* henv() const { return henv_; }
-  void* hdbc() const { return hdbc_; }
+wbtest::Facts Ask(const wbtest::Connection& server, const SchemaQueries& queries);
 
-  // Fails the test when the server refuses. Rows of texts, NULL as an empty one.
-  std::vector<std::vector<std::string>> Query(const std::string& sql);
-  void Run(const std::vector<std::string>& statements);
+// One import, as a host does it.
+struct Import {
+  // `on_event` is called with the number of each notification, from 0.
+  Import(const wbtest::Connection& server, const std::u16string& catalog,
+         const std::function<void(int)>& on_event = {}, std::uint32_t items = ibTables | ibViews);
 
- private:
-  void* henv_ = nullptr;
-  void* hdbc_ = nullptr;
-  bool connected_ = false;
+  LcWorkbook workbook;
+  bool result = false;
+  unsigned short status = 0;
 };
 
 }  // namespace real
