@@ -10,7 +10,7 @@ my $start = time;
 my $translator = SQL::Translator->new(
   parser => 'DBI',
   parser_args => {dsn => $dsn, db_user => $user // '', db_password => ''},
-  producer => sub { return '' },
+  producer => sub { return 'none' },  # only its reading counts
 );
 defined $translator->translate or die 'SQL::Translator: ', substr($translator->error, 0, 200), "\n";
 my @tables = $translator->schema->get_tables;
