@@ -38,5 +38,5 @@ const std::u16string& LcWorkbookColumn::GetExtendedTypeName() const {
 void LcWorkbookColumn::SetColumnId(std::int32_t id) {
   if (column_id_ == id) return;
   column_id_ = id;
-  if (table_ != nullptr) table_->OnColumnIdChanged(indexed_by_id_);
+  if (indexed_by_id_ && table_ != nullptr) table_->OnColumnIdChanged();
 }

@@ -63,8 +63,6 @@ void LcWorkbookTable::AddColumn(LcWorkbookColumn* column) {
   if (column == nullptr) return;
   columns_.emplace_back(column);
   column->SetTable(this);
-  ids_are_places_ =
-      ids_are_places_ && static_cast<std::size_t>(column->column_id_) == columns_.size();
 }
 
 int LcWorkbookTable::GetColumnCount() const { return static_cast<int>(columns_.size()); }
@@ -98,7 +96,6 @@ LcWorkbookColumn* LcWorkbookTable::FindColumn(const std::u16string& name) const 
 }
 
 LcWorkbookColumn* LcWorkbookTable::FindColumnById(int id) const {
-  if (ids_are_places_) return id < 1 ? nullptr : GetColumn(id - 1);
   if (WalksColumns()) {
     for (const auto& column : columns_) {
       if (column->column_id_ == id) return column.get();
@@ -119,9 +116,8 @@ void LcWorkbookTable::OnColumnRenamed() {
   if (column_index_) column_index_->by_name.Clear();
 }
 
-void LcWorkbookTable::OnColumnIdChanged(bool indexed) {
-  ids_are_places_ = false;
-  if (indexed && column_index_) column_index_->by_id.Clear();
+void LcWorkbookTable::OnColumnIdChanged() {
+  if (column_index_) column_index_->by_id.Clear();
 }
 
 void LcWorkbookTable::AddForeignKey(LcWorkbookForeignKey* key) {

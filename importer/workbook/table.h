@@ -205,7 +205,7 @@ class LC_WORKBOOK_EXPORT LcWorkbookTable : public LcObject {
   struct ColumnIndex;
   bool WalksColumns() const;
   void OnColumnRenamed();
-  void OnColumnIdChanged(bool indexed);
+  void OnColumnIdChanged();
 
   std::u16string owner_;
   std::u16string name_;
@@ -218,7 +218,6 @@ class LC_WORKBOOK_EXPORT LcWorkbookTable : public LcObject {
   std::int32_t synonym_id_ = 0;
   enumTableType type_ = ttTable;
   bool indexed_by_id_ = false;
-  bool ids_are_places_ = true;             // every column's id is its place, counted from 1
   mutable std::uint8_t column_walks_ = 0;  // look-ups of columns that were walks
 };
 
