@@ -101,6 +101,19 @@ TEST_P(CatalogueTest, HasTheGivenTextsInOrder) {
   }
 }
 
+TEST_P(CatalogueTest, HasCompleteSignatures) {
+  for (const std::string& row : Rows()) {
+    const std::string signature =
+        row.substr(row.find('\t') + 1, row.rfind('\t') - row.find('\t') - 1);
+    EXPECT_FALSE(signature.empty()) << row;
+    const auto count = [&](char c) { return std::count(signature.begin(), signature.end(), c); };
+    EXPECT_EQ(count('('), count(')')) << row;
+    EXPECT_EQ(count('['), count(']')) << row;
+    EXPECT_EQ(count('\'') % 2, 0) << row;
+    EXPECT_EQ(count('$'), 0) << row;
+  }
+}
+
 TEST_P(CatalogueTest, ReportsTheAnnouncedCountAndEveryRow) {
   const std::vector<Notification>& seen = Notifications();
   ASSERT_EQ(seen.size(), facts_.rows + 2);

@@ -1,5 +1,6 @@
 // Every format of one workbook that holds every kind of object, against a file of golden/. With
-// WB_RENEW_GOLDEN=1 in the environment the files are written anew: review them as a change.
+// WB_RENEW_GOLDEN=1 in the environment the files are written anew, but for the json file, which the
+// workbook is read from: review them as a change.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -39,7 +40,7 @@ TEST_P(GoldenTest, IsWhatTheWriterWrites) {
   const Golden& golden = GetParam();
   LcWorkbook workbook;
   LcWorkbookFileInfo info;
-  BuildEveryKind(workbook, info);
+  ReadEveryKind(workbook, info);
   info.incomplete = golden.incomplete;
   info.status = golden.incomplete ? 9 : 0;
   const Format* format = FindFormat(golden.format);
@@ -49,7 +50,9 @@ TEST_P(GoldenTest, IsWhatTheWriterWrites) {
   ASSERT_TRUE(format->write({workbook, info}, golden.options, out, notes));
   EXPECT_TRUE(notes.empty());
   const auto path = std::filesystem::path(WB_SOURCE_DIR) / "tests/export/golden" / golden.file;
-  if (std::getenv("WB_RENEW_GOLDEN") != nullptr) std::ofstream(path, std::ios::binary) << out.str();
+  const bool is_source = path.extension() == ".json";
+  if (std::getenv("WB_RENEW_GOLDEN") != nullptr && !is_source)
+    std::ofstream(path, std::ios::binary) << out.str();
   EXPECT_EQ(out.str(), ReadFile(path));
 }
 

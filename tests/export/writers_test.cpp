@@ -94,7 +94,7 @@ TEST(Sql, LoadsWithReferencesToLaterTablesAndNamesThatNeedQuotes) {
 TEST(Svg, DrawsEveryTableAndRelationship) {
   LcWorkbook workbook;
   LcWorkbookFileInfo info;
-  BuildEveryKind(workbook, info);
+  ReadEveryKind(workbook, info);
   std::vector<std::string> notes;
   const std::string svg = Write("svg", workbook, {}, &notes);
   EXPECT_THAT(notes, IsEmpty());
@@ -176,7 +176,7 @@ TEST(Mermaid, GivesNamesThatLookAlikeIdentifiersOfTheirOwn) {
 TEST(EveryFormat, IsLabelledWhenTheImportWasCutShort) {
   LcWorkbook workbook;
   LcWorkbookFileInfo info;
-  BuildEveryKind(workbook, info);
+  ReadEveryKind(workbook, info);
   info.status = 9;
   for (const Format& format : AllFormats()) {
     info.incomplete = false;

@@ -30,6 +30,11 @@ struct RouteDecision : testing::Test {
       std::exchange(platform::GetServices().settings, std::make_shared<Setting>(u"Other", 1));
 };
 
+struct Importer : LcODBCWorkbookImport {
+  using LcODBCWorkbookImport::IsIUS;
+  using LcODBCWorkbookImport::LcODBCWorkbookImport;
+};
+
 TEST_F(RouteDecision, FollowsTheServersOwnName) {
   const struct {
     const char* server;
@@ -50,11 +55,12 @@ TEST_F(RouteDecision, FollowsTheServersOwnName) {
   };
   for (const auto& test : cases) {
     const auto connection = Connection::OpenSimulator(test.server);
-    LcODBCWorkbookImport importer(nullptr, nullptr);
+    Importer importer(nullptr, nullptr);
     importer.SyncLogin(connection->henv(), connection->hdbc());
     EXPECT_EQ(importer.DecideRoute().route, test.route) << test.server;
     EXPECT_EQ(importer.GetDBMSType(), test.type) << test.server;
     EXPECT_EQ(importer.GetDBMSVersion(), test.version) << test.server;
+    EXPECT_EQ(importer.IsIUS(), test.type == dbmsInformix && test.version >= 9) << test.server;
   }
 }
 

@@ -7,7 +7,7 @@
 
 #include "tests/support/bare_import.h"
 
-void BuildEveryKind(LcWorkbook& workbook, LcWorkbookFileInfo& info) {
+void ReadEveryKind(LcWorkbook& workbook, LcWorkbookFileInfo& info) {
   std::ifstream in(WB_SOURCE_DIR "/tests/export/golden/every_kind.json", std::ios::binary);
   const std::string text{std::istreambuf_iterator<char>(in), {}};
   std::string why;

@@ -8,7 +8,7 @@
 // Two owners; tables with one- and two-column keys, a self-reference, a one-to-one reference and a
 // reference to a table that comes later; a view, synonyms, a table without columns; names that
 // every format has to escape; built-in, distinct, row and collection types; routines.
-void BuildEveryKind(LcWorkbook& workbook, LcWorkbookFileInfo& info);
+void ReadEveryKind(LcWorkbook& workbook, LcWorkbookFileInfo& info);
 
 // Adds a table, a column, or both keys of a relationship, for tests that build their own.
 LcWorkbookTable* AddTable(LcWorkbook& workbook, const std::u16string& owner,

@@ -21,7 +21,7 @@ std::string Write(const LcWorkbook& workbook, const LcWorkbookFileInfo& info) {
 TEST(WorkbookFile, KeepsEverything) {
   LcWorkbook workbook;
   LcWorkbookFileInfo info;
-  BuildEveryKind(workbook, info);
+  ReadEveryKind(workbook, info);
   info.incomplete = true;
   info.status = 9;
   const std::string text = Write(workbook, info);
