@@ -73,7 +73,7 @@ std::size_t Plain(const bench::Connection& connection, const Arguments& argument
 
 // Allocations of the record lists that hold the results of `texts`, for each of their cells; what
 // the driver allocates for the same calls is taken off.
-double AllocationsACell(const bench::Connection& connection, LcODBCWorkbookImport& importer,
+double AllocationsACell(const bench::Connection& connection, LeDBMSType type,
                         const std::vector<std::u16string>& texts) {
   std::uint64_t start = bench::Allocations();
   bench::PlainQueryLoop(connection.hdbc, texts);
@@ -83,8 +83,7 @@ double AllocationsACell(const bench::Connection& connection, LcODBCWorkbookImpor
   for (const std::u16string& text : texts) {
     LcODBCRecordList rows;
     start = bench::Allocations();
-    const LcODBCFetch fetch(text.c_str(), rows, connection.henv, connection.hdbc,
-                            importer.GetDBMSType());
+    const LcODBCFetch fetch(text.c_str(), rows, connection.henv, connection.hdbc, type);
     made += static_cast<double>(bench::Allocations() - start);
     cells += static_cast<double>(rows.GetRowCount()) * rows.GetColumnCount();
   }
@@ -112,7 +111,7 @@ std::string Measure(const Arguments& arguments) {
     } else {
       bench::WarmCatalog(connection.hdbc, arguments.catalog);
     }
-    const double a_cell = own ? AllocationsACell(connection, probe, texts) : 0;
+    const double a_cell = own ? AllocationsACell(connection, probe.GetDBMSType(), texts) : 0;
     malloc_trim(0);
     bench::ResetPeak();
     const std::size_t before = bench::ResidentBytes();

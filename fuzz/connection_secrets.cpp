@@ -1,5 +1,6 @@
 // What the program does with connection strings that hold secrets: taken out, none is left; what it
 // writes itself, it reads back.
+#include <cstdint>
 #include <cstdlib>
 #include <string>
 #include <string_view>

@@ -1,4 +1,5 @@
 // The reader of request files: any bytes are read, or refused with one line that names the file.
+#include <cstdint>
 #include <cstdlib>
 #include <string>
 #include <string_view>
