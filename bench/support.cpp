@@ -61,9 +61,10 @@ double Seconds(const std::function<void()>& work) {
   return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
 }
 
-double Median(std::vector<double> values) {
+double Quantile(std::vector<double> values, double share) {
   std::sort(values.begin(), values.end());
-  return values[values.size() / 2];
+  const auto at = static_cast<std::size_t>(share * static_cast<double>(values.size()));
+  return values[std::min(at, values.size() - 1)];
 }
 
 std::size_t ResidentBytes() { return StatusBytes("VmRSS:"); }

@@ -12,7 +12,9 @@ namespace bench {
 
 // Seconds that one call takes, on the monotonic clock.
 double Seconds(const std::function<void()>& work);
-double Median(std::vector<double> values);  // of a non-empty list
+// The value that `share` (0 to 1) of a non-empty list lies below.
+double Quantile(std::vector<double> values, double share);
+inline double Median(const std::vector<double>& values) { return Quantile(values, 0.5); }
 
 // Memory of this process in bytes, from /proc/self/status: now, and at its highest since the last
 // ResetPeak (or the start, where the kernel does not let the mark be reset).
