@@ -5,8 +5,8 @@
 
 namespace odbcimport {
 
-// Each reads the catalog in its own way and fills the workbook. Returns the result of the last phase
-// that has one; `status` as in LcODBCWorkbookImport::ImportItems. No exception leaves a route.
+// Each reads the catalog in its own way and fills the workbook. Returns the result of the last
+// phase that has one; `status` as in LcODBCWorkbookImport::ImportItems. Lets no exception out.
 bool ImportODBCItems(ImportSession& session, unsigned short& status);
 bool ImportInformixItems(ImportSession& session, unsigned short& status);
 bool ImportNativeItems(ImportSession& session, unsigned short& status);

@@ -23,7 +23,7 @@ bool BuildProcedures(const LcImportChoices& choices, std::u16string& sql, LeDBMS
   return BuildProcedureQuery(choices, sql, dbms_type);
 }
 
-void Expect(Builder build, LeDBMSType dbms_type, bool is_ius, std::string query,
+void Expect(Builder build, LeDBMSType dbms_type, bool is_ius, const std::string& query,
             const std::vector<Clause>& clauses) {
   for (const Clause& clause : clauses) {
     LcImportChoices choices;

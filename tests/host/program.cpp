@@ -33,6 +33,7 @@ struct Pipe {
   std::vector<std::string> words = {WB_BUILD_DIR "/host/wbimport"};
   words.insert(words.end(), call.arguments.begin(), call.arguments.end());
   std::vector<char*> argv;
+  argv.reserve(words.size() + 1);
   for (std::string& word : words) argv.push_back(word.data());
   argv.push_back(nullptr);
   execv(argv[0], argv.data());

@@ -10,7 +10,6 @@
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 LcWorkbookDatatype* AddType(LcWorkbookDatatypeList& list, const std::u16string& name, int code) {
   auto* type = new LcWorkbookDatatype();

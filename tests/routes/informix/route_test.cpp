@@ -194,14 +194,15 @@ TEST(InformixRoute, TakesOddCatalogRowsAsTheyCome) {
       "informix",
       {table +
            "(200,'','','T'), (201,'odd','Odd','T'), (202,'odd','odd','T'), (203,' odd',' v ','v')",
-       "insert into informix.syscolumns (tabid,colno,colname,coltype,collength,extended_id) values "
-       "(200,1,'nameless',2,4,0), (201,1,'a','none','x','y'), (201,2,'',-3,-8,-1), "
-       "(202,1,'b',99,7,0), (202,2,'c',256,99999999999,0), (203,1,' d ',2,4,0)",
+       ("insert into informix.syscolumns (tabid,colno,colname,coltype,collength,extended_id) "
+        "values "
+        "(200,1,'nameless',2,4,0), (201,1,'a','none','x','y'), (201,2,'',-3,-8,-1), "
+        "(202,1,'b',99,7,0), (202,2,'c',256,99999999999,0), (203,1,' d ',2,4,0)"),
        // Keys of columns that are not there, and of a table that is not.
-       "insert into informix.sysconstraints (constrid,tabid,constrtype,idxname) values "
-       "(900,201,'P','odd1'), (901,100,'P','odd2'), (902,999,'R','odd3')",
-       "insert into informix.sysindices (idxname,tabid,indexkeys) values "
-       "('odd1',201,'9 [1], 2 [1], x [1], -1 [1'), ('odd2',100,''), ('odd3',999,'1 [1]')",
+       ("insert into informix.sysconstraints (constrid,tabid,constrtype,idxname) values "
+        "(900,201,'P','odd1'), (901,100,'P','odd2'), (902,999,'R','odd3')"),
+       ("insert into informix.sysindices (idxname,tabid,indexkeys) values "
+        "('odd1',201,'9 [1], 2 [1], x [1], -1 [1'), ('odd2',100,''), ('odd3',999,'1 [1]')"),
        "insert into informix.sysreferences (constrid,\"primary\",ptabid) values (902,1,100)"});
   for (const char16_t* owner : {u"odd", u" odd", u""}) {
     import.base.choices.selected_owners.Append(std::make_unique<LcOwnerInfo>())->name = owner;
