@@ -23,7 +23,7 @@ std::vector<std::string> Split(const std::string& text, char separator) {
 std::string CutBehind(std::string& text, char separator) {
   const auto at = text.find(separator);
   if (at == std::string::npos) return "";
-  const std::string rest = text.substr(at + 1);
+  std::string rest = text.substr(at + 1);
   text.resize(at);
   return rest;
 }
@@ -71,7 +71,7 @@ QueryCase::QueryCase(const std::string& head) {
   }
 }
 
-QueryBuilder OneText(std::function<bool(const QueryCase&, std::u16string&)> builder,
+QueryBuilder OneText(const std::function<bool(const QueryCase&, std::u16string&)>& builder,
                      const std::u16string& before) {
   return [=](const QueryCase& wanted, QueryTexts& texts) {
     std::u16string text = before;

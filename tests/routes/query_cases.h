@@ -30,7 +30,7 @@ std::unique_ptr<LcTableInfo> MakeEntry(std::string text, enumTableType type);
 // Returns what the builder returns.
 using QueryBuilder = std::function<bool(const QueryCase&, QueryTexts&)>;
 // A builder of one text, which is `before` at first; one that leaves it alone has made none.
-QueryBuilder OneText(std::function<bool(const QueryCase&, std::u16string&)> builder,
+QueryBuilder OneText(const std::function<bool(const QueryCase&, std::u16string&)>& builder,
                      const std::u16string& before = u"as it was");
 
 // `file` lies in tests/routes. "false" stands before the texts of a builder that returned false.

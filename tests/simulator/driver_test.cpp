@@ -35,10 +35,12 @@ TEST(Driver, DescribesColumnsAsTheServerDeclaresThem) {
     const auto connection = Connection::OpenSimulator(server, kTypes);
     Statement statement(*connection);
     statement.Execute("select a, b, c, d, e, f, a || b from t");
-    for (SQLUSMALLINT i = 0; i < types.size(); ++i) {
+    for (std::size_t i = 0; i < types.size(); ++i) {
       SQLSMALLINT type = 0;
-      SQLDescribeCol(statement.get(), i + 1, nullptr, 0, nullptr, &type, nullptr, nullptr, nullptr);
-      EXPECT_EQ(type, types[i]) << server << " column " << i + 1;
+      const auto column = static_cast<SQLUSMALLINT>(i + 1);
+      SQLDescribeCol(statement.get(), column, nullptr, 0, nullptr, &type, nullptr, nullptr,
+                     nullptr);
+      EXPECT_EQ(type, types[i]) << server << " column " << column;
     }
   }
 }
@@ -49,7 +51,7 @@ TEST(Driver, FillsRowsetsAtTheServersDistance) {
     Statement statement(*connection);
     SQLSetStmtOption(statement.get(), SQL_ROWSET_SIZE, 4);
     ASSERT_EQ(statement.Execute("select a, b, e from t order by e desc"), SQL_SUCCESS);
-    std::vector<char> texts(4 * 2048, '#');
+    std::vector<char> texts(std::size_t{4} * 2048, '#');
     SQLLEN lengths[4] = {99, 99, 99, 99};
     SQLSMALLINT numbers[4] = {};
     SQLBindCol(statement.get(), 1, SQL_C_CHAR, texts.data(), 64, lengths);
