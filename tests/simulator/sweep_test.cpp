@@ -51,7 +51,7 @@ class Sweep : public testing::TestWithParam<std::tuple<const char*, bool>> {
   const unsigned step_ = std::getenv("WB_LONG") != nullptr ? 1 : 10;
   const std::unique_ptr<Connection> connection_ = Connection::OpenSimulator(server_);
   const simtest::RouteSetting setting_{generic_};
-  const wbtest::MessageRecorder messages_;
+  const wbtest::MessageRecorder messages_{};
 
   std::size_t most_read_ = step_ > 1 ? 5 : SIZE_MAX;
 
