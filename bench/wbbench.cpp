@@ -138,11 +138,12 @@ std::string Measure(const Arguments& arguments) {
   // From here on the process keeps the memory it has: no block of its own for large arrays, nothing
   // given back. Otherwise large schemas would be measured with fresh pages for each import, which
   // a virtual machine supplies at a cost of its own, and small ones without.
+  mallopt(M_MMAP_MAX, 0);
   mallopt(M_TRIM_THRESHOLD, -1);
-  // The small pieces that the last workbook left are joined before an import, not in it: the
-  // allocator puts that off until a larger piece is freed, so that each import would pay for the
-  // one before. Any mallopt joins them.
-  const auto join_free_memory = [] { mallopt(M_MMAP_MAX, 0); };
+  // The small pieces that a workbook leaves are joined between the turns, not in one: the allocator
+  // puts that off until a larger piece is freed, so that each turn would pay for the import before
+  // it. Any mallopt joins them.
+  const auto join_free_memory = [] { mallopt(M_TRIM_THRESHOLD, -1); };
 
   std::vector<double> imports;
   std::vector<double> plain_loops;
@@ -151,6 +152,7 @@ std::string Measure(const Arguments& arguments) {
   std::size_t rows = 0;
   ImportResult counts;
   const auto measure_plain = [&] {
+    join_free_memory();
     return bench::Seconds([&] { rows = Plain(connection, arguments, texts); });
   };
   const auto measure_import = [&] {
