@@ -32,6 +32,7 @@ set(WB_PUBLIC_HEADERS
   catalogues/type_lists.h
   importer/odbc_workbook_import.h
   importer/workbook/datatype.h
+  importer/workbook/details.h
   importer/workbook/enums.h
   importer/workbook/export.h
   importer/workbook/functions.h
@@ -39,6 +40,7 @@ set(WB_PUBLIC_HEADERS
   importer/workbook/info.h
   importer/workbook/object.h
   importer/workbook/table.h
+  importer/workbook/text.h
   importer/workbook/workbook.h
   importer/workbook/workbook_file.h
   odbc/fetch.h

@@ -40,3 +40,8 @@ void LcWorkbookColumn::SetColumnId(std::int32_t id) {
   column_id_ = id;
   if (indexed_by_id_ && table_ != nullptr) table_->OnColumnIdChanged();
 }
+
+LcColumnDetails& LcWorkbookColumn::ChangeDetails() {
+  if (details_ == nullptr) details_ = std::make_unique<LcColumnDetails>();
+  return *details_;
+}

@@ -70,6 +70,8 @@ const std::u16string& LcWorkbookDatatype::GetOtherTypeName() const {
 
 void LcWorkbookDatatype::SetOwner(const std::u16string& owner) { Set(&State::owner, owner); }
 const std::u16string& LcWorkbookDatatype::GetOwner() const { return state_->owner; }
+void LcWorkbookDatatype::SetDatabaseType(const LcText& type) { Set(&State::database_type, type); }
+const LcText& LcWorkbookDatatype::GetDatabaseType() const { return state_->database_type; }
 
 void LcWorkbookDatatype::SetPhysicalCode(int code) {
   Set(&State::physical_code, code, LookupBit(kByPhysicalCode) | LookupBit(kByPhysicalCodeAndName));

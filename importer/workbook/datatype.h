@@ -8,6 +8,7 @@
 
 #include "importer/workbook/enums.h"
 #include "importer/workbook/object.h"
+#include "importer/workbook/text.h"
 
 struct LcDatatypeChanges;
 
@@ -32,6 +33,9 @@ class LC_WORKBOOK_EXPORT LcWorkbookDatatype : public LcObject {
   const std::u16string& GetOtherTypeName() const;
   void SetOwner(const std::u16string& owner);
   const std::u16string& GetOwner() const;
+  // The type as the server spells it, sizes included: "numeric(10,2)". Absent: not read.
+  void SetDatabaseType(const LcText& type);
+  const LcText& GetDatabaseType() const;
 
   void SetPhysicalCode(int code);
   int GetPhysicalCode() const;

@@ -38,6 +38,7 @@ struct LcWorkbookDatatype::State {
   std::u16string type_name;
   std::u16string other_type_name;
   std::u16string owner;
+  LcText database_type;
   std::u16string base_owner;
   std::u16string base_extended_type_name;
   std::vector<std::u16string> extended_type_names;

@@ -73,6 +73,15 @@ class JsonField {
     });
   }
 
+  // Calls `read(name, field)` for every member of the object.
+  template <class Read>
+  void ForEachMember(Read read) const {
+    ExpectObject();
+    for (const auto& [name, value] : value_->items()) read(name, JsonField(value, this, name));
+  }
+  // The value as JSON text.
+  std::string Raw() const { return value_->dump(); }
+
   // The member's value; empty, false or 0 when it is left out.
   std::u16string Text(std::string_view key) const {
     std::u16string text;

@@ -29,7 +29,18 @@ class JsonWriter {
     buffer_ += "\": ";
     first_ = true;
   }
+  // A key that is a name from a server.
+  void TextKey(std::u16string_view key) {
+    Text(key);
+    buffer_ += ": ";
+    first_ = true;
+  }
   void Text(std::u16string_view text);
+  // A value that is JSON already.
+  void Raw(std::string_view json) {
+    Separate();
+    buffer_ += json;
+  }
   void Bool(bool value) {
     Separate();
     buffer_ += value ? "true" : "false";

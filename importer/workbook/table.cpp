@@ -138,6 +138,11 @@ std::unique_ptr<LcWorkbookForeignKey> LcWorkbookTable::RemoveForeignKey(LcWorkbo
   return taken;
 }
 
+LcTableDetails& LcWorkbookTable::ChangeDetails() {
+  if (details_ == nullptr) details_ = std::make_unique<LcTableDetails>();
+  return *details_;
+}
+
 void LcWorkbookTable::SetSynonymDetails(const LcSynonymDetails& details) {
   SetSynonymId(details.synonym_id);
   const bool empty = details.base_table_id == 0 && details.server_name.empty() &&

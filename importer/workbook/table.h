@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "importer/workbook/datatype.h"
+#include "importer/workbook/details.h"
 #include "importer/workbook/enums.h"
 #include "importer/workbook/info.h"
 #include "importer/workbook/object.h"
@@ -68,6 +69,10 @@ class LC_WORKBOOK_EXPORT LcWorkbookColumn : public LcObject {
   void SetColumnId(std::int32_t id);
   std::int32_t GetColumnId() const { return column_id_; }
 
+  // What only the exact reading knows; null where there is nothing. The column owns it.
+  const LcColumnDetails* GetDetails() const { return details_.get(); }
+  LcColumnDetails& ChangeDetails();  // makes them where there are none
+
  private:
   friend class LcWorkbookTable;
 
@@ -75,6 +80,7 @@ class LC_WORKBOOK_EXPORT LcWorkbookColumn : public LcObject {
   LcWorkbookTable* table_ = nullptr;
   std::unique_ptr<LcWorkbookDatatype> type_;
   std::unique_ptr<std::u16string> extended_type_name_;  // null for the many without one
+  std::unique_ptr<LcColumnDetails> details_;
   std::int32_t physical_code_ = 0;
   std::int32_t width_ = 0;
   std::uint32_t precision_ = 0;
@@ -148,12 +154,20 @@ class LC_WORKBOOK_EXPORT LcWorkbookForeignKey : public LcObject {
   // The table that holds the key, null before AddForeignKey.
   LcWorkbookTable* GetTable() const { return table_; }
 
+  // What only the exact reading knows; null where there is nothing. Partners share it.
+  const LcForeignKeyDetails* GetDetails() const { return details_.get(); }
+  void SetDetails(std::shared_ptr<const LcForeignKeyDetails> details) {
+    details_ = std::move(details);
+  }
+  const std::shared_ptr<const LcForeignKeyDetails>& ShareDetails() const { return details_; }
+
  private:
   friend class LcWorkbookTable;
   std::unique_ptr<LcWorkbookKeyList> key_;
   std::unique_ptr<LcWorkbookKeyList> foreign_key_;
   LcWorkbookForeignKey* partner_ = nullptr;
   LcWorkbookTable* table_ = nullptr;
+  std::shared_ptr<const LcForeignKeyDetails> details_;
   LeForeignKeyRole role_ = fkForward;
   bool one_to_one_ = false;
 };
@@ -199,6 +213,10 @@ class LC_WORKBOOK_EXPORT LcWorkbookTable : public LcObject {
   void SetSynonymId(std::int32_t id);
   std::int32_t GetSynonymId() const { return synonym_id_; }
 
+  // What only the exact reading knows; null where there is nothing. The table owns it.
+  const LcTableDetails* GetDetails() const { return details_.get(); }
+  LcTableDetails& ChangeDetails();  // makes them where there are none
+
  private:
   friend class LcWorkbookColumn;
   friend class LcWorkbookTableList;
@@ -213,6 +231,7 @@ class LC_WORKBOOK_EXPORT LcWorkbookTable : public LcObject {
   LcWorkbookKeyList primary_key_;
   std::vector<std::unique_ptr<LcWorkbookForeignKey>> foreign_keys_;
   std::unique_ptr<LcSynonymDetails> synonym_;  // null for the many that are no synonym
+  std::unique_ptr<LcTableDetails> details_;
   mutable std::unique_ptr<ColumnIndex> column_index_;
   LcWorkbookTableList* indexing_list_ = nullptr;  // told of a new owner, name or id
   std::int32_t synonym_id_ = 0;

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "importer/workbook/datatype.h"
+#include "importer/workbook/details.h"
 #include "importer/workbook/functions.h"
 #include "importer/workbook/info.h"
 #include "importer/workbook/object.h"
@@ -28,6 +29,8 @@ class LC_WORKBOOK_EXPORT LcWorkbook : public LcObject {
   LcWorkbookFunctionList functions;
   LcWorkbookAggregateList aggregates;
   LcWorkbookProcedureList procedures;
+  // What the lists above have no place for, and what was not read.
+  LcWorkbookDetails details;
 };
 
 // The host's open connection. The handles are borrowed by an importer, never freed by it.

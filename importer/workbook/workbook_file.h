@@ -20,11 +20,17 @@ struct LcWorkbookFileInfo {
   std::u16string dbms_name;  // empty: the driver gave none
   std::int32_t dbms_version = 0;
   LeDBMSType dbms_type = dbmsUnknown;
-  std::u16string route;  // u"odbc", u"informix" or u"native"
+  std::u16string route;  // u"odbc", u"informix", u"native" or u"exact", the one that ran
   bool result = false;
   std::uint16_t status = 0;  // 0, 4 (cancelled) or 9 (stopped)
   std::uint32_t errors_shown = 0;
   bool incomplete = false;  // the import was cut short: stopped, cancelled or disconnected
+  // Optional members, left out of the file where they are empty.
+  std::u16string dialect;      // of the exact reading
+  std::u16string title;        // what people call the database
+  std::u16string imported_at;  // UTC, ISO 8601
+  std::u16string name_case;    // how the server compares names: u"exact" or u"ignored"
+  std::string choices;         // the request that ran: a request file's JSON object, UTF-8
 };
 
 // Writes the file. `out` tells of failures by its state.

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "importer/workbook/json_pieces.h"
-#include "importer/workbook/workbook_file.h"
+#include "importer/workbook/workbook_file_details.h"
 
 namespace {
 
@@ -103,6 +103,7 @@ std::unique_ptr<LcWorkbookColumn> ReadColumn(const JsonField& field) {
   column->SetIntervalMax(ReadInterval(field, "intervalMax"));
   column->SetIntervalMin(ReadInterval(field, "intervalMin"));
   column->SetExtendedTypeName(field.Text("extendedTypeName"));
+  workbookfile::ReadColumnDetails(field, *column);
   return column;
 }
 
@@ -186,6 +187,7 @@ class Reader : public JsonPieces {
     info_.dbms_version = field.Number<std::int32_t>("dbmsVersion");
     info_.dbms_type = ReadCode<LeDBMSType>(field, "dbmsType");
     info_.route = field.Text("route");
+    workbookfile::ReadSource(field, info_);
   }
   void ReadResult(const JsonField& field) { info_.result = field.Flag(); }
   void ReadStatus(const JsonField& field) { info_.status = field.Number<std::uint16_t>(); }
@@ -233,6 +235,7 @@ class Reader : public JsonPieces {
       table->GetPrimaryKey().AddKeyColumn(column);
     });
     field.ForEach("foreignKeys", [&](const JsonField& key) { ReadForeignKey(key, *table); });
+    workbookfile::ReadTableDetails(field, *table);
     workbook_.tables.Append(std::move(table));
   }
 
@@ -251,6 +254,7 @@ class Reader : public JsonPieces {
     });
     ReadKeySide(field, "key", *key, false);
     ReadKeySide(field, "foreignKey", *key, true);
+    workbookfile::ReadForeignKeyDetails(field, *key);
     table.AddForeignKey(key.release());
   }
 
@@ -315,6 +319,25 @@ class Reader : public JsonPieces {
     workbook_.procedures.Append(std::move(procedure));
   }
 
+  void ReadSchema(const JsonField& field) {
+    workbook_.details.schemas.push_back(workbookfile::ReadSchema(field));
+  }
+  void ReadType(const JsonField& field) {
+    workbook_.details.types.push_back(workbookfile::ReadType(field));
+  }
+  void ReadSequence(const JsonField& field) {
+    workbook_.details.sequences.push_back(workbookfile::ReadSequence(field));
+  }
+  void ReadRoutine(const JsonField& field) {
+    workbook_.details.routines.push_back(workbookfile::ReadRoutine(field));
+  }
+  void ReadNotRead(const JsonField& field) {
+    workbook_.details.not_read.push_back(workbookfile::ReadNotRead(field));
+  }
+  void ReadOptions(const JsonField& field) {
+    workbook_.details.options = workbookfile::ReadOptions(field);
+  }
+
   LcWorkbook& workbook_;
   LcWorkbookFileInfo& info_;
   std::vector<KeyColumn> key_columns_;
@@ -334,6 +357,11 @@ Reader::ReadPiece Reader::FindList(const std::string& key) {
       {"functions", &Reader::ReadGeneralFunction},
       {"aggregates", &Reader::ReadAggregate},
       {"procedures", &Reader::ReadProcedure},
+      {"schemas", &Reader::ReadSchema},
+      {"types", &Reader::ReadType},
+      {"sequences", &Reader::ReadSequence},
+      {"routines", &Reader::ReadRoutine},
+      {"notRead", &Reader::ReadNotRead},
   };
   const auto found = lists.find(key);
   return found == lists.end() ? nullptr : found->second;
@@ -344,7 +372,7 @@ Reader::ReadPiece Reader::FindMember(const std::string& key) {
       {"format", &Reader::ReadFormat},         {"version", &Reader::ReadVersion},
       {"source", &Reader::ReadSource},         {"result", &Reader::ReadResult},
       {"status", &Reader::ReadStatus},         {"errorsShown", &Reader::ReadErrorsShown},
-      {"incomplete", &Reader::ReadIncomplete},
+      {"incomplete", &Reader::ReadIncomplete}, {"options", &Reader::ReadOptions},
   };
   const auto found = members.find(key);
   return found == members.end() ? nullptr : found->second;
@@ -361,6 +389,7 @@ void EmptyWorkbook(LcWorkbook& workbook) {
   workbook.functions.EmptyList();
   workbook.aggregates.EmptyList();
   workbook.procedures.EmptyList();
+  workbook.details = {};
 }
 
 }  // namespace

@@ -4,7 +4,7 @@
 #include <unordered_map>
 
 #include "importer/workbook/json_writer.h"
-#include "importer/workbook/workbook_file.h"
+#include "importer/workbook/workbook_file_details.h"
 
 namespace {
 
@@ -106,6 +106,7 @@ void WriteColumn(JsonWriter& json, const LcWorkbookColumn& column) {
   json.Member("intervalMax", std::int32_t{column.GetIntervalMax()});
   json.Member("intervalMin", std::int32_t{column.GetIntervalMin()});
   json.Member("extendedTypeName", column.GetExtendedTypeName());
+  workbookfile::WriteColumnDetails(json, column);
   json.EndObject();
 }
 
@@ -164,9 +165,11 @@ void WriteTable(JsonWriter& json, const LcWorkbookTable& table, const TablePosit
     WriteKeySide(json, "foreignKey", key->GetForeignKey(), positions);
     json.Member("oneToOne", key->IsOneToOne());
     json.Member("role", key->GetRole() == fkForward ? u"forward" : u"mirror");
+    workbookfile::WriteForeignKeyDetails(json, key->GetDetails());
     json.EndObject();
   }
   json.EndArray();
+  workbookfile::WriteTableDetails(json, table);
   json.EndObject();
 }
 
@@ -206,6 +209,7 @@ void WriteHead(JsonWriter& json, const LcWorkbookFileInfo& info) {
   json.Member("dbmsVersion", info.dbms_version);
   json.Member("dbmsType", std::int32_t{info.dbms_type});
   json.Member("route", info.route);
+  workbookfile::WriteSource(json, info);
   json.EndObject();
   json.NewLine(2);
   json.Member("result", info.result);
@@ -278,6 +282,7 @@ void WriteWorkbookFile(const LcWorkbook& workbook, const LcWorkbookFileInfo& inf
     WriteList(json, "tables", workbook.tables, 2,
               [&](const LcWorkbookTable& table) { WriteTable(json, table, positions); });
     WriteRoutines(json, workbook);
+    workbookfile::WriteWorkbookDetails(json, workbook.details);
     if (info.incomplete) {
       json.NewLine(2);
       json.Member("incomplete", true);

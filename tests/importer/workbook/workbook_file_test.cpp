@@ -5,6 +5,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <fstream>
+#include <iterator>
 #include <nlohmann/json.hpp>
 #include <sstream>
 
@@ -33,6 +35,21 @@ TEST(WorkbookFile, KeepsEverything) {
   EXPECT_TRUE(info_again.incomplete);
   // Half a surrogate pair cannot be written.
   EXPECT_EQ(again.tables.GetAt(4)->GetColumn(1)->GetName(), u"日本 \U0001F600 \uFFFD!");
+}
+
+// The details of the exact reading, absent and empty texts told apart.
+TEST(WorkbookFile, KeepsEveryDetail) {
+  std::ifstream in(WB_SOURCE_DIR "/tests/export/golden/every_detail.json", std::ios::binary);
+  const std::string text{std::istreambuf_iterator<char>(in), {}};
+  LcWorkbook workbook;
+  LcWorkbookFileInfo info;
+  std::string why;
+  ASSERT_TRUE(ReadWorkbookFile(text, workbook, info, why)) << why;
+  EXPECT_EQ(Write(workbook, info), text);
+  const LcWorkbookTable* customer = workbook.tables.GetAt(0);
+  EXPECT_FALSE(customer->FindColumn(u"id")->GetDetails()->comment.IsPresent());
+  EXPECT_EQ(customer->FindColumn(u"extra")->GetDetails()->comment, LcText(u""));
+  EXPECT_EQ(customer->GetForeignKeys()[0]->GetDetails()->deferrable, dfDeferred);
 }
 
 TEST(WorkbookFile, KeepsPartnersEvenOfKeysThatLookAlike) {
