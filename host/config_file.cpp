@@ -4,6 +4,7 @@
 #include <fmt/format.h>
 #include <toml++/toml.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -49,48 +50,81 @@ struct Key {
   bool is_connection;
 };
 
-}  // namespace
-
-void ApplyConfigFile(const std::optional<std::string>& file, Options& options) {
-  const std::optional<fs::path> path = file ? std::optional<fs::path>(*file) : FindDefaultFile();
-  if (!path) return;
-  toml::table table;
-  try {
-    table = toml::parse_file(path->string());
-  } catch (const toml::parse_error& error) {
-    const toml::source_position at = error.source().begin;
-    throw Failure(ExitCode::kUsage, fmt::format("{}:{}:{}: {}", path->string(), at.line, at.column,
-                                                std::string(error.description())));
-  }
+std::vector<Key> Keys(Options& options) {
   ConnectionOptions& connection = options.connection;
-  const bool connection_given =
-      connection.connect || connection.dsn || connection.sqlite || connection.sample;
-  const Key keys[] = {
+  return {
       {"connect", connection.connect, true},    {"dsn", connection.dsn, true},
       {"user", connection.user, true},          {"password-env", connection.password_env, true},
       {"sqlite", connection.sqlite, true},      {"sample", connection.sample, true},
       {"format", options.output.format, false}, {"progress", options.report.progress, false},
       {"log", options.report.log, false},       {"messages", options.report.messages, false},
   };
+}
+
+[[noreturn]] void Refuse(const fs::path& file, const std::string& field,
+                         const std::string& reason) {
+  throw Failure(ExitCode::kUsage, fmt::format("{}: field {}: {}", file.string(), field, reason));
+}
+
+toml::table ParseFile(const fs::path& file) {
+  try {
+    return toml::parse_file(file.string());
+  } catch (const toml::parse_error& error) {
+    const toml::source_position at = error.source().begin;
+    throw Failure(ExitCode::kUsage, fmt::format("{}:{}:{}: {}", file.string(), at.line, at.column,
+                                                std::string(error.description())));
+  }
+}
+
+// Fills what is still open from the keys of one table, whose place in the file is `path`.
+void ApplyTable(const toml::table& table, const std::string& path, const fs::path& file,
+                Options& options) {
+  const ConnectionOptions& connection = options.connection;
+  const bool connection_given =
+      connection.connect || connection.dsn || connection.sqlite || connection.sample;
+  const std::vector<Key> keys = Keys(options);
   for (const auto& [name, node] : table) {
-    const Key* known = nullptr;
-    std::string names;
-    for (const Key& key : keys) {
-      if (name.str() == key.name) known = &key;
-      names += fmt::format(" {}", key.name);
-    }
-    if (known == nullptr) {
-      throw Failure(ExitCode::kUsage, fmt::format("{}: field {}: is not known; there are{}",
-                                                  path->string(), std::string(name.str()), names));
+    const std::string field = path + std::string(name.str());
+    const auto key = std::find_if(keys.begin(), keys.end(), [known = name.str()](const Key& each) {
+      return known == each.name;
+    });
+    if (key == keys.end()) {
+      Refuse(file, field, fmt::format("is not known; there are {}", fmt::join(ConfigKeys(), " ")));
     }
     const std::optional<std::string> value = node.value_exact<std::string>();
-    if (!value) {
-      throw Failure(ExitCode::kUsage,
-                    fmt::format("{}: field {}: must be a string", path->string(), known->name));
-    }
-    if (known->target || (known->is_connection && connection_given)) continue;
-    known->target = *value;
+    if (!value) Refuse(file, field, "must be a string");
+    if (key->target || (key->is_connection && connection_given)) continue;
+    key->target = *value;
   }
+}
+
+}  // namespace
+
+std::vector<std::string> ConfigKeys() {
+  Options options;
+  std::vector<std::string> names;
+  for (const Key& key : Keys(options)) names.emplace_back(key.name);
+  return names;
+}
+
+void ApplyConfigFile(const std::optional<std::string>& file,
+                     const std::vector<std::string>& commands, const std::string& command,
+                     Options& options) {
+  const std::optional<fs::path> path = file ? std::optional<fs::path>(*file) : FindDefaultFile();
+  if (!path) return;
+  toml::table for_all = ParseFile(*path);
+  toml::table for_command;
+  for (const std::string& name : commands) {
+    const toml::node_view<toml::node> node = for_all[name];
+    if (!node) continue;
+    if (!node.is_table()) Refuse(*path, name, "must be a table");
+    Options unused;  // a mistake in another command's table is found, too
+    ApplyTable(*node.as_table(), name + ".", *path, unused);
+    if (name == command) for_command = *node.as_table();
+    for_all.erase(name);
+  }
+  ApplyTable(for_command, command + ".", *path, options);
+  ApplyTable(for_all, "", *path, options);
 }
 
 }  // namespace wbhost

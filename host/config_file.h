@@ -4,14 +4,22 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "host/options.h"
 
 namespace wbhost {
 
-// Fills what the command line left open. A connection in the file counts only where the command
-// line names none. `file` names another file, which must exist. Throws a Failure for a file that
-// cannot be read, an unknown key or a wrong type.
-void ApplyConfigFile(const std::optional<std::string>& file, Options& options);
+// The keys that the file can have, at its top for all commands and in a table named after one for
+// that command alone.
+std::vector<std::string> ConfigKeys();
+
+// Fills what the command line left open: first from the table of `command`, one of `commands`, then
+// from the top of the file. A connection counts only where none was named before. `file` names
+// another file, which must exist. Throws a Failure for a file that cannot be read, an unknown key
+// or a wrong type.
+void ApplyConfigFile(const std::optional<std::string>& file,
+                     const std::vector<std::string>& commands, const std::string& command,
+                     Options& options);
 
 }  // namespace wbhost

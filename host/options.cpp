@@ -3,12 +3,12 @@
 
 #include <fmt/format.h>
 
-#include <CLI/CLI.hpp>
 #include <iostream>
 
 #include "export/writer.h"
 #include "host/choices.h"
 #include "host/config_file.h"
+#include "host/declarations.h"
 #include "host/lists.h"
 #include "host/outcome.h"
 #include "host/samples.h"
@@ -249,12 +249,9 @@ void CheckTogether(const Options& options) {
 
 }  // namespace
 
-ParsedCommandLine ParseCommandLine(const std::vector<std::string>& arguments) {
-  ParsedCommandLine parsed;
-  Options& options = parsed.options;
-  std::optional<std::string> config;
-
-  CLI::App app(kAbout, "wbimport");
+void DeclareCommandLine(CLI::App& app, Options& options, std::optional<std::string>& config) {
+  app.name("wbimport");
+  app.description(kAbout);
   app.set_version_flag("--version", "wbimport " WB_VERSION);
   app.footer(kExamples);
   app.require_subcommand(1);
@@ -295,7 +292,14 @@ ParsedCommandLine ParseCommandLine(const std::vector<std::string>& arguments) {
   render->add_option("FILE", options.render_file, "A workbook file, as --format json writes it")
       ->required();
   AddOutput(*render, options.output);
+}
 
+ParsedCommandLine ParseCommandLine(const std::vector<std::string>& arguments) {
+  ParsedCommandLine parsed;
+  Options& options = parsed.options;
+  std::optional<std::string> config;
+  CLI::App app;
+  DeclareCommandLine(app, options, config);
   try {
     // CLI11 takes the arguments from the back.
     app.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
@@ -309,7 +313,11 @@ ParsedCommandLine ParseCommandLine(const std::vector<std::string>& arguments) {
                   fmt::format("{} (see wbimport {}--help)", error.what(),
                               given.empty() ? "" : given.front()->get_name() + " "));
   }
-  ApplyConfigFile(config, options);
+  std::vector<std::string> commands;
+  for (const CLI::App* command : app.get_subcommands([](CLI::App*) { return true; })) {
+    commands.push_back(command->get_name());
+  }
+  ApplyConfigFile(config, commands, app.get_subcommands().front()->get_name(), options);
   CheckTogether(options);
   return parsed;
 }

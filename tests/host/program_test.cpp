@@ -343,17 +343,18 @@ TEST(Progress, IsABarOnATerminalLinesElsewhereAndNothingWhenAsked) {
 
 TEST(Configuration, FillsWhatTheCommandLineLeavesOpen) {
   const TemporaryFolder folder;
-  folder.Write("wbimport/config.toml", "sample = \"db2\"\nprogress = \"none\"\n");
+  folder.Write("wbimport/config.toml",
+               "sample = \"sybase\"\nprogress = \"none\"\n[info]\nsample = \"db2\"\n");
   ProgramCall call;
   call.environment = {{"XDG_CONFIG_HOME", folder.path()}};
   call.arguments = {"info"};
   EXPECT_THAT(RunProgram(call).out, HasSubstr("DB2"));
   call.arguments = {"info", "--sample", "oracle"};
   EXPECT_THAT(RunProgram(call).out, HasSubstr("Oracle"));
-  folder.Write("wbimport/config.toml", "smaple = \"db2\"\n");
+  folder.Write("wbimport/config.toml", "[list]\nsmaple = \"db2\"\n");
   const ProgramResult bad = RunProgram(call);
   EXPECT_EQ(bad.exit_code, 2);
-  EXPECT_THAT(bad.err, HasSubstr("smaple"));
+  EXPECT_THAT(bad.err, HasSubstr("list.smaple"));
 }
 
 TEST(Help, HasExamplesOnEveryCommand) {
