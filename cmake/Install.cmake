@@ -12,9 +12,14 @@ install(TARGETS workbook odbcimport EXPORT odbcimportTargets
 install(TARGETS msgtext LIBRARY DESTINATION ${WB_PRIVATE_LIBDIR} COMPONENT library)
 install(TARGETS wbimport RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT program)
 install(TARGETS catalogsim LIBRARY DESTINATION ${WB_PRIVATE_LIBDIR} COMPONENT program)
-install(FILES docs/wbimport.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT program)
-install(FILES host/completion/wbimport.bash
+set(WB_DOCUMENTS ${CMAKE_CURRENT_BINARY_DIR}/host/documents)
+install(FILES ${WB_DOCUMENTS}/wbimport.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT program)
+install(FILES ${WB_DOCUMENTS}/wbimport.bash
   DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions RENAME wbimport COMPONENT program)
+install(FILES ${WB_DOCUMENTS}/wbimport.zsh
+  DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/vendor-completions RENAME _wbimport COMPONENT program)
+install(FILES ${WB_DOCUMENTS}/wbimport.fish
+  DESTINATION ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d COMPONENT program)
 foreach(component library dev program)
   if(component STREQUAL "library")
     set(package libodbcimport${PROJECT_VERSION_MAJOR})

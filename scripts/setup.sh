@@ -14,6 +14,7 @@ packages_test=(
   chromium nodejs
   cppcheck clang libclang-rt-14-dev
   pkg-config sqlite3
+  groff-base zsh fish
 )
 # For ./test --long.
 packages_long=(valgrind gcovr clang-tidy dpkg-dev)
