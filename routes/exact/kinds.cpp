@@ -9,19 +9,19 @@ namespace {
 
 // clang-format off
 constexpr std::array<std::string_view, kFields> kFieldNames = {
-    "arguments", "attribute", "attribute_type", "base_type", "cache", "catalog", "check", "collation",
-    "collation_id", "collation_ids", "column", "column_positions", "comment", "constraint_id", "cycle",
-    "default", "deferrable", "definition", "descending", "dimensions", "enforced", "events", "expression",
-    "expressions", "failed", "generated", "id", "identity", "included", "increment", "index_id",
-    "is_default", "key", "key_count", "key_id", "key_position", "kind", "label", "language", "length",
-    "match", "maximum", "method", "method_id", "minimum", "mode", "name", "not_null", "nullable", "of",
-    "on_delete", "on_update", "operator_class", "operator_class_ids", "orders", "owner_column",
-    "owner_position", "owner_schema", "owner_table", "owner_table_id", "parent_id", "parent_schema",
-    "parent_table", "position", "precision", "predicate", "prefix", "reason", "result", "scale", "schema",
-    "schema_id", "sequence_id", "set_positions", "start", "table", "table_id", "target_column",
-    "target_database", "target_id", "target_positions", "target_schema", "target_server", "target_table",
-    "text", "timing", "trigger_id", "type", "type_id", "type_modifier", "type_schema", "unique",
-    "user_type", "version",
+    "arguments", "attribute", "attribute_type", "base_type", "base_type_id", "base_type_modifier", "cache",
+    "catalog", "category", "check", "collation", "collation_id", "collation_ids", "column", "column_count",
+    "column_positions", "comment", "constraint_id", "cycle", "default", "deferrable", "definition",
+    "descending", "dimensions", "dropped", "enforced", "events", "expression", "expressions", "failed",
+    "generated", "id", "identity", "in_transaction", "included", "increment", "index_id", "is_default", "key",
+    "key_count", "key_id", "key_position", "kind", "label", "language", "length", "match", "maximum", "method",
+    "method_id", "minimum", "mode", "name", "not_null", "nullable", "of", "on_delete", "on_update",
+    "operator_class", "operator_class_ids", "orders", "owner_column", "owner_position", "owner_schema",
+    "owner_table", "owner_table_id", "parent_id", "parent_schema", "parent_table", "position", "precision",
+    "predicate", "prefix", "reason", "result", "sample", "scale", "schema", "schema_id", "sequence_id",
+    "set_positions", "start", "table", "table_id", "target_column", "target_database", "target_id",
+    "target_positions", "target_schema", "target_server", "target_table", "text", "timing", "trigger_id",
+    "type", "type_id", "type_modifier", "type_schema", "unique", "version",
 };
 // clang-format on
 static_assert(std::is_sorted(kFieldNames.begin(), kFieldNames.end()));
@@ -37,24 +37,25 @@ struct KindRow {
 // clang-format off
 constexpr std::array<KindRow, kKinds> kKindRows = {{
     {"probe", "..."},
-    {"server", "version schema catalog option:"},
+    {"server", "version schema catalog sample in_transaction option:"},
     {"schemas", "schema* schema_id is_default comment option:"},
     {"names", "of* id* name* is_default"},
     {"tables",
-     "schema/schema_id* table* table_id kind* comment text definition parent_id parent_schema parent_table "
+     "schema/schema_id* table* table_id kind* column_count comment text definition parent_id parent_schema parent_table "
      "target_server target_database target_schema target_table option:"},
     {"table_options", "table_id/schema+table* kind comment option:"},
     {"view_texts", "table_id/schema+table* text* option:"},
     {"columns",
      "table_id/schema+table* position* column* type_id/type+base_type* type_modifier type_schema length precision "
      "scale dimensions nullable not_null default generated expression identity collation collation_id key_position "
-     "comment option:"},
+     "dropped comment option:"},
     {"view_columns",
      "table_id/schema+table* position* column* type_id/type+base_type* type_modifier type_schema length precision "
      "scale dimensions nullable not_null default generated expression identity collation collation_id key_position "
-     "comment option:"},
+     "dropped comment option:"},
     {"column_types",
-     "type_id* type_modifier type* base_type* type_schema length precision scale collation collation_id user_type"},
+     "type_id* type_modifier type* base_type* type_schema length precision scale collation collation_id "
+     "category base_type_id base_type_modifier"},
     {"column_defaults", "table_id/schema+table* position/column* default*"},
     {"constraints",
      "table_id/type_id/schema+table* kind* name* column_positions/position+column* deferrable enforced target_id "

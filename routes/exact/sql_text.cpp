@@ -1,0 +1,126 @@
+// Statements as texts.
+#include "routes/exact/sql_text.h"
+
+#include <algorithm>
+#include <array>
+
+namespace odbcimport::exact {
+namespace {
+
+// What changes data or what can be read, wherever it stands in a statement.
+constexpr std::array<std::string_view, 10> kWritingWords = {
+    "INSERT", "UPDATE", "DELETE", "MERGE", "INTO", "TRUNCATE", "CREATE", "DROP", "ALTER", "GRANT"};
+constexpr std::array<std::string_view, 3> kReadingWords = {"SELECT", "WITH", "VALUES"};
+
+bool IsWordCharacter(char c) {
+  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_' ||
+         static_cast<unsigned char>(c) >= 0x80;
+}
+
+char UpperCase(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
+
+std::size_t EndOfQuoted(std::string_view sql, std::size_t begin) {
+  const char quote = sql[begin];
+  std::size_t at = begin + 1;
+  while (at < sql.size()) {
+    if (sql[at] != quote) {
+      ++at;
+    } else if (at + 1 < sql.size() && sql[at + 1] == quote) {
+      at += 2;
+    } else {
+      return at + 1;
+    }
+  }
+  return sql.size();
+}
+
+bool BeginsSpecial(std::string_view sql, std::size_t at) {
+  const char c = sql[at];
+  if (c == '\'' || c == '"' || c == '`') return true;
+  const char next = at + 1 < sql.size() ? sql[at + 1] : '\0';
+  return (c == '-' && next == '-') || (c == '/' && next == '*');
+}
+
+// `/*! ... */` of MySQL, `/*M! ... */` of MariaDB.
+bool HasExecutableComment(std::string_view sql) {
+  for (std::size_t at = 0; at < sql.size();) {
+    const SqlSpan span = FindSpan(sql, at);
+    const std::string_view comment = sql.substr(at, span.end - at);
+    if (comment.starts_with("/*!") || comment.starts_with("/*M!")) return true;
+    at = span.end;
+  }
+  return false;
+}
+
+}  // namespace
+
+SqlSpan FindSpan(std::string_view sql, std::size_t begin) {
+  if (begin >= sql.size()) return {SqlPart::kText, sql.size()};
+  if (!BeginsSpecial(sql, begin)) {
+    std::size_t at = begin;
+    while (at < sql.size() && !BeginsSpecial(sql, at)) ++at;
+    return {SqlPart::kText, at};
+  }
+  if (sql[begin] == '-') {
+    const std::size_t end = sql.find('\n', begin);
+    return {SqlPart::kLineComment, end == std::string_view::npos ? sql.size() : end + 1};
+  }
+  if (sql[begin] == '/') {
+    const std::size_t end = sql.find("*/", begin + 2);
+    return {SqlPart::kBlockComment, end == std::string_view::npos ? sql.size() : end + 2};
+  }
+  return {SqlPart::kQuoted, EndOfQuoted(sql, begin)};
+}
+
+std::vector<std::string> WordsOf(std::string_view sql) {
+  std::vector<std::string> words;
+  for (std::size_t at = 0; at < sql.size();) {
+    const SqlSpan span = FindSpan(sql, at);
+    bool in_word = false;
+    for (; span.part == SqlPart::kText && at < span.end; ++at) {
+      const bool word = IsWordCharacter(sql[at]);
+      if (word && !in_word) words.emplace_back();
+      if (word) words.back() += UpperCase(sql[at]);
+      in_word = word;
+    }
+    at = span.end;
+  }
+  return words;
+}
+
+std::size_t FindStatementEnd(std::string_view sql, std::size_t begin) {
+  for (std::size_t at = begin; at < sql.size();) {
+    const SqlSpan span = FindSpan(sql, at);
+    if (span.part == SqlPart::kText) {
+      const std::size_t semicolon = sql.substr(at, span.end - at).find(';');
+      if (semicolon != std::string_view::npos) return at + semicolon;
+    }
+    at = span.end;
+  }
+  return sql.size();
+}
+
+std::string WhyNotReading(std::string_view sql, const std::vector<std::string>& first_words) {
+  const std::vector<std::string> words = WordsOf(sql);
+  if (words.empty()) return "there is no statement";
+  const bool begins_well =
+      std::find(kReadingWords.begin(), kReadingWords.end(), words.front()) != kReadingWords.end() ||
+      std::find(first_words.begin(), first_words.end(), words.front()) != first_words.end();
+  if (!begins_well) {
+    return "a statement begins with SELECT, WITH or VALUES, or as the head allows, not with " +
+           words.front();
+  }
+  // SHOW CREATE TABLE and the like are the dialect's own affair.
+  const bool shows =
+      std::find(first_words.begin(), first_words.end(), words.front()) != first_words.end();
+  for (const std::string_view word : kWritingWords) {
+    if (!shows && std::find(words.begin(), words.end(), word) != words.end()) {
+      return "a statement only reads; outside quotes it has no " + std::string(word);
+    }
+  }
+  if (HasExecutableComment(sql)) return "a comment that the server executes hides what is read";
+  if (FindStatementEnd(sql, 0) != sql.size()) return "there is more than one statement";
+  return {};
+}
+
+}  // namespace odbcimport::exact
