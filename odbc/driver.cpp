@@ -70,6 +70,13 @@ void GetAllFunctions(SQLHDBC hdbc, SQLUSMALLINT table[100]) {
        static_cast<SQLUSMALLINT>(SQL_API_ALL_FUNCTIONS), table);
 }
 
+SQLULEN GetConnectOption(SQLHDBC hdbc, SQLUSMALLINT option, SQLULEN fallback) {
+  SQLULEN value = 0;
+  const SQLRETURN result = Call("SQLGetConnectOption", hdbc, SQLGetConnectOption, hdbc, option,
+                                static_cast<SQLPOINTER>(&value));
+  return Succeeded(result) ? value : fallback;
+}
+
 bool TakeDiagnostic(SQLHENV henv, SQLHDBC hdbc, SQLHSTMT hstmt, Diagnostic* diagnostic,
                     SQLSMALLINT max_characters) {
   std::array<char16_t, kMaxMessageCharacters + 1> message{};
@@ -184,6 +191,21 @@ SQLRETURN Statement::DescribeCol(SQLUSMALLINT column, char16_t* name, SQLSMALLIN
 SQLRETURN Statement::BindCol(SQLUSMALLINT column, SQLSMALLINT c_type, void* buffer, SQLLEN bytes,
                              SQLLEN* indicator) {
   return Call("SQLBindCol", handle_, SQLBindCol, handle_, column, c_type, buffer, bytes, indicator);
+}
+
+SQLRETURN Statement::BindParameter(SQLUSMALLINT number, SQLSMALLINT c_type, SQLSMALLINT sql_type,
+                                   SQLULEN size, const void* buffer, SQLLEN bytes,
+                                   SQLLEN* indicator) {
+  // The value is an input; only the interface says otherwise.
+  return Call("SQLBindParameter", handle_, SQLBindParameter, handle_, number,
+              static_cast<SQLSMALLINT>(SQL_PARAM_INPUT), c_type, sql_type, size, SQLSMALLINT{0},
+              const_cast<void*>(buffer), bytes, indicator);
+}
+
+SQLRETURN Statement::GetData(SQLUSMALLINT column, SQLSMALLINT c_type, void* buffer, SQLLEN bytes,
+                             SQLLEN* indicator) {
+  *indicator = 0;
+  return Call("SQLGetData", handle_, SQLGetData, handle_, column, c_type, buffer, bytes, indicator);
 }
 
 SQLRETURN Statement::Fetch() { return Call("SQLFetch", handle_, SQLFetch, handle_); }

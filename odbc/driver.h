@@ -28,6 +28,9 @@ bool HasFunction(SQLHDBC hdbc, SQLUSMALLINT function);
 // Fills the 100 entries of the ODBC 2 table of functions; all 0 when the driver does not answer.
 void GetAllFunctions(SQLHDBC hdbc, SQLUSMALLINT table[100]);
 
+// A numeric option of the connection; `fallback` when the driver does not answer.
+SQLULEN GetConnectOption(SQLHDBC hdbc, SQLUSMALLINT option, SQLULEN fallback);
+
 // One diagnostic record, taken from the driver manager.
 struct Diagnostic {
   char16_t state[6] = {};
@@ -78,6 +81,13 @@ class Statement {
   SQLRETURN BindCol(SQLUSMALLINT column, SQLSMALLINT c_type, void* buffer, SQLLEN bytes,
                     SQLLEN* indicator);
   SQLRETURN Fetch();
+  // An input parameter, by number from 1. `size` is the value's size in characters; the buffers are
+  // read when the statement is executed.
+  SQLRETURN BindParameter(SQLUSMALLINT number, SQLSMALLINT c_type, SQLSMALLINT sql_type,
+                          SQLULEN size, const void* buffer, SQLLEN bytes, SQLLEN* indicator);
+  // A cell of the row that was fetched last, or its next piece where it is longer than `bytes`.
+  SQLRETURN GetData(SQLUSMALLINT column, SQLSMALLINT c_type, void* buffer, SQLLEN bytes,
+                    SQLLEN* indicator);
   // `rows` receives what the driver claims, which can be more than the rowset has.
   SQLRETURN ExtendedFetch(SQLULEN* rows, SQLUSMALLINT* row_status);
 

@@ -1,0 +1,92 @@
+// One statement of the module's own: its text with `?`, the values of the parameters, and the rows
+// as UTF-8 texts, whole and however long. Unlike LcODBCFetch it shows nothing to anybody: what
+// fails is a value that has to be looked at.
+#pragma once
+
+#include <array>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "odbc/driver.h"
+
+namespace odbc {
+
+// Why a statement gave no rows, or no more.
+struct QueryFailure {
+  std::vector<Diagnostic> diagnostics;  // all that the driver had; none where it was silent
+
+  // One line for people: the first message, behind its state and number. UTF-16.
+  std::u16string Text() const;
+  // The driver says that the connection itself is gone.
+  bool IsConnectionLost() const;
+};
+
+enum class [[nodiscard]] QueryState{
+    kRow,      // executed, and a row after each fetch
+    kEnd,      // no row any more
+    kFailed,   // the failure tells why
+    kStopped,  // the host does not want to go on; the statement was cancelled
+};
+
+class Query {
+ public:
+  // The handles are borrowed. `is_stopped` is asked before a statement and every 256 rows.
+  Query(SQLHENV henv, SQLHDBC hdbc, std::function<bool()> is_stopped);
+  ~Query();
+  Query(const Query&) = delete;
+  Query& operator=(const Query&) = delete;
+
+  // Texts arrive as UTF-8 in narrow cells, which costs less on some drivers; in wide ones where the
+  // driver would take narrow ones in another encoding. Wide at first.
+  void UseNarrowCells(bool narrow) { narrow_ = narrow; }
+  bool UsesNarrowCells() const { return narrow_; }
+
+  // Runs a statement that gives `columns` result columns, 0 for one without a result. Texts are
+  // UTF-8. Ends the statement before. kRow when it was executed.
+  QueryState Execute(std::string_view sql, const std::vector<std::string>& parameters,
+                     std::size_t columns);
+  QueryState Fetch();
+  // A cell of the row, 0-based, valid until the next call; a view without data for NULL, which an
+  // empty text is not.
+  std::string_view Cell(std::size_t column) const { return cells_[column]; }
+  // How many columns the statement gives, as the driver says.
+  std::size_t ColumnsGiven() const { return columns_given_; }
+  const QueryFailure& Failure() const { return failure_; }
+  // Ends the statement; nothing of it stays open on the connection.
+  void Close();
+
+ private:
+  // A cell that is longer is read again, whole.
+  static constexpr std::size_t kBoundBytes = 1024;
+  struct BoundCell {
+    alignas(char16_t) std::array<char, kBoundBytes> bytes{};
+    SQLLEN indicator = 0;
+    std::string text;  // of a long cell, or of a wide one
+  };
+
+  QueryState Fail();
+  QueryState Stop();
+  bool BindParameters(const std::vector<std::string>& parameters);
+  bool BindCells(std::size_t columns);
+  bool TakeCell(std::size_t column);
+  bool TakeLongCell(std::size_t column);
+
+  SQLHENV henv_;
+  SQLHDBC hdbc_;
+  std::function<bool()> is_stopped_;
+  bool narrow_ = false;
+  Statement statement_;
+  std::vector<std::u16string> parameters_;
+  std::vector<SQLLEN> parameter_bytes_;
+  std::vector<std::unique_ptr<BoundCell>> bound_;  // their addresses are the driver's
+  std::vector<std::string_view> cells_;
+  std::size_t columns_given_ = 0;
+  unsigned rows_ = 0;
+  QueryFailure failure_;
+};
+
+}  // namespace odbc
