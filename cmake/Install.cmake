@@ -45,6 +45,7 @@ set(WB_PUBLIC_HEADERS
   importer/workbook/info.h
   importer/workbook/object.h
   importer/workbook/table.h
+  importer/workbook/type_text.h
   importer/workbook/text.h
   importer/workbook/workbook.h
   importer/workbook/workbook_file.h

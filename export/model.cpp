@@ -3,27 +3,14 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <array>
 #include <utility>
 
+#include "importer/workbook/type_text.h"
 #include "importer/workbook/utf.h"
 
 namespace wbexport {
 
 namespace {
-
-// A driver's length without a limit, cut to 16 bits.
-constexpr unsigned long kUnlimited = 65535;
-
-constexpr std::array<const char*, 12> kIntervalParts = {
-    "",       "year",        "month",       "day",         "hour",        "minute",
-    "second", "fraction(1)", "fraction(2)", "fraction(3)", "fraction(4)", "fraction(5)",
-};
-
-const char* IntervalPart(enumIntervalPart part) {
-  const auto at = static_cast<std::size_t>(part);
-  return at < kIntervalParts.size() ? kIntervalParts[at] : "";
-}
 
 bool IsSubsetOfPrimaryKey(const LcWorkbookTable& table,
                           const std::vector<LcWorkbookColumn*>& columns) {
@@ -64,32 +51,9 @@ std::string DisplayColumns(const std::vector<LcWorkbookColumn*>& columns) {
   return list;
 }
 
-std::string TypeName(const LcWorkbookDatatype& type) {
-  const std::u16string& named = type.GetExtendedTypeName(0);
-  return Display(named.empty() ? type.GetTypeName() : named);
-}
+std::string TypeName(const LcWorkbookDatatype& type) { return Display(LcTypeName(type)); }
 
-std::string TypeText(const LcWorkbookColumn& column) {
-  const LcWorkbookDatatype* type = column.GetDataType();
-  std::string text = Display(column.GetExtendedTypeName());
-  if (!text.empty()) return text;
-  if (type != nullptr) text = TypeName(*type);
-  const std::string largest = IntervalPart(column.GetIntervalMax());
-  const std::string smallest = IntervalPart(column.GetIntervalMin());
-  if (!largest.empty() || !smallest.empty()) {
-    if (text.empty()) text = "interval";
-    if (largest.empty() || smallest.empty()) return text + " " + largest + smallest;
-    return fmt::format("{} {} to {}", text, largest, smallest);
-  }
-  if (type == nullptr || !type->IsSizeModifiable()) return text;
-  const auto width = static_cast<unsigned long>(std::max(column.GetWidth(), 0));
-  const unsigned long size = column.GetPrecision() != 0 ? column.GetPrecision() : width;
-  if (size == 0 || size >= kUnlimited) return text;
-  if (type->GetTypeGroup() == dgNumeric && column.GetScale() != 0) {
-    return fmt::format("{}({},{})", text, size, column.GetScale());
-  }
-  return fmt::format("{}({})", text, size);
-}
+std::string TypeText(const LcWorkbookColumn& column) { return Display(LcTypeText(column)); }
 
 const char* KindName(enumTableType type) {
   switch (type) {
