@@ -8,6 +8,7 @@
 #include <clocale>
 #include <csignal>
 #include <cstdio>
+#include <cstdlib>
 #include <string>
 
 #include "importer/odbc_workbook_import.h"
@@ -97,6 +98,7 @@ int main(int argc, char** argv) {
     std::fprintf(stderr, "usage: embed CONNECTION-STRING\n");
     return 2;
   }
+  setenv("LC_ALL", "C.UTF-8", 1);  // PostgreSQL's driver takes the locale from there
   std::setlocale(LC_ALL, "C.UTF-8");
   std::string why;
   if (!OdbcImportStart(nullptr, why)) {

@@ -36,7 +36,7 @@ check_host() { # program
 echo "find_package, outside of the tree"
 cp -r "$source/examples/embed" "$work/embed"
 [ "$(wc -l < "$work/embed/main.cpp")" -lt 150 ] || fail "the example has 150 lines or more"
-cmake -S "$work/embed" -B "$work/embed/build" -DCMAKE_PREFIX_PATH="$prefix" -DCMAKE_CXX_FLAGS="$flags" > "$work/embed.log" &&
+cmake -G Ninja -S "$work/embed" -B "$work/embed/build" -DCMAKE_PREFIX_PATH="$prefix" -DCMAKE_CXX_FLAGS="$flags" > "$work/embed.log" &&
   cmake --build "$work/embed/build" >> "$work/embed.log" 2>&1 || { cat "$work/embed.log"; fail "find_package build"; }
 check_host "$work/embed/build/embed"
 

@@ -4,14 +4,16 @@
 #include <odbcinst.h>
 
 #include <clocale>
+#include <cstdlib>
 
 #include "importer/odbc_workbook_import.h"
 
 namespace real {
 namespace {
 
-// The driver manager converts names by it.
-[[maybe_unused]] const char* const kLocale = std::setlocale(LC_ALL, "C.UTF-8");
+// The driver manager converts names by it; PostgreSQL's driver takes it from the environment.
+[[maybe_unused]] const char* const kLocale =
+    setenv("LC_ALL", "C.UTF-8", 1) == 0 ? std::setlocale(LC_ALL, "") : nullptr;
 
 const std::function<void(int)>* listener = nullptr;  // the callback has no context
 int events = 0;

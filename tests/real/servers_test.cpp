@@ -146,7 +146,7 @@ class RealServer : public testing::TestWithParam<const Kind*> {
  protected:
   void SetUp() override {
     if (!IsDriverInstalled(kind_.driver)) GTEST_SKIP() << "not installed: " << kind_.package;
-    if (std::getenv(kind_.variable) == nullptr) GTEST_SKIP() << "no server: run by its script";
+    if (std::getenv(kind_.variable) == nullptr) GTEST_SKIP() << "no server: " << kind_.name;
     std::unique_ptr<Connection>& server = servers[kind_.name];
     if (server == nullptr) {
       server = std::make_unique<Connection>(ConnectionString(kind_.first_database, kind_.user));
