@@ -1,7 +1,7 @@
 # What an installation holds, in three components that become three Debian packages:
 #   library (libodbcimport0)     the module, the workbook library, the message library
 #   dev     (libodbcimport-dev)  headers, CMake package, pkg-config file
-#   program (wbimport)           the command-line host, its man page, the simulator
+#   program (wbimport)           the command-line host, its man page, completions and JSON schemas, the simulator
 include(CMakePackageConfigHelpers)
 
 set(WB_PRIVATE_LIBDIR ${CMAKE_INSTALL_LIBDIR}/odbcimport)
@@ -20,6 +20,8 @@ install(FILES ${WB_DOCUMENTS}/wbimport.zsh
   DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/vendor-completions RENAME _wbimport COMPONENT program)
 install(FILES ${WB_DOCUMENTS}/wbimport.fish
   DESTINATION ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d COMPONENT program)
+install(FILES docs/schemas/request.schema.json docs/schemas/workbook.schema.json
+  DESTINATION ${CMAKE_INSTALL_DATADIR}/odbcimport/schemas COMPONENT program)
 foreach(component library dev program)
   if(component STREQUAL "library")
     set(package libodbcimport${PROJECT_VERSION_MAJOR})
@@ -49,6 +51,7 @@ set(WB_PUBLIC_HEADERS
   importer/workbook/text.h
   importer/workbook/workbook.h
   importer/workbook/workbook_file.h
+  odbc/connection_check.h
   odbc/fetch.h
   odbc/ptr_list.h
   odbc/record_list.h

@@ -10,7 +10,7 @@ packages_build=(
   libfmt-dev nlohmann-json3-dev libutfcpp-dev libtomlplusplus-dev libcli11-dev libgraphviz-dev
 )
 # To build and run the tests that need nothing else.
-packages_test=(libgtest-dev libgmock-dev libbenchmark-dev python3 sqlite3 groff-base zsh fish)
+packages_test=(libgtest-dev libgmock-dev libbenchmark-dev python3 python3-jsonschema sqlite3 groff-base zsh fish)
 # The servers and drivers of the real-server tests.
 packages_real=(odbc-postgresql postgresql odbc-mariadb mariadb-server odbc-mdbtools mdbtools)
 # The HTML test drives a real browser. Debian parts npm from node; node of another origin brings it.
