@@ -77,6 +77,29 @@ SQLULEN GetConnectOption(SQLHDBC hdbc, SQLUSMALLINT option, SQLULEN fallback) {
   return Succeeded(result) ? value : fallback;
 }
 
+SQLINTEGER GetRequestedVersion(SQLHENV henv) {
+  SQLINTEGER version = 0;
+  const SQLRETURN result =
+      Call("SQLGetEnvAttr", henv, SQLGetEnvAttr, henv, SQLINTEGER{SQL_ATTR_ODBC_VERSION},
+           static_cast<SQLPOINTER>(&version), SQLINTEGER{0}, static_cast<SQLINTEGER*>(nullptr));
+  return Succeeded(result) ? version : 0;
+}
+
+bool IsOpen(SQLHDBC hdbc) {
+  // The driver manager answers neither for a handle that is not connected; a driver that does not
+  // know the second leaves the connection alive.
+  std::array<char16_t, kInfoCharacters> name{};
+  SQLSMALLINT bytes = 0;
+  const SQLRETURN result =
+      Call("SQLGetInfoW", hdbc, SQLGetInfoW, hdbc, static_cast<SQLUSMALLINT>(SQL_DRIVER_NAME),
+           static_cast<SQLPOINTER>(name.data()), static_cast<SQLSMALLINT>(kInfoCharacters), &bytes);
+  SQLUINTEGER dead = SQL_CD_FALSE;
+  const SQLRETURN told = Call("SQLGetConnectAttr", hdbc, SQLGetConnectAttr, hdbc,
+                              SQLINTEGER{SQL_ATTR_CONNECTION_DEAD}, static_cast<SQLPOINTER>(&dead),
+                              SQLINTEGER{SQL_IS_UINTEGER}, static_cast<SQLINTEGER*>(nullptr));
+  return Succeeded(result) && !(Succeeded(told) && dead == SQL_CD_TRUE);
+}
+
 bool TakeDiagnostic(SQLHENV henv, SQLHDBC hdbc, SQLHSTMT hstmt, Diagnostic* diagnostic,
                     SQLSMALLINT max_characters) {
   std::array<char16_t, kMaxMessageCharacters + 1> message{};

@@ -31,6 +31,12 @@ void GetAllFunctions(SQLHDBC hdbc, SQLUSMALLINT table[100]);
 // A numeric option of the connection; `fallback` when the driver does not answer.
 SQLULEN GetConnectOption(SQLHDBC hdbc, SQLUSMALLINT option, SQLULEN fallback);
 
+// The version of ODBC that the host asked for (SQL_OV_ODBC2, SQL_OV_ODBC3, ...); 0 when it asked
+// for none or the handle is not valid.
+SQLINTEGER GetRequestedVersion(SQLHENV henv);
+// Whether the handle is that of a connection that was opened and is not known to be lost.
+bool IsOpen(SQLHDBC hdbc);
+
 // One diagnostic record, taken from the driver manager.
 struct Diagnostic {
   char16_t state[6] = {};

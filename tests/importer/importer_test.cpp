@@ -2,11 +2,13 @@
 #include <gtest/gtest.h>
 
 #include <optional>
+#include <set>
 #include <stdexcept>
 #include <utility>
 
 #include "importer/odbc_workbook_import.h"
 #include "importer/workbook/workbook.h"
+#include "odbc/connection_check.h"
 #include "tests/support/connection.h"
 
 namespace {
@@ -76,6 +78,35 @@ TEST(Importer, IsCopiedWithChoicesAndFactsAndSharesItsTypes) {
     EXPECT_EQ(workbook.tables.GetAt(0)->GetName(), u"b");
     EXPECT_NE(workbook.tables.GetAt(0)->GetColumn(0)->GetDataType(), nullptr);
   }
+}
+
+// What the check warns of is what happens: dates, times and timestamps arrive as CHAR.
+TEST(ConnectionCheck, TellsAHostWhatItsConnectionLacks) {
+  const std::string database = "Driver=" WB_BUILD_DIR "/lib/libcatalogsim.so;Server=generic";
+  for (const unsigned long version : {2, 3}) {
+    const Connection connection(database, version);
+    std::string why;
+    EXPECT_EQ(OdbcImportCheckConnection(connection.henv(), connection.hdbc(), why), version == 2);
+    EXPECT_EQ(why.find("SQL_OV_ODBC2") != std::string::npos, version != 2) << why;
+    LcWorkbook workbook;
+    LcODBCWorkbookImport importer(nullptr, &workbook);
+    importer.SyncLogin(connection.henv(), connection.hdbc());
+    importer.choices.item_mask = ibTables;
+    unsigned short status = 0;
+    importer.ImportItems(status);
+    std::set<int> codes;
+    for (const LcWorkbookTable* table : workbook.tables) {
+      for (int i = 0; i < table->GetColumnCount(); ++i) {
+        codes.insert(table->GetColumn(i)->GetDataType()->GetGenericCode());
+      }
+    }
+    EXPECT_EQ(codes.count(dtDate) + codes.count(dtTimestamp), version == 2 ? 2u : 0u);
+  }
+  Connection lost(database + ";DropConnection=1");
+  std::string why;
+  EXPECT_FALSE(OdbcImportCheckConnection(lost.henv(), lost.hdbc(), why));
+  EXPECT_EQ(why, "the connection is not open");
+  EXPECT_FALSE(OdbcImportCheckConnection(lost.henv(), nullptr, why));
 }
 
 struct CountingCursor : platform::BusyCursor {

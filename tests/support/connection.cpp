@@ -29,9 +29,9 @@ std::string Diagnostic(SQLSMALLINT kind, SQLHANDLE handle) {
 
 }  // namespace
 
-Connection::Connection(const std::string& connect_string) {
+Connection::Connection(const std::string& connect_string, unsigned long odbc_version) {
   SQLAllocHandle(SQL_HANDLE_ENV, SQL_NULL_HANDLE, &henv_);
-  SQLSetEnvAttr(henv_, SQL_ATTR_ODBC_VERSION, reinterpret_cast<SQLPOINTER>(SQL_OV_ODBC2), 0);
+  SQLSetEnvAttr(henv_, SQL_ATTR_ODBC_VERSION, reinterpret_cast<SQLPOINTER>(odbc_version), 0);
   SQLAllocHandle(SQL_HANDLE_DBC, henv_, &hdbc_);
   const SQLRETURN result = SQLDriverConnect(hdbc_, nullptr, Bytes(connect_string), SQL_NTS, nullptr,
                                             0, nullptr, SQL_DRIVER_NOPROMPT);

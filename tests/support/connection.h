@@ -14,7 +14,7 @@ namespace wbtest {
 // connect fails with the driver manager's reason.
 class Connection {
  public:
-  explicit Connection(const std::string& connect_string);
+  explicit Connection(const std::string& connect_string, unsigned long odbc_version = 2);
   ~Connection();
   Connection(const Connection&) = delete;
   Connection& operator=(const Connection&) = delete;
