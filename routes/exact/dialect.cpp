@@ -253,11 +253,14 @@ class FileReader {
   void ReadEach(std::string_view& text, Section& section) {
     const std::string_view each = TakeWord(text);
     const std::string_view what = TakeWord(text);
-    if (each != "each" || (what != "table" && what != "view")) {
-      Complain(line_, "a section is `for each table` or `for each view`");
+    const bool known = what == "table" || what == "view" || what == "sequence";
+    if (each != "each" || !known) {
+      Complain(line_, "a section is `for each table`, `view` or `sequence`");
       return;
     }
-    section.each = what == "view" ? Section::Each::kView : Section::Each::kTable;
+    section.each = what == "table"  ? Section::Each::kTable
+                   : what == "view" ? Section::Each::kView
+                                    : Section::Each::kSequence;
   }
 
   void ReadHeading(std::string_view text, Section& section) {
@@ -329,7 +332,10 @@ class FileReader {
   }
 
   void CheckHeading(const Section& section) {
-    const RowShape shape = ShapeOf(section.kind, dialect_.owners);
+    // Where each schema is asked for itself, the schema in hand is meant.
+    const bool owners =
+        dialect_.owners && (!dialect_.each_schema || section.kind == Kind::kSchemas);
+    const RowShape shape = ShapeOf(section.kind, owners);
     if (section.heading.empty()) Complain(section.line, "the heading is missing: -- row: ...");
     std::vector<Field> there;
     for (const HeadingCell& cell : section.heading) {

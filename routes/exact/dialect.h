@@ -25,7 +25,7 @@ struct Slot {
 using HeadingCell = std::vector<Slot>;
 
 struct Section {
-  enum class Each { kOnce, kTable, kView };
+  enum class Each { kOnce, kTable, kView, kSequence };
   Kind kind = Kind::kProbe;
   VersionBounds bounds;
   bool fallback = false;

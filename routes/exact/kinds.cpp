@@ -41,10 +41,11 @@ constexpr std::array<KindRow, kKinds> kKindRows = {{
     {"schemas", "schema* schema_id is_default comment option:"},
     {"names", "of* id* name* is_default"},
     {"tables",
-     "schema/schema_id* table* table_id kind* column_count comment text definition parent_id parent_schema parent_table "
-     "target_server target_database target_schema target_table option:"},
+     "schema/schema_id* table* table_id kind* column_count collation comment text definition parent_id parent_schema "
+     "parent_table target_server target_database target_schema target_table option:"},
     {"table_options", "table_id/schema+table* kind comment option:"},
-    {"view_texts", "table_id/schema+table* text* option:"},
+    {"view_texts", "table_id/schema+table* text* reason option:"},
+    {"definitions", "table_id/schema+table* definition*"},
     {"columns",
      "table_id/schema+table* position* column* type_id/type+base_type* type_modifier type_schema length precision "
      "scale dimensions nullable not_null default generated expression identity collation collation_id key_position "
@@ -73,7 +74,7 @@ constexpr std::array<KindRow, kKinds> kKindRows = {{
      "table_id/schema+table* name* unique* column_positions/position* column expression descending included prefix "
      "operator_class collation key_count orders operator_class_ids collation_ids expressions index_id method method_id "
      "predicate key definition comment option:"},
-    {"triggers", "table_id/schema+table* name* timing events text trigger_id comment option:"},
+    {"triggers", "table_id/schema+table* name* timing events text definition trigger_id comment option:"},
     {"types",
      "schema/schema_id* name* kind* type_id base_type nullable not_null default check collation collation_id table_id "
      "position label attribute attribute_type comment option:"},

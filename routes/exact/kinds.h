@@ -21,6 +21,7 @@ enum class Kind : std::uint8_t {
   kTables,
   kTableOptions,
   kViewTexts,
+  kDefinitions,
   kColumns,
   kViewColumns,
   kColumnTypes,
