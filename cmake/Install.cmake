@@ -55,6 +55,7 @@ set(WB_PUBLIC_HEADERS
   odbc/fetch.h
   odbc/ptr_list.h
   odbc/record_list.h
+  platform/driver_call.h
   platform/platform.h)
 foreach(header ${WB_PUBLIC_HEADERS})
   get_filename_component(folder ${header} DIRECTORY)

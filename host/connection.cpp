@@ -173,13 +173,9 @@ std::vector<Connection::FunctionOffer> Connection::OfferedFunctions() const {
   return offers;
 }
 
-std::string DiagnosticsOfCall(void* handle) {
+std::string DiagnosticsOfCall(const platform::DriverCall& call) {
   std::string state;
-  // The driver manager knows its handles: a connection is refused as a statement.
-  SQLINTEGER count = 0;
-  const bool statement = SQLGetDiagField(SQL_HANDLE_STMT, handle, 0, SQL_DIAG_NUMBER, &count, 0,
-                                         nullptr) != SQL_INVALID_HANDLE;
-  return ReadDiagnostics(statement ? SQL_HANDLE_STMT : SQL_HANDLE_DBC, handle, state);
+  return ReadDiagnostics(call.on_statement ? SQL_HANDLE_STMT : SQL_HANDLE_DBC, call.handle, state);
 }
 
 std::string Connection::DbmsVersionText() const { return InfoText(SQL_DBMS_VER); }

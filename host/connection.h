@@ -10,6 +10,7 @@
 #include "host/options.h"
 #include "host/samples.h"
 #include "host/secrets.h"
+#include "platform/driver_call.h"
 
 namespace wbhost {
 
@@ -66,8 +67,8 @@ class Connection {
   std::unique_ptr<Handles> handles_;
 };
 
-// The diagnostics of the last call on a statement or a connection, in one line; they stay there.
-std::string DiagnosticsOfCall(void* handle);
+// The diagnostics of a call that was just made, in one line; they stay with the handle.
+std::string DiagnosticsOfCall(const platform::DriverCall& call);
 
 // An installed driver, or a data source of odbc.ini with its driver.
 struct Installed {

@@ -52,9 +52,9 @@ class InstalledServices::Store : public platform::SettingsStore {
 class InstalledServices::Log : public platform::CallLog {
  public:
   explicit Log(Reports& reports) : reports_(reports) {}
-  void OnCall(const char* function, void* handle, short result) override {
-    if (result != kSqlError) return;
-    reports_.log.WriteScrubbed(fmt::format("{}: {}", function, DiagnosticsOfCall(handle)));
+  void OnCall(const platform::DriverCall& call) override {
+    if (call.result != kSqlError) return;
+    reports_.log.WriteScrubbed(fmt::format("{}: {}", call.function, DiagnosticsOfCall(call)));
   }
 
  private:

@@ -3,12 +3,18 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
 #include <iterator>
 #include <utility>
 
 #include "platform/platform.h"
 
 namespace odbc {
+
+using platform::DriverBuffer;
+using platform::DriverCall;
+using platform::DriverField;
+using platform::DriverRows;
 
 // SQLWCHAR is a 16-bit integer of another name than char16_t; texts are handed over as they lie.
 static_assert(sizeof(SQLWCHAR) == sizeof(char16_t));
@@ -20,15 +26,22 @@ namespace {
 constexpr std::size_t kInfoCharacters = 256;
 constexpr std::size_t kMaxMessageCharacters = 1024;
 
-// The one place that a driver call passes through.
-template <class Function, class... Arguments>
-SQLRETURN Call(const char* name, SQLHANDLE handle, Function function, Arguments... arguments) {
+// The one place that a driver call passes through. `report` adds what came back to the report of
+// the call; it runs only where somebody listens.
+template <class Report, class Function, class... Arguments>
+SQLRETURN Call(const DriverCall& made, const Report& report, Function function,
+               Arguments... arguments) {
   const SQLRETURN result = function(arguments...);
   if (const auto& log = platform::GetServices().call_log; log != nullptr) {
-    log->OnCall(name, handle, result);
+    DriverCall call = made;
+    call.result = result;
+    report(call);
+    log->OnCall(call);
   }
   return result;
 }
+
+constexpr auto kNoAnswer = [](DriverCall&) {};
 
 SQLWCHAR* Wide(char16_t* text) { return reinterpret_cast<SQLWCHAR*>(text); }
 
@@ -39,14 +52,34 @@ SQLWCHAR* WideInput(const char16_t* text) {
 
 SQLSMALLINT LengthOf(const char16_t* text) { return text != nullptr ? SQL_NTS : 0; }
 
+// The indicators of ODBC under the name that the reports have for their type.
+static_assert(sizeof(SQLLEN) == sizeof(std::int64_t));
+std::int64_t* Indicator(SQLLEN* indicator) { return reinterpret_cast<std::int64_t*>(indicator); }
+
+// SQLFreeStmt with one of its options.
+SQLRETURN FreeStatement(SQLHSTMT handle, SQLUSMALLINT option) {
+  const std::array asked = {DriverField{"option", option}};
+  return Call({.function = "SQLFreeStmt", .handle = handle, .asked = asked}, kNoAnswer, SQLFreeStmt,
+              handle, option);
+}
+
 }  // namespace
 
 std::u16string GetInfoText(SQLHDBC hdbc, SQLUSMALLINT info) {
   std::array<char16_t, kInfoCharacters> text{};
   SQLSMALLINT bytes = 0;
+  const auto room = static_cast<SQLSMALLINT>(kInfoCharacters);
+  const std::array asked = {DriverField{"info", info}, DriverField{"room", room}};
+  std::array<DriverField, 2> answered{};
   // The return code does not matter: a failed call leaves the text empty.
-  Call("SQLGetInfoW", hdbc, SQLGetInfoW, hdbc, info, static_cast<SQLPOINTER>(text.data()),
-       static_cast<SQLSMALLINT>(kInfoCharacters), &bytes);
+  Call(
+      {.function = "SQLGetInfoW", .handle = hdbc, .on_statement = false, .asked = asked},
+      [&](DriverCall& call) {
+        text.back() = 0;
+        answered = {DriverField{"text", text.data()}, DriverField{"bytes", bytes}};
+        call.answered = answered;
+      },
+      SQLGetInfoW, hdbc, info, static_cast<SQLPOINTER>(text.data()), room, &bytes);
   text.back() = 0;
   return text.data();
 }
@@ -54,26 +87,58 @@ std::u16string GetInfoText(SQLHDBC hdbc, SQLUSMALLINT info) {
 SQLRETURN GetInfoMask(SQLHDBC hdbc, SQLUSMALLINT info, SQLUINTEGER* mask) {
   *mask = 0;
   SQLSMALLINT bytes = 0;
-  return Call("SQLGetInfoW", hdbc, SQLGetInfoW, hdbc, info, static_cast<SQLPOINTER>(mask),
-              static_cast<SQLSMALLINT>(sizeof *mask), &bytes);
+  const auto room = static_cast<SQLSMALLINT>(sizeof *mask);
+  const std::array asked = {DriverField{"info", info}, DriverField{"room", room}};
+  std::array<DriverField, 2> answered{};
+  return Call(
+      {.function = "SQLGetInfoW", .handle = hdbc, .on_statement = false, .asked = asked},
+      [&](DriverCall& call) {
+        answered = {DriverField{"number", *mask}, DriverField{"bytes", bytes}};
+        call.answered = answered;
+      },
+      SQLGetInfoW, hdbc, info, static_cast<SQLPOINTER>(mask), room, &bytes);
 }
 
 bool HasFunction(SQLHDBC hdbc, SQLUSMALLINT function) {
   SQLUSMALLINT there = 0;
-  const SQLRETURN result = Call("SQLGetFunctions", hdbc, SQLGetFunctions, hdbc, function, &there);
+  const std::array asked = {DriverField{"function", function}};
+  std::array<DriverField, 1> answered{};
+  const SQLRETURN result = Call(
+      {.function = "SQLGetFunctions", .handle = hdbc, .on_statement = false, .asked = asked},
+      [&](DriverCall& call) {
+        answered = {DriverField{"supported", there}};
+        call.answered = answered;
+      },
+      SQLGetFunctions, hdbc, function, &there);
   return Succeeded(result) && there != 0;
 }
 
 void GetAllFunctions(SQLHDBC hdbc, SQLUSMALLINT table[100]) {
-  std::fill_n(table, 100, SQLUSMALLINT{0});
-  Call("SQLGetFunctions", hdbc, SQLGetFunctions, hdbc,
-       static_cast<SQLUSMALLINT>(SQL_API_ALL_FUNCTIONS), table);
+  constexpr std::size_t kEntries = 100;
+  constexpr SQLUSMALLINT kAll = SQL_API_ALL_FUNCTIONS;
+  std::fill_n(table, kEntries, SQLUSMALLINT{0});
+  const std::array asked = {DriverField{"function", kAll}};
+  std::array<DriverField, 1> answered{};
+  Call(
+      {.function = "SQLGetFunctions", .handle = hdbc, .on_statement = false, .asked = asked},
+      [&](DriverCall& call) {
+        answered = {DriverField{"table", std::span<const std::uint16_t>(table, kEntries)}};
+        call.answered = answered;
+      },
+      SQLGetFunctions, hdbc, kAll, table);
 }
 
 SQLULEN GetConnectOption(SQLHDBC hdbc, SQLUSMALLINT option, SQLULEN fallback) {
   SQLULEN value = 0;
-  const SQLRETURN result = Call("SQLGetConnectOption", hdbc, SQLGetConnectOption, hdbc, option,
-                                static_cast<SQLPOINTER>(&value));
+  const std::array asked = {DriverField{"option", option}};
+  std::array<DriverField, 1> answered{};
+  const SQLRETURN result = Call(
+      {.function = "SQLGetConnectOption", .handle = hdbc, .on_statement = false, .asked = asked},
+      [&](DriverCall& call) {
+        answered = {DriverField{"number", static_cast<std::int64_t>(value)}};
+        call.answered = answered;
+      },
+      SQLGetConnectOption, hdbc, option, static_cast<SQLPOINTER>(&value));
   return Succeeded(result) ? value : fallback;
 }
 
@@ -107,9 +172,12 @@ bool TakeDiagnostic(SQLHENV henv, SQLHDBC hdbc, SQLHSTMT hstmt, Diagnostic* diag
       static_cast<SQLSMALLINT>(std::clamp<int>(max_characters, 1, kMaxMessageCharacters));
   SQLSMALLINT length = 0;
   *diagnostic = Diagnostic{};
-  const SQLRETURN result =
-      Call("SQLErrorW", hstmt != SQL_NULL_HSTMT ? hstmt : hdbc, SQLErrorW, henv, hdbc, hstmt,
-           Wide(diagnostic->state), &diagnostic->native_error, Wide(message.data()), room, &length);
+  const bool on_statement = hstmt != SQL_NULL_HSTMT;
+  const SQLRETURN result = Call({.function = "SQLErrorW",
+                                 .handle = on_statement ? hstmt : hdbc,
+                                 .on_statement = on_statement},
+                                kNoAnswer, SQLErrorW, henv, hdbc, hstmt, Wide(diagnostic->state),
+                                &diagnostic->native_error, Wide(message.data()), room, &length);
   diagnostic->state[5] = 0;
   message[static_cast<std::size_t>(room)] = 0;
   if (!Succeeded(result)) return false;
@@ -130,70 +198,102 @@ Statement& Statement::operator=(Statement&& other) noexcept {
 SQLRETURN Statement::Allocate(SQLHDBC hdbc) {
   Drop();
   SQLHSTMT handle = SQL_NULL_HSTMT;
-  const SQLRETURN result = Call("SQLAllocStmt", hdbc, SQLAllocStmt, hdbc, &handle);
+  const SQLRETURN result = Call(
+      {.function = "SQLAllocStmt", .handle = hdbc, .on_statement = false},
+      [&](DriverCall& call) { call.made = handle; }, SQLAllocStmt, hdbc, &handle);
   if (Succeeded(result)) handle_ = handle;
   return result;
 }
 
 SQLRETURN Statement::SetOption(SQLUSMALLINT option, SQLULEN value) {
-  return Call("SQLSetStmtOption", handle_, SQLSetStmtOption, handle_, option, value);
+  const std::array asked = {DriverField{"option", option},
+                            DriverField{"value", static_cast<std::int64_t>(value)}};
+  return Call({.function = "SQLSetStmtOption", .handle = handle_, .asked = asked}, kNoAnswer,
+              SQLSetStmtOption, handle_, option, value);
 }
 
 SQLRETURN Statement::ExecDirect(const std::u16string& sql) {
-  return Call("SQLExecDirectW", handle_, SQLExecDirectW, handle_, WideInput(sql.c_str()),
-              static_cast<SQLINTEGER>(sql.size()));
+  const std::array asked = {DriverField{"sql", std::u16string_view(sql)}};
+  return Call({.function = "SQLExecDirectW", .handle = handle_, .asked = asked}, kNoAnswer,
+              SQLExecDirectW, handle_, WideInput(sql.c_str()), static_cast<SQLINTEGER>(sql.size()));
 }
 
 SQLRETURN Statement::Tables(const char16_t* catalog, const char16_t* owner, const char16_t* table,
                             const char16_t* types) {
-  return Call("SQLTablesW", handle_, SQLTablesW, handle_, WideInput(catalog), LengthOf(catalog),
-              WideInput(owner), LengthOf(owner), WideInput(table), LengthOf(table),
-              WideInput(types), LengthOf(types));
+  const std::array asked = {DriverField{"catalog", catalog}, DriverField{"owner", owner},
+                            DriverField{"table", table}, DriverField{"types", types}};
+  return Call({.function = "SQLTablesW", .handle = handle_, .asked = asked}, kNoAnswer, SQLTablesW,
+              handle_, WideInput(catalog), LengthOf(catalog), WideInput(owner), LengthOf(owner),
+              WideInput(table), LengthOf(table), WideInput(types), LengthOf(types));
 }
 
 SQLRETURN Statement::Columns(const char16_t* catalog, const char16_t* owner, const char16_t* table,
                              const char16_t* column) {
-  return Call("SQLColumnsW", handle_, SQLColumnsW, handle_, WideInput(catalog), LengthOf(catalog),
-              WideInput(owner), LengthOf(owner), WideInput(table), LengthOf(table),
-              WideInput(column), LengthOf(column));
+  const std::array asked = {DriverField{"catalog", catalog}, DriverField{"owner", owner},
+                            DriverField{"table", table}, DriverField{"column", column}};
+  return Call({.function = "SQLColumnsW", .handle = handle_, .asked = asked}, kNoAnswer,
+              SQLColumnsW, handle_, WideInput(catalog), LengthOf(catalog), WideInput(owner),
+              LengthOf(owner), WideInput(table), LengthOf(table), WideInput(column),
+              LengthOf(column));
 }
 
 SQLRETURN Statement::Statistics(const char16_t* catalog, const char16_t* owner,
                                 const char16_t* table, SQLUSMALLINT unique, SQLUSMALLINT accuracy) {
-  return Call("SQLStatisticsW", handle_, SQLStatisticsW, handle_, WideInput(catalog),
-              LengthOf(catalog), WideInput(owner), LengthOf(owner), WideInput(table),
-              LengthOf(table), unique, accuracy);
+  const std::array asked = {DriverField{"catalog", catalog}, DriverField{"owner", owner},
+                            DriverField{"table", table}, DriverField{"unique", unique},
+                            DriverField{"accuracy", accuracy}};
+  return Call({.function = "SQLStatisticsW", .handle = handle_, .asked = asked}, kNoAnswer,
+              SQLStatisticsW, handle_, WideInput(catalog), LengthOf(catalog), WideInput(owner),
+              LengthOf(owner), WideInput(table), LengthOf(table), unique, accuracy);
 }
 
 SQLRETURN Statement::PrimaryKeys(const char16_t* catalog, const char16_t* owner,
                                  const char16_t* table) {
-  return Call("SQLPrimaryKeysW", handle_, SQLPrimaryKeysW, handle_, WideInput(catalog),
-              LengthOf(catalog), WideInput(owner), LengthOf(owner), WideInput(table),
-              LengthOf(table));
+  const std::array asked = {DriverField{"catalog", catalog}, DriverField{"owner", owner},
+                            DriverField{"table", table}};
+  return Call({.function = "SQLPrimaryKeysW", .handle = handle_, .asked = asked}, kNoAnswer,
+              SQLPrimaryKeysW, handle_, WideInput(catalog), LengthOf(catalog), WideInput(owner),
+              LengthOf(owner), WideInput(table), LengthOf(table));
 }
 
 SQLRETURN Statement::ForeignKeysTo(const char16_t* catalog, const char16_t* owner,
                                    const char16_t* table) {
-  return Call("SQLForeignKeysW", handle_, SQLForeignKeysW, handle_, WideInput(catalog),
-              LengthOf(catalog), WideInput(owner), LengthOf(owner), WideInput(table),
-              LengthOf(table), WideInput(nullptr), LengthOf(nullptr), WideInput(nullptr),
-              LengthOf(nullptr), WideInput(nullptr), LengthOf(nullptr));
+  constexpr const char16_t* kNone = nullptr;
+  const std::array asked = {
+      DriverField{"catalog", catalog},    DriverField{"owner", owner},
+      DriverField{"table", table},        DriverField{"foreignCatalog", kNone},
+      DriverField{"foreignOwner", kNone}, DriverField{"foreignTable", kNone}};
+  return Call({.function = "SQLForeignKeysW", .handle = handle_, .asked = asked}, kNoAnswer,
+              SQLForeignKeysW, handle_, WideInput(catalog), LengthOf(catalog), WideInput(owner),
+              LengthOf(owner), WideInput(table), LengthOf(table), WideInput(kNone), LengthOf(kNone),
+              WideInput(kNone), LengthOf(kNone), WideInput(kNone), LengthOf(kNone));
 }
 
 SQLRETURN Statement::Procedures(const char16_t* catalog, const char16_t* owner,
                                 const char16_t* procedure) {
-  return Call("SQLProceduresW", handle_, SQLProceduresW, handle_, WideInput(catalog),
-              LengthOf(catalog), WideInput(owner), LengthOf(owner), WideInput(procedure),
-              LengthOf(procedure));
+  const std::array asked = {DriverField{"catalog", catalog}, DriverField{"owner", owner},
+                            DriverField{"procedure", procedure}};
+  return Call({.function = "SQLProceduresW", .handle = handle_, .asked = asked}, kNoAnswer,
+              SQLProceduresW, handle_, WideInput(catalog), LengthOf(catalog), WideInput(owner),
+              LengthOf(owner), WideInput(procedure), LengthOf(procedure));
 }
 
 SQLRETURN Statement::GetTypeInfo(SQLSMALLINT type) {
-  return Call("SQLGetTypeInfoW", handle_, SQLGetTypeInfoW, handle_, type);
+  const std::array asked = {DriverField{"type", type}};
+  return Call({.function = "SQLGetTypeInfoW", .handle = handle_, .asked = asked}, kNoAnswer,
+              SQLGetTypeInfoW, handle_, type);
 }
 
 SQLRETURN Statement::NumResultCols(SQLSMALLINT* count) {
   *count = 0;
-  return Call("SQLNumResultCols", handle_, SQLNumResultCols, handle_, count);
+  std::array<DriverField, 1> answered{};
+  return Call(
+      {.function = "SQLNumResultCols", .handle = handle_},
+      [&](DriverCall& call) {
+        answered = {DriverField{"count", *count}};
+        call.answered = answered;
+      },
+      SQLNumResultCols, handle_, count);
 }
 
 SQLRETURN Statement::DescribeCol(SQLUSMALLINT column, char16_t* name, SQLSMALLINT name_characters,
@@ -204,56 +304,94 @@ SQLRETURN Statement::DescribeCol(SQLUSMALLINT column, char16_t* name, SQLSMALLIN
   SQLULEN size = 0;
   SQLSMALLINT scale = 0;
   SQLSMALLINT nullable = 0;
-  const SQLRETURN result =
-      Call("SQLDescribeColW", handle_, SQLDescribeColW, handle_, column, Wide(name),
-           name_characters, &name_length, sql_type, &size, &scale, &nullable);
+  const std::array asked = {DriverField{"column", column}, DriverField{"room", name_characters}};
+  std::array<DriverField, 6> answered{};
+  const SQLRETURN result = Call(
+      {.function = "SQLDescribeColW", .handle = handle_, .asked = asked},
+      [&](DriverCall& call) {
+        name[name_characters - 1] = 0;
+        answered = {
+            DriverField{"name", name},      DriverField{"length", name_length},
+            DriverField{"type", *sql_type}, DriverField{"size", static_cast<std::int64_t>(size)},
+            DriverField{"scale", scale},    DriverField{"nullable", nullable}};
+        call.answered = answered;
+      },
+      SQLDescribeColW, handle_, column, Wide(name), name_characters, &name_length, sql_type, &size,
+      &scale, &nullable);
   name[name_characters - 1] = 0;
   return result;
 }
 
 SQLRETURN Statement::BindCol(SQLUSMALLINT column, SQLSMALLINT c_type, void* buffer, SQLLEN bytes,
-                             SQLLEN* indicator) {
-  return Call("SQLBindCol", handle_, SQLBindCol, handle_, column, c_type, buffer, bytes, indicator);
+                             SQLLEN* indicator, SQLLEN row_bytes) {
+  const DriverBuffer bound = {.number = column,
+                              .c_type = c_type,
+                              .data = buffer,
+                              .bytes = bytes,
+                              .indicator = Indicator(indicator),
+                              .row_bytes = std::max(bytes, row_bytes)};
+  return Call({.function = "SQLBindCol", .handle = handle_, .buffer = &bound}, kNoAnswer,
+              SQLBindCol, handle_, column, c_type, buffer, bytes, indicator);
 }
 
 SQLRETURN Statement::BindParameter(SQLUSMALLINT number, SQLSMALLINT c_type, SQLSMALLINT sql_type,
                                    SQLULEN size, const void* buffer, SQLLEN bytes,
                                    SQLLEN* indicator) {
   // The value is an input; only the interface says otherwise.
-  return Call("SQLBindParameter", handle_, SQLBindParameter, handle_, number,
+  void* const value = const_cast<void*>(buffer);
+  const DriverBuffer bound = {.number = number,
+                              .c_type = c_type,
+                              .data = value,
+                              .bytes = bytes,
+                              .indicator = Indicator(indicator),
+                              .row_bytes = bytes};
+  const std::array asked = {DriverField{"sqlType", sql_type},
+                            DriverField{"size", static_cast<std::int64_t>(size)}};
+  return Call({.function = "SQLBindParameter", .handle = handle_, .asked = asked, .buffer = &bound},
+              kNoAnswer, SQLBindParameter, handle_, number,
               static_cast<SQLSMALLINT>(SQL_PARAM_INPUT), c_type, sql_type, size, SQLSMALLINT{0},
-              const_cast<void*>(buffer), bytes, indicator);
+              value, bytes, indicator);
 }
 
 SQLRETURN Statement::GetData(SQLUSMALLINT column, SQLSMALLINT c_type, void* buffer, SQLLEN bytes,
                              SQLLEN* indicator) {
   *indicator = 0;
-  return Call("SQLGetData", handle_, SQLGetData, handle_, column, c_type, buffer, bytes, indicator);
+  const DriverBuffer piece = {.number = column,
+                              .c_type = c_type,
+                              .data = buffer,
+                              .bytes = bytes,
+                              .indicator = Indicator(indicator),
+                              .row_bytes = bytes};
+  return Call({.function = "SQLGetData", .handle = handle_, .buffer = &piece}, kNoAnswer,
+              SQLGetData, handle_, column, c_type, buffer, bytes, indicator);
 }
 
-SQLRETURN Statement::Fetch() { return Call("SQLFetch", handle_, SQLFetch, handle_); }
+SQLRETURN Statement::Fetch() {
+  constexpr DriverRows kOneRow = {.count = 1, .status = nullptr};
+  return Call({.function = "SQLFetch", .handle = handle_, .rows = &kOneRow}, kNoAnswer, SQLFetch,
+              handle_);
+}
 
 SQLRETURN Statement::ExtendedFetch(SQLULEN* rows, SQLUSMALLINT* row_status) {
   *rows = 0;
-  return Call("SQLExtendedFetch", handle_, SQLExtendedFetch, handle_,
-              static_cast<SQLUSMALLINT>(SQL_FETCH_NEXT), SQLLEN{1}, rows, row_status);
+  DriverRows fetched = {.count = 0, .status = row_status};
+  return Call(
+      {.function = "SQLExtendedFetch", .handle = handle_, .rows = &fetched},
+      [&](DriverCall&) { fetched.count = *rows; }, SQLExtendedFetch, handle_,
+      static_cast<SQLUSMALLINT>(SQL_FETCH_NEXT), SQLLEN{1}, rows, row_status);
 }
 
-SQLRETURN Statement::Cancel() { return Call("SQLCancel", handle_, SQLCancel, handle_); }
-
-SQLRETURN Statement::Close() {
-  return Call("SQLFreeStmt", handle_, SQLFreeStmt, handle_, static_cast<SQLUSMALLINT>(SQL_CLOSE));
+SQLRETURN Statement::Cancel() {
+  return Call({.function = "SQLCancel", .handle = handle_}, kNoAnswer, SQLCancel, handle_);
 }
 
-SQLRETURN Statement::Unbind() {
-  return Call("SQLFreeStmt", handle_, SQLFreeStmt, handle_, static_cast<SQLUSMALLINT>(SQL_UNBIND));
-}
+SQLRETURN Statement::Close() { return FreeStatement(handle_, SQL_CLOSE); }
+
+SQLRETURN Statement::Unbind() { return FreeStatement(handle_, SQL_UNBIND); }
 
 void Statement::Drop() {
   if (handle_ == SQL_NULL_HSTMT) return;
-  const auto drop = [this] {
-    return Call("SQLFreeStmt", handle_, SQLFreeStmt, handle_, static_cast<SQLUSMALLINT>(SQL_DROP));
-  };
+  const auto drop = [this] { return FreeStatement(handle_, SQL_DROP); };
   // A statement that is in the middle of something refuses to go; SQLite's connection then cannot
   // be closed. Ending what it does makes it go.
   if (!Succeeded(drop())) {

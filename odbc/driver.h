@@ -83,9 +83,10 @@ class Statement {
   // `name` has room for `name_characters`, the terminator included, and always ends with one.
   SQLRETURN DescribeCol(SQLUSMALLINT column, char16_t* name, SQLSMALLINT name_characters,
                         SQLSMALLINT* sql_type);
-  // `bytes` is the size of the buffer (of one row's part of it in a rowset).
+  // `bytes` is the size of the buffer (of one row's part of it in a rowset). `row_bytes` is the
+  // memory that there is for a row, where that is more; only a call log is told of it.
   SQLRETURN BindCol(SQLUSMALLINT column, SQLSMALLINT c_type, void* buffer, SQLLEN bytes,
-                    SQLLEN* indicator);
+                    SQLLEN* indicator, SQLLEN row_bytes = 0);
   SQLRETURN Fetch();
   // An input parameter, by number from 1. `size` is the value's size in characters; the buffers are
   // read when the statement is executed.

@@ -287,7 +287,7 @@ bool LcODBCFetch::State::BindFetchResult() {
     const ColumnBuffer& buffer = buffers.back();
     if (buffer.text == nullptr) continue;  // long: always reads as empty
     if (statement.BindCol(static_cast<SQLUSMALLINT>(column + 1), SQL_C_WCHAR, buffer.text.get(),
-                          kBoundBytes, buffer.indicators.get()) != SQL_SUCCESS) {
+                          kBoundBytes, buffer.indicators.get(), kBlockBytesPerRow) != SQL_SUCCESS) {
       ShowError();
       return false;
     }

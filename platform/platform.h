@@ -12,6 +12,7 @@
 #include <string>
 
 #include "importer/workbook/enums.h"
+#include "platform/driver_call.h"
 
 #define LC_EXPORT __attribute__((visibility("default")))
 
@@ -71,9 +72,8 @@ class LC_EXPORT DatabaseUtilities {
 class LC_EXPORT CallLog {
  public:
   virtual ~CallLog() = default;
-  // After the call of the ODBC function, with the handle that it was made on and its return code.
-  // It must not call back into the module.
-  virtual void OnCall(const char* function, void* handle, short result) = 0;
+  // After the call. It must not call back into the module.
+  virtual void OnCall(const DriverCall& call) = 0;
 };
 
 struct LC_EXPORT Services {

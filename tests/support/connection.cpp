@@ -85,8 +85,8 @@ void MessageRecorder::Box::Show(const std::u16string& text, int help_context) {
   shown.push_back({platform::ToUtf8(text), help_context});
 }
 
-void CallRecorder::Log::OnCall(const char* function, void* /*handle*/, short /*result*/) {
-  calls.emplace_back(function);
+void CallRecorder::Log::OnCall(const platform::DriverCall& call) {
+  calls.emplace_back(call.function);
 }
 
 int CallRecorder::Count(const std::string& function) const {

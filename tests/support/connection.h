@@ -65,7 +65,7 @@ class CallRecorder {
 
  private:
   struct Log : platform::CallLog {
-    void OnCall(const char* function, void* /*handle*/, short /*result*/) override;
+    void OnCall(const platform::DriverCall& call) override;
     std::vector<std::string> calls;
   };
   std::shared_ptr<Log> log_ = std::make_shared<Log>();
