@@ -56,6 +56,25 @@ SQLSMALLINT LengthOf(const char16_t* text) { return text != nullptr ? SQL_NTS : 
 static_assert(sizeof(SQLLEN) == sizeof(std::int64_t));
 std::int64_t* Indicator(SQLLEN* indicator) { return reinterpret_cast<std::int64_t*>(indicator); }
 
+using InfoText = std::array<char16_t, kInfoCharacters>;
+
+SQLRETURN AskInfoText(SQLHDBC hdbc, SQLUSMALLINT info, InfoText& text) {
+  SQLSMALLINT bytes = 0;
+  const auto room = static_cast<SQLSMALLINT>(kInfoCharacters);
+  const std::array asked = {DriverField{"info", info}, DriverField{"room", room}};
+  std::array<DriverField, 2> answered{};
+  const SQLRETURN result = Call(
+      {.function = "SQLGetInfoW", .handle = hdbc, .on_statement = false, .asked = asked},
+      [&](DriverCall& call) {
+        text.back() = 0;
+        answered = {DriverField{"text", text.data()}, DriverField{"bytes", bytes}};
+        call.answered = answered;
+      },
+      SQLGetInfoW, hdbc, info, static_cast<SQLPOINTER>(text.data()), room, &bytes);
+  text.back() = 0;
+  return result;
+}
+
 // SQLFreeStmt with one of its options.
 SQLRETURN FreeStatement(SQLHSTMT handle, SQLUSMALLINT option) {
   const std::array asked = {DriverField{"option", option}};
@@ -66,21 +85,9 @@ SQLRETURN FreeStatement(SQLHSTMT handle, SQLUSMALLINT option) {
 }  // namespace
 
 std::u16string GetInfoText(SQLHDBC hdbc, SQLUSMALLINT info) {
-  std::array<char16_t, kInfoCharacters> text{};
-  SQLSMALLINT bytes = 0;
-  const auto room = static_cast<SQLSMALLINT>(kInfoCharacters);
-  const std::array asked = {DriverField{"info", info}, DriverField{"room", room}};
-  std::array<DriverField, 2> answered{};
+  InfoText text{};
   // The return code does not matter: a failed call leaves the text empty.
-  Call(
-      {.function = "SQLGetInfoW", .handle = hdbc, .on_statement = false, .asked = asked},
-      [&](DriverCall& call) {
-        text.back() = 0;
-        answered = {DriverField{"text", text.data()}, DriverField{"bytes", bytes}};
-        call.answered = answered;
-      },
-      SQLGetInfoW, hdbc, info, static_cast<SQLPOINTER>(text.data()), room, &bytes);
-  text.back() = 0;
+  AskInfoText(hdbc, info, text);
   return text.data();
 }
 
@@ -143,25 +150,38 @@ SQLULEN GetConnectOption(SQLHDBC hdbc, SQLUSMALLINT option, SQLULEN fallback) {
 }
 
 SQLINTEGER GetRequestedVersion(SQLHENV henv) {
+  constexpr SQLINTEGER kAttribute = SQL_ATTR_ODBC_VERSION;
   SQLINTEGER version = 0;
-  const SQLRETURN result =
-      Call("SQLGetEnvAttr", henv, SQLGetEnvAttr, henv, SQLINTEGER{SQL_ATTR_ODBC_VERSION},
-           static_cast<SQLPOINTER>(&version), SQLINTEGER{0}, static_cast<SQLINTEGER*>(nullptr));
+  const std::array asked = {DriverField{"attribute", kAttribute}};
+  std::array<DriverField, 1> answered{};
+  const SQLRETURN result = Call(
+      {.function = "SQLGetEnvAttr", .handle = henv, .on_statement = false, .asked = asked},
+      [&](DriverCall& call) {
+        answered = {DriverField{"number", version}};
+        call.answered = answered;
+      },
+      SQLGetEnvAttr, henv, kAttribute, static_cast<SQLPOINTER>(&version), SQLINTEGER{0},
+      static_cast<SQLINTEGER*>(nullptr));
   return Succeeded(result) ? version : 0;
 }
 
 bool IsOpen(SQLHDBC hdbc) {
   // The driver manager answers neither for a handle that is not connected; a driver that does not
   // know the second leaves the connection alive.
-  std::array<char16_t, kInfoCharacters> name{};
-  SQLSMALLINT bytes = 0;
-  const SQLRETURN result =
-      Call("SQLGetInfoW", hdbc, SQLGetInfoW, hdbc, static_cast<SQLUSMALLINT>(SQL_DRIVER_NAME),
-           static_cast<SQLPOINTER>(name.data()), static_cast<SQLSMALLINT>(kInfoCharacters), &bytes);
+  InfoText name{};
+  const SQLRETURN result = AskInfoText(hdbc, SQL_DRIVER_NAME, name);
+  constexpr SQLINTEGER kAttribute = SQL_ATTR_CONNECTION_DEAD;
   SQLUINTEGER dead = SQL_CD_FALSE;
-  const SQLRETURN told = Call("SQLGetConnectAttr", hdbc, SQLGetConnectAttr, hdbc,
-                              SQLINTEGER{SQL_ATTR_CONNECTION_DEAD}, static_cast<SQLPOINTER>(&dead),
-                              SQLINTEGER{SQL_IS_UINTEGER}, static_cast<SQLINTEGER*>(nullptr));
+  const std::array asked = {DriverField{"attribute", kAttribute}};
+  std::array<DriverField, 1> answered{};
+  const SQLRETURN told = Call(
+      {.function = "SQLGetConnectAttr", .handle = hdbc, .on_statement = false, .asked = asked},
+      [&](DriverCall& call) {
+        answered = {DriverField{"number", dead}};
+        call.answered = answered;
+      },
+      SQLGetConnectAttr, hdbc, kAttribute, static_cast<SQLPOINTER>(&dead),
+      SQLINTEGER{SQL_IS_UINTEGER}, static_cast<SQLINTEGER*>(nullptr));
   return Succeeded(result) && !(Succeeded(told) && dead == SQL_CD_TRUE);
 }
 
