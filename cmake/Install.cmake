@@ -49,6 +49,7 @@ set(WB_PUBLIC_HEADERS
   importer/workbook/table.h
   importer/workbook/type_text.h
   importer/workbook/text.h
+  importer/workbook/utf8.h
   importer/workbook/workbook.h
   importer/workbook/workbook_file.h
   odbc/connection_check.h

@@ -12,34 +12,13 @@
 #include <string>
 
 #include "importer/odbc_workbook_import.h"
+#include "importer/workbook/utf8.h"
+#include "odbc/connection_check.h"
 
 namespace {
 
 volatile std::sig_atomic_t g_interrupted = 0;
 LcODBCWorkbookImport* g_importer = nullptr;
-
-// The module's texts are UTF-16. A program of your own has a conversion of its own.
-std::string Utf8(const std::u16string& text) {
-  std::string out;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    char32_t c = text[i];
-    if (c >= 0xD800 && c < 0xDC00 && i + 1 < text.size()) {
-      c = 0x10000 + ((c - 0xD800) << 10) + (text[++i] - 0xDC00u);
-    }
-    if (c < 0x80) {
-      out += static_cast<char>(c);
-    } else if (c < 0x800) {
-      out += {static_cast<char>(0xC0 | (c >> 6)), static_cast<char>(0x80 | (c & 0x3F))};
-    } else if (c < 0x10000) {
-      out += {static_cast<char>(0xE0 | (c >> 12)), static_cast<char>(0x80 | ((c >> 6) & 0x3F)),
-              static_cast<char>(0x80 | (c & 0x3F))};
-    } else {
-      out += {static_cast<char>(0xF0 | (c >> 18)), static_cast<char>(0x80 | ((c >> 12) & 0x3F)),
-              static_cast<char>(0x80 | ((c >> 6) & 0x3F)), static_cast<char>(0x80 | (c & 0x3F))};
-    }
-  }
-  return out;
-}
 
 // Called by the module on this thread before each phase and for each item.
 void OnNotify(enumImpNotify notify, void* record) {
@@ -56,7 +35,7 @@ struct Connection {
   SQLHDBC hdbc = SQL_NULL_HDBC;
   bool open = false;
 
-  bool Open(const char* connection_string) {
+  void Open(const char* connection_string) {
     SQLAllocHandle(SQL_HANDLE_ENV, SQL_NULL_HANDLE, &henv);
     // The importer speaks ODBC 2, whose type codes it expects.
     SQLSetEnvAttr(henv, SQL_ATTR_ODBC_VERSION, reinterpret_cast<SQLPOINTER>(SQL_OV_ODBC2), 0);
@@ -66,7 +45,6 @@ struct Connection {
         SQLDriverConnect(hdbc, nullptr, reinterpret_cast<SQLCHAR*>(text.data()), SQL_NTS, nullptr,
                          0, nullptr, SQL_DRIVER_NOPROMPT);
     open = SQL_SUCCEEDED(result);
-    return open;
   }
   ~Connection() {
     if (open) SQLDisconnect(hdbc);
@@ -79,13 +57,13 @@ void Print(const LcWorkbook& workbook) {
   for (const LcWorkbookTable* table : workbook.tables) {
     if (table == nullptr) continue;
     std::printf("%s %s\n", table->GetType() == ttView ? "view" : "table",
-                Utf8(table->GetName()).c_str());
+                LcToUtf8(table->GetName()).c_str());
     for (int i = 0; i < table->GetColumnCount(); ++i) {
       const LcWorkbookColumn* column = table->GetColumn(i);
       const LcWorkbookDatatype* type = column->GetDataType();  // null: not known
       std::printf("  %s%s %s%s\n", column->IsPrimaryKey() ? "*" : " ",
-                  Utf8(column->GetName()).c_str(),
-                  type != nullptr ? Utf8(type->GetTypeName()).c_str() : "?",
+                  LcToUtf8(column->GetName()).c_str(),
+                  type != nullptr ? LcToUtf8(type->GetTypeName()).c_str() : "?",
                   column->IsRequired() ? " not null" : "");
     }
   }
@@ -106,8 +84,9 @@ int main(int argc, char** argv) {
     return 5;
   }
   Connection connection;
-  if (!connection.Open(argv[1])) {
-    std::fprintf(stderr, "embed: no connection\n");
+  connection.Open(argv[1]);
+  if (!OdbcImportCheckConnection(connection.henv, connection.hdbc, why)) {
+    std::fprintf(stderr, "embed: %s\n", why.c_str());
     return 5;
   }
   LcWorkbook workbook;

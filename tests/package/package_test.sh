@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # The installation as a stranger meets it: installs into a temporary folder, builds examples/embed
-# there through find_package and through pkg-config, imports a database with it, looks at the exported
-# symbols, and builds the Debian packages.
+# there through find_package and the host of docs/embedding.md through pkg-config, imports a database
+# with both, looks at the exported symbols, and builds the Debian packages.
 # Usage: package_test.sh BUILD-FOLDER SOURCE-FOLDER
 #
 # No `| grep -q`: it ends before what it reads from, which then counts as failed.
@@ -40,11 +40,32 @@ cmake -G Ninja -S "$work/embed" -B "$work/embed/build" -DCMAKE_PREFIX_PATH="$pre
   cmake --build "$work/embed/build" >> "$work/embed.log" 2>&1 || { cat "$work/embed.log"; fail "find_package build"; }
 check_host "$work/embed/build/embed"
 
-echo "pkg-config"
+echo "pkg-config, and the host of docs/embedding.md"
 export PKG_CONFIG_PATH=$libdir/pkgconfig
 # shellcheck disable=SC2046
-c++ -std=c++20 $flags "$work/embed/main.cpp" -o "$work/embed-pc" $(pkg-config --cflags --libs odbcimport) -lodbc
-check_host "$work/embed-pc"
+page=$source/docs/embedding.md
+line=$(sed -n '/^```sh$/,/^```$/s/^c++ .*/&/p' "$page")
+sed -n '/^```cpp$/,/^```$/{/^```/!p}' "$page" > "$work/host.cpp"
+(cd "$work" && eval "${line/c++ /c++ $flags }") || fail "the host of docs/embedding.md does not build: $line"
+ASAN_OPTIONS=detect_leaks=0 LD_LIBRARY_PATH=$libdir "$work/host" "Driver=SQLite3;Database=$work/shop.db" "$work/host.json" \
+  > "$work/host.txt" 2> "$work/host.err" || { code=$?; cat "$work/host.err"; fail "the host of docs/embedding.md ended with $code"; }
+diff - "$work/host.txt" << END || fail "the host of docs/embedding.md prints something else"
+table customer
+  id INTEGER
+  name VARCHAR not null
+  key (id)
+table purchase
+  id INTEGER
+  customer_id INTEGER
+  key (id)
+  (customer_id) -> customer (id)
+view names
+  name VARCHAR
+END
+grep -q '^  customer_id$\|^  purchase$' "$work/host.err" || { cat "$work/host.err"; fail "the host of docs/embedding.md hears of nothing"; }
+ASAN_OPTIONS=detect_leaks=0 LD_LIBRARY_PATH=$libdir "$prefix/bin/wbimport" render "$work/host.json" > "$work/host.again" ||
+  fail "the host's workbook file cannot be read"
+cmp "$work/host.json" "$work/host.again"
 
 echo "wbimport from the installation"
 ASAN_OPTIONS=detect_leaks=0 LD_LIBRARY_PATH=$libdir "$prefix/bin/wbimport" import --sqlite "$work/shop.db" --format json > "$work/shop.json" ||
