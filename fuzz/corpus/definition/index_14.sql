@@ -1,1 +1,0 @@
-CREATE INDEX main.i ON t(a COLLATE binary || b, 'lit''eral')

@@ -1,1 +1,0 @@
-CREATE TABLE w(x text, y int, constraint [the key] primary key(y desc,x)) without rowid, STRICT

@@ -1,1 +1,0 @@
-CREATE TABLE s(x integer primary key desc, y any)

@@ -1,1 +1,0 @@
-CREATE TABLE s(x "INTEGER", y int, PRIMARY KEY("X" desc))

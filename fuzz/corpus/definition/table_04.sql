@@ -1,1 +1,0 @@
-CREATE TABLE s(x integer unsigned primary key, y integer(4))

@@ -1,1 +1,0 @@
-CREATE TABLE "k"(key, "constraint" text, 'check' text check ("check" <> 'unique'), desc int, "primary key" unique)

@@ -1,4 +1,0 @@
-CREATE TABLE t(
-  "a b" INT,
-  über TEXT COLLATE NOCASE
-)

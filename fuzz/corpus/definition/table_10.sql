@@ -1,1 +1,0 @@
-CREATE VIRTUAL TABLE ft USING fts5(a, b, tokenize = 'porter ascii')

@@ -1,1 +1,0 @@
-CREATE TABLE broken(a int, b "unclosed

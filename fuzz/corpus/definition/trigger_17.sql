@@ -1,1 +1,0 @@
-CREATE TEMP TRIGGER tr insert on p begin select 1; end

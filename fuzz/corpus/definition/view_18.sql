@@ -1,2 +1,0 @@
-CREATE VIEW "as" (m, "as") as -- the query
-  select a as m, 'b' from p
