@@ -1,0 +1,1 @@
+CREATE UNIQUE INDEX "i (1)" ON t(lower(b) desc, c collate rtrim, "d e", desc asc nulls last, a || b collate nocase, (c)) where c > 1 -- only these

@@ -1,0 +1,1 @@
+CREATE INDEX main.i ON t(a COLLATE binary || b, 'lit''eral')

@@ -1,0 +1,1 @@
+CREATE TABLE p(a integer primary key autoincrement, b varchar ( 20 ) not null default 'x', "we|ird ""q" text collate nocase, d decimal(10, 2), f generated always as (a+1) stored, g as (b||'x'), constraint uq unique(b desc, c), check (d>0))

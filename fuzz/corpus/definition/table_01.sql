@@ -1,0 +1,1 @@
+CREATE TABLE w(x text, y int, constraint [the key] primary key(y desc,x)) without rowid, STRICT

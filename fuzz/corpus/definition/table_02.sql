@@ -1,0 +1,1 @@
+CREATE TABLE s(x integer primary key desc, y any)

@@ -1,0 +1,1 @@
+CREATE TABLE s(x "INTEGER", y int, PRIMARY KEY("X" desc))

@@ -1,0 +1,1 @@
+CREATE TABLE s(x integer unsigned primary key, y integer(4))

@@ -1,0 +1,1 @@
+CREATE TABLE f(q, r integer references P deferrable initially deferred, s integer constraint "fk s" references "other table"("the id") on update set null on delete no action match full not deferrable, constraint [multi;)] foreign key(q,r) references w(y, x) on delete cascade deferrable FOREIGN KEY (s) REFERENCES f)

@@ -1,0 +1,2 @@
+CREATE TABLE c(a int constraint nn not null on conflict fail constraint pos check (a > 0 and a <> ')' /* ) */ ) default -1.5e-3 unique on conflict ignore, b default (1, 'x'), c default x'00' check(c in (1, 2)), -- , d check
+d text default current_timestamp collate "weird coll", constraint x check (((1))), constraint `tick``s` unique (a collate nocase, "b ""c"))

@@ -1,0 +1,1 @@
+CREATE TABLE "k"(key, "constraint" text, 'check' text check ("check" <> 'unique'), desc int, "primary key" unique)

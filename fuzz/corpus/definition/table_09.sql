@@ -1,0 +1,4 @@
+CREATE TABLE t(
+  "a b" INT,
+  über TEXT COLLATE NOCASE
+)

@@ -1,0 +1,1 @@
+CREATE TABLE broken(a int, b "unclosed

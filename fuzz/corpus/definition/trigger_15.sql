@@ -1,0 +1,1 @@
+CREATE TRIGGER IF NOT EXISTS main."tr ""x" after update of b, "c d" on p when new.b>1 begin select 1; end

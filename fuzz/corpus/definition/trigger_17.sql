@@ -1,0 +1,1 @@
+CREATE TEMP TRIGGER tr insert on p begin select 1; end
