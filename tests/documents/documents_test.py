@@ -1,5 +1,5 @@
 #!/usr/bin/python3
-"""Man page and completions against the program: what `wbimport --help` has, they have, and no more."""
+"""Man page and completions against the program: what `wbimport --help` has, they have, and no more. Links of the pages."""
 import os
 import pathlib
 import re
@@ -49,6 +49,15 @@ class ManPage(unittest.TestCase):
             result = run(WBIMPORT, "import", "--config", file)
         self.assertEqual((result.returncode, result.stderr), (0, ""))
         self.assertIn("branch\n", result.stdout)
+
+class Pages(unittest.TestCase):
+    def test_link_to_what_is_there(self):
+        source = HERE.parent.parent
+        pages = [page for page in source.rglob("*.md") if not {"build", "node_modules"} & set(page.relative_to(source).parts)]
+        self.assertGreater(len(pages), 20)
+        for page in pages:
+            for link in re.findall(r"\]\((?!https?:)([^)#\s]+)", page.read_text()):
+                self.assertTrue((page.parent / link).exists(), f"{page.name}: {link}")
 
 class Completion:
     """What each shell has to do; `offers(line)` gives the words that it offers."""
