@@ -6,7 +6,7 @@
 #include <sstream>
 #include <string>
 
-#include "importer/workbook/utf.h"
+#include "base/utf.h"
 #include "importer/workbook/workbook_file.h"
 
 namespace {
@@ -22,10 +22,10 @@ void Fill(LcWorkbook& workbook, int tables) {
   for (int t = 0; t < tables; ++t) {
     LcWorkbookTable* table = workbook.tables.Append(std::make_unique<LcWorkbookTable>());
     table->SetOwner(u"owner");
-    table->SetName(u"customer_orders_" + LcToUtf16(std::to_string(t)));
+    table->SetName(u"customer_orders_" + base::ToUtf16(std::to_string(t)));
     for (int c = 0; c < kColumns; ++c) {
       auto* column = new LcWorkbookColumn();
-      column->SetName(u"column_name_" + LcToUtf16(std::to_string(c)));
+      column->SetName(u"column_name_" + base::ToUtf16(std::to_string(c)));
       column->SetDataType(type->Copy(), true, true);
       column->SetPhysicalCode(8);
       column->SetPrecision(40);

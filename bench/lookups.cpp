@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "base/utf.h"
 #include "bench/parts.h"
-#include "importer/workbook/utf.h"
 #include "importer/workbook/workbook.h"
 
 namespace {
@@ -15,7 +15,7 @@ namespace {
 using wbparts::kLong;
 using wbparts::kShort;
 
-std::u16string Name(int i) { return u"some_name_" + LcToUtf16(std::to_string(i)); }
+std::u16string Name(int i) { return u"some_name_" + base::ToUtf16(std::to_string(i)); }
 
 // What is looked up: a list of `count` entries, and the key of its i-th.
 struct Tables {
@@ -28,7 +28,7 @@ struct Tables {
       list.Append(std::move(table));
     }
   }
-  static Key KeyOf(int i) { return {u"owner" + LcToUtf16(std::to_string(i % 10)), Name(i)}; }
+  static Key KeyOf(int i) { return {u"owner" + base::ToUtf16(std::to_string(i % 10)), Name(i)}; }
   const void* Find(const Key& key) const { return list.FindTable(key.first, key.second); }
   LcWorkbookTableList list;
 };

@@ -1,16 +1,17 @@
 // The statements of the routes with own SQL, from the same builders that the routes use.
 #include "bench/own_queries.h"
 
-#include "routes/informix/catalog_queries.h"
-#include "routes/native/column_queries.h"
 #include "routes/native/foreign_key_queries.h"
 #include "routes/native/primary_keys.h"
+#include "routes/shared/catalog_queries.h"
+#include "routes/shared/query_batches.h"
 
 namespace bench {
 
 std::vector<std::u16string> OwnQueries(const LcImportChoices& choices, LeDBMSType type,
                                        int version) {
-  using namespace odbcimport;
+  using namespace odbcimport;          // NOLINT: the builders are the routes'
+  using namespace odbcimport::native;  // NOLINT
   std::vector<std::u16string> texts;
   BuildTableColumnQueries(choices, type, type == dbmsInformix && version >= 9, texts);
   if (type == dbmsInformix) return texts;

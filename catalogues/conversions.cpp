@@ -4,6 +4,8 @@
 #include <array>
 #include <span>
 
+#include "base/ascii.h"
+#include "base/text.h"
 #include "catalogues/type_lists.h"
 
 namespace odbcimport {
@@ -317,9 +319,9 @@ std::uint16_t MapDataType(const ServerFacts& server, long odbc_type) {
 
 std::uint16_t ConvertDatabaseTypeToODBC(std::u16string_view type_name, int dbms_type, bool& found) {
   found = true;
-  if (dbms_type == dbmsInformix) return ConvertInformixType(ParseInteger(type_name), found);
+  if (dbms_type == dbmsInformix) return ConvertInformixType(base::ParseInteger(type_name), found);
   for (const NamedType& row : TypeNamesOf(dbms_type)) {
-    if (EqualIgnoringCase(row.name, type_name)) return static_cast<std::uint16_t>(row.code);
+    if (base::EqualIgnoringCase(row.name, type_name)) return static_cast<std::uint16_t>(row.code);
   }
   found = false;
   return pcChar;
@@ -370,7 +372,7 @@ enumDataTypeGroup MapTypeToGroup(enumDataType generic_code) {
 enumTableType GetTableType(std::u16string_view text, int dbms_type) {
   for (const TableKind& row : kTableKinds) {
     if (row.server != dbms_type) continue;
-    if (row.any_case ? EqualIgnoringCase(row.text, text) : row.text == text) return row.type;
+    if (row.any_case ? base::EqualIgnoringCase(row.text, text) : row.text == text) return row.type;
   }
   return ttTable;
 }

@@ -7,9 +7,8 @@
 #include <string_view>
 
 #include "catalogues/physical_codes.h"
-#include "catalogues/text.h"
-#include "importer/session.h"
 #include "importer/workbook/datatype.h"
+#include "session/session.h"
 
 namespace odbcimport {
 

@@ -4,7 +4,8 @@
 #include <memory>
 #include <string>
 
-#include "catalogues/text.h"
+#include "base/ascii.h"
+#include "base/text.h"
 
 namespace odbcimport {
 
@@ -19,7 +20,7 @@ bool AddSystemFunctions(ImportSession& session, std::span<const FunctionRow> row
   for (const FunctionRow& row : rows) {
     const std::u16string name(row.name);
     const std::u16string signature(row.signature);
-    if (function == nullptr || !EqualIgnoringCase(function->GetName(), name)) {
+    if (function == nullptr || !base::EqualIgnoringCase(function->GetName(), name)) {
       function = functions->Append(std::make_unique<LcWorkbookFunction>(owner, name));
     }
     function->AddFunctionOverload(

@@ -5,7 +5,7 @@
 #include <span>
 #include <string_view>
 
-#include "importer/session.h"
+#include "session/session.h"
 
 namespace odbcimport {
 
@@ -28,12 +28,12 @@ struct FunctionRow {
 bool AddSystemFunctions(ImportSession& session, std::span<const FunctionRow> rows,
                         unsigned long announced);
 
-// The built-in functions of each kind of server; those of Access are among the readers, since the
-// generic route offers them too.
+// The built-in functions of each kind of server.
 bool GetSystemFunctionsIUS(ImportSession& session);  // Informix Universal Server
 bool GetSystemFunctionsIDS(ImportSession& session);  // Informix Dynamic Server
 bool GetSystemFunctionsOracle(ImportSession& session);
 bool GetSystemFunctionsDB2(ImportSession& session);
+bool GetSystemFunctionsAccess(ImportSession& session);
 bool GetSystemFunctionsMSSQL(ImportSession& session);
 bool GetGeneralFunctionsRedBrick(ImportSession& session);
 

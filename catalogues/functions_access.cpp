@@ -1,6 +1,5 @@
 // The built-in functions of Microsoft Access, in the form in which its ODBC driver takes them.
 #include "catalogues/function_walk.h"
-#include "catalogues/readers.h"
 
 namespace odbcimport {
 namespace {

@@ -4,30 +4,14 @@
 
 #include <algorithm>
 
-#include "importer/workbook/utf.h"
+#include "base/qualified_name.h"
+#include "base/utf.h"
 
 namespace wbexport {
 
 namespace {
 
 using TableSet = std::unordered_set<const LcWorkbookTable*>;
-
-// Parts "owner.name" at the first dot outside double quotes, and drops the quotes.
-void SplitName(const std::string& text, std::string& owner, std::string& name) {
-  bool quoted = false;
-  bool has_owner = false;
-  for (const char c : text) {
-    if (c == '"') {
-      quoted = !quoted;
-    } else if (c == '.' && !quoted && !has_owner) {
-      has_owner = true;
-      owner = std::move(name);
-      name.clear();
-    } else {
-      name += c;
-    }
-  }
-}
 
 TableSet Neighbourhood(const Relationships& relationships, const LcWorkbookTable* middle,
                        int distance) {
@@ -65,17 +49,15 @@ TableSet MostConnected(const Relationships& relationships,
 
 const LcWorkbookTable* FindAround(const LcWorkbook& workbook, const std::string& text,
                                   std::vector<std::string>& notes) {
-  std::string owner;
-  std::string name;
-  SplitName(text, owner, name);
-  const LcWorkbookTable* table = workbook.tables.FindTableNoOwner(LcToUtf16(text));
-  if (table == nullptr) table = workbook.tables.FindTable(LcToUtf16(owner), LcToUtf16(name));
-  if (table == nullptr && owner.empty()) {
-    table = workbook.tables.FindTableNoOwner(LcToUtf16(name));
+  const base::QualifiedName wanted = base::ParseQualifiedName(text);
+  const LcWorkbookTable* table = workbook.tables.FindTableNoOwner(base::ToUtf16(text));
+  if (table == nullptr) table = workbook.tables.FindTable(wanted.owner, wanted.name);
+  if (table == nullptr && wanted.owner.empty()) {
+    table = workbook.tables.FindTableNoOwner(wanted.name);
   }
   if (table == nullptr) {
     notes.push_back(fmt::format("There is no table \"{}\" to draw the surroundings of.",
-                                Display(LcToUtf16(text))));
+                                Display(base::ToUtf16(text))));
   }
   return table;
 }

@@ -7,9 +7,10 @@
 #include <sstream>
 #include <unordered_map>
 
+#include "base/ascii.h"
+#include "base/utf.h"
 #include "export/model.h"
 #include "export/writers.h"
-#include "importer/workbook/utf.h"
 
 namespace wbexport {
 
@@ -198,19 +199,14 @@ class FileNames {
     }
     stem.resize(std::min(stem.size(), kLongestStem));
     std::string name = stem;
-    int& number = last_number_[Lower(stem)];
-    while (!taken_.insert(Lower(name)).second) name = fmt::format("{}-{}", stem, ++number + 1);
+    int& number = last_number_[base::LowerAscii(stem)];
+    while (!taken_.insert(base::LowerAscii(name)).second)
+      name = fmt::format("{}-{}", stem, ++number + 1);
     return name + ".md";
   }
 
  private:
   static constexpr std::size_t kLongestStem = 120;
-  static std::string Lower(std::string text) {
-    for (char& c : text) {
-      if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
-    }
-    return text;
-  }
   std::set<std::string> taken_;
   std::unordered_map<std::string, int> last_number_;  // given to a stem
 };

@@ -5,8 +5,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/utf.h"
 #include "importer/workbook/type_text.h"
-#include "importer/workbook/utf.h"
 
 namespace wbexport {
 
@@ -34,7 +34,7 @@ std::string Display(std::u16string_view text) {
     if (c == 0x7F) c = 0x2421;
     if (c > 0x7F && c < 0xA0) c = 0xFFFD;  // C1 controls have no pictures
   }
-  return LcToUtf8(shown);
+  return base::ToUtf8(shown);
 }
 
 std::string DisplayName(const LcWorkbookTable& table) {

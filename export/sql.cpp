@@ -6,9 +6,9 @@
 #include <algorithm>
 #include <set>
 
+#include "base/utf.h"
 #include "export/model.h"
 #include "export/writers.h"
-#include "importer/workbook/utf.h"
 
 namespace wbexport {
 
@@ -17,7 +17,7 @@ namespace {
 // A delimited identifier. It may hold anything but a zero, which would end the script.
 std::string Quote(const std::u16string& name) {
   std::string quoted = "\"";
-  for (const char c : LcToUtf8(name)) {
+  for (const char c : base::ToUtf8(name)) {
     if (c == '\0') {
       quoted += "\u2400";
       continue;
@@ -49,7 +49,7 @@ std::string SqlType(const LcWorkbookColumn& column) {
     return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9') || c == '_' ||
            c == ' ' || c == '(' || c == ')' || c == ',';
   });
-  return plain ? text : Quote(LcToUtf16(text));
+  return plain ? text : Quote(base::ToUtf16(text));
 }
 
 class Script {

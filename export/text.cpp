@@ -3,9 +3,9 @@
 
 #include <algorithm>
 
+#include "base/utf.h"
 #include "export/model.h"
 #include "export/writers.h"
-#include "importer/workbook/utf.h"
 
 namespace wbexport {
 

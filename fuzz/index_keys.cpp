@@ -14,9 +14,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     text += static_cast<char16_t>(data[i] < 0x80 ? data[i] : data[i] * 0x101);
   }
   std::vector<std::int16_t> keys;
-  odbcimport::ParseOnlineIndexKeys(text, keys);
-  odbcimport::ParseOnlineColKey(text, keys);
-  odbcimport::ParseOnlineFuncKey(text, keys);
+  odbcimport::informix::ParseOnlineIndexKeys(text, keys);
+  odbcimport::informix::ParseOnlineColKey(text, keys);
+  odbcimport::informix::ParseOnlineFuncKey(text, keys);
   if (keys.size() > 2 * text.size() + 1) std::abort();
   return 0;
 }

@@ -3,12 +3,13 @@
 #include <cstdlib>
 #include <string>
 
+#include "base/text.h"
 #include "catalogues/conversions.h"
-#include "catalogues/text.h"
 #include "fuzz/input.h"
 #include "routes/informix/type_numbers.h"
 
-using namespace odbcimport;  // NOLINT: every call here is one of the module's
+using namespace odbcimport;            // NOLINT: every call here is one of the module's
+using namespace odbcimport::informix;  // NOLINT
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   fuzz::Input input(data, size);
@@ -37,7 +38,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     MapDataType(server, coltype);
     const enumDataTypeGroup mapped = MapTypeToGroup(MapInternalCodeToType(code));
     if (mapped < dgCharacter || mapped > dgOther) std::abort();
-    ParseInteger(name);
+    base::ParseInteger(name);
     for (int dbms_type = -1; dbms_type <= 9; ++dbms_type) {
       bool found = false;
       const std::uint16_t physical = ConvertDatabaseTypeToODBC(name, dbms_type, found);

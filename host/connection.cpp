@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <array>
 
-#include "host/connection_string.h"
+#include "base/connection_string.h"
 #include "host/odbc_handles.h"
 #include "host/outcome.h"
 #include "host/text.h"
@@ -44,11 +44,6 @@ constexpr std::array<DriverPackage, 6> kDriverPackages = {{
     {"mdb", "odbc-mdbtools"},
 }};
 
-std::string LowerCase(std::string text) {
-  for (char& c : text) c = c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-  return text;
-}
-
 std::string NamesOf(const std::vector<Installed>& entries) {
   std::string names;
   for (const Installed& entry : entries) names += (names.empty() ? "" : ", ") + entry.name;
@@ -64,15 +59,15 @@ bool IsInstalled(const std::vector<Installed>& entries, const std::string& name)
 
 // What a user can do about a connection that failed; empty where nothing is known to help.
 std::string Advice(const std::string& connect_string, const std::string& state) {
-  const std::string driver = FindAttribute(connect_string, "Driver");
-  const std::string data_source = FindAttribute(connect_string, "DSN");
+  const std::string driver = base::FindAttribute(connect_string, "Driver").value_or("");
+  const std::string data_source = base::FindAttribute(connect_string, "DSN").value_or("");
   if (!driver.empty() && driver.find('/') == std::string::npos) {
     const std::vector<Installed> drivers = InstalledDrivers();
     if (IsInstalled(drivers, driver)) return {};
     std::string advice =
         fmt::format("no driver '{}' is installed; installed: {}", driver, NamesOf(drivers));
     for (const DriverPackage& known : kDriverPackages) {
-      if (LowerCase(driver).find(known.mark) == std::string::npos) continue;
+      if (base::LowerAscii(driver).find(known.mark) == std::string::npos) continue;
       return advice + fmt::format("; try: apt-get install {}", known.package);
     }
     return advice;
@@ -98,7 +93,7 @@ struct Connection::Handles {
 };
 
 Connection::Connection(const Target& target)
-    : connect_text_(WithoutSecrets(target.connect_string)),
+    : connect_text_(base::WithoutSecrets(target.connect_string)),
       sample_(target.is_sample_database ? std::make_unique<SampleDatabase>() : nullptr),
       handles_(std::make_unique<Handles>()) {
   SQLAllocHandle(SQL_HANDLE_DBC, handles_->environment.Get(), &handles_->connection);

@@ -4,7 +4,6 @@
 #include <iostream>
 
 #include "host/commands.h"
-#include "host/connection_string.h"
 #include "host/interrupt.h"
 
 namespace wbhost {

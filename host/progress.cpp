@@ -2,7 +2,6 @@
 #include "host/progress.h"
 
 #include <fmt/format.h>
-#include <utf8.h>
 
 #include <algorithm>
 #include <cmath>
@@ -19,14 +18,6 @@ constexpr auto kBarInterval = 100ms;  // between two drawings of the bar
 constexpr auto kPlainInterval = 5s;   // between two lines about one loop
 constexpr int kBarColumns = 20;
 constexpr double kSecondsForRate = 0.5;  // a rate measured over less says nothing
-
-// The first `columns` characters of a UTF-8 text. Wide characters are not told apart: the bar may
-// then be longer than the terminal, which costs looks only.
-std::string FirstColumns(const std::string& text, int columns) {
-  auto at = text.begin();
-  for (int i = 0; i < columns && at != text.end(); ++i) utf8::unchecked::next(at);
-  return {text.begin(), at};
-}
 
 std::string Minutes(double seconds) {
   const long whole = std::lround(seconds);
@@ -103,7 +94,9 @@ std::string DrawBar(const ProgressState& state, int width) {
   bar += state.phase;
   if (state.total > 0 || state.done > 0) bar += " " + DescribeProgress(state);
   if (!state.item.empty()) bar += "  " + state.item;
-  return FirstColumns(OneLine(bar), width - 1);  // the last column would wrap on some terminals
+  // The last column would wrap on some terminals. Wide characters are not told apart: the bar may
+  // then be longer than the terminal, which costs looks only.
+  return std::string(base::FirstCodePoints(OneLine(bar), width - 1));
 }
 
 Progress::Progress(ProgressMode mode, Screen& screen) : mode_(mode), screen_(screen) {}

@@ -11,7 +11,7 @@
 #include <cstdlib>
 #include <iostream>
 
-#include "host/connection_string.h"
+#include "base/connection_string.h"
 #include "host/outcome.h"
 
 namespace wbhost {
@@ -41,13 +41,6 @@ void ReplaceSecret(std::string& text, const std::string& secret) {
     text.replace(at, secret.size(), kHidden);
     at += kHidden.size();
   }
-}
-
-// Inside a longer message only the last word before the `=` is the key.
-std::string_view LastWord(std::string_view key) {
-  std::size_t begin = key.size();
-  while (begin > 0 && IsWordCharacter(key[begin - 1])) --begin;
-  return key.substr(begin);
 }
 
 // Switches echo off on a terminal for its lifetime.
@@ -108,31 +101,23 @@ void Secrets::Add(const std::string& secret) {
 }
 
 void Secrets::AddFrom(std::string_view connection_string) {
-  for (const Attribute& attribute : ParseConnectionString(connection_string)) {
-    if (!IsSecretKey(attribute.key)) continue;
+  for (const base::Attribute& attribute : base::ParseConnectionString(connection_string)) {
+    if (!base::IsSecretKey(attribute.key)) continue;
     Add(std::string(attribute.value));
-    Add(FindAttribute(connection_string, attribute.key));
+    Add(base::PlainValue(attribute.value));
   }
 }
 
 std::string Secrets::Scrub(std::string_view text) const {
   std::string clean(text);
   for (const std::string& secret : secrets_) ReplaceSecret(clean, secret);
-  // From the back, so that the places of the attributes before stay right.
-  const std::vector<Attribute> attributes = ParseConnectionString(clean);
-  std::string hidden = clean;
-  for (auto it = attributes.rbegin(); it != attributes.rend(); ++it) {
-    if (!it->value.empty() && IsSecretKey(LastWord(it->key))) {
-      hidden.replace(it->value_at, it->value.size(), kHidden);
-    }
-  }
-  return hidden;
+  return base::MaskSecrets(clean);
 }
 
 void HideSecretArguments(int argc, char** argv) {
   for (int i = 1; i < argc; ++i) {
     const std::string_view argument = argv[i];
-    for (const Attribute& attribute : ParseConnectionString(argument)) {
+    for (const base::Attribute& attribute : base::ParseConnectionString(argument)) {
       // `--connect=PWD=x` has the option's name before the first key.
       std::string_view key = attribute.key;
       std::size_t at = attribute.value_at;
@@ -144,7 +129,7 @@ void HideSecretArguments(int argc, char** argv) {
         at += equals + 1;
         length -= equals + 1;
       }
-      if (IsSecretKey(key)) std::fill_n(argv[i] + at, length, '*');
+      if (base::IsSecretKey(key)) std::fill_n(argv[i] + at, length, '*');
     }
   }
 }

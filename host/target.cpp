@@ -8,8 +8,8 @@
 #include <filesystem>
 #include <fstream>
 
+#include "base/connection_string.h"
 #include "host/connection.h"
-#include "host/connection_string.h"
 #include "host/outcome.h"
 
 namespace wbhost {
@@ -69,17 +69,17 @@ Target SampleTarget(const Sample& sample) {
         ExitCode::kConnection,
         fmt::format("cannot play the sample {}: there is no simulator {}", sample.name, simulator));
   }
-  return {
-      fmt::format("the sample {}", sample.name),
-      FormatAttribute("Driver", simulator) + FormatAttribute("Server", sample.simulated_server)};
+  return {fmt::format("the sample {}", sample.name),
+          base::FormatAttribute("Driver", simulator) +
+              base::FormatAttribute("Server", sample.simulated_server)};
 }
 
 // The connection string with the user and the password that stand outside of it.
 std::string WithLogin(std::string text, const ConnectionOptions& options,
                       const std::string& password) {
   if (!text.empty() && text.back() != ';') text += ';';
-  if (options.user) text += FormatAttribute("UID", *options.user);
-  if (!password.empty()) text += FormatAttribute("PWD", password);
+  if (options.user) text += base::FormatAttribute("UID", *options.user);
+  if (!password.empty()) text += base::FormatAttribute("PWD", password);
   return text;
 }
 
@@ -106,7 +106,7 @@ Target ResolveTarget(const ConnectionOptions& options, Secrets& secrets) {
   }
   if (options.dsn) {
     return {fmt::format("the data source {}", *options.dsn),
-            WithLogin(FormatAttribute("DSN", *options.dsn), options, password)};
+            WithLogin(base::FormatAttribute("DSN", *options.dsn), options, password)};
   }
   if (options.sqlite) return SqliteTarget(*options.sqlite);
   return SampleTarget(*FindSample(options.sample.value_or("sqlite")));

@@ -3,9 +3,11 @@
 #include "importer/odbc_workbook_import.h"
 
 #include "catalogues/type_lists.h"
-#include "importer/route.h"
 #include "importer/route_decision.h"
-#include "importer/session.h"
+#include "routes/generic/generic_route.h"
+#include "routes/informix/informix_route.h"
+#include "routes/native/native_import.h"
+#include "session/session.h"
 
 using odbcimport::ImportSession;
 
@@ -78,11 +80,11 @@ bool LcODBCWorkbookImport::ImportItems(unsigned short& status) try {
       odbcimport::DecideRoute(*session, login != nullptr ? &login->connect_text : nullptr);
   switch (decision.route) {
     case RouteKind::kODBC:
-      return odbcimport::ImportODBCItems(*session, status);
+      return odbcimport::generic::ImportODBCItems(*session, status);
     case RouteKind::kInformix:
-      return odbcimport::ImportInformixItems(*session, status);
+      return odbcimport::informix::ImportInformixItems(*session, status);
     case RouteKind::kNative:
-      return odbcimport::ImportNativeItems(*session, status);
+      return odbcimport::native::ImportNativeItems(*session, status);
   }
   return false;
 } catch (...) {

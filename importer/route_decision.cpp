@@ -3,10 +3,11 @@
 
 #include <cstdint>
 
-#include "importer/route.h"
+#include "base/utf.h"
 #include "importer/settings.h"
+#include "odbc/database_utilities.h"
 #include "platform/platform.h"
-#include "platform/utf8.h"
+#include "session/server_facts.h"
 
 namespace odbcimport {
 
@@ -44,7 +45,7 @@ void SettleServer(ImportSession& session) {
     SetupDBMSVersionODBC(session);
     if (!server.dbms_name.empty()) {
       session.choices.dbms_type =
-          platform::GetServices().database->DeterineDBMSTypeByName(server.dbms_name.c_str());
+          odbc::GetDatabaseUtilities().DeterineDBMSTypeByName(server.dbms_name.c_str());
     }
   }
   server.dbms_type = session.choices.dbms_type;
@@ -53,7 +54,7 @@ void SettleServer(ImportSession& session) {
 
 // The schema of views that a DB2 data source offers in place of its catalog; empty for none.
 std::u16string FindDB2CLISchema(const ImportSession& session, const std::u16string& connect_text) {
-  platform::DatabaseUtilities& database = *platform::GetServices().database;
+  platform::DatabaseUtilities& database = odbc::GetDatabaseUtilities();
   std::u16string driver;
   std::u16string database_name;
   std::u16string user;
@@ -77,7 +78,7 @@ RouteDecision DecideRoute(ImportSession& session, const std::u16string* connect_
     const std::u16string schema = FindDB2CLISchema(session, *connect_text);
     if (!schema.empty()) {
       return {RouteKind::kODBC,
-              "the data source has the CLI catalog schema " + platform::ToUtf8(schema)};
+              "the data source has the CLI catalog schema " + base::ToUtf8(schema)};
     }
   }
 

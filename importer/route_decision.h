@@ -4,7 +4,7 @@
 #include <string>
 
 #include "importer/odbc_workbook_import.h"
-#include "importer/session.h"
+#include "session/session.h"
 
 namespace odbcimport {
 

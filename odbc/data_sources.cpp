@@ -1,11 +1,9 @@
-// What the driver manager knows of data sources.
+// The entries of odbc.ini.
 #include "odbc/data_sources.h"
 
 #include <odbcinst.h>
 
 #include <array>
-
-#include "odbc/driver.h"
 
 namespace odbc {
 
@@ -18,7 +16,5 @@ std::string ReadDataSourceValue(const std::string& data_source, const std::strin
   value.back() = 0;
   return value.data();
 }
-
-std::u16string GetDataSourceName(void* hdbc) { return GetInfoText(hdbc, SQL_DATA_SOURCE_NAME); }
 
 }  // namespace odbc

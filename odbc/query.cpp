@@ -1,7 +1,8 @@
 // Execution, bound cells and long cells.
 #include "odbc/query.h"
 
-#include "odbc/fast_utf.h"
+#include "base/fast_utf.h"
+#include "base/utf.h"
 
 namespace odbc {
 namespace {
@@ -77,7 +78,7 @@ QueryState Query::Execute(std::string_view sql, const std::vector<std::string>& 
   columns_given_ = 0;
   if (is_stopped_()) return QueryState::kStopped;
   if (!Succeeded(statement_.Allocate(hdbc_)) || !BindParameters(parameters)) return Fail();
-  const SQLRETURN executed = statement_.ExecDirect(platform::ToUtf16(sql));
+  const SQLRETURN executed = statement_.ExecDirect(base::ToUtf16(sql));
   // A statement that changes nothing may say so, as one that ends a transaction does.
   if (!Succeeded(executed) && executed != SQL_NO_DATA_FOUND) return Fail();
   if (columns == 0) return QueryState::kRow;
@@ -100,7 +101,7 @@ bool Query::BindParameters(const std::vector<std::string>& parameters) {
   parameters_.resize(parameters.size());
   parameter_bytes_.resize(parameters.size());
   for (std::size_t i = 0; i < parameters.size(); ++i) {
-    parameters_[i] = platform::ToUtf16(parameters[i]);
+    parameters_[i] = base::ToUtf16(parameters[i]);
     const std::size_t characters = parameters_[i].size();
     parameter_bytes_[i] = static_cast<SQLLEN>(characters * sizeof(char16_t));
     const SQLRETURN result =
@@ -157,7 +158,7 @@ bool Query::TakeCell(std::size_t column) {
   }
   const std::u16string_view wide(reinterpret_cast<const char16_t*>(cell.bytes.data()),
                                  bytes / sizeof(char16_t));
-  AssignUtf8(wide, cell.text);
+  base::AssignUtf8(wide, cell.text);
   cells_[column] = cell.text;
   return true;
 }
@@ -189,7 +190,7 @@ bool Query::TakeLongCell(std::size_t column) {
   } else {
     std::u16string wide(read / sizeof(char16_t), u'\0');
     bytes.copy(reinterpret_cast<char*>(wide.data()), wide.size() * sizeof(char16_t));
-    cell.text = platform::ToUtf8(wide);
+    cell.text = base::ToUtf8(wide);
   }
   cells_[column] = cell.text;
   return true;

@@ -1,7 +1,7 @@
 // The names that drivers answer to SQL_DBMS_NAME, as a table of patterns.
 #include "platform/dbms_names.h"
 
-#include <algorithm>
+#include "base/ascii.h"
 
 namespace platform {
 
@@ -117,16 +117,8 @@ bool Fits(std::u16string_view name, const NamePattern& pattern) {
 
 }  // namespace
 
-std::u16string FoldCase(std::u16string_view text) {
-  std::u16string folded(text);
-  for (char16_t& c : folded) {
-    if (c >= u'A' && c <= u'Z') c = static_cast<char16_t>(c + (u'a' - u'A'));
-  }
-  return folded;
-}
-
 LeDBMSType ClassifyDBMSName(std::u16string_view name) {
-  const std::u16string folded = FoldCase(name);
+  const std::u16string folded = base::LowerAscii(name);
   for (const NamePattern& pattern : kNamePatterns) {
     if (Fits(folded, pattern)) return pattern.type;
   }

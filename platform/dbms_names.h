@@ -8,9 +8,6 @@
 
 namespace platform {
 
-// ASCII letters in lower case, everything else as it is.
-std::u16string FoldCase(std::u16string_view text);
-
 // dbmsOther for a server that is known to have an ODBC driver and needs no handling of its own,
 // dbmsUnknown for every other name.
 LeDBMSType ClassifyDBMSName(std::u16string_view name);

@@ -22,7 +22,5 @@ std::string FindSettingsFile();
 std::shared_ptr<MessageBox> MakeStandardErrorMessageBox();
 // Shows nothing: a command line has no pointer.
 std::shared_ptr<BusyCursor> MakeNoBusyCursor();
-// Reads connection strings and odbc.ini.
-std::shared_ptr<DatabaseUtilities> MakeDatabaseUtilities();
 
 }  // namespace platform

@@ -1,8 +1,8 @@
 // Messages of a host without windows.
 #include <cstdio>
 
+#include "base/utf.h"
 #include "platform/defaults.h"
-#include "platform/utf8.h"
 
 namespace platform {
 
@@ -11,7 +11,7 @@ namespace {
 class StandardErrorMessageBox : public MessageBox {
  public:
   void Show(const std::u16string& text, int /*help_context*/) override {
-    const std::string line = ToUtf8(text) + "\n";
+    const std::string line = base::ToUtf8(text) + "\n";
     std::fwrite(line.data(), 1, line.size(), stderr);
   }
 };

@@ -81,12 +81,12 @@ struct LC_EXPORT Services {
   std::shared_ptr<MessageBox> message_box;
   std::shared_ptr<MessageLibrary> messages;  // set by the module's start-up
   std::shared_ptr<BusyCursor> busy_cursor;
-  std::shared_ptr<DatabaseUtilities> database;
-  std::shared_ptr<CallLog> call_log;  // null: nobody listens
+  std::shared_ptr<DatabaseUtilities> database;  // set by the module's start-up
+  std::shared_ptr<CallLog> call_log;            // null: nobody listens
 };
 
 // The services in force, with the defaults where a host has installed nothing. Never null, but for
-// `messages` before the module was started and `call_log`.
+// `messages` and `database` before the module was started and `call_log`.
 LC_EXPORT Services& GetServices();
 
 }  // namespace platform

@@ -11,7 +11,6 @@ Services MakeDefaults() {
   services.settings = MakeTomlSettingsStore(FindSettingsFile());
   services.message_box = MakeStandardErrorMessageBox();
   services.busy_cursor = MakeNoBusyCursor();
-  services.database = MakeDatabaseUtilities();
   return services;
 }
 

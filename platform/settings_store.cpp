@@ -7,8 +7,8 @@
 #include <string_view>
 #include <vector>
 
+#include "base/utf.h"
 #include "platform/defaults.h"
-#include "platform/utf8.h"
 
 namespace platform {
 
@@ -38,10 +38,10 @@ class TomlSettingsStore : public SettingsStore {
   std::optional<std::uint32_t> ReadDWORD(const std::u16string& key,
                                          const std::u16string& value) override {
     const toml::node* node = &root_;
-    for (const std::string& name : Split(ToUtf8(key), '\\')) {
+    for (const std::string& name : Split(base::ToUtf8(key), '\\')) {
       node = FindChild(node, name);
     }
-    node = FindChild(node, ToUtf8(value));
+    node = FindChild(node, base::ToUtf8(value));
     const toml::value<std::int64_t>* number = node != nullptr ? node->as_integer() : nullptr;
     if (number == nullptr || number->get() < std::numeric_limits<std::int32_t>::min() ||
         number->get() > std::numeric_limits<std::uint32_t>::max()) {

@@ -6,6 +6,7 @@
 #include <charconv>
 #include <vector>
 
+#include "base/connection_string.h"
 #include "simulator/text.h"
 
 namespace catalogsim {
@@ -182,44 +183,14 @@ constexpr Keyword kKeywords[] = {
 };
 // clang-format on
 
-// Takes the next KEYWORD=VALUE; a value in braces may hold semicolons, "}}" stands for a brace.
-bool TakeAttribute(std::string_view& text, std::string& keyword, std::string& value) {
-  const std::size_t begin = text.find_first_not_of("; \t");
-  if (begin == std::string_view::npos) return false;
-  text.remove_prefix(begin);
-  const std::size_t equals = std::min(text.find('='), text.find(';'));
-  keyword = Trim(text.substr(0, equals));
-  value.clear();
-  if (equals == std::string_view::npos || text[equals] == ';') {
-    text.remove_prefix(std::min(equals, text.size()));
-    return true;
-  }
-  text.remove_prefix(equals + 1);
-  if (text.empty() || text[0] != '{') {
-    const std::size_t end = std::min(text.find(';'), text.size());
-    value = Trim(text.substr(0, end));
-    text.remove_prefix(end);
-    return true;
-  }
-  std::size_t i = 1;
-  for (; i < text.size(); ++i) {
-    if (text[i] == '}' && (i + 1 == text.size() || text[i + 1] != '}')) break;
-    if (text[i] == '}') ++i;
-    value.push_back(text[i]);
-  }
-  text.remove_prefix(std::min(i + 1, text.size()));
-  return true;
-}
-
 }  // namespace
 
 bool ParseConnectionString(std::string_view text, Settings& settings, std::string& why) {
-  std::string name;
-  std::string value;
-  while (TakeAttribute(text, name, value)) {
+  for (const base::Attribute& attribute : base::ParseConnectionString(text)) {
     const auto* const keyword =
         std::find_if(std::begin(kKeywords), std::end(kKeywords),
-                     [&](const Keyword& k) { return EqualIgnoringCase(k.name, name); });
+                     [&](const Keyword& k) { return EqualIgnoringCase(k.name, attribute.key); });
+    const std::string value = base::PlainValue(attribute.value);
     if (keyword == std::end(kKeywords) || keyword->parse(value, settings)) continue;
     why = std::string(keyword->name) + "=" + value + ": expected " + std::string(keyword->form);
     return false;

@@ -122,15 +122,4 @@ std::string Upper(std::string_view text) {
   return upper;
 }
 
-bool EqualIgnoringCase(std::string_view a, std::string_view b) {
-  return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                    [](char x, char y) { return UpperLetter(x) == UpperLetter(y); });
-}
-
-std::string_view Trim(std::string_view text) {
-  const auto begin = text.find_first_not_of(" \t\r\n");
-  if (begin == std::string_view::npos) return {};
-  return text.substr(begin, text.find_last_not_of(" \t\r\n") - begin + 1);
-}
-
 }  // namespace catalogsim

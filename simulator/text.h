@@ -9,6 +9,9 @@
 #include <string>
 #include <string_view>
 
+#include "base/ascii.h"
+#include "base/text.h"
+
 namespace catalogsim {
 
 // Writes at most `capacity` code units, without a terminator. Returns how many the whole text has,
@@ -26,7 +29,7 @@ bool AnswerText(std::string_view text, SQLWCHAR* buffer, SQLLEN capacity, SQLSMA
 
 // ASCII letters only; the names of keywords and functions have no others.
 std::string Upper(std::string_view text);
-bool EqualIgnoringCase(std::string_view a, std::string_view b);
-std::string_view Trim(std::string_view text);
+using base::EqualIgnoringCase;
+inline std::string_view Trim(std::string_view text) { return base::TrimSpace(text); }
 
 }  // namespace catalogsim

@@ -8,7 +8,7 @@
 #include <string>
 #include <string_view>
 
-#include "importer/workbook/utf.h"
+#include "base/utf.h"
 
 // Why a file was refused: "tables[3].columns[0].name: expected a text". Does not leave the reader.
 struct JsonRefusal {
@@ -36,7 +36,7 @@ class JsonField {
   }
   std::u16string Text() const {
     if (!value_->is_string()) Refuse("expected a text");
-    return LcToUtf16(value_->get_ref<const std::string&>());
+    return base::ToUtf16(value_->get_ref<const std::string&>());
   }
   bool Flag() const {
     if (!value_->is_boolean()) Refuse("expected true or false");

@@ -1,6 +1,6 @@
 #include "importer/workbook/json_writer.h"
 
-#include "importer/workbook/utf.h"
+#include "base/utf.h"
 
 void JsonWriter::Text(std::u16string_view text) {
   static constexpr char kHex[] = "0123456789abcdef";
@@ -9,7 +9,7 @@ void JsonWriter::Text(std::u16string_view text) {
   for (std::size_t at = 0; at < text.size();) {
     const char16_t c = text[at];
     if (c >= 0x80) {
-      LcAppendUtf8(LcNextCodePoint(text, at), buffer_);
+      base::AppendUtf8(base::NextCodePoint(text, at), buffer_);
       continue;
     }
     ++at;

@@ -1,5 +1,6 @@
 // Reads the optional members of the workbook file.
 #include "importer/workbook/workbook_file_details.h"
+#include "base/utf.h"
 
 namespace workbookfile {
 namespace {
@@ -127,7 +128,7 @@ bool HasAny(const JsonField& object, std::initializer_list<std::string_view> key
 LcOptions ReadOptions(const JsonField& options) {
   LcOptions read;
   options.ForEachMember([&](const std::string& name, const JsonField& value) {
-    read.Set(LcToUtf16(name), value.Text());
+    read.Set(base::ToUtf16(name), value.Text());
   });
   return read;
 }

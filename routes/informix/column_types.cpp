@@ -5,7 +5,7 @@
 #include "catalogues/physical_codes.h"
 #include "routes/informix/type_numbers.h"
 
-namespace odbcimport {
+namespace odbcimport::informix {
 namespace {
 
 constexpr int kDateTime = 10;
@@ -94,4 +94,4 @@ void ColumnDatatypeSetup(const ImportSession& session, ComplexTypes& complex_typ
   if ((base == kInterval || base == kDateTime) && collength >= 1) SetQualifier(*column, collength);
 }
 
-}  // namespace odbcimport
+}  // namespace odbcimport::informix

@@ -3,11 +3,11 @@
 
 #include <memory>
 
-#include "importer/session.h"
 #include "importer/workbook/table.h"
 #include "routes/informix/complex_types.h"
+#include "session/session.h"
 
-namespace odbcimport {
+namespace odbcimport::informix {
 
 // Gives the column its physical code, data type (none when no list has it), required and serial
 // marks, width, precision, scale and, for DATETIME and INTERVAL, its qualifier. `is_ius` and
@@ -16,4 +16,4 @@ void ColumnDatatypeSetup(const ImportSession& session, ComplexTypes& complex_typ
                          LcWorkbookColumn* column, int physical_code, int coltype, bool is_ius,
                          long extended_id, long collength);
 
-}  // namespace odbcimport
+}  // namespace odbcimport::informix

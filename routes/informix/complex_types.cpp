@@ -4,14 +4,14 @@
 #include <algorithm>
 #include <new>
 
+#include "base/text.h"
 #include "catalogues/conversions.h"
 #include "catalogues/physical_codes.h"
-#include "catalogues/text.h"
 #include "odbc/record_list.h"
 #include "routes/informix/type_numbers.h"
 #include "routes/informix/type_queries.h"
 
-namespace odbcimport {
+namespace odbcimport::informix {
 namespace {
 
 constexpr std::size_t kDeepestNesting = 64;
@@ -41,11 +41,11 @@ struct ComplexTypes::Part {
   Part(const LcODBCRecordList& rows, int row, long number, int code)
       : type_number(number),
         physical_code(code & 0xFF),
-        field_name(TrimRightSpace(rows.View(row, 2))),
-        length(ParseInteger(rows.View(row, 4))),
-        sub_id(ParseInteger(rows.View(row, 5))),
-        owner(TrimRightSpace(rows.View(row, 7))),
-        extended_name(TrimRightSpace(rows.View(row, 8))) {
+        field_name(base::TrimRightSpace(rows.View(row, 2))),
+        length(base::ParseInteger(rows.View(row, 4))),
+        sub_id(base::ParseInteger(rows.View(row, 5))),
+        owner(base::TrimRightSpace(rows.View(row, 7))),
+        extended_name(base::TrimRightSpace(rows.View(row, 8))) {
     const int type = static_cast<int>(type_number);
     ConvertIUSTypeCodeToTypeName(type, type_name);
     generic_code = ConvertIUSPhyCodeToGenericCode(type, extended_name.c_str());
@@ -85,10 +85,10 @@ bool ComplexTypes::GetComplexType(const std::u16string& sql, LcWorkbookDatatype*
   session_.RunQuery(sql, rows);
   bool is_collection = false;
   for (int row = 1; row <= rows.GetRowCount(); ++row) {
-    const long number = ParseInteger(rows.View(row, 3));
+    const long number = base::ParseInteger(rows.View(row, 3));
     bool found = false;
     const int code = ConvertDatabaseTypeToODBC(rows.View(row, 3), session_.server.dbms_type, found);
-    if (ParseInteger(rows.View(row, 1)) == 0) {  // the row of the type itself
+    if (base::ParseInteger(rows.View(row, 1)) == 0) {  // the row of the type itself
       is_collection = IsCollectionCode(code);
       continue;
     }
@@ -162,4 +162,4 @@ const std::u16string& ComplexTypes::RegularTypeName(int physical_code) {
   return regular_names_[static_cast<std::size_t>(physical_code)];
 }
 
-}  // namespace odbcimport
+}  // namespace odbcimport::informix

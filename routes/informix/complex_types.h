@@ -6,10 +6,10 @@
 #include <string>
 #include <vector>
 
-#include "importer/session.h"
 #include "importer/workbook/datatype.h"
+#include "session/session.h"
 
-namespace odbcimport {
+namespace odbcimport::informix {
 
 // The low byte of a physical code. Collections are SET, MULTISET, LIST and COLLECTION, rows are
 // unnamed and named row types.
@@ -46,4 +46,4 @@ class ComplexTypes {
   std::optional<std::size_t> regular_names_count_;
 };
 
-}  // namespace odbcimport
+}  // namespace odbcimport::informix

@@ -1,20 +1,13 @@
 // The parsers of Universal Server's index keys.
 #include "routes/informix/index_keys.h"
 
+#include "base/text.h"
 #include "catalogues/conversions.h"
-#include "catalogues/text.h"
 
-namespace odbcimport {
+namespace odbcimport::informix {
 namespace {
 
 using std::u16string_view;
-
-u16string_view TrimLeftBlanks(u16string_view text) {
-  const auto first = text.find_first_not_of(u' ');
-  return first == u16string_view::npos ? u16string_view() : text.substr(first);
-}
-
-u16string_view TrimBlanks(u16string_view text) { return TrimLeftBlanks(TrimRightBlanks(text)); }
 
 // The part before the first `mark`; nothing when there is none.
 u16string_view Before(u16string_view text, char16_t mark) {
@@ -23,25 +16,25 @@ u16string_view Before(u16string_view text, char16_t mark) {
 }
 
 void Append(u16string_view number, std::vector<std::int16_t>& out) {
-  out.push_back(static_cast<std::int16_t>(CutTo16Bits(ParseInteger(number))));
+  out.push_back(static_cast<std::int16_t>(CutTo16Bits(base::ParseInteger(number))));
 }
 
 }  // namespace
 
 void ParseOnlineColKey(u16string_view item, std::vector<std::int16_t>& out) {
-  u16string_view number = TrimRightBlanks(Before(item, u'['));
+  u16string_view number = base::TrimRightBlanks(Before(item, u'['));
   if (number.starts_with(u'-')) number.remove_prefix(1);
   Append(number, out);
 }
 
 void ParseOnlineFuncKey(u16string_view item, std::vector<std::int16_t>& out) {
-  const u16string_view function = TrimRightBlanks(Before(item, u'-'));
+  const u16string_view function = base::TrimRightBlanks(Before(item, u'-'));
   const auto open = function.find(u'(');
   u16string_view arguments =
-      TrimBlanks(open == u16string_view::npos ? function : function.substr(open + 1));
+      base::TrimBlanks(open == u16string_view::npos ? function : function.substr(open + 1));
   for (auto comma = arguments.find(u','); comma != u16string_view::npos;
        comma = arguments.find(u',')) {
-    Append(TrimBlanks(arguments.substr(0, comma)), out);
+    Append(base::TrimBlanks(arguments.substr(0, comma)), out);
     arguments.remove_prefix(comma + 1);
   }
 }
@@ -49,10 +42,10 @@ void ParseOnlineFuncKey(u16string_view item, std::vector<std::int16_t>& out) {
 void ParseOnlineIndexKeys(u16string_view index_keys, std::vector<std::int16_t>& out) {
   bool first = true;
   for (auto end = index_keys.find(u']'); end != u16string_view::npos; end = index_keys.find(u']')) {
-    u16string_view item = TrimLeftBlanks(index_keys.substr(0, end + 1));
+    u16string_view item = base::TrimLeftBlanks(index_keys.substr(0, end + 1));
     if (!first) {
       if (item.starts_with(u',')) item.remove_prefix(1);
-      item = TrimLeftBlanks(item);
+      item = base::TrimLeftBlanks(item);
     }
     if (item.starts_with(u'<')) {
       ParseOnlineFuncKey(item, out);
@@ -64,4 +57,4 @@ void ParseOnlineIndexKeys(u16string_view index_keys, std::vector<std::int16_t>& 
   }
 }
 
-}  // namespace odbcimport
+}  // namespace odbcimport::informix

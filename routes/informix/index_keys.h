@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-namespace odbcimport {
+namespace odbcimport::informix {
 
 // Appends the column numbers (from 1) to `out`, in key order. What is no item is left out.
 void ParseOnlineIndexKeys(std::u16string_view index_keys, std::vector<std::int16_t>& out);
@@ -18,4 +18,4 @@ void ParseOnlineColKey(std::u16string_view item, std::vector<std::int16_t>& out)
 // key's would invent keys in odd catalogs.
 void ParseOnlineFuncKey(std::u16string_view item, std::vector<std::int16_t>& out);
 
-}  // namespace odbcimport
+}  // namespace odbcimport::informix

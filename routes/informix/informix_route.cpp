@@ -1,17 +1,18 @@
 // The Informix route: reads the system catalog of Dynamic Server and Universal Server with own SQL.
 // This file has the order of the phases and what decides whether each runs; the readers are in the
 // other files of this folder, those of functions, aggregates and procedures in catalogues.
+#include "routes/informix/informix_route.h"
+
 #include <exception>
 
-#include "catalogues/readers.h"
-#include "importer/route.h"
 #include "routes/informix/complex_types.h"
 #include "routes/informix/keys.h"
 #include "routes/informix/name_readers.h"
 #include "routes/informix/named_types.h"
 #include "routes/informix/table_readers.h"
+#include "routes/shared/readers.h"
 
-namespace odbcimport {
+namespace odbcimport::informix {
 namespace {
 
 class InformixRoute {
@@ -126,4 +127,4 @@ bool ImportInformixItems(ImportSession& session, unsigned short& status) {
   return InformixRoute(session).Import(status);
 }
 
-}  // namespace odbcimport
+}  // namespace odbcimport::informix

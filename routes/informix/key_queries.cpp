@@ -1,9 +1,9 @@
 // The queries for keys.
 #include "routes/informix/key_queries.h"
 
-#include "catalogues/text.h"
+#include "base/text.h"
 
-namespace odbcimport {
+namespace odbcimport::informix {
 
 void BuildOnlineSQLGetPrimaryKeys(const LcWorkbookTableList* tables, bool is_ius,
                                   std::u16string& text) {
@@ -41,8 +41,8 @@ void BuildOnlineSQLGetForeignKeys(int parent_tabid, int /*constraint_id*/, bool 
                   u"t3.part13, t3.part14, t3.part15, t3.part16 from INFORMIX.SYSREFERENCES t1, "
                   u"INFORMIX.SYSCONSTRAINTS t2, INFORMIX.SYSINDEXES t3, INFORMIX.SYSTABLES t4 "
                   u"where (t4.tabid=t3.tabid) and (t1.ptabid=";
-  text.append(FormatInteger(parent_tabid));
+  text.append(base::FormatInteger(parent_tabid));
   text.append(u") and (t1.constrid=t2.constrid) and (t2.idxname=t3.idxname)");
 }
 
-}  // namespace odbcimport
+}  // namespace odbcimport::informix

@@ -6,7 +6,7 @@
 
 #include "importer/workbook/table.h"
 
-namespace odbcimport {
+namespace odbcimport::informix {
 
 // Primary key and unique constraints of the tables in the list; of the whole database when it is
 // empty or null. Columns: table name, owner, constraint id, table id, constraint type, then the
@@ -20,4 +20,4 @@ void BuildOnlineSQLGetPrimaryKeys(const LcWorkbookTableList* tables, bool is_ius
 void BuildOnlineSQLGetForeignKeys(int parent_tabid, int constraint_id, bool is_ius,
                                   std::u16string& text);
 
-}  // namespace odbcimport
+}  // namespace odbcimport::informix

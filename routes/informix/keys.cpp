@@ -9,19 +9,19 @@
 #include <limits>
 #include <new>
 
-#include "catalogues/text.h"
+#include "base/text.h"
 #include "odbc/record_list.h"
 #include "routes/informix/index_keys.h"
 #include "routes/informix/key_queries.h"
 
-namespace odbcimport {
+namespace odbcimport::informix {
 namespace {
 
 constexpr int kFirstPart = 3;  // of the sixteen part numbers in a foreign key's row
 constexpr int kLastPart = 18;
 
 std::u16string Trimmed(const LcODBCRecordList& rows, int row, int column) {
-  return std::u16string(TrimRightSpace(rows.View(row, column)));
+  return std::u16string(base::TrimRightSpace(rows.View(row, column)));
 }
 
 // Null for a number (from 1) that names no column.
@@ -44,7 +44,7 @@ void ParseIUSForeignKeys(std::u16string_view index_keys, LcWorkbookKeyList* keys
 void ReadPartNumbers(const LcODBCRecordList& rows, int row, LcWorkbookKeyList* keys,
                      LcWorkbookTable* table) {
   for (int part = kFirstPart; part <= kLastPart; ++part) {
-    const long number = ParseInteger(TrimRightSpace(rows.View(row, part)));
+    const long number = base::ParseInteger(base::TrimRightSpace(rows.View(row, part)));
     if (number == 0) return;
     if (LcWorkbookColumn* column = FindColumnByNumber(*table, number)) {
       keys->AddKeyColumn(column);
@@ -82,7 +82,7 @@ bool GetOnlineForeignKeys(const ImportSession& session, LcWorkbookTableList& tab
     if (child == nullptr) continue;
     LcWorkbookKeyList child_columns;
     if (session.IsIUS()) {
-      ParseIUSForeignKeys(TrimRightSpace(rows.View(row, 3)), &child_columns, child);
+      ParseIUSForeignKeys(base::TrimRightSpace(rows.View(row, 3)), &child_columns, child);
     } else {
       ReadPartNumbers(rows, row, &child_columns, child);
     }
@@ -128,10 +128,10 @@ bool GetOnlinePrimaryForeignKeys(const ImportSession& session, LcWorkbookTableLi
     session.StatusDialog(inTableItem, iiNone, 0, owner.c_str(), name.c_str());
     // A unique constraint (column 5) counts as a primary key; a table with several has the columns
     // of all in its key, and meets each relationship once for every constraint.
-    if (session.IsIUS()) SetOnlinePrimaryKey(*table, TrimRightSpace(rows.View(row, 6)));
+    if (session.IsIUS()) SetOnlinePrimaryKey(*table, base::TrimRightSpace(rows.View(row, 6)));
     if (with_foreign_keys) {
-      const int constraint_id = static_cast<int>(ParseInteger(rows.View(row, 3)));
-      const int table_id = static_cast<int>(ParseInteger(rows.View(row, 4)));
+      const int constraint_id = static_cast<int>(base::ParseInteger(rows.View(row, 3)));
+      const int table_id = static_cast<int>(base::ParseInteger(rows.View(row, 4)));
       result = GetOnlineForeignKeys(session, tables, table, constraint_id, table_id);
     }
     if (session.WasImportStoppedOrCancelled()) break;
@@ -140,4 +140,4 @@ bool GetOnlinePrimaryForeignKeys(const ImportSession& session, LcWorkbookTableLi
   return result;
 }
 
-}  // namespace odbcimport
+}  // namespace odbcimport::informix

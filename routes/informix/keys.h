@@ -3,9 +3,9 @@
 
 #include <string_view>
 
-#include "importer/session.h"
+#include "session/session.h"
 
-namespace odbcimport {
+namespace odbcimport::informix {
 
 // Reads the constraints of the tables in one statement and, with foreign keys wanted, one more for
 // each constraint. On Dynamic Server no columns become keys, deliberately: see keys.cpp. True, also
@@ -17,4 +17,4 @@ bool GetOnlinePrimaryForeignKeys(const ImportSession& session, LcWorkbookTableLi
 // that name no column are skipped.
 void SetOnlinePrimaryKey(LcWorkbookTable& table, std::u16string_view index_keys);
 
-}  // namespace odbcimport
+}  // namespace odbcimport::informix

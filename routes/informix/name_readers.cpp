@@ -1,16 +1,16 @@
 // The phases that list names.
 #include "routes/informix/name_readers.h"
 
+#include "base/text.h"
 #include "catalogues/conversions.h"
-#include "catalogues/text.h"
 #include "odbc/record_list.h"
-#include "routes/informix/catalog_queries.h"
+#include "routes/shared/catalog_queries.h"
 
-namespace odbcimport {
+namespace odbcimport::informix {
 namespace {
 
 std::u16string Trimmed(const LcODBCRecordList& rows, int row, int column) {
-  return std::u16string(TrimRightSpace(rows.View(row, column)));
+  return std::u16string(base::TrimRightSpace(rows.View(row, column)));
 }
 
 template <class T>
@@ -29,7 +29,7 @@ void AppendTableOrView(const ImportSession& session, const LcODBCRecordList& row
   info->name = Trimmed(rows, row, 2);
   if (info->name.empty()) return;
   info->owner = Trimmed(rows, row, 1);
-  const std::u16string_view type = TrimRightSpace(rows.View(row, 3));
+  const std::u16string_view type = base::TrimRightSpace(rows.View(row, 3));
   if (!type.empty()) info->type = GetTableType(type, dbmsInformix);
   AppendTo(session.targets.table_names, std::move(info));
 }
@@ -40,8 +40,8 @@ void AppendSynonym(const ImportSession& session, const LcODBCRecordList& rows, i
   if (info->name.empty()) return;
   info->owner = Trimmed(rows, row, 8);
   info->type = ttSynonym;
-  info->synonym.synonym_id = static_cast<std::int32_t>(ParseInteger(rows.View(row, 1)));
-  info->synonym.base_table_id = static_cast<std::int32_t>(ParseInteger(rows.View(row, 2)));
+  info->synonym.synonym_id = static_cast<std::int32_t>(base::ParseInteger(rows.View(row, 1)));
+  info->synonym.base_table_id = static_cast<std::int32_t>(base::ParseInteger(rows.View(row, 2)));
   info->synonym.server_name = Trimmed(rows, row, 3);
   info->synonym.database_name = Trimmed(rows, row, 4);
   info->synonym.base_owner = Trimmed(rows, row, 5);
@@ -53,7 +53,7 @@ void AppendColumn(const ImportSession& session, const LcODBCRecordList& rows, in
   auto info = std::make_unique<LcWBColumnInfo>();
   info->name = Trimmed(rows, row, 1);
   if (info->name.empty()) return;
-  const std::u16string_view type = TrimRightSpace(rows.View(row, 2));
+  const std::u16string_view type = base::TrimRightSpace(rows.View(row, 2));
   if (!type.empty()) {
     bool found = false;
     info->data_type =
@@ -107,4 +107,4 @@ bool ReadColumnNames(const ImportSession& session) {
   return ReadNames(session, iiColumnNames, sql, AppendColumn);
 }
 
-}  // namespace odbcimport
+}  // namespace odbcimport::informix

@@ -3,9 +3,9 @@
 // stopped the import: the phase then ends without its last notification.
 #pragma once
 
-#include "importer/session.h"
+#include "session/session.h"
 
-namespace odbcimport {
+namespace odbcimport::informix {
 
 [[nodiscard]] bool ReadOwnerNames(const ImportSession& session);
 [[nodiscard]] bool ReadTableAndViewNames(const ImportSession& session);
@@ -13,4 +13,4 @@ namespace odbcimport {
 // The columns of the chosen single table.
 [[nodiscard]] bool ReadColumnNames(const ImportSession& session);
 
-}  // namespace odbcimport
+}  // namespace odbcimport::informix

@@ -3,15 +3,15 @@
 
 #include <new>
 
+#include "base/text.h"
 #include "catalogues/conversions.h"
 #include "catalogues/physical_codes.h"
-#include "catalogues/text.h"
 #include "catalogues/type_lists.h"
 #include "odbc/record_list.h"
 #include "routes/informix/type_numbers.h"
 #include "routes/informix/type_queries.h"
 
-namespace odbcimport {
+namespace odbcimport::informix {
 namespace {
 
 void SetSizes(int type_number, long length, LcWorkbookDatatype& type) {
@@ -22,11 +22,12 @@ void SetSizes(int type_number, long length, LcWorkbookDatatype& type) {
 
 void SetBaseOfDistinctType(const LcODBCRecordList& rows, int row, int type_number,
                            LcWorkbookDatatype& type) {
-  if (ParseInteger(rows.View(row, 6)) != 0) {
-    const int base_number = static_cast<int>(ParseInteger(TrimRightSpace(rows.View(row, 12))));
-    const std::u16string base_name(TrimRightSpace(rows.View(row, 11)));
+  if (base::ParseInteger(rows.View(row, 6)) != 0) {
+    const int base_number =
+        static_cast<int>(base::ParseInteger(base::TrimRightSpace(rows.View(row, 12))));
+    const std::u16string base_name(base::TrimRightSpace(rows.View(row, 11)));
     type.SetBaseCode(base_number & 0xFF);
-    type.SetBaseOwner(std::u16string(TrimRightSpace(rows.View(row, 10))));
+    type.SetBaseOwner(std::u16string(base::TrimRightSpace(rows.View(row, 10))));
     if (!base_name.empty()) type.SetBaseExtendedTypeName(base_name);
     type.SetGenericBaseCode(ConvertIUSPhyCodeToGenericCode(base_number, base_name.c_str()));
     type.SetBaseTypeGroup(ConvertIUSPhyCodeToTypeGroup(base_number, base_name.c_str()));
@@ -42,18 +43,19 @@ void SetBaseOfDistinctType(const LcODBCRecordList& rows, int row, int type_numbe
 std::unique_ptr<LcWorkbookDatatype> NamedType(const LcODBCRecordList& rows, int row,
                                               char16_t& mode) {
   auto type = std::make_unique<LcWorkbookDatatype>();
-  const int number = static_cast<int>(ParseInteger(TrimRightSpace(rows.View(row, 5))));
+  const int number = static_cast<int>(base::ParseInteger(base::TrimRightSpace(rows.View(row, 5))));
   bool found = false;
-  type->SetPhysicalCode(ConvertDatabaseTypeToODBC(FormatInteger(number), dbmsInformix, found));
+  type->SetPhysicalCode(
+      ConvertDatabaseTypeToODBC(base::FormatInteger(number), dbmsInformix, found));
   std::u16string type_name;
   ConvertIUSTypeCodeToTypeName(number, type_name);
   type->SetTypeName(type_name);
-  const std::u16string name(TrimRightSpace(rows.View(row, 4)));
+  const std::u16string name(base::TrimRightSpace(rows.View(row, 4)));
   if (!name.empty()) type->SetExtendedTypeName(name, 0);
-  type->SetExtendedId(ParseInteger(rows.View(row, 1)));
-  type->SetOwner(std::u16string(TrimRightSpace(rows.View(row, 3))));
+  type->SetExtendedId(base::ParseInteger(rows.View(row, 1)));
+  type->SetOwner(std::u16string(base::TrimRightSpace(rows.View(row, 3))));
 
-  const std::u16string_view mode_cell = TrimRightSpace(rows.View(row, 2));
+  const std::u16string_view mode_cell = base::TrimRightSpace(rows.View(row, 2));
   if (!mode_cell.empty()) mode = mode_cell.front();
 
   const enumDataTypeGroup group = ConvertIUSPhyCodeToTypeGroup(number, name.c_str());
@@ -64,8 +66,8 @@ std::unique_ptr<LcWorkbookDatatype> NamedType(const LcODBCRecordList& rows, int 
 
   // The length wins over the maximum length. A type with a maximum length is not size-modifiable
   // either: hosts offer no size for a type that has a name.
-  const long maximum_length = ParseInteger(rows.View(row, 7));
-  const long length = ParseInteger(rows.View(row, 8));
+  const long maximum_length = base::ParseInteger(rows.View(row, 7));
+  const long length = base::ParseInteger(rows.View(row, 8));
   if (maximum_length != 0) SetSizes(number, maximum_length, *type);
   if (length != 0) SetSizes(number, length, *type);
   type->SetSizeModifiable(false);
@@ -117,4 +119,4 @@ bool GetNamedDataTypes(const ImportSession& session, const LcOwnerInfoList* owne
   return GetComplexDataTypes(types, complex_types);
 }
 
-}  // namespace odbcimport
+}  // namespace odbcimport::informix

@@ -1,10 +1,10 @@
 // The data type phase: the built-in types of the server and, on Universal Server, its named types.
 #pragma once
 
-#include "importer/session.h"
 #include "routes/informix/complex_types.h"
+#include "session/session.h"
 
-namespace odbcimport {
+namespace odbcimport::informix {
 
 // Appends the server's built-in types to the target list.
 void GetBuiltInDataTypes(const ImportSession& session);
@@ -14,4 +14,4 @@ void GetBuiltInDataTypes(const ImportSession& session);
 bool GetNamedDataTypes(const ImportSession& session, const LcOwnerInfoList* owners,
                        LcWorkbookDatatypeList* types, ComplexTypes& complex_types);
 
-}  // namespace odbcimport
+}  // namespace odbcimport::informix

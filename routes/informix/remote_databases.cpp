@@ -1,11 +1,12 @@
 // The databases that remote synonyms point into.
 #include "routes/informix/remote_databases.h"
 
-#include "catalogues/text.h"
+#include "base/ascii.h"
+#include "base/text.h"
 #include "odbc/record_list.h"
-#include "routes/informix/catalog_queries.h"
+#include "routes/shared/catalog_queries.h"
 
-namespace odbcimport {
+namespace odbcimport::informix {
 
 LcRemoteDatabaseInfo::~LcRemoteDatabaseInfo() = default;
 const char* LcRemoteDatabaseInfo::GetRuntimeClass() const { return "LcRemoteDatabaseInfo"; }
@@ -15,8 +16,8 @@ LcRemoteDatabaseInfo* FindRemoteDatabaseInfo(const LcRemoteDatabaseInfoList& lis
                                              const std::u16string& database) {
   for (LcRemoteDatabaseInfo* info : list) {
     if (info == nullptr) return nullptr;
-    if (EqualIgnoringCase(info->server_name, server) &&
-        EqualIgnoringCase(info->database_name, database)) {
+    if (base::EqualIgnoringCase(info->server_name, server) &&
+        base::EqualIgnoringCase(info->database_name, database)) {
       return info;
     }
   }
@@ -32,4 +33,4 @@ bool DetermineIfRemoteIsIUS(const ImportSession& session, const std::u16string& 
   return rows.GetRowCount() > 0;
 }
 
-}  // namespace odbcimport
+}  // namespace odbcimport::informix

@@ -3,9 +3,9 @@
 
 #include <string>
 
-#include "importer/session.h"
+#include "session/session.h"
 
-namespace odbcimport {
+namespace odbcimport::informix {
 
 class LcRemoteDatabaseInfo : public LcObject {
  public:
@@ -31,4 +31,4 @@ LcRemoteDatabaseInfo* FindRemoteDatabaseInfo(const LcRemoteDatabaseInfoList& lis
 bool DetermineIfRemoteIsIUS(const ImportSession& session, const std::u16string& server,
                             const std::u16string& database);
 
-}  // namespace odbcimport
+}  // namespace odbcimport::informix

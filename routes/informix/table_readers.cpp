@@ -4,14 +4,14 @@
 #include <string>
 #include <unordered_map>
 
+#include "base/text.h"
 #include "catalogues/conversions.h"
-#include "catalogues/text.h"
 #include "odbc/record_list.h"
-#include "routes/informix/catalog_queries.h"
 #include "routes/informix/column_types.h"
 #include "routes/informix/remote_databases.h"
+#include "routes/shared/catalog_queries.h"
 
-namespace odbcimport {
+namespace odbcimport::informix {
 namespace {
 
 // Where a query's result has what makes a column; 0 for what it does not have.
@@ -42,15 +42,16 @@ class ColumnReader {
   void Read(int row, const std::u16string& owner, const std::u16string& name,
             LcWorkbookTable& table) const {
     auto column = std::make_unique<LcWorkbookColumn>();
-    column->SetName(std::u16string(TrimRightSpace(rows_.View(row, positions_.name))));
+    column->SetName(std::u16string(base::TrimRightSpace(rows_.View(row, positions_.name))));
     session_.StatusDialog(inTableItem, iiNone, 0, owner.c_str(), name.c_str(),
                           column->GetName().c_str());
-    const std::u16string_view type = TrimRightSpace(rows_.View(row, positions_.coltype));
-    const int coltype = static_cast<int>(ParseInteger(type));
+    const std::u16string_view type = base::TrimRightSpace(rows_.View(row, positions_.coltype));
+    const int coltype = static_cast<int>(base::ParseInteger(type));
     bool found = false;
     const int physical_code = ConvertDatabaseTypeToODBC(type, dbmsInformix, found);
-    const long extended_id = is_ius_ ? ParseInteger(rows_.View(row, positions_.extended_id)) : 0;
-    const long collength = ParseInteger(rows_.View(row, positions_.collength));
+    const long extended_id =
+        is_ius_ ? base::ParseInteger(rows_.View(row, positions_.extended_id)) : 0;
+    const long collength = base::ParseInteger(rows_.View(row, positions_.collength));
     ColumnDatatypeSetup(session_, complex_types_, column.get(), physical_code, coltype, is_ius_,
                         extended_id, collength);
     column->SetTable(&table);
@@ -154,8 +155,8 @@ bool ReadTablesAndViews(ImportSession& session, ComplexTypes& complex_types,
   LcWorkbookTable* table = nullptr;
   std::u16string type_text;
   for (int row = 1; row <= count; ++row) {
-    const std::u16string_view row_owner = TrimRightSpace(rows.View(row, 1));
-    const std::u16string_view row_name = TrimRightSpace(rows.View(row, 2));
+    const std::u16string_view row_owner = base::TrimRightSpace(rows.View(row, 1));
+    const std::u16string_view row_name = base::TrimRightSpace(rows.View(row, 2));
     if (row_owner != owner || row_name != name) {
       owner = row_owner;
       name = row_name;
@@ -193,8 +194,8 @@ bool ReadLocalSynonyms(ImportSession& session, ComplexTypes& complex_types,
   std::u16string name;
   LcWorkbookTable* table = nullptr;
   for (int row = 1; row <= count; ++row) {
-    const std::u16string_view row_name = TrimRightSpace(rows.View(row, 3));
-    const std::u16string_view row_owner = TrimRightSpace(rows.View(row, 4));
+    const std::u16string_view row_name = base::TrimRightSpace(rows.View(row, 3));
+    const std::u16string_view row_owner = base::TrimRightSpace(rows.View(row, 4));
     if (row_owner != owner || row_name != name) {
       owner = row_owner;
       name = row_name;
@@ -240,4 +241,4 @@ bool ReadRemoteSynonyms(ImportSession& session, ComplexTypes& complex_types,
   return true;
 }
 
-}  // namespace odbcimport
+}  // namespace odbcimport::informix

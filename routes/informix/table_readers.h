@@ -2,10 +2,10 @@
 // notifications and appends to the list of tables. False when the host stopped the import.
 #pragma once
 
-#include "importer/session.h"
 #include "routes/informix/complex_types.h"
+#include "session/session.h"
 
-namespace odbcimport {
+namespace odbcimport::informix {
 
 [[nodiscard]] bool ReadTablesAndViews(ImportSession& session, ComplexTypes& complex_types,
                                       LcWorkbookTableList& tables);
@@ -16,4 +16,4 @@ namespace odbcimport {
 [[nodiscard]] bool ReadRemoteSynonyms(ImportSession& session, ComplexTypes& complex_types,
                                       LcWorkbookTableList& tables);
 
-}  // namespace odbcimport
+}  // namespace odbcimport::informix

@@ -1,9 +1,10 @@
 // Tables and decoders of Informix type numbers.
 #include "routes/informix/type_numbers.h"
 
-#include "catalogues/text.h"
+#include "base/ascii.h"
+#include "base/text.h"
 
-namespace odbcimport {
+namespace odbcimport::informix {
 namespace {
 
 constexpr int kVarOpaque = 40;
@@ -70,8 +71,8 @@ enum class LargeObject { kNone, kBinary, kCharacter };
 LargeObject FindLargeObject(const TypeNumber& type, const char16_t* extended_name) {
   const bool opaque = type.number == kVarOpaque || type.number == kFixedOpaque;
   if (!opaque || extended_name == nullptr) return LargeObject::kNone;
-  if (EqualIgnoringCase(extended_name, u"BLOB")) return LargeObject::kBinary;
-  if (EqualIgnoringCase(extended_name, u"CLOB")) return LargeObject::kCharacter;
+  if (base::EqualIgnoringCase(extended_name, u"BLOB")) return LargeObject::kBinary;
+  if (base::EqualIgnoringCase(extended_name, u"CLOB")) return LargeObject::kCharacter;
   return LargeObject::kNone;
 }
 
@@ -142,4 +143,4 @@ enumIntervalPart ComputeInformixIntervalPart(int qualifier_code) {
   return kQualifierUnits[qualifier_code];
 }
 
-}  // namespace odbcimport
+}  // namespace odbcimport::informix

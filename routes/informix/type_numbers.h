@@ -8,7 +8,7 @@
 
 #include "importer/workbook/enums.h"
 
-namespace odbcimport {
+namespace odbcimport::informix {
 
 // Physical codes below that of SERIAL belong to plain built-in types.
 constexpr bool IsRegularDataType(int physical_code) { return physical_code < 19; }
@@ -30,4 +30,4 @@ bool ComputeInformixNoNull(long coltype);
 // The unit of a qualifier code of DATETIME and INTERVAL; ipNone for a code that stands for none.
 enumIntervalPart ComputeInformixIntervalPart(int qualifier_code);
 
-}  // namespace odbcimport
+}  // namespace odbcimport::informix

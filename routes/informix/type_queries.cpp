@@ -1,9 +1,9 @@
 // The queries for Universal Server's extended types.
 #include "routes/informix/type_queries.h"
 
-#include "catalogues/text.h"
+#include "base/text.h"
 
-namespace odbcimport {
+namespace odbcimport::informix {
 
 void BuildSQLGetNamedDataTypes(const LcOwnerInfoList* owners, std::u16string& text) {
   text =
@@ -25,7 +25,7 @@ void BuildSQLGetComplexType(int extended_id, std::u16string& text) {
       u"select t1.parent_no, t1.fieldname, t1.type, t1.length, t1.xtd_type_id, t2.mode, t2.owner, "
       u"t2.name, t2.source, t2.maxlen, t2.length from INFORMIX.SYSATTRTYPES t1, OUTER "
       u"INFORMIX.SYSXTDTYPES t2 where t1.extended_id=";
-  text.append(FormatInteger(extended_id)).append(u" and t1.xtd_type_id=t2.extended_id");
+  text.append(base::FormatInteger(extended_id)).append(u" and t1.xtd_type_id=t2.extended_id");
 }
 
-}  // namespace odbcimport
+}  // namespace odbcimport::informix

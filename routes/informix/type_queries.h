@@ -5,7 +5,7 @@
 
 #include "importer/workbook/info.h"
 
-namespace odbcimport {
+namespace odbcimport::informix {
 
 // Named types: extended id, mode, owner, name, type number, source, maximum length, length, and
 // mode, owner, name and type number of the base type. `owners` (null or empty: all owners) go in
@@ -16,4 +16,4 @@ void BuildSQLGetNamedDataTypes(const LcOwnerInfoList* owners, std::u16string& te
 // the part's own type, and mode, owner, name, source, maximum length and length of that type.
 void BuildSQLGetComplexType(int extended_id, std::u16string& text);
 
-}  // namespace odbcimport
+}  // namespace odbcimport::informix

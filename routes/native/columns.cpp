@@ -4,9 +4,11 @@
 #include <algorithm>
 #include <memory>
 
+#include "base/ascii.h"
+#include "base/text.h"
 #include "catalogues/conversions.h"
 
-namespace odbcimport {
+namespace odbcimport::native {
 namespace {
 
 // clang-format off
@@ -26,8 +28,9 @@ constexpr std::u16string_view kRedBrickWidthIsPrecision[] = {
 };
 
 bool IsRedBrickWidthPrecision(std::u16string_view type_name) {
-  return std::any_of(std::begin(kRedBrickWidthIsPrecision), std::end(kRedBrickWidthIsPrecision),
-                     [&](std::u16string_view name) { return EqualIgnoringCase(name, type_name); });
+  return std::any_of(
+      std::begin(kRedBrickWidthIsPrecision), std::end(kRedBrickWidthIsPrecision),
+      [&](std::u16string_view name) { return base::EqualIgnoringCase(name, type_name); });
 }
 
 // A SQL Server type that is not built in is a user-defined type, which the data type phase has put
@@ -53,11 +56,11 @@ void SetDB2Type(const ImportSession& session, LcWorkbookColumn& column,
                 const LcODBCRecordList& rows, int row, const ColumnPositions& positions,
                 std::u16string_view type_name) {
   bool found = false;
-  if (EqualIgnoringCase(TrimRightBlanks(rows.View(row, positions.meta_type)), u"T")) {
+  if (base::EqualIgnoringCase(base::TrimRightBlanks(rows.View(row, positions.meta_type)), u"T")) {
     // A distinct type: an unknown source type falls back to CHAR, the type's own id comes first.
     const int code = ConvertDatabaseTypeToODBC(
-        TrimRightBlanks(rows.View(row, positions.source_type)), dbmsDB2, found);
-    const long id = ParseInteger(TrimRightBlanks(rows.View(row, positions.type_id)));
+        base::TrimRightBlanks(rows.View(row, positions.source_type)), dbmsDB2, found);
+    const long id = base::ParseInteger(base::TrimRightBlanks(rows.View(row, positions.type_id)));
     NativeColumnDatatypeSetup(session, column, code, static_cast<int>(id));
     return;
   }
@@ -89,7 +92,7 @@ void SetColumnType(const ImportSession& session, LcWorkbookColumn& column,
 // precision alone.
 void SetSizes(LcWorkbookColumn& column, const LcODBCRecordList& rows, int row,
               const ColumnPositions& positions, std::u16string_view type_name, int dbms_type) {
-  const auto number = [&](int position) { return ParseInteger(rows.View(row, position)); };
+  const auto number = [&](int position) { return base::ParseInteger(rows.View(row, position)); };
   const long precision = number(positions.precision);
   const long width = number(positions.width);
   const bool width_is_precision =
@@ -166,21 +169,21 @@ void AddNativeColumn(const ImportSession& session, const LcODBCRecordList& rows,
   const int dbms_type = session.server.dbms_type;
   auto column = std::make_unique<LcWorkbookColumn>();
   if (positions.name != 0) {
-    const std::u16string name(TrimRightBlanks(rows.View(row, positions.name)));
+    const std::u16string name(base::TrimRightBlanks(rows.View(row, positions.name)));
     column->SetName(name);
     session.StatusDialog(inTableItem, iiNone, 0, owner.c_str(), table_name.c_str(), name.c_str());
-    const std::u16string_view type_name = TrimRightBlanks(rows.View(row, positions.type));
+    const std::u16string_view type_name = base::TrimRightBlanks(rows.View(row, positions.type));
     SetColumnType(session, *column, rows, row, positions, type_name);
     SetSizes(*column, rows, row, positions, type_name, dbms_type);
     column->SetRequired(
-        !AreNullsAllowed(TrimRightBlanks(rows.View(row, positions.nulls)), dbms_type));
+        !AreNullsAllowed(base::TrimRightBlanks(rows.View(row, positions.nulls)), dbms_type));
     if (positions.column_id != 0) {
       column->SetColumnId(
-          static_cast<std::int32_t>(ParseInteger(rows.View(row, positions.column_id))));
+          static_cast<std::int32_t>(base::ParseInteger(rows.View(row, positions.column_id))));
     }
   }
   column->SetTable(&table);
   table.AddColumn(column.release());
 }
 
-}  // namespace odbcimport
+}  // namespace odbcimport::native

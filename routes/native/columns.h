@@ -5,11 +5,11 @@
 #include <string>
 #include <string_view>
 
-#include "importer/session.h"
 #include "importer/workbook/table.h"
 #include "odbc/record_list.h"
+#include "session/session.h"
 
-namespace odbcimport {
+namespace odbcimport::native {
 
 // Gives the column its physical code and a type for it: the type with the server's extended id when
 // that is not 0 and known, else the one with the code. A serial column (code 19) becomes a
@@ -52,4 +52,4 @@ void AddNativeColumn(const ImportSession& session, const LcODBCRecordList& rows,
                      const ColumnPositions& positions, const std::u16string& owner,
                      const std::u16string& table_name, LcWorkbookTable& table);
 
-}  // namespace odbcimport
+}  // namespace odbcimport::native

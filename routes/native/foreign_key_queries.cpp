@@ -4,10 +4,10 @@
 #include <algorithm>
 #include <string_view>
 
-#include "importer/owner_clause.h"
-#include "importer/restrictions.h"
+#include "routes/shared/owner_clause.h"
+#include "routes/shared/restrictions.h"
 
-namespace odbcimport {
+namespace odbcimport::native {
 namespace {
 
 // Entries of the selection per Oracle statement.
@@ -182,4 +182,4 @@ bool BuildForeignKeyQuerySQLServer(const LcImportChoices& choices, std::u16strin
   return true;
 }
 
-}  // namespace odbcimport
+}  // namespace odbcimport::native

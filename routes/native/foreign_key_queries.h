@@ -6,7 +6,7 @@
 
 #include "importer/workbook/import.h"
 
-namespace odbcimport {
+namespace odbcimport::native {
 
 // DB2: schema and table, column count, referenced schema and table, the two lists of columns. For
 // Oracle the single text that BuildForeignKeyQueries splits; other servers get no text and false.
@@ -30,4 +30,4 @@ bool AddSpecificOnesRedBrickFK(const LcImportChoices& choices, std::u16string& s
 // Always true.
 bool BuildForeignKeyQuerySQLServer(const LcImportChoices& choices, std::u16string& sql);
 
-}  // namespace odbcimport
+}  // namespace odbcimport::native

@@ -6,12 +6,13 @@
 #include <deque>
 #include <string_view>
 
+#include "base/text.h"
 #include "catalogues/conversions.h"
 #include "odbc/record_list.h"
 #include "routes/native/foreign_key_queries.h"
 #include "routes/native/key_assembly.h"
 
-namespace odbcimport {
+namespace odbcimport::native {
 namespace {
 
 // Positions in the result of DB2.
@@ -37,18 +38,13 @@ constexpr int kRedBrickColumn = 3;
 constexpr int kRedBrickSequence = 4;
 
 std::u16string_view Trimmed(const LcODBCRecordList& rows, int row, int position) {
-  return TrimRightBlanks(rows.View(row, position));
-}
-
-std::u16string_view TrimBothEnds(std::u16string_view text) {
-  text.remove_prefix(std::min(text.find_first_not_of(u' '), text.size()));
-  return TrimRightBlanks(text);
+  return base::TrimRightBlanks(rows.View(row, position));
 }
 
 std::u16string_view Slice(std::u16string_view list, std::size_t number) {
   const std::size_t begin = number * kDB2NameWidth;
   if (begin >= list.size()) return {};
-  return TrimRightBlanks(list.substr(begin, kDB2NameWidth));
+  return base::TrimRightBlanks(list.substr(begin, kDB2NameWidth));
 }
 
 // One entry per column of the key. Beyond the end of both lists there are only pairs without
@@ -59,15 +55,15 @@ void AddDB2Row(const LcODBCRecordList& rows, int row, LcFKInfoList& entries) {
   entry.table = Trimmed(rows, row, kDB2Table);
   entry.referenced_owner = Trimmed(rows, row, kDB2ReferencedOwner);
   entry.referenced_table = Trimmed(rows, row, kDB2ReferencedTable);
-  const long count = ParseInteger(rows.View(row, kDB2ColumnCount));
-  const std::u16string_view columns = TrimBothEnds(rows.View(row, kDB2Columns));
-  const std::u16string_view referenced = TrimBothEnds(rows.View(row, kDB2ReferencedColumns));
+  const long count = base::ParseInteger(rows.View(row, kDB2ColumnCount));
+  const std::u16string_view columns = base::TrimBlanks(rows.View(row, kDB2Columns));
+  const std::u16string_view referenced = base::TrimBlanks(rows.View(row, kDB2ReferencedColumns));
   const std::size_t slices = std::max(columns.size(), referenced.size()) / kDB2NameWidth + 1;
   const std::size_t pairs = std::min(slices, static_cast<std::size_t>(std::max(count, 0L)));
   for (std::size_t i = 0; i < pairs; ++i) {
     entry.column = Slice(columns, i);
     entry.referenced_column = Slice(referenced, i);
-    entry.sequence = FormatInteger(static_cast<long>(i) + 1);
+    entry.sequence = base::FormatInteger(static_cast<long>(i) + 1);
     entries.push_back(entry);
   }
 }
@@ -87,7 +83,7 @@ void AddOracleResult(const ImportSession& session, const LcODBCRecordList& rows,
     entry.column = Trimmed(rows, row, kOracleColumn);
     // Some drivers deliver the position, a NUMBER, as 1.0.
     const std::u16string_view position = rows.View(row, kOraclePosition);
-    entry.sequence = TrimRightBlanks(position.substr(0, position.find(u'.')));
+    entry.sequence = base::TrimRightBlanks(position.substr(0, position.find(u'.')));
   }
   int row = half;
   for (std::size_t i = first; i < entries.size() && !session.WasImportStoppedOrCancelled(); ++i) {
@@ -181,4 +177,4 @@ bool GetNativeForeignKeysRedBrick(const ImportSession& session, LcWorkbookTableL
   return true;
 }
 
-}  // namespace odbcimport
+}  // namespace odbcimport::native

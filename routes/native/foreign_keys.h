@@ -3,14 +3,14 @@
 // are not there are passed over. All return true, also when the import was stopped.
 #pragma once
 
-#include "importer/session.h"
 #include "importer/workbook/table.h"
+#include "session/session.h"
 
-namespace odbcimport {
+namespace odbcimport::native {
 
 bool GetNativeForeignKeys(const ImportSession& session, LcWorkbookTableList& tables);  // DB2
 bool GetNativeForeignKeysOracle(const ImportSession& session, LcWorkbookTableList& tables);
 bool GetNativeForeignKeysRedBrick(const ImportSession& session, LcWorkbookTableList& tables);
 bool GetNativeForeignKeysSQLServer(const ImportSession& session, LcWorkbookTableList& tables);
 
-}  // namespace odbcimport
+}  // namespace odbcimport::native

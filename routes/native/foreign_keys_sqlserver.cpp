@@ -1,12 +1,13 @@
 // The reader of SQL Server's foreign keys, which come one row per key with the numbers of tables
 // and columns.
+#include "base/text.h"
 #include "catalogues/conversions.h"
 #include "odbc/record_list.h"
 #include "routes/native/foreign_key_queries.h"
 #include "routes/native/foreign_keys.h"
 #include "routes/native/key_pair.h"
 
-namespace odbcimport {
+namespace odbcimport::native {
 namespace {
 
 // Positions in the result; the column ids of either side follow one another.
@@ -18,14 +19,14 @@ constexpr int kReferencedColumns = 20;
 constexpr long kMaxColumns = 16;
 
 int Number(const LcODBCRecordList& rows, int row, int position) {
-  return static_cast<int>(ParseInteger(rows.View(row, position)));
+  return static_cast<int>(base::ParseInteger(rows.View(row, position)));
 }
 
 // A pair that cannot be resolved takes the whole key back, also when its first pairs are in their
 // tables already: half a key would show a relationship that the server does not have.
 void ReadKey(const ImportSession& session, const LcODBCRecordList& rows, int row,
              LcWorkbookTable& referencing_table, LcWorkbookTable& referenced_table) {
-  const long count = ParseInteger(rows.View(row, kColumnCount));
+  const long count = base::ParseInteger(rows.View(row, kColumnCount));
   KeyPair keys(session);
   for (long i = 0; i < count; ++i) {
     LcWorkbookColumn* referencing = nullptr;
@@ -72,4 +73,4 @@ bool GetNativeForeignKeysSQLServer(const ImportSession& session, LcWorkbookTable
   return true;
 }
 
-}  // namespace odbcimport
+}  // namespace odbcimport::native

@@ -3,10 +3,11 @@
 
 #include <memory>
 
+#include "base/ascii.h"
 #include "catalogues/conversions.h"
 #include "routes/native/key_pair.h"
 
-namespace odbcimport {
+namespace odbcimport::native {
 namespace {
 
 class KeyAssembly {
@@ -46,8 +47,8 @@ void KeyAssembly::FindReferencingTable(const LcFKInfo& entry) {
     keys_.ForgetForward();
     return;
   }
-  if (EqualIgnoringCase(entry.owner, previous_owner_) &&
-      EqualIgnoringCase(entry.table, previous_table_)) {
+  if (base::EqualIgnoringCase(entry.owner, previous_owner_) &&
+      base::EqualIgnoringCase(entry.table, previous_table_)) {
     return;
   }
   previous_owner_ = entry.owner;
@@ -108,4 +109,4 @@ void AssembleForeignKeys(const ImportSession& session, const LcFKInfoList& entri
   for (const LcFKInfo& entry : entries) assembly.Add(entry);
 }
 
-}  // namespace odbcimport
+}  // namespace odbcimport::native

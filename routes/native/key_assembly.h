@@ -6,11 +6,11 @@
 #include <string_view>
 #include <vector>
 
-#include "importer/session.h"
 #include "importer/workbook/object.h"
 #include "importer/workbook/table.h"
+#include "session/session.h"
 
-namespace odbcimport {
+namespace odbcimport::native {
 
 // One column pair of one foreign key. The names lie in the record lists that it was read from,
 // which live until the keys are assembled.
@@ -31,4 +31,4 @@ using LcFKInfoList = std::vector<LcFKInfo>;
 void AssembleForeignKeys(const ImportSession& session, const LcFKInfoList& entries,
                          LcWorkbookTableList& tables);
 
-}  // namespace odbcimport
+}  // namespace odbcimport::native

@@ -1,7 +1,7 @@
 // The two keys of one relationship while its column pairs arrive.
 #include "routes/native/key_pair.h"
 
-namespace odbcimport {
+namespace odbcimport::native {
 namespace {
 
 // A key with one column on either side, given to its table.
@@ -59,4 +59,4 @@ void KeyPair::TakeBack() {
   mirror_ = nullptr;
 }
 
-}  // namespace odbcimport
+}  // namespace odbcimport::native

@@ -3,10 +3,10 @@
 
 #include <memory>
 
-#include "importer/session.h"
 #include "importer/workbook/table.h"
+#include "session/session.h"
 
-namespace odbcimport {
+namespace odbcimport::native {
 
 // Refers to keys that their tables own: the forward key of the referenced table and the mirror key
 // of the referencing table. Both null until a first column pair was given.
@@ -38,4 +38,4 @@ class KeyPair {
   LcWorkbookForeignKey* mirror_ = nullptr;
 };
 
-}  // namespace odbcimport
+}  // namespace odbcimport::native

@@ -6,20 +6,20 @@
 #include <string>
 #include <vector>
 
+#include "base/text.h"
 #include "catalogues/conversions.h"
-#include "catalogues/native_types.h"
-#include "catalogues/readers.h"
 #include "catalogues/type_lists.h"
-#include "importer/route.h"
 #include "odbc/record_list.h"
-#include "routes/informix/catalog_queries.h"
-#include "routes/native/column_queries.h"
 #include "routes/native/foreign_keys.h"
+#include "routes/native/native_types.h"
 #include "routes/native/primary_keys.h"
 #include "routes/native/synonyms.h"
 #include "routes/native/tables.h"
+#include "routes/shared/catalog_queries.h"
+#include "routes/shared/query_batches.h"
+#include "routes/shared/readers.h"
 
-namespace odbcimport {
+namespace odbcimport::native {
 namespace {
 
 // Positions in the results of the name queries.
@@ -32,7 +32,7 @@ constexpr int kOracleBaseTable = 4;
 constexpr int kOracleDatabaseLink = 5;
 
 std::u16string Trimmed(const LcODBCRecordList& rows, int row, int position) {
-  return std::u16string(TrimRightBlanks(rows.View(row, position)));
+  return std::u16string(base::TrimRightBlanks(rows.View(row, position)));
 }
 
 // An entry of a name list. Null for a row without a name.
@@ -143,7 +143,7 @@ bool NativeImport::ReadTableAndViewNames() {
   if (!GoesOn()) return false;
   for (int row = 1; row <= rows.GetRowCount(); ++row) {
     if (std::unique_ptr<LcTableInfo> entry = MakeNameEntry(rows, row); entry != nullptr) {
-      const std::u16string_view type = TrimRightBlanks(rows.View(row, kTableType));
+      const std::u16string_view type = base::TrimRightBlanks(rows.View(row, kTableType));
       if (!type.empty()) entry->type = GetTableType(type, dbms_type);
       if (session_.targets.table_names != nullptr) {
         session_.targets.table_names->Append(std::move(entry));
@@ -315,4 +315,4 @@ bool ImportNativeItems(ImportSession& session, unsigned short& status) {
   return NativeImport(session).Run(status);
 }
 
-}  // namespace odbcimport
+}  // namespace odbcimport::native

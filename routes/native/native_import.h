@@ -2,10 +2,10 @@
 // written for each.
 #pragma once
 
-#include "importer/session.h"
 #include "routes/native/query_results.h"
+#include "session/session.h"
 
-namespace odbcimport {
+namespace odbcimport::native {
 
 // One run. A phase is run when the host asked for its items; it returns true when the import goes
 // on, false when it has to end early: the host stopped or cancelled it, or a key reader failed.
@@ -41,4 +41,8 @@ class NativeImport {
   QueryResults synonym_results_;
 };
 
-}  // namespace odbcimport
+// Returns the result of the last phase that has one; `status` as in
+// LcODBCWorkbookImport::ImportItems. Lets no exception out.
+bool ImportNativeItems(ImportSession& session, unsigned short& status);
+
+}  // namespace odbcimport::native

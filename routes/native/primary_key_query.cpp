@@ -1,9 +1,9 @@
 // The primary-key query, one dialect per server.
-#include "importer/owner_clause.h"
-#include "importer/restrictions.h"
 #include "routes/native/primary_keys.h"
+#include "routes/shared/owner_clause.h"
+#include "routes/shared/restrictions.h"
 
-namespace odbcimport {
+namespace odbcimport::native {
 namespace {
 
 // Key columns come by column id, the third of the result, so a SQL Server key is always stored in
@@ -109,4 +109,4 @@ bool BuildPrimaryKeyQuery(const LcImportChoices& choices, std::u16string& sql, i
   }
 }
 
-}  // namespace odbcimport
+}  // namespace odbcimport::native

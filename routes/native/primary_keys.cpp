@@ -3,10 +3,12 @@
 
 #include <string_view>
 
+#include "base/ascii.h"
+#include "base/text.h"
 #include "catalogues/conversions.h"
 #include "odbc/record_list.h"
 
-namespace odbcimport {
+namespace odbcimport::native {
 namespace {
 
 // Positions in the result; 3 is the key position, which the order of the rows makes needless.
@@ -27,7 +29,8 @@ class CurrentTable {
   // Null when the table is not in the list. The names of a table that was not found are not
   // remembered, so rows of the table before it are passed over when they follow it.
   LcWorkbookTable* Find(std::u16string_view owner, std::u16string_view name) {
-    if (EqualIgnoringCase(owner, previous_owner_) && EqualIgnoringCase(name, previous_name_)) {
+    if (base::EqualIgnoringCase(owner, previous_owner_) &&
+        base::EqualIgnoringCase(name, previous_name_)) {
       return table_;
     }
     owner_.assign(owner);
@@ -66,12 +69,12 @@ bool GetNativePrimaryKeys(const ImportSession& session, LcWorkbookTableList& tab
   std::u16string owner, table_name, column_name;
   for (int row = 1; row <= count && !session.WasImportStoppedOrCancelled(); ++row) {
     if (!IsReadHere(session.server.dbms_type)) return false;
-    owner = TrimRightBlanks(rows.View(row, kOwner));
-    table_name = TrimRightBlanks(rows.View(row, kTable));
+    owner = base::TrimRightBlanks(rows.View(row, kOwner));
+    table_name = base::TrimRightBlanks(rows.View(row, kTable));
     LcWorkbookTable* table = current.Find(owner, table_name);
     if (table == nullptr) continue;
     session.StatusDialog(inTableItem, iiNone, 0, owner.c_str(), table_name.c_str());
-    column_name = TrimRightBlanks(rows.View(row, kColumn));
+    column_name = base::TrimRightBlanks(rows.View(row, kColumn));
     if (LcWorkbookColumn* column = table->FindColumn(column_name)) {
       column->SetPrimaryKey(true);
       table->GetPrimaryKey().AddKeyColumn(column);
@@ -82,4 +85,4 @@ bool GetNativePrimaryKeys(const ImportSession& session, LcWorkbookTableList& tab
   return true;
 }
 
-}  // namespace odbcimport
+}  // namespace odbcimport::native

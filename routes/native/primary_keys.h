@@ -3,10 +3,10 @@
 
 #include <string>
 
-#include "importer/session.h"
 #include "importer/workbook/table.h"
+#include "session/session.h"
 
-namespace odbcimport {
+namespace odbcimport::native {
 
 // Sets `sql`, which starts empty, to the server's query: owner, table, key position, column. True
 // for SQL Server, Sybase and Oracle, false otherwise: for DB2 and Red Brick too, although they get
@@ -18,4 +18,4 @@ bool BuildPrimaryKeyQuery(const LcImportChoices& choices, std::u16string& sql, i
 // are rows of a server that is not read here; true also when the import was stopped.
 bool GetNativePrimaryKeys(const ImportSession& session, LcWorkbookTableList& tables);
 
-}  // namespace odbcimport
+}  // namespace odbcimport::native

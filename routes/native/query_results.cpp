@@ -3,7 +3,7 @@
 
 #include <memory>
 
-namespace odbcimport {
+namespace odbcimport::native {
 
 void QueryResults::Clear() {
   // A fetch object refers to its record list: it goes first.
@@ -33,4 +33,4 @@ unsigned long QueryResults::RowCount() {
   return count;
 }
 
-}  // namespace odbcimport
+}  // namespace odbcimport::native

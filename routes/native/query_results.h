@@ -4,10 +4,10 @@
 #include <string>
 #include <vector>
 
-#include "importer/session.h"
 #include "odbc/ptr_list.h"
+#include "session/session.h"
 
-namespace odbcimport {
+namespace odbcimport::native {
 
 // Owns the record lists and the fetch objects in its lists, which do not; deletes them at its end.
 class QueryResults {
@@ -31,4 +31,4 @@ class QueryResults {
   LcODBCFetchList fetches_;
 };
 
-}  // namespace odbcimport
+}  // namespace odbcimport::native

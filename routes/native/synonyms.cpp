@@ -3,10 +3,12 @@
 
 #include <memory>
 
+#include "base/ascii.h"
+#include "base/text.h"
 #include "catalogues/conversions.h"
 #include "routes/native/columns.h"
 
-namespace odbcimport {
+namespace odbcimport::native {
 namespace {
 
 constexpr int kOwner = 1;
@@ -29,7 +31,7 @@ void LocalSynonymReader::StartSynonym() {
   auto table = std::make_unique<LcWorkbookTable>();
   // PUBLIC is no user of Oracle: what belongs to it is kept with the system's own objects.
   const bool is_public =
-      session_.server.dbms_type == dbmsOracle && EqualIgnoringCase(owner_, u"PUBLIC");
+      session_.server.dbms_type == dbmsOracle && base::EqualIgnoringCase(owner_, u"PUBLIC");
   table->SetOwner(is_public ? u"SYS" : owner_);
   table->SetName(name_);
   table->SetType(ttSynonym);
@@ -50,8 +52,8 @@ bool LocalSynonymReader::Read(const LcODBCRecordList& rows) {
   const ColumnPositions& positions = SynonymColumnPositions(session_.server.dbms_type);
   const int count = rows.GetRowCount();
   for (int row = 1; row <= count; ++row) {
-    const std::u16string_view owner = TrimRightBlanks(rows.View(row, kOwner));
-    const std::u16string_view name = TrimRightBlanks(rows.View(row, kName));
+    const std::u16string_view owner = base::TrimRightBlanks(rows.View(row, kOwner));
+    const std::u16string_view name = base::TrimRightBlanks(rows.View(row, kName));
     // A first row without owner and name has no synonym to be added to, so it makes one.
     if (synonym_ == nullptr || owner != owner_ || name != name_) {
       owner_.assign(owner);
@@ -87,4 +89,4 @@ bool ReadRemoteSynonym(const ImportSession& session, const LcTableInfo& entry,
   return true;
 }
 
-}  // namespace odbcimport
+}  // namespace odbcimport::native

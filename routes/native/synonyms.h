@@ -5,10 +5,10 @@
 #include <string>
 #include <utility>
 
-#include "importer/session.h"
 #include "odbc/record_list.h"
+#include "session/session.h"
 
-namespace odbcimport {
+namespace odbcimport::native {
 
 // Synonyms of tables in the same database, which a query delivers with their columns.
 class LocalSynonymReader {
@@ -39,4 +39,4 @@ bool IsRemoteSynonym(const LcTableInfo* entry);
 bool ReadRemoteSynonym(const ImportSession& session, const LcTableInfo& entry,
                        const LcODBCRecordList& rows, LcWorkbookTableList& tables);
 
-}  // namespace odbcimport
+}  // namespace odbcimport::native

@@ -4,10 +4,11 @@
 #include <memory>
 #include <string_view>
 
+#include "base/text.h"
 #include "catalogues/conversions.h"
 #include "routes/native/columns.h"
 
-namespace odbcimport {
+namespace odbcimport::native {
 namespace {
 
 constexpr int kOwner = 1;
@@ -21,10 +22,10 @@ void NativeTableReader::StartTable(const LcODBCRecordList& rows, int row) {
   auto table = std::make_unique<LcWorkbookTable>();
   table->SetOwner(owner_);
   table->SetName(name_);
-  table->SetType(GetTableType(TrimRightBlanks(rows.View(row, kTableType)), dbms_type));
+  table->SetType(GetTableType(base::TrimRightBlanks(rows.View(row, kTableType)), dbms_type));
   // SQL Server's foreign keys name tables by number; the field is free in what is no synonym.
   if (const int position = TableColumnPositions(dbms_type).table_id; position != 0) {
-    table->SetSynonymId(static_cast<std::int32_t>(ParseInteger(rows.View(row, position))));
+    table->SetSynonymId(static_cast<std::int32_t>(base::ParseInteger(rows.View(row, position))));
   }
   table_ = tables_.Append(std::move(table));
   session_.current_item.text1 = owner_;
@@ -35,8 +36,8 @@ bool NativeTableReader::Read(const LcODBCRecordList& rows) {
   const ColumnPositions& positions = TableColumnPositions(session_.server.dbms_type);
   const int count = rows.GetRowCount();
   for (int row = 1; row <= count; ++row) {
-    const std::u16string_view owner = TrimRightBlanks(rows.View(row, kOwner));
-    const std::u16string_view name = TrimRightBlanks(rows.View(row, kTable));
+    const std::u16string_view owner = base::TrimRightBlanks(rows.View(row, kOwner));
+    const std::u16string_view name = base::TrimRightBlanks(rows.View(row, kTable));
     if (owner.empty() || name.empty()) continue;
     if (owner != owner_ || name != name_) {
       owner_.assign(owner);
@@ -52,4 +53,4 @@ bool NativeTableReader::Read(const LcODBCRecordList& rows) {
   return true;
 }
 
-}  // namespace odbcimport
+}  // namespace odbcimport::native

@@ -1,10 +1,10 @@
 // The reader of tables and views with their columns.
 #pragma once
 
-#include "importer/session.h"
 #include "odbc/record_list.h"
+#include "session/session.h"
 
-namespace odbcimport {
+namespace odbcimport::native {
 
 // Turns the rows of the table-column queries into tables and columns, one record list after the
 // other. A row with the owner and the name of the row before it adds to that row's table, any other
@@ -29,4 +29,4 @@ class NativeTableReader {
   std::u16string name_;
 };
 
-}  // namespace odbcimport
+}  // namespace odbcimport::native

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include "base/ascii.h"
+#include "base/text.h"
 #include "tests/support/recorded_session.h"
 
 namespace odbcimport {
@@ -23,17 +25,17 @@ TEST(ParseInteger, ReadsWhatStandsAtTheBeginning) {
       {u"-9223372036854775808", -9223372036854775807L - 1},
       {u"-99999999999999999999", -9223372036854775807L - 1},
   };
-  for (const auto& c : cases) EXPECT_EQ(ParseInteger(c.text), c.value);
+  for (const auto& c : cases) EXPECT_EQ(base::ParseInteger(c.text), c.value);
 }
 
 TEST(Text, TrimsAndComparesAsciiOnly) {
-  EXPECT_EQ(TrimRightBlanks(u"a b\t  "), u"a b\t");
-  EXPECT_EQ(TrimRightSpace(u" a\t \r\n"), u" a");
-  EXPECT_EQ(TrimRightBlanks(u"   "), u"");
-  EXPECT_TRUE(EqualIgnoringCase(u"VarChar2", u"VARCHAR2"));
-  EXPECT_FALSE(EqualIgnoringCase(u"\u00C4", u"\u00E4"));
-  EXPECT_FALSE(EqualIgnoringCase(u"@", u"`"));  // neighbours of the letters
-  EXPECT_FALSE(EqualIgnoringCase(u"a", u"ab"));
+  EXPECT_EQ(base::TrimRightBlanks(u"a b\t  "), u"a b\t");
+  EXPECT_EQ(base::TrimRightSpace(u" a\t \r\n"), u" a");
+  EXPECT_EQ(base::TrimRightBlanks(u"   "), u"");
+  EXPECT_TRUE(base::EqualIgnoringCase(u"VarChar2", u"VARCHAR2"));
+  EXPECT_FALSE(base::EqualIgnoringCase(u"\u00C4", u"\u00E4"));
+  EXPECT_FALSE(base::EqualIgnoringCase(u"@", u"`"));  // neighbours of the letters
+  EXPECT_FALSE(base::EqualIgnoringCase(u"a", u"ab"));
 }
 
 TEST(MapDataType, MapsODBCTypesAndFallsBackToChar) {

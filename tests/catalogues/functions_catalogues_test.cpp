@@ -6,8 +6,8 @@
 #include <map>
 
 #include "catalogues/function_walk.h"
-#include "catalogues/readers.h"
-#include "tests/catalogues/functions_session.h"
+#include "routes/shared/readers.h"
+#include "tests/support/functions_session.h"
 
 namespace odbcimport::test {
 namespace {

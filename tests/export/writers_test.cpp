@@ -8,8 +8,8 @@
 #include <fstream>
 #include <sstream>
 
+#include "base/utf.h"
 #include "export/writer.h"
-#include "importer/workbook/utf.h"
 #include "tests/importer/workbook/every_kind.h"
 
 namespace wbexport {
@@ -110,7 +110,7 @@ void BuildLarge(LcWorkbook& workbook, int tables) {
   AddColumn(hub, u"id");
   LcWorkbookTable* last = hub;
   for (int i = 1; i < tables; ++i) {
-    LcWorkbookTable* table = AddTable(workbook, u"", u"t" + LcToUtf16(std::to_string(i)));
+    LcWorkbookTable* table = AddTable(workbook, u"", u"t" + base::ToUtf16(std::to_string(i)));
     AddColumn(table, u"id");
     AddReference(table, {u"id"}, i < tables - 2 ? hub : last, {u"id"});
     last = table;

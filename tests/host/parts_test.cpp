@@ -87,33 +87,6 @@ TEST(DefaultItems, LeaveSynonymsOutOfASelectionWithoutOne) {
   EXPECT_EQ(ReadChoices(options).ItemMask(), kAll);
 }
 
-TEST(QualifiedNames, PartAtTheFirstDotOutsideOfQuotes) {
-  struct {
-    const char* text;
-    const char16_t* owner;
-    const char16_t* name;
-  } const cases[] = {
-      {"t", u"", u"t"},
-      {"joe.t", u"joe", u"t"},
-      {"joe.a.b", u"joe", u"a.b"},
-      {"\"j.o\".\"a \"\"b\"\"\"", u"j.o", u"a \"b\""},
-      {"\"a.b\"", u"", u"a.b"},
-      {"we\"ird", u"", u"we\"ird"},
-      {"Größe.日本", u"Größe", u"日本"},
-  };
-  for (const auto& [text, owner, name] : cases) {
-    const QualifiedName parsed = ParseQualifiedName(text);
-    EXPECT_EQ(parsed.owner, owner) << text;
-    EXPECT_EQ(parsed.name, name) << text;
-  }
-}
-
-TEST(Utf16, ReplacesWhatCannotBeRead) {
-  EXPECT_EQ(ToUtf16("a\xff\xc3"), u"a\uFFFD\uFFFD");
-  EXPECT_EQ(ToUtf8(std::u16string{u'a', 0xD800, u'b', 0xDC00}), "a\uFFFDb\uFFFD");
-  EXPECT_EQ(ToUtf8(ToUtf16("Größe 日本 \U0001F600")), "Größe 日本 \U0001F600");
-}
-
 TEST(ExitCode, IsTheGravestOfSeveral) {
   const std::vector<ExitCode> order = {
       ExitCode::kConnection, ExitCode::kOutput,      ExitCode::kUsage,      ExitCode::kCancelled,

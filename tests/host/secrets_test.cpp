@@ -5,7 +5,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "host/connection_string.h"
+#include "base/connection_string.h"
 #include "tests/host/program.h"
 
 namespace wbtest {
@@ -97,9 +97,9 @@ TEST(Secrets, AreOverwrittenInTheArguments) {
 
 TEST(ConnectionStrings, RoundTripValuesThatNeedBraces) {
   for (const std::string value : {"plain", "a;b", "a}b", "{a}", " a ", "=", ""}) {
-    const std::string text = "A=1;" + wbhost::FormatAttribute("Key", value) + "Z=2";
-    EXPECT_EQ(wbhost::FindAttribute(text, "KEY"), value) << text;
-    EXPECT_EQ(wbhost::FindAttribute(text, "z"), "2") << text;
+    const std::string text = "A=1;" + base::FormatAttribute("Key", value) + "Z=2";
+    EXPECT_EQ(base::FindAttribute(text, "KEY"), value) << text;
+    EXPECT_EQ(base::FindAttribute(text, "z"), "2") << text;
   }
 }
 

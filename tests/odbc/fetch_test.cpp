@@ -5,7 +5,7 @@
 #include <gtest/gtest.h>
 #include <sqlext.h>
 
-#include "platform/utf8.h"
+#include "base/utf.h"
 #include "tests/support/connection.h"
 
 namespace {

@@ -3,8 +3,8 @@
 // disconnect).
 #include <gtest/gtest.h>
 
+#include "base/utf.h"
 #include "odbc/fetch.h"
-#include "platform/utf8.h"
 #include "tests/support/connection.h"
 
 namespace {

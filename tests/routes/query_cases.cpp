@@ -6,12 +6,12 @@
 #include <fstream>
 #include <sstream>
 
-#include "platform/utf8.h"
+#include "base/utf.h"
 
 namespace odbcimport::test {
 namespace {
 
-using platform::ToUtf16;
+using base::ToUtf16;
 
 std::vector<std::string> Split(const std::string& text, char separator) {
   std::vector<std::string> pieces;
@@ -98,7 +98,7 @@ void ExpectQueryTexts(const std::string& file, int at_least,
     QueryTexts texts;
     std::vector<std::string> actual;
     if (!builders.at(wanted.builder)(wanted, texts)) actual.push_back("false");
-    for (const std::u16string& text : texts) actual.push_back(platform::ToUtf8(text));
+    for (const std::u16string& text : texts) actual.push_back(base::ToUtf8(text));
     EXPECT_EQ(actual, expected) << head;
   }
 }

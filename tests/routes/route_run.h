@@ -7,16 +7,15 @@
 #include <string>
 #include <vector>
 
+#include "base/utf.h"
 #include "importer/odbc_workbook_import.h"
-#include "importer/route.h"
-#include "importer/session.h"
-#include "platform/utf8.h"
+#include "session/session.h"
 #include "tests/support/connection.h"
 
 namespace odbcimport::test {
 
-using platform::ToUtf16;
-using platform::ToUtf8;
+using base::ToUtf16;
+using base::ToUtf8;
 using Lines = std::vector<std::string>;
 using Route = bool (*)(ImportSession&, unsigned short&);
 

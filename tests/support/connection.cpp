@@ -7,7 +7,7 @@
 
 #include <algorithm>
 
-#include "platform/utf8.h"
+#include "base/utf.h"
 #include "tests/support/statement.h"
 
 namespace wbtest {
@@ -82,7 +82,7 @@ void Connection::SetAttribute(int attribute, unsigned long value) const {
 }
 
 void MessageRecorder::Box::Show(const std::u16string& text, int help_context) {
-  shown.push_back({platform::ToUtf8(text), help_context});
+  shown.push_back({base::ToUtf8(text), help_context});
 }
 
 void CallRecorder::Log::OnCall(const platform::DriverCall& call) {

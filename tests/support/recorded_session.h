@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "catalogues/type_lists.h"
-#include "importer/session.h"
+#include "session/session.h"
 #include "tests/support/bare_import.h"
 
 namespace odbcimport::test {

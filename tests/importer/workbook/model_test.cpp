@@ -3,8 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "base/utf.h"
 #include "importer/workbook/import.h"
-#include "importer/workbook/utf.h"
 #include "tests/importer/workbook/every_kind.h"
 
 namespace {
@@ -57,7 +57,7 @@ TEST(Columns, AreFoundInShortAndLongTablesWhileTheyChange) {
   for (const int count : {3, 400}) {
     LcWorkbook workbook;
     LcWorkbookTable* table = AddTable(workbook, u"", u"t");
-    for (int i = 0; i < count; ++i) AddColumn(table, u"c" + LcToUtf16(std::to_string(i)));
+    for (int i = 0; i < count; ++i) AddColumn(table, u"c" + base::ToUtf16(std::to_string(i)));
     LcWorkbookColumn* last = table->GetColumn(count - 1);
     EXPECT_EQ(table->FindColumn(last->GetName()), last);
     EXPECT_EQ(table->FindColumnById(count), last);
@@ -246,12 +246,12 @@ TEST(ForeignKeys, AreOneToOneWhereTheForeignSideIsAPrimaryKey) {
 }
 
 TEST(Utf, ReplacesWhatIsNotValid) {
-  EXPECT_EQ(LcToUtf8(u"ä\U0001F600"), "ä\U0001F600");
-  EXPECT_EQ(LcToUtf8(u"\xDC00x\xD800"), "\uFFFDx\uFFFD");
-  EXPECT_EQ(LcToUtf16("a\xFF"
-                      "b\xE2\x82"),
+  EXPECT_EQ(base::ToUtf8(u"ä\U0001F600"), "ä\U0001F600");
+  EXPECT_EQ(base::ToUtf8(u"\xDC00x\xD800"), "\uFFFDx\uFFFD");
+  EXPECT_EQ(base::ToUtf16("a\xFF"
+                          "b\xE2\x82"),
             u"a\uFFFDb\uFFFD");
-  EXPECT_EQ(LcToUtf16("\U0001F600"), u"\U0001F600");
+  EXPECT_EQ(base::ToUtf16("\U0001F600"), u"\U0001F600");
 }
 
 }  // namespace

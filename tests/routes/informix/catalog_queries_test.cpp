@@ -1,5 +1,5 @@
 // Every query text of this folder against catalog_queries.txt, character for character.
-#include "routes/informix/catalog_queries.h"
+#include "routes/shared/catalog_queries.h"
 
 #include <gtest/gtest.h>
 
@@ -7,7 +7,7 @@
 #include "routes/informix/type_queries.h"
 #include "tests/routes/query_cases.h"
 
-namespace odbcimport {
+namespace odbcimport::informix {
 namespace {
 
 using test::OneText;
@@ -73,4 +73,4 @@ TEST(CatalogQueries, AreAsExpectedCharacterForCharacter) {
 }
 
 }  // namespace
-}  // namespace odbcimport
+}  // namespace odbcimport::informix

@@ -4,7 +4,7 @@
 #include "routes/informix/index_keys.h"
 #include "routes/informix/type_numbers.h"
 
-namespace odbcimport {
+namespace odbcimport::informix {
 namespace {
 
 TEST(TypeNumbers, GivePrecisionAndScale) {
@@ -110,4 +110,4 @@ TEST(IndexKeys, AreColumnNumbersInKeyOrder) {
 }
 
 }  // namespace
-}  // namespace odbcimport
+}  // namespace odbcimport::informix

@@ -1,6 +1,7 @@
 // Imports from the Informix practice servers, for tests.
 #pragma once
 
+#include "routes/informix/informix_route.h"
 #include "tests/routes/route_run.h"
 
 namespace odbcimport::test {
@@ -9,7 +10,8 @@ class InformixImport : public RouteRun {
  public:
   // `name` is "informix" or "informix-7"; the statements change its catalog.
   explicit InformixImport(const std::string& name, const Lines& statements = {})
-      : RouteRun(&ImportInformixItems, dbmsInformix, wbtest::Connection::OpenSimulator(name)) {
+      : RouteRun(&informix::ImportInformixItems, dbmsInformix,
+                 wbtest::Connection::OpenSimulator(name)) {
     for (const std::string& statement : statements) connection().Execute(statement);
     server.dbms_version = name == "informix" ? 9 : 7;
     server.is_ius = server.dbms_version == 9;

@@ -11,7 +11,7 @@
 #include "simulator/private_interface.h"
 #include "tests/routes/informix/informix_import.h"
 
-namespace odbcimport {
+namespace odbcimport::informix {
 namespace {
 
 using test::InformixImport;
@@ -251,4 +251,4 @@ TEST(InformixRoute, SurvivesEveryFailingDriverCall) {
 }
 
 }  // namespace
-}  // namespace odbcimport
+}  // namespace odbcimport::informix

@@ -6,7 +6,7 @@
 #include "routes/informix/named_types.h"
 #include "tests/routes/informix/informix_import.h"
 
-namespace odbcimport {
+namespace odbcimport::informix {
 namespace {
 
 using test::InformixImport;
@@ -214,4 +214,4 @@ TEST(ComplexTypes, OfEndlessWidthComeToAnEnd) {
 }
 
 }  // namespace
-}  // namespace odbcimport
+}  // namespace odbcimport::informix

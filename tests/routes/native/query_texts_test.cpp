@@ -2,18 +2,18 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "catalogues/native_types.h"
-#include "platform/utf8.h"
-#include "routes/informix/catalog_queries.h"
-#include "routes/native/column_queries.h"
+#include "base/utf.h"
 #include "routes/native/foreign_key_queries.h"
+#include "routes/native/native_types.h"
 #include "routes/native/primary_keys.h"
+#include "routes/shared/catalog_queries.h"
+#include "routes/shared/query_batches.h"
 #include "tests/routes/query_cases.h"
 
-namespace odbcimport {
+namespace odbcimport::native {
 namespace {
 
-using platform::ToUtf8;
+using base::ToUtf8;
 using test::MakeEntry;
 using test::OneText;
 using test::QueryCase;
@@ -114,4 +114,4 @@ TEST(NativeQueryTexts, OracleReadsManySynonymsInBatches) {
 }
 
 }  // namespace
-}  // namespace odbcimport
+}  // namespace odbcimport::native

@@ -10,12 +10,15 @@
 #include "odbc/record_list.h"
 #include "routes/native/columns.h"
 #include "routes/native/key_assembly.h"
+#include "routes/native/native_import.h"
 #include "routes/native/synonyms.h"
 #include "routes/native/tables.h"
 #include "tests/routes/route_run.h"
 
-namespace odbcimport::test {
+namespace odbcimport::native {
 namespace {
+
+using namespace test;  // NOLINT: its recorders are what every test here is about
 
 using testing::ElementsAre;
 
@@ -273,4 +276,4 @@ TEST(NativeKeyAssembly, OneOfBothKeysIsOneToOne) {
 }
 
 }  // namespace
-}  // namespace odbcimport::test
+}  // namespace odbcimport::native

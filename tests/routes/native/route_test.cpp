@@ -4,10 +4,13 @@
 
 #include <map>
 
+#include "routes/native/native_import.h"
 #include "tests/routes/route_run.h"
 
-namespace odbcimport::test {
+namespace odbcimport::native {
 namespace {
+
+using namespace test;  // NOLINT: its recorders are what every test here is about
 
 using testing::Contains;
 using testing::ElementsAre;
@@ -259,4 +262,4 @@ TEST(NativeRoute, EndsWhereverTheHostStopsIt) {
 }
 
 }  // namespace
-}  // namespace odbcimport::test
+}  // namespace odbcimport::native

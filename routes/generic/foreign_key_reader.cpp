@@ -1,0 +1,104 @@
+// Reads the foreign keys that refer to a table from SQLForeignKeys.
+#include "routes/generic/foreign_key_reader.h"
+
+#include <memory>
+
+#include "routes/generic/connection_facts.h"
+
+namespace odbcimport::generic {
+namespace {
+
+LcWorkbookKeyList* NewKeyList(LcWorkbookColumn* column) {
+  auto list = std::make_unique<LcWorkbookKeyList>();
+  list->AddKeyColumn(column);
+  return list.release();
+}
+
+}  // namespace
+
+void ForeignKeyReader::Row::Bind(odbc::Statement& statement) {
+  SQLUSMALLINT column = 0;
+  for (BoundText* text : {&key_qualifier, &key_owner, &key_table, &key_column, &foreign_qualifier,
+                          &foreign_owner, &foreign_table, &foreign_column}) {
+    text->Bind(statement, ++column);
+  }
+}
+
+// Only what is read.
+void ForeignKeyReader::Row::Empty() {
+  key_column.Empty();
+  foreign_table.Empty();
+  foreign_column.Empty();
+}
+
+SQLRETURN ForeignKeyReader::OpenForeignKeys(const LcWorkbookTable& table) {
+  return statement_.Open(
+      session_.hdbc(),
+      [&](odbc::Statement& call) {
+        return call.ForeignKeysTo(CatalogArgument(session_.choices),
+                                  KeyOwnerArgument(session_.choices, table),
+                                  table.GetName().c_str());
+      },
+      [this](odbc::Statement& bind) { row_.Bind(bind); });
+}
+
+bool ForeignKeyReader::GetTableForeignKeysODBC(LcWorkbookTable& table,
+                                               LcWorkbookTableList& tables) {
+  if (!odbc::Succeeded(OpenForeignKeys(table))) {
+    handleErrorMsgsODBC(session_, statement_.Get());
+    statement_.EndResult();
+    return false;
+  }
+  Pending pending;
+  LcWorkbookTable* last_looked_up = nullptr;
+  bool any_row = false;
+  for (;;) {
+    row_.Empty();
+    if (!odbc::Succeeded(statement_.Fetch())) break;
+    any_row = true;
+    // The referencing table is deliberately looked for under the owner of the referenced one:
+    // drivers leave FKTABLE_OWNER empty or fill it with a catalog.
+    name_ = row_.foreign_table.Read();
+    last_looked_up = tables.FindTable(table.GetOwner(false), name_);
+    if (last_looked_up == nullptr) continue;
+    name_ = row_.key_column.Read();
+    LcWorkbookColumn* key_column = table.FindColumn(name_);
+    name_ = row_.foreign_column.Read();
+    LcWorkbookColumn* foreign_column = last_looked_up->FindColumn(name_);
+    if (key_column == nullptr || foreign_column == nullptr) continue;
+
+    if (pending.key_column != nullptr) Complete(pending, table, *pending.referencing);
+    pending = {key_column, foreign_column, last_looked_up};
+    session_.server.foreign_key_counter =
+        static_cast<std::uint16_t>(session_.server.foreign_key_counter + 2);
+  }
+  statement_.EndResult();
+  // The last relationship deliberately goes by the table of the last row, even where that row was
+  // left out: it is dropped when that table is not in the workbook, and its mirror is held by that
+  // table otherwise. Hosts drop a mirror whose columns are another table's.
+  if (pending.key_column != nullptr && last_looked_up != nullptr) {
+    Complete(pending, table, *last_looked_up);
+  }
+  return any_row;
+}
+
+void ForeignKeyReader::Complete(const Pending& pending, LcWorkbookTable& table,
+                                LcWorkbookTable& referencing) {
+  auto forward = std::make_unique<LcWorkbookForeignKey>();
+  auto mirror = std::make_unique<LcWorkbookForeignKey>();
+  forward->SetKey(NewKeyList(pending.key_column));
+  forward->SetForeignKey(NewKeyList(pending.foreign_column));
+  mirror->SetKey(NewKeyList(pending.foreign_column));
+  mirror->SetForeignKey(NewKeyList(pending.key_column));
+  LcWorkbookForeignKey* const p = forward.get();
+  LcWorkbookForeignKey* const f = mirror.get();
+  LcWorkbookForeignKey::Pair(p, f);
+  table.AddForeignKey(forward.release());
+  referencing.AddForeignKey(mirror.release());
+  session_.SetKeyType(p);
+  session_.SetKeyType(f);
+  // One side is one at least: hosts draw the end of the referenced table by it.
+  if (!p->IsOneToOne() && !f->IsOneToOne()) f->SetOneToOne(true);
+}
+
+}  // namespace odbcimport::generic

@@ -1,0 +1,48 @@
+// Reads the foreign keys that refer to a table from SQLForeignKeys.
+#pragma once
+
+#include <string>
+
+#include "routes/generic/bound.h"
+#include "routes/generic/catalog_statement.h"
+#include "session/session.h"
+
+namespace odbcimport::generic {
+
+class ForeignKeyReader {
+ public:
+  // `statement` serves for all tables and is the caller's to release.
+  ForeignKeyReader(ImportSession& session, CatalogStatement& statement)
+      : session_(session), statement_(statement) {}
+
+  // Adds two keys for every pair of columns, one to `table` (the referenced one) and its mirror to
+  // the referencing table among `tables`. Every pair makes a relationship of its own, also those of
+  // one foreign key with several columns: deliberate, since hosts have stored models with them.
+  // Pairs that name a table or column that is not in the workbook are left out. False when no row
+  // came.
+  bool GetTableForeignKeysODBC(LcWorkbookTable& table, LcWorkbookTableList& tables);
+
+ private:
+  struct Row {
+    BoundText key_qualifier, key_owner, key_table, key_column;
+    BoundText foreign_qualifier, foreign_owner, foreign_table, foreign_column;
+    void Bind(odbc::Statement& statement);
+    void Empty();
+  };
+  // A relationship that is completed when the next one begins, or at the end.
+  struct Pending {
+    LcWorkbookColumn* key_column = nullptr;  // null: there is none
+    LcWorkbookColumn* foreign_column = nullptr;
+    LcWorkbookTable* referencing = nullptr;
+  };
+
+  SQLRETURN OpenForeignKeys(const LcWorkbookTable& table);
+  void Complete(const Pending& pending, LcWorkbookTable& table, LcWorkbookTable& referencing);
+
+  ImportSession& session_;
+  CatalogStatement& statement_;
+  Row row_;
+  std::u16string name_;  // kept for its memory
+};
+
+}  // namespace odbcimport::generic

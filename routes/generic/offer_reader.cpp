@@ -1,0 +1,96 @@
+// Reads what a server offers besides tables.
+#include "routes/generic/offer_reader.h"
+
+#include <memory>
+#include <span>
+#include <string>
+
+#include "catalogues/function_walk.h"
+#include "routes/generic/bound.h"
+#include "routes/generic/catalog_statement.h"
+#include "routes/generic/connection_facts.h"
+
+namespace odbcimport::generic {
+namespace {
+
+constexpr const char16_t* kOperators[] = {u"=", u"<", u"<=", u">", u">=", u"<>", u"like", u"is"};
+
+constexpr const char16_t* kAccessAggregates[] = {u"Avg", u"Count", u"First", u"Last",
+                                                 u"Min", u"Max",   u"StDev", u"StDevP",
+                                                 u"Sum", u"Var",   u"VarP"};
+
+constexpr const char16_t* kAggregates[] = {u"AVG", u"COUNT", u"MAX", u"MIN", u"SUM"};
+
+}  // namespace
+
+bool GetProceduresODBC(ImportSession& session) {
+  LcWorkbookProcedureList* procedures = session.targets.procedures;
+  if (procedures == nullptr) return false;
+
+  const LcImportChoices& choices = session.choices;
+  const char16_t* owner_pattern = ArgumentOrNull(
+      choices.single_item_owner.empty() ? choices.owner_restriction : choices.single_item_owner);
+
+  BoundText qualifier;
+  BoundText owner;
+  BoundText name;
+  CatalogStatement statement;
+  SQLRETURN result = statement.Open(
+      session.hdbc(),
+      [&](odbc::Statement& call) {
+        return call.Procedures(CatalogArgument(choices), owner_pattern, nullptr);
+      },
+      [&](odbc::Statement& bind) {
+        qualifier.Bind(bind, 1);
+        owner.Bind(bind, 2);
+        name.Bind(bind, 3);
+      });
+  std::u16string last_name;
+  // Only a stop ends the loop, deliberately: a cancelled import throws the list away, a stopped one
+  // keeps it.
+  while (odbc::Succeeded(result) && session.IsRunning()) {
+    qualifier.Empty();
+    owner.Empty();
+    name.Empty();
+    result = statement.Fetch();
+    if (!odbc::Succeeded(result)) break;
+    // A procedure comes once for every way of calling it.
+    if (name.Read() == last_name) continue;
+    last_name = name.Read();
+    auto procedure = std::make_unique<LcWorkbookProcedure>();
+    procedure->SetName(last_name);
+    procedure->SetOwner(std::u16string(owner.Read()));
+    // Deliberately the name once more: hosts address the procedure by it.
+    procedure->SetServer(last_name);
+    procedure->SetQualifier(std::u16string(qualifier.Read()));
+    procedures->Append(std::move(procedure));
+  }
+  if (result == SQL_ERROR) handleErrorMsgsODBC(session, statement.Get());
+  return true;
+}
+
+bool GetOperatorsODBC(ImportSession& session) {
+  if (session.targets.operators == nullptr) return true;
+  for (const char16_t* name : kOperators) {
+    session.targets.operators->Append(std::make_unique<LcWorkbookOperator>(name, name));
+  }
+  return true;
+}
+
+bool GetAggregatesODBC(ImportSession& session) {
+  if (session.targets.aggregates == nullptr) return true;
+  const bool access = session.server.dbms_type == dbmsAccess;
+  for (const char16_t* name :
+       access ? std::span<const char16_t* const>(kAccessAggregates) : kAggregates) {
+    session.targets.aggregates->Append(std::make_unique<LcWorkbookAggregate>(name, name));
+  }
+  return true;
+}
+
+bool GetBooleanFunctionsODBC(ImportSession& /*session*/) { return false; }
+
+bool GetGeneralFunctionsODBC(ImportSession& session) {
+  return session.server.dbms_type == dbmsAccess && GetSystemFunctionsAccess(session);
+}
+
+}  // namespace odbcimport::generic

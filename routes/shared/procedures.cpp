@@ -1,0 +1,35 @@
+// Reads the names of the stored procedures.
+#include <memory>
+#include <string>
+
+#include "base/text.h"
+#include "odbc/record_list.h"
+#include "routes/shared/function_queries.h"
+#include "routes/shared/readers.h"
+
+namespace odbcimport {
+
+bool GetProcedures(ImportSession& session, LcWorkbookProcedureList& procedures) {
+  std::u16string query;
+  if (!BuildProcedureQuery(session.choices, query, session.server.dbms_type)) return false;
+  session.StatusDialog(inPhaseStart, iiProcedures);
+  LcODBCRecordList rows;
+  session.RunQuery(query, rows);
+  session.StatusDialog(inPhaseEnd);
+  const int count = rows.GetRowCount();
+  if (count > 0) {
+    session.StatusDialog(inLoopStart, iiProcedures, static_cast<unsigned long>(count));
+    for (int row = 1; row <= count; ++row) {
+      const std::u16string owner(base::TrimRightBlanks(rows.View(row, 1)));
+      const std::u16string name(base::TrimRightBlanks(rows.View(row, 2)));
+      session.StatusDialog(inProcedureItem, iiNone, 0, owner.c_str(), name.c_str());
+      procedures.Append(std::make_unique<LcWorkbookProcedure>(owner, name));
+    }
+  }
+  // Sent without a loop start when there is no procedure, deliberately: hosts end their progress
+  // display of the procedures with it.
+  session.StatusDialog(inLoopEnd);
+  return true;
+}
+
+}  // namespace odbcimport

@@ -1,0 +1,115 @@
+// The queries for tables, views and local synonyms with their columns.
+#include "routes/shared/query_batches.h"
+
+#include <algorithm>
+#include <cstddef>
+
+#include "routes/shared/catalog_queries.h"
+#include "routes/shared/restrictions.h"
+
+namespace odbcimport {
+namespace {
+
+// Entries of the selection per statement, well below Oracle's limit of a statement's length.
+constexpr int kTablesPerText = 200;
+constexpr std::size_t kSynonymsPerText = 300;
+
+void BuildOracleTableColumnBatches(const LcImportChoices& choices,
+                                   std::vector<std::u16string>& texts) {
+  const OracleColumnSource& source = GetOracleColumnSource(choices);
+  const int selected = static_cast<int>(choices.selected_tables.GetCount());
+  for (int first = 0; first < selected; first += kTablesPerText) {
+    const int last = std::min(first + kTablesPerText, selected) - 1;
+    std::u16string sql(source.base);
+    AddSpecificTablesAndViews(choices, sql, dbmsOracle, source.catalog_view, first, last);
+    sql += source.order_by;
+    texts.push_back(std::move(sql));
+  }
+}
+
+// One text for the synonyms at the positions `first` to `last` - 1 of the selection.
+//
+// A batch without a local synonym gets " AND ()" when another batch has one, and the server refuses
+// it. That is deliberate: leaving the condition out would read every synonym of the database
+// instead, and leaving the batch out would hide from the user that the selection holds none there.
+std::u16string OracleSynonymBatch(const LcImportChoices& choices, const LocalSynonymPieces& pieces,
+                                  bool any_local, std::size_t first, std::size_t last) {
+  std::u16string sql(pieces.base);
+  if (any_local) sql += u" AND (";
+  bool first_written = true;
+  for (std::size_t i = first; i < last; ++i) {
+    const LcTableInfo* entry = choices.selected_synonyms.GetAt(i);
+    if (entry == nullptr || !IsLocalSynonym(*entry, dbmsOracle)) continue;
+    if (!first_written) sql += u" OR";
+    first_written = false;
+    AppendSynonymCondition(pieces, *entry, sql);
+  }
+  if (any_local) sql += u")";
+  sql += pieces.order_by;
+  return sql;
+}
+
+void BuildOracleSynonymBatches(const LcImportChoices& choices, const LocalSynonymPieces& pieces,
+                               std::vector<std::u16string>& texts) {
+  const std::size_t selected = choices.selected_synonyms.GetCount();
+  const bool any_local = CountLocalSynonyms(choices, dbmsOracle) != 0;
+  std::size_t first = 0;
+  do {  // once without a selection: every synonym
+    const std::size_t last = std::min(first + kSynonymsPerText, selected);
+    texts.push_back(OracleSynonymBatch(choices, pieces, any_local, first, last));
+    first = last;
+  } while (first < selected);
+}
+
+// Deliberately without an owner clause where nothing is selected, unlike the single text: a synonym
+// often belongs to another owner than its table, and a clause would lose those.
+std::u16string InformixSynonymText(const LcImportChoices& choices,
+                                   const LocalSynonymPieces& pieces) {
+  std::u16string sql(pieces.base);
+  bool first_written = true;
+  for (const LcTableInfo* entry : choices.selected_synonyms) {
+    if (entry == nullptr || !IsLocalSynonym(*entry, dbmsInformix)) continue;
+    sql += first_written ? u" AND (" : u" OR";
+    first_written = false;
+    AppendSynonymCondition(pieces, *entry, sql);
+  }
+  if (!first_written) sql += u")";
+  sql += pieces.order_by;
+  return sql;
+}
+
+}  // namespace
+
+bool BuildTableColumnQueries(const LcImportChoices& choices, int server_type, bool is_ius,
+                             std::vector<std::u16string>& texts) {
+  if (server_type == dbmsOracle && !choices.selected_tables.IsEmpty()) {
+    BuildOracleTableColumnBatches(choices, texts);
+    return true;
+  }
+  std::u16string sql;
+  if (!BuildTableColumnQuery(choices, sql, server_type, is_ius)) return false;
+  texts.push_back(std::move(sql));
+  return true;
+}
+
+bool BuildLocalSynonymQueries(const LcImportChoices& choices, int server_type, bool is_ius,
+                              std::vector<std::u16string>& texts) {
+  const LocalSynonymPieces* pieces = FindLocalSynonymPieces(server_type, is_ius);
+  if (pieces == nullptr) return false;
+  switch (server_type) {
+    case dbmsInformix:
+      texts.push_back(InformixSynonymText(choices, *pieces));
+      return true;
+    case dbmsOracle:
+      BuildOracleSynonymBatches(choices, *pieces, texts);
+      return true;
+    default: {
+      std::u16string sql;
+      if (!BuildLocalSynonymQuery(choices, sql, server_type, is_ius)) return false;
+      texts.push_back(std::move(sql));
+      return true;
+    }
+  }
+}
+
+}  // namespace odbcimport

@@ -1,0 +1,32 @@
+// What is known of the server that a session is connected to.
+#include "session/server_facts.h"
+
+#include "base/text.h"
+#include "odbc/server_info.h"
+
+namespace odbcimport {
+
+void SetupDBMSNameODBC(ImportSession& session) {
+  session.server.dbms_name = odbc::GetDBMSName(session.hdbc());
+}
+
+void SetupDBMSVersionODBC(ImportSession& session) {
+  const std::u16string version = odbc::GetDBMSVersion(session.hdbc());
+  const std::size_t stop = version.find(u'.');
+  // Without a full stop the text is no version (or there is none), and what was known stays.
+  if (stop == std::u16string::npos) return;
+  session.server.dbms_version =
+      static_cast<std::int32_t>(base::ParseInteger(std::u16string_view(version).substr(0, stop)));
+}
+
+bool OwnerSupported(ImportSession& session) {
+  if (!session.server.owner_support_known) SetupOwnerSupportedODBC(session);
+  return session.server.owner_supported;
+}
+
+void SetupOwnerSupportedODBC(ImportSession& session) {
+  session.server.owner_support_known = true;
+  session.server.owner_supported = odbc::SupportsOwners(session.hdbc());
+}
+
+}  // namespace odbcimport

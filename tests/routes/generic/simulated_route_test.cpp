@@ -1,0 +1,180 @@
+// The generic route on a practice server with owners, and on drivers that answer as some do.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <map>
+
+#include "routes/generic/generic_route.h"
+#include "tests/routes/route_run.h"
+
+namespace odbcimport::generic {
+namespace {
+
+using namespace test;  // NOLINT: its recorders are what every test here is about
+
+using testing::Contains;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::Not;
+
+class ODBCImport : public RouteRun {
+ public:
+  explicit ODBCImport(const std::string& name, const std::string& keywords = "")
+      : RouteRun(&ImportODBCItems, dbmsUnknown, wbtest::Connection::OpenSimulator(name, keywords)) {
+  }
+};
+
+TEST(SimulatedRoute, ListsOwnersOnce) {
+  ODBCImport import("generic");
+  import.base.choices.item_mask = ibOwnerNames;
+  EXPECT_TRUE(import.Run());
+  EXPECT_TRUE(import.server.owner_supported);
+  EXPECT_THAT(import.events, ElementsAre("0", "2 4 0", "3"));
+  Lines owners;
+  for (const auto* owner : import.workbook.owner_names) owners.push_back(ToUtf8(owner->name));
+  EXPECT_THAT(owners, testing::UnorderedElementsAre("accounts", "information_schema", "library"));
+}
+
+TEST(SimulatedRoute, AddsTheSystemOwnersTablesToARestrictedImport) {
+  struct {
+    const char16_t* restriction;
+    bool include_system;
+    std::size_t of_library;
+    std::size_t of_system;
+  } const cases[] = {
+      {u"library", false, 17, 0},  // its views too, though tables alone are asked for
+      {u"library", true, 17, 6},  {u"information_schema", true, 0, 6},  // not a second time
+      {u"", false, 15, 0},        {u"", true, 15, 6},
+  };
+  for (const auto& c : cases) {
+    ODBCImport import("generic");
+    import.base.choices.item_mask = ibTables;
+    import.base.choices.owner_restriction = c.restriction;
+    import.base.choices.include_system = c.include_system;
+    EXPECT_TRUE(import.Run());
+    std::map<std::u16string, std::size_t> tables;  // by owner
+    for (const LcWorkbookTable* table : import.workbook.tables) ++tables[table->GetOwner(false)];
+    EXPECT_EQ(tables[u"library"], c.of_library);
+    EXPECT_EQ(tables[u"information_schema"], c.of_system);
+    EXPECT_EQ(import.server.system_owner, c.include_system ? u"information_schema" : u"");
+  }
+}
+
+TEST(SimulatedRoute, LooksForAReferencingTableUnderTheReferencedOnesOwner) {
+  ODBCImport import("generic");
+  EXPECT_TRUE(import.Run());
+  EXPECT_THAT(import.Tables(), Contains("accounts.fine"));
+  // accounts.fine refers to library.loan.
+  EXPECT_THAT(import.Keys("loan"), ElementsAre("library.loan key (loan_id)"));
+  EXPECT_THAT(
+      import.Keys("copy"),
+      ElementsAre("library.copy key (isbn,copy_number)", "library.copy(isbn) <- library.loan(isbn)",
+                  "library.copy(copy_number) <- library.loan(copy_number)"));
+  ExpectKeysInPairs(import.workbook.tables);
+}
+
+TEST(SimulatedRoute, EndsWhenTheColumnsOfATableCannotBeRead) {
+  ODBCImport import("generic", "Fail=SQLColumns:3");
+  EXPECT_FALSE(import.Run());
+  EXPECT_EQ(import.status, 0);
+  ASSERT_EQ(import.workbook.tables.GetCount(), 18U);  // all stay
+  for (std::size_t i = 0; i < 18; ++i) {
+    EXPECT_EQ(import.workbook.tables.GetAt(i)->GetColumnCount() > 0, i < 2) << i;
+  }
+  EXPECT_THAT(import.events, Not(Contains("5")));
+}
+
+TEST(SimulatedRoute, GoesOnWithoutKeysThatCannotBeRead) {
+  for (const char* fault : {"Fail=SQLPrimaryKeys:*,SQLForeignKeys:*", "Without=SQLForeignKeys"}) {
+    ODBCImport import("generic", fault);
+    EXPECT_TRUE(import.Run());
+    EXPECT_EQ(import.Columns("loan").size(), 8U);
+    EXPECT_THAT(import.Keys("copy"), Not(Contains(testing::HasSubstr("<-"))));
+    EXPECT_EQ(import.events.back(), "5");
+  }
+}
+
+TEST(SimulatedRoute, MakesAKeyOfAllUniqueIndexesWhereThereAreNoPrimaryKeys) {
+  ODBCImport import("generic", "Without=SQLPrimaryKeys");
+  EXPECT_TRUE(import.Run());
+  EXPECT_THAT(import.Keys("member"), Contains("library.member key (card_number,member_id)"));
+  EXPECT_THAT(import.Keys("copy"), Contains("library.copy key (isbn,copy_number)"));
+  EXPECT_THAT(import.Keys("overdue_loan"), IsEmpty());
+}
+
+TEST(SimulatedRoute, OrdersAKeyByItsSequenceAndSkipsHoles) {
+  ODBCImport import("generic",
+                    "Sql={UPDATE information_schema.key_column_usage SET ordinal_position = "
+                    "CASE column_name WHEN 'isbn' THEN 7 ELSE 3 END WHERE table_name = 'copy' AND "
+                    "constraint_type = 'PRIMARY KEY'}");
+  EXPECT_TRUE(import.Run());
+  EXPECT_THAT(import.Keys("copy"), Contains("library.copy key (copy_number,isbn)"));
+}
+
+TEST(SimulatedRoute, SkipsAProcedureOfTheSameNameAsTheOneBefore) {
+  struct {
+    const char16_t* single_item_owner;
+    const char16_t* restriction;
+    Lines procedures;
+  } const cases[] = {
+      {u"",
+       u"",
+       {"accounts.fine_of", "accounts.return_copy", "library.lend_copy", "library.return_copy"}},
+      {u"", u"library", {"library.lend_copy", "library.return_copy"}},
+      {u"accounts", u"library", {"accounts.fine_of", "accounts.return_copy"}},
+  };
+  for (const auto& c : cases) {
+    ODBCImport import("generic",
+                      "Sql={INSERT INTO information_schema.routines VALUES "
+                      "('library', 'lend_copy', 'PROCEDURE')}");
+    import.base.choices.item_mask = ibProcedures;
+    import.base.choices.single_item_owner = c.single_item_owner;
+    import.base.choices.owner_restriction = c.restriction;
+    EXPECT_TRUE(import.Run());
+    Lines procedures;
+    for (const LcWorkbookProcedure* procedure : import.workbook.procedures) {
+      EXPECT_EQ(procedure->GetServer(), procedure->GetName());
+      procedures.push_back(ToUtf8(procedure->GetOwner() + u"." + procedure->GetName()));
+    }
+    EXPECT_EQ(procedures, c.procedures);
+  }
+}
+
+TEST(SimulatedRoute, ReadsThroughADriverThatCannotReuseAStatement) {
+  for (const char* server : {"generic", "access"}) {
+    ODBCImport plain(server);
+    ODBCImport growing(server, "GrowingColumns=1");
+    EXPECT_TRUE(plain.Run());
+    EXPECT_TRUE(growing.Run());
+    EXPECT_EQ(growing.Tables(), plain.Tables());
+    EXPECT_EQ(growing.events, plain.events);
+    for (const char* table : {"loan", "copy", "staff"}) {
+      EXPECT_THAT(plain.Columns(table), Not(IsEmpty())) << server;
+      EXPECT_EQ(growing.Columns(table), plain.Columns(table)) << server;
+    }
+    EXPECT_EQ(growing.Keys(), plain.Keys()) << server;
+  }
+}
+
+TEST(SimulatedRoute, MarksColumnsThatTheServerNumbers) {
+  ODBCImport import("access");
+  import.server.dbms_type = dbmsAccess;
+  EXPECT_TRUE(import.Run());
+  const LcWorkbookTable* table = import.Table("member");
+  ASSERT_NE(table, nullptr);
+  EXPECT_TRUE(table->GetColumn(0)->IsGeneratedKey());
+  EXPECT_TRUE(table->GetColumn(0)->IsReadOnly());
+  EXPECT_FALSE(table->GetColumn(1)->IsGeneratedKey());
+}
+
+TEST(SimulatedRoute, KeepsWhatCameBeforeAFailedFetch) {
+  ODBCImport import("generic", "FetchError=4");
+  EXPECT_FALSE(import.Run());
+  // Three tables came; the first has three columns, and then the route ends.
+  ASSERT_EQ(import.workbook.tables.GetCount(), 3U);
+  EXPECT_EQ(import.workbook.tables.GetAt(0)->GetColumnCount(), 3);
+  EXPECT_EQ(import.workbook.tables.GetAt(1)->GetColumnCount(), 0);
+}
+
+}  // namespace
+}  // namespace odbcimport::generic
