@@ -38,7 +38,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     MapDataType(server, coltype);
     const enumDataTypeGroup mapped = MapTypeToGroup(MapInternalCodeToType(code));
     if (mapped < dgCharacter || mapped > dgOther) std::abort();
-    base::ParseInteger(name);
+    static_cast<void>(base::ParseInteger(name));
     for (int dbms_type = -1; dbms_type <= 9; ++dbms_type) {
       bool found = false;
       const std::uint16_t physical = ConvertDatabaseTypeToODBC(name, dbms_type, found);
