@@ -1,6 +1,6 @@
 // Reads the optional members of the workbook file.
-#include "importer/workbook/workbook_file_details.h"
 #include "base/utf.h"
+#include "importer/workbook/workbook_file_details.h"
 
 namespace workbookfile {
 namespace {
