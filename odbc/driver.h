@@ -12,6 +12,8 @@
 
 #include <string>
 
+#include "odbc/diagnostic.h"
+
 namespace odbc {
 
 inline bool Succeeded(SQLRETURN result) {
@@ -37,12 +39,6 @@ SQLINTEGER GetRequestedVersion(SQLHENV henv);
 // Whether the handle is that of a connection that was opened and is not known to be lost.
 bool IsOpen(SQLHDBC hdbc);
 
-// One diagnostic record, taken from the driver manager.
-struct Diagnostic {
-  char16_t state[6] = {};
-  SQLINTEGER native_error = 0;
-  std::u16string message;
-};
 // Takes the pending diagnostic of the statement (or of the connection when `hstmt` is null). False
 // when there is none. `max_characters` is the size of the message's
 // buffer, the terminator included.

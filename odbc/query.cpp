@@ -3,8 +3,12 @@
 
 #include "base/fast_utf.h"
 #include "base/utf.h"
+#include "odbc/driver.h"
 
 namespace odbc {
+
+static_assert(std::is_same_v<SQLLEN, std::int64_t>);
+
 namespace {
 
 constexpr unsigned kRowsBetweenPolls = 256;
@@ -42,13 +46,16 @@ bool QueryFailure::IsConnectionLost() const {
   return false;
 }
 
-Query::Query(SQLHENV henv, SQLHDBC hdbc, std::function<bool()> is_stopped)
-    : henv_(henv), hdbc_(hdbc), is_stopped_(std::move(is_stopped)) {}
+Query::Query(void* henv, void* hdbc, std::function<bool()> is_stopped)
+    : henv_(henv),
+      hdbc_(hdbc),
+      is_stopped_(std::move(is_stopped)),
+      statement_(std::make_unique<Statement>()) {}
 
 Query::~Query() { Close(); }
 
 void Query::Close() {
-  statement_.Drop();
+  statement_->Drop();
   cells_.clear();
 }
 
@@ -57,7 +64,7 @@ QueryState Query::Fail() {
   failure_.diagnostics.clear();
   Diagnostic diagnostic;
   for (int i = 0;
-       i < kMostDiagnostics && TakeDiagnostic(henv_, hdbc_, statement_.Get(), &diagnostic); ++i) {
+       i < kMostDiagnostics && TakeDiagnostic(henv_, hdbc_, statement_->Get(), &diagnostic); ++i) {
     failure_.diagnostics.push_back(diagnostic);
   }
   Close();
@@ -65,7 +72,7 @@ QueryState Query::Fail() {
 }
 
 QueryState Query::Stop() {
-  if (statement_.IsAllocated()) statement_.Cancel();
+  if (statement_->IsAllocated()) statement_->Cancel();
   Close();
   return QueryState::kStopped;
 }
@@ -77,13 +84,13 @@ QueryState Query::Execute(std::string_view sql, const std::vector<std::string>& 
   rows_ = 0;
   columns_given_ = 0;
   if (is_stopped_()) return QueryState::kStopped;
-  if (!Succeeded(statement_.Allocate(hdbc_)) || !BindParameters(parameters)) return Fail();
-  const SQLRETURN executed = statement_.ExecDirect(base::ToUtf16(sql));
+  if (!Succeeded(statement_->Allocate(hdbc_)) || !BindParameters(parameters)) return Fail();
+  const SQLRETURN executed = statement_->ExecDirect(base::ToUtf16(sql));
   // A statement that changes nothing may say so, as one that ends a transaction does.
   if (!Succeeded(executed) && executed != SQL_NO_DATA_FOUND) return Fail();
   if (columns == 0) return QueryState::kRow;
   SQLSMALLINT given = 0;
-  if (!Succeeded(statement_.NumResultCols(&given))) return Fail();
+  if (!Succeeded(statement_->NumResultCols(&given))) return Fail();
   columns_given_ = static_cast<std::size_t>(given < 0 ? 0 : given);
   if (columns_given_ != columns) {
     Diagnostic mismatch;
@@ -105,10 +112,10 @@ bool Query::BindParameters(const std::vector<std::string>& parameters) {
     const std::size_t characters = parameters_[i].size();
     parameter_bytes_[i] = static_cast<SQLLEN>(characters * sizeof(char16_t));
     const SQLRETURN result =
-        statement_.BindParameter(static_cast<SQLUSMALLINT>(i + 1), SQL_C_WCHAR,
-                                 characters > kLongParameter ? SQL_WLONGVARCHAR : SQL_WVARCHAR,
-                                 characters == 0 ? 1 : characters, parameters_[i].data(),
-                                 parameter_bytes_[i], &parameter_bytes_[i]);
+        statement_->BindParameter(static_cast<SQLUSMALLINT>(i + 1), SQL_C_WCHAR,
+                                  characters > kLongParameter ? SQL_WLONGVARCHAR : SQL_WVARCHAR,
+                                  characters == 0 ? 1 : characters, parameters_[i].data(),
+                                  parameter_bytes_[i], &parameter_bytes_[i]);
     if (!Succeeded(result)) return false;
   }
   return true;
@@ -118,7 +125,7 @@ bool Query::BindCells(std::size_t columns) {
   while (bound_.size() < columns) bound_.push_back(std::make_unique<BoundCell>());
   cells_.assign(columns, {});
   for (std::size_t i = 0; i < columns; ++i) {
-    const SQLRETURN result = statement_.BindCol(
+    const SQLRETURN result = statement_->BindCol(
         static_cast<SQLUSMALLINT>(i + 1), narrow_ ? SQL_C_CHAR : SQL_C_WCHAR,
         bound_[i]->bytes.data(), static_cast<SQLLEN>(kBoundBytes), &bound_[i]->indicator);
     if (!Succeeded(result)) return false;
@@ -128,7 +135,7 @@ bool Query::BindCells(std::size_t columns) {
 
 QueryState Query::Fetch() {
   if (++rows_ % kRowsBetweenPolls == 0 && is_stopped_()) return Stop();
-  const SQLRETURN fetched = statement_.Fetch();
+  const SQLRETURN fetched = statement_->Fetch();
   if (fetched == SQL_NO_DATA_FOUND) {
     Close();
     return QueryState::kEnd;
@@ -174,7 +181,7 @@ bool Query::TakeLongCell(std::size_t column) {
   for (;;) {
     bytes.resize(read + room);
     SQLLEN rest = 0;
-    const SQLRETURN result = statement_.GetData(
+    const SQLRETURN result = statement_->GetData(
         static_cast<SQLUSMALLINT>(column + 1), narrow_ ? SQL_C_CHAR : SQL_C_WCHAR,
         bytes.data() + read, static_cast<SQLLEN>(room), &rest);
     if (result == SQL_NO_DATA_FOUND) break;

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <array>
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -11,9 +12,11 @@
 #include <string_view>
 #include <vector>
 
-#include "odbc/driver.h"
+#include "odbc/diagnostic.h"
 
 namespace odbc {
+
+class Statement;
 
 // Why a statement gave no rows, or no more.
 struct QueryFailure {
@@ -35,7 +38,7 @@ enum class [[nodiscard]] QueryState{
 class Query {
  public:
   // The handles are borrowed. `is_stopped` is asked before a statement and every 256 rows.
-  Query(SQLHENV henv, SQLHDBC hdbc, std::function<bool()> is_stopped);
+  Query(void* henv, void* hdbc, std::function<bool()> is_stopped);
   ~Query();
   Query(const Query&) = delete;
   Query& operator=(const Query&) = delete;
@@ -64,8 +67,8 @@ class Query {
   static constexpr std::size_t kBoundBytes = 1024;
   struct BoundCell {
     alignas(char16_t) std::array<char, kBoundBytes> bytes{};
-    SQLLEN indicator = 0;
-    std::string text;  // of a long cell, or of a wide one
+    std::int64_t indicator = 0;  // a SQLLEN
+    std::string text;            // of a long cell, or of a wide one
   };
 
   QueryState Fail();
@@ -75,13 +78,13 @@ class Query {
   bool TakeCell(std::size_t column);
   bool TakeLongCell(std::size_t column);
 
-  SQLHENV henv_;
-  SQLHDBC hdbc_;
+  void* henv_;
+  void* hdbc_;
   std::function<bool()> is_stopped_;
   bool narrow_ = false;
-  Statement statement_;
+  std::unique_ptr<Statement> statement_;
   std::vector<std::u16string> parameters_;
-  std::vector<SQLLEN> parameter_bytes_;
+  std::vector<std::int64_t> parameter_bytes_;
   std::vector<std::unique_ptr<BoundCell>> bound_;  // their addresses are the driver's
   std::vector<std::string_view> cells_;
   std::size_t columns_given_ = 0;

@@ -2,12 +2,66 @@
 #include "routes/generic/generic_route.h"
 
 #include "catalogues/type_lists.h"
+#include "routes/generic/catalog_statement.h"
+#include "routes/generic/column_reader.h"
 #include "routes/generic/connection_facts.h"
+#include "routes/generic/foreign_key_reader.h"
 #include "routes/generic/offer_reader.h"
+#include "routes/generic/primary_key_reader.h"
+#include "routes/generic/table_reader.h"
 #include "routes/shared/restrictions.h"
 #include "session/server_facts.h"
 
 namespace odbcimport::generic {
+namespace {
+
+class GenericRoute {
+ public:
+  explicit GenericRoute(ImportSession& session);
+
+  // The result of the last phase that has one, true when none ran.
+  bool Run(unsigned short& status);
+
+ private:
+  struct Phase;
+  static const Phase kPhases[];
+
+  void RunPhases();
+
+  // The phases. Each sets result_, unless it says otherwise, and returns whether the route goes on.
+  bool ReadOwnerNames();
+  bool AddDataTypes();  // leaves result_ alone
+  bool ReadTableNames();
+  bool ReadSynonymNames();
+  bool ReadColumnNames();
+  bool AddOperators();
+  bool ReadBooleanFunctions();
+  bool AddFunctions();
+  bool ReadProcedures();
+  bool AddAggregates();
+  bool ReadTables();
+
+  // The steps of ReadTables.
+  bool ReadTableList();
+  bool ReadColumnsAndKeys();
+  bool ReadForeignKeys();
+
+  // Reports the end of a phase; false when the host has stopped or cancelled.
+  bool EndPhase() const;
+  bool GoesOn() const { return !session_.WasImportStoppedOrCancelled(); }
+
+  ImportSession& session_;
+  // Used for all tables, and released at the end of the route whatever ended it.
+  CatalogStatement column_statement_;
+  CatalogStatement primary_key_statement_;
+  CatalogStatement index_statement_;
+  CatalogStatement foreign_key_statement_;
+  TableReader tables_;
+  ColumnReader columns_;
+  PrimaryKeyReader primary_keys_;
+  ForeignKeyReader foreign_keys_;
+  bool result_ = true;
+};
 
 struct GenericRoute::Phase {
   std::uint32_t items;  // runs when any of these bits is set
@@ -29,10 +83,6 @@ const GenericRoute::Phase GenericRoute::kPhases[] = {
     {ibTables | ibViews | ibSynonyms,  &GenericRoute::ReadTables},
 };
 // clang-format on
-
-bool ImportODBCItems(ImportSession& session, unsigned short& status) {
-  return GenericRoute(session).Run(status);
-}
 
 GenericRoute::GenericRoute(ImportSession& session)
     : session_(session),
@@ -212,6 +262,12 @@ bool GenericRoute::ReadForeignKeys() {
   }
   session_.StatusDialog(inLoopEnd);
   return true;
+}
+
+}  // namespace
+
+bool ImportODBCItems(ImportSession& session, unsigned short& status) {
+  return GenericRoute(session).Run(status);
 }
 
 void RemoveNoColTables(LcWorkbookTableList* tables) {
