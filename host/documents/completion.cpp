@@ -38,6 +38,7 @@ std::vector<OptionEntry> OptionsOf(const CommandEntry& command, const OptionTabl
 
 std::vector<std::string> LongNames(const std::vector<OptionEntry>& options) {
   std::vector<std::string> names;
+  names.reserve(options.size());
   for (const OptionEntry& option : options) names.push_back(option.names.back());
   return names;
 }

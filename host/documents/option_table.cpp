@@ -16,6 +16,7 @@ namespace {
 template <class Entries>
 std::vector<std::string> NamesOf(const Entries& entries) {
   std::vector<std::string> names;
+  names.reserve(entries.size());
   for (const auto& entry : entries) names.emplace_back(entry.name);
   return names;
 }
