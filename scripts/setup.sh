@@ -7,7 +7,7 @@ PATH=$PATH:/usr/sbin:/sbin # which apt needs, and root lacks after a plain su
 packages_build=(
   g++ cmake ninja-build ccache pkg-config
   unixodbc unixodbc-dev libsqliteodbc libsqlite3-dev
-  libfmt-dev nlohmann-json3-dev libutfcpp-dev libtomlplusplus-dev libcli11-dev libgraphviz-dev
+  libfmt-dev nlohmann-json3-dev libutfcpp-dev libtomlplusplus-dev libcli11-dev libdtl-dev libgraphviz-dev
 )
 # To build and run the tests that need nothing else.
 packages_test=(libgtest-dev libgmock-dev libbenchmark-dev python3 python3-jsonschema sqlite3 groff-base zsh fish)

@@ -1,0 +1,31 @@
+// Names that a server makes where nobody gave one, and that differ from database to database.
+#pragma once
+
+#include <string>
+
+#include "compare/changes.h"
+#include "compare/objects.h"
+
+namespace wbcompare {
+
+// The products whose habits are known.
+enum class Product : std::uint8_t {
+  kOther,
+  kPostgreSQL,
+  kMySQL,  // and MariaDB
+  kSQLite,
+  kOracle,
+  kSQLServer,
+  kSybase,
+  kDB2,
+  kInformix,
+  kFirebird,
+};
+Product FindProduct(const LcWorkbookFileInfo& info);
+
+// Whether `name` is one that the server made for the object, or none at all. `table` is null for
+// what stands at the top.
+bool IsServerMade(Product product, Object object, const ObjectRef& ref, const std::string& name,
+                  const LcWorkbookTable* table);
+
+}  // namespace wbcompare
