@@ -48,8 +48,7 @@ ImportResult Import(const bench::Connection& connection, const Arguments& argume
   importer.choices.foreign_keys = arguments.foreign_keys;
   importer.choices.catalog = arguments.catalog;
   // Keys of Informix are one statement a constraint; its figures are those of the columns.
-  importer.DecideRoute();
-  if (importer.GetDBMSType() == dbmsInformix) importer.choices.keys = false;
+  if (importer.DecideRoute().dbms_type == dbmsInformix) importer.choices.keys = false;
   importer.targets.data_types = nullptr;
   unsigned short status = 0;
   ImportResult counts;
@@ -97,9 +96,9 @@ std::string Measure(const Arguments& arguments) {
   probe.SyncLogin(connection.henv, connection.hdbc);
   probe.choices.item_mask = ibTables | ibViews;
   const auto decision = probe.DecideRoute();
-  const bool own = decision.route != LcODBCWorkbookImport::RouteKind::kODBC;
+  const bool own = !LcODBCWorkbookImport::GetRoute(decision.route).uses_catalog_functions;
   const std::vector<std::u16string> texts =
-      own ? bench::OwnQueries(probe.choices, probe.GetDBMSType(), probe.GetDBMSVersion())
+      own ? bench::OwnQueries(probe.choices, decision.dbms_type, decision.dbms_version)
           : std::vector<std::u16string>();
 
   // Memory first, in a process of its own that has read nothing yet but the driver's own data.
@@ -111,7 +110,7 @@ std::string Measure(const Arguments& arguments) {
     } else {
       bench::WarmCatalog(connection.hdbc, arguments.catalog);
     }
-    const double a_cell = own ? AllocationsACell(connection, probe.GetDBMSType(), texts) : 0;
+    const double a_cell = own ? AllocationsACell(connection, decision.dbms_type, texts) : 0;
     malloc_trim(0);
     bench::ResetPeak();
     const std::size_t before = bench::ResidentBytes();

@@ -15,13 +15,12 @@ std::u16string CatalogToRead(const Connection& connection) {
   return connection.SupportsOwners() ? std::u16string() : connection.CurrentCatalog();
 }
 
-void FillServerFacts(const LcODBCWorkbookImport& importer,
-                     const LcODBCWorkbookImport::RouteDecision& decision,
+void FillServerFacts(const LcODBCWorkbookImport::RouteDecision& decision,
                      LcWorkbookFileInfo& info) {
-  info.dbms_name = importer.GetDBMSName();
-  info.dbms_version = importer.GetDBMSVersion();
-  info.dbms_type = importer.GetDBMSType();
-  info.route = RouteName(decision.route);
+  info.dbms_name = decision.dbms_name;
+  info.dbms_version = decision.dbms_version;
+  info.dbms_type = decision.dbms_type;
+  info.route = LcODBCWorkbookImport::GetRoute(decision.route).name;
 }
 
 }  // namespace
@@ -34,18 +33,6 @@ StartedModule::StartedModule(const std::optional<std::string>& message_folder) {
 }
 
 StartedModule::~StartedModule() { OdbcImportStop(); }
-
-const char16_t* RouteName(LcODBCWorkbookImport::RouteKind route) {
-  switch (route) {
-    case LcODBCWorkbookImport::RouteKind::kInformix:
-      return u"informix";
-    case LcODBCWorkbookImport::RouteKind::kNative:
-      return u"native";
-    case LcODBCWorkbookImport::RouteKind::kODBC:
-      break;
-  }
-  return u"odbc";
-}
 
 // An importer that is lent the connection for its lifetime.
 class ImportRunner::Importer : public LcODBCWorkbookImport {
@@ -91,7 +78,7 @@ ImportResult ImportRunner::Run(const LcImportChoices& choices, std::uint32_t ite
     result.info.result = importer.ImportItems(status);
     active_ = nullptr;
     result.info.status = status;
-    FillServerFacts(importer, importer.DecideRoute(), result.info);
+    if (const auto* taken = importer.GetRouteTaken()) FillServerFacts(*taken, result.info);
     importer_ = nullptr;
     progress_ = nullptr;
   }
@@ -105,16 +92,6 @@ ImportResult ImportRunner::Run(const LcImportChoices& choices, std::uint32_t ite
 LcODBCWorkbookImport::RouteDecision ImportRunner::DecideRoute(const LcImportChoices& choices) {
   LcWorkbook workbook;
   return Importer(*this, choices, &workbook).DecideRoute();
-}
-
-LcWorkbookFileInfo ImportRunner::ServerFacts(const LcImportChoices& choices,
-                                             LcODBCWorkbookImport::RouteDecision& decision) {
-  LcWorkbook workbook;
-  Importer importer(*this, choices, &workbook);
-  decision = importer.DecideRoute();
-  LcWorkbookFileInfo info;
-  FillServerFacts(importer, decision, info);
-  return info;
 }
 
 void ImportRunner::Judge(const ImportResult& result, Outcome& outcome) {

@@ -39,11 +39,8 @@ class ImportRunner {
   // Imports the items of the mask. `traced` false keeps a run that only prepares another one out of
   // the notification trace. Interrupts take effect at the notifications.
   ImportResult Run(const LcImportChoices& choices, std::uint32_t item_mask, bool traced = true);
-  // The route that a run would take.
+  // The route that a run would take, with what is known of the server then.
   LcODBCWorkbookImport::RouteDecision DecideRoute(const LcImportChoices& choices);
-  // The facts about the server that a run would settle, and the route that it would take.
-  LcWorkbookFileInfo ServerFacts(const LcImportChoices& choices,
-                                 LcODBCWorkbookImport::RouteDecision& decision);
 
   // Adds what a result means for the exit code, and says so where the connection was lost.
   void Judge(const ImportResult& result, Outcome& outcome);
@@ -67,8 +64,5 @@ class ImportRunner {
   Progress* progress_ = nullptr;
   bool traced_ = true;
 };
-
-// The English name of a route in the workbook file: `odbc`, `informix` or `native`.
-const char16_t* RouteName(LcODBCWorkbookImport::RouteKind route);
 
 }  // namespace wbhost

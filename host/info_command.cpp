@@ -35,8 +35,8 @@ const char* TypeName(LeDBMSType type) {
 }
 
 struct Facts {
-  LcWorkbookFileInfo server;
-  LcODBCWorkbookImport::RouteDecision decision;
+  LcODBCWorkbookImport::RouteDecision server;
+  std::string route;
   std::string version_text;
   std::string driver;
   bool owners = false;
@@ -47,7 +47,7 @@ struct Facts {
 std::string OrNone(const std::string& text) { return text.empty() ? "(none given)" : text; }
 
 std::string FactsAsText(const Facts& facts) {
-  const LcWorkbookFileInfo& server = facts.server;
+  const LcODBCWorkbookImport::RouteDecision& server = facts.server;
   std::string text;
   const auto line = [&text](const char* name, const std::string& value) {
     text += fmt::format("{:<20}{}\n", name, OneLine(value));
@@ -58,7 +58,7 @@ std::string FactsAsText(const Facts& facts) {
   line("DBMS type",
        fmt::format("{} ({})", static_cast<int>(server.dbms_type), TypeName(server.dbms_type)));
   line("driver", facts.driver);
-  line("route", fmt::format("{}: {}", ToUtf8(server.route), facts.decision.reason));
+  line("route", fmt::format("{}: {}", facts.route, server.reason));
   line("owners", facts.owners ? "supported" : "not supported");
   if (!facts.catalog.empty()) line("current catalog", ToUtf8(facts.catalog));
   text += "functions of the driver\n";
@@ -76,8 +76,8 @@ std::string FactsAsJson(const Facts& facts) {
   json["dbmsType"] = static_cast<int>(facts.server.dbms_type);
   json["dbmsTypeName"] = TypeName(facts.server.dbms_type);
   json["driver"] = facts.driver;
-  json["route"] = ToUtf8(facts.server.route);
-  json["reason"] = facts.decision.reason;
+  json["route"] = facts.route;
+  json["reason"] = facts.server.reason;
   json["owners"] = facts.owners;
   json["catalog"] = ToUtf8(facts.catalog);
   json["functions"] = nlohmann::ordered_json::object();
@@ -127,7 +127,8 @@ void RunInfo(Run& run, Outcome& outcome) {
   HostSession session(run, choices, output);
   const Connection& connection = session.connection();
   Facts facts;
-  facts.server = session.runner().ServerFacts(choices.importer, facts.decision);
+  facts.server = session.runner().DecideRoute(choices.importer);
+  facts.route = ToUtf8(LcODBCWorkbookImport::GetRoute(facts.server.route).name);
   facts.version_text = connection.DbmsVersionText();
   facts.driver = connection.DriverText();
   facts.owners = connection.SupportsOwners();

@@ -13,8 +13,6 @@
 namespace wbhost {
 namespace {
 
-using RouteKind = LcODBCWorkbookImport::RouteKind;
-
 // Runs an import and takes the names out of the workbook that it filled. A result of false without
 // an error shown means that the server has none of what was asked for.
 class Reader {
@@ -36,7 +34,9 @@ class Reader {
     }
     return result;
   }
-  RouteKind Route() { return runner_.DecideRoute(choices_).route; }
+  const LcODBCWorkbookImport::Route& Route() {
+    return LcODBCWorkbookImport::GetRoute(runner_.DecideRoute(choices_).route);
+  }
   const LcImportChoices& choices() const { return choices_; }
 
  private:
@@ -58,7 +58,7 @@ std::vector<ListedName> TableNames(Reader& reader, std::uint32_t items) {
 // empty one; there, and where the list stays empty, the owners of tables and views are taken.
 std::vector<ListedName> OwnerNames(Reader& reader) {
   std::vector<ListedName> owners;
-  if (reader.Route() == RouteKind::kODBC) {
+  if (reader.Route().lists_owners) {
     const ImportResult result = reader.Run(ibOwnerNames);
     for (const LcOwnerInfo* owner : result.workbook->owner_names) {
       if (owner != nullptr) owners.push_back({u"", owner->name});
@@ -111,7 +111,7 @@ std::vector<ListedName> ColumnNames(Reader& reader) {
   if (reader.choices().single_table_name.empty()) {
     throw Failure(ExitCode::kUsage, "list columns needs --table [OWNER.]NAME");
   }
-  if (reader.Route() == RouteKind::kNative) return ColumnsOfImportedTable(reader);
+  if (!reader.Route().lists_columns) return ColumnsOfImportedTable(reader);
   std::vector<ListedName> columns;
   const ImportResult result = reader.Run(ibColumnNames);
   for (const LcWBColumnInfo* column : result.workbook->column_names) {

@@ -4,9 +4,7 @@
 
 #include "catalogues/type_lists.h"
 #include "importer/route_decision.h"
-#include "routes/generic/generic_route.h"
-#include "routes/informix/informix_route.h"
-#include "routes/native/native_import.h"
+#include "importer/routes.h"
 #include "session/session.h"
 
 using odbcimport::ImportSession;
@@ -25,7 +23,9 @@ LcODBCWorkbookImport::LcODBCWorkbookImport(const LcODBCWorkbookImport& other)
       workbook_(other.workbook_),
       server_(std::make_unique<odbcimport::ServerFacts>(*other.server_)),
       types_(other.types_),
-      current_item_(other.current_item_) {}
+      current_item_(other.current_item_),
+      route_taken_(other.route_taken_ ? std::make_unique<RouteDecision>(*other.route_taken_)
+                                      : nullptr) {}
 
 LcODBCWorkbookImport& LcODBCWorkbookImport::operator=(const LcODBCWorkbookImport& other) {
   if (this == &other) return *this;
@@ -35,6 +35,8 @@ LcODBCWorkbookImport& LcODBCWorkbookImport::operator=(const LcODBCWorkbookImport
   *server_ = *other.server_;
   types_ = other.types_;
   current_item_ = other.current_item_;
+  route_taken_ =
+      other.route_taken_ ? std::make_unique<RouteDecision>(*other.route_taken_) : nullptr;
   return *this;
 }
 
@@ -63,32 +65,28 @@ LeDBMSType LcODBCWorkbookImport::GetDBMSType() const { return server_->dbms_type
 const std::u16string& LcODBCWorkbookImport::GetDBMSName() const { return server_->dbms_name; }
 bool LcODBCWorkbookImport::IsIUS() { return server_->is_ius; }
 
-std::unique_ptr<ImportSession> LcODBCWorkbookImport::NewSession() {
-  return std::make_unique<ImportSession>(*this, workbook_, *server_, types_, callback_,
-                                         current_item_);
+const LcODBCWorkbookImport::Route& LcODBCWorkbookImport::GetRoute(RouteKind kind) {
+  return odbcimport::FindRoute(kind);
 }
 
-LcODBCWorkbookImport::RouteDecision LcODBCWorkbookImport::DecideRoute() try {
-  return odbcimport::DecideRoute(*NewSession(), login != nullptr ? &login->connect_text : nullptr);
+LcODBCWorkbookImport::RouteDecision LcODBCWorkbookImport::DecideRoute() const try {
+  odbcimport::ServerFacts server = *server_;
+  return odbcimport::DecideRoute({choices, hdbc, login != nullptr ? &login->connect_text : nullptr},
+                                 server);
 } catch (...) {
   return {};
 }
 
 bool LcODBCWorkbookImport::ImportItems(unsigned short& status) try {
-  const std::unique_ptr<ImportSession> session = NewSession();
-  const RouteDecision decision =
-      odbcimport::DecideRoute(*session, login != nullptr ? &login->connect_text : nullptr);
-  switch (decision.route) {
-    case RouteKind::kODBC:
-      return odbcimport::generic::ImportODBCItems(*session, status);
-    case RouteKind::kInformix:
-      return odbcimport::informix::ImportInformixItems(*session, status);
-    case RouteKind::kNative:
-      return odbcimport::native::ImportNativeItems(*session, status);
-  }
-  return false;
+  route_taken_ = nullptr;
+  const RouteDecision decision = odbcimport::DecideRoute(
+      {choices, hdbc, login != nullptr ? &login->connect_text : nullptr}, *server_);
+  choices.dbms_type = decision.dbms_type;
+  route_taken_ = std::make_unique<RouteDecision>(decision);
+  ImportSession session(*this, workbook_, *server_, types_, callback_, current_item_);
+  return odbcimport::FindRoute(decision.route).run(session, status);
 } catch (...) {
-  // Out of memory, or a callback or a service of the host that threw.
+  // Memory ran out, or a service of the host threw, before the route began.
   if (cancelled) status = 4;
   return false;
 }

@@ -10,7 +10,6 @@
 
 class LcODBCDatatypeList;
 namespace odbcimport {
-class ImportSession;
 struct ServerFacts;
 }  // namespace odbcimport
 
@@ -25,8 +24,8 @@ class LC_EXPORT LcODBCWorkbookImport : public LcWorkbookImport {
   ~LcODBCWorkbookImport() override;
   const char* GetRuntimeClass() const override;
 
-  // Settles the type of the server and runs the route that reads its catalog. Returns what the
-  // route returns; `status` becomes 4 when the import was cancelled, 9 when it was stopped, and is
+  // Settles the type of the server, decides on a route once and runs it. Returns what the route
+  // returns; `status` becomes 4 when the import was cancelled, 9 when it was stopped, and is
   // left alone otherwise. Callable more than once: the facts about the server are kept, so a host
   // that moves to another connection resets choices.dbms_type to dbmsUnknown.
   bool ImportItems(unsigned short& status) override;
@@ -37,29 +36,44 @@ class LC_EXPORT LcODBCWorkbookImport : public LcWorkbookImport {
   bool UnSyncLogin() override;
 
   int GetDBMSVersion() const;                 // major version, 0 until known
-  LeDBMSType GetDBMSType() const;             // what the last route decision settled on
+  LeDBMSType GetDBMSType() const;             // what the last import settled on
   const std::u16string& GetDBMSName() const;  // empty until known
 
-  // The route that ImportItems would take now, for a host that wants to show it. Asks the driver
-  // for the server's name where it is not known, as ImportItems does.
+  // The ways of reading a catalog, and what a host may want to know of each.
   enum class RouteKind { kODBC, kInformix, kNative };
+  struct Route {
+    RouteKind kind;
+    const char16_t* name;         // in the workbook file
+    bool uses_catalog_functions;  // those of ODBC, in place of SQL of its own
+    bool lists_owners;            // has a reading for ibOwnerNames
+    bool lists_columns;           // has a reading for ibColumnNames
+  };
+  static const Route& GetRoute(RouteKind kind);
+
+  // A route, why it is taken, and what was known of the server when it was decided.
   struct RouteDecision {
     RouteKind route = RouteKind::kODBC;
     std::string reason;  // one English sentence part, UTF-8
+    std::u16string dbms_name;
+    int dbms_version = 0;
+    LeDBMSType dbms_type = dbmsUnknown;
   };
-  RouteDecision DecideRoute();
+  // The route that ImportItems would take now, for a host that wants to show it. Asks the driver
+  // for the server's name where it is not known, as ImportItems does, and changes nothing.
+  RouteDecision DecideRoute() const;
+  // The route that the last ImportItems took; null before the first.
+  const RouteDecision* GetRouteTaken() const { return route_taken_.get(); }
 
  protected:
   virtual bool IsIUS();
 
  private:
-  std::unique_ptr<odbcimport::ImportSession> NewSession();
-
   void (*callback_)(enumImpNotify, void*);
   LcWorkbook* workbook_;
   std::unique_ptr<odbcimport::ServerFacts> server_;
   std::shared_ptr<LcODBCDatatypeList> types_;
   LcImpItemInfo current_item_;
+  std::unique_ptr<RouteDecision> route_taken_;
 };
 
 // Starts the module: loads the message library msgtext.dll, beside the module or in `folder` when

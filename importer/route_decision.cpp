@@ -1,16 +1,14 @@
-// The route decision, in the order in which its reasons count.
+// The route decision: its rules in the order in which they count.
 #include "importer/route_decision.h"
 
 #include <cstdint>
+#include <optional>
 
 #include "base/utf.h"
 #include "importer/settings.h"
 #include "odbc/database_utilities.h"
-#include "platform/platform.h"
-#include "session/server_facts.h"
 
 namespace odbcimport {
-
 namespace {
 
 using RouteDecision = LcODBCWorkbookImport::RouteDecision;
@@ -19,14 +17,74 @@ using RouteKind = LcODBCWorkbookImport::RouteKind;
 constexpr const char16_t* kSettingsKey = u"SOFTWARE\\Tandor\\Lumagraph\\4.0";
 constexpr int kFirstIUSVersion = 9;
 
+void SettleServer(const RouteQuestion& question, ServerFacts& server) {
+  LeDBMSType type = question.choices.dbms_type;
+  if (server.dbms_name.empty() || type == dbmsUnknown) {
+    SetupDBMSNameODBC(question.hdbc, server);
+    SetupDBMSVersionODBC(question.hdbc, server);
+    if (!server.dbms_name.empty()) {
+      type = odbc::GetDatabaseUtilities().DeterineDBMSTypeByName(server.dbms_name.c_str());
+    }
+  }
+  server.dbms_type = type;
+  server.is_ius = type == dbmsInformix && server.dbms_version >= kFirstIUSVersion;
+}
+
+// Why a rule applies; nothing when it does not.
+using Reason = std::optional<std::string>;
+
+bool IsSet(const char16_t* setting) {
+  std::uint32_t value = 0;
+  return ReadSettingDWORD(kSettingsKey, setting, value) && value != 0;
+}
+
+// A DB2 data source can offer a schema of views in place of its catalog.
+Reason HasCLISchema(const RouteQuestion& question, LeDBMSType type) {
+  if (type != dbmsDB2 || question.connect_text == nullptr) return {};
+  platform::DatabaseUtilities& database = odbc::GetDatabaseUtilities();
+  std::u16string driver;
+  std::u16string database_name;
+  std::u16string user;
+  std::u16string data_source;
+  std::u16string server;
+  std::u16string schema;
+  database.RecoverLoginParameters(question.hdbc, question.connect_text->c_str(), driver,
+                                  database_name, user, data_source, server);
+  if (!data_source.empty()) database.GetDB2CLISchema(data_source.c_str(), schema);
+  if (schema.empty()) return {};
+  return "the data source has the CLI catalog schema " + base::ToUtf8(schema);
+}
+
+Reason IsGenericSet(const RouteQuestion& /*question*/, LeDBMSType /*type*/) {
+  if (!IsSet(u"GenericWorkbookImport")) return {};
+  return "the setting GenericWorkbookImport asks for it";
+}
+
+Reason IsGenericSetForDB2(const RouteQuestion& /*question*/, LeDBMSType type) {
+  if (type != dbmsDB2 || !IsSet(u"GenericDB2WorkbookImport")) return {};
+  return "the setting GenericDB2WorkbookImport asks for it";
+}
+
+// What a host or a data source asks for; the first that applies. The schema goes before every
+// setting.
+struct Rule {
+  RouteKind route;
+  Reason (*applies)(const RouteQuestion& question, LeDBMSType type);
+};
+constexpr Rule kRules[] = {
+    {RouteKind::kODBC, HasCLISchema},
+    {RouteKind::kODBC, IsGenericSet},
+    {RouteKind::kODBC, IsGenericSetForDB2},
+};
+
+// Where nobody asks for a route, the kind of server decides.
 struct RouteOfType {
   LeDBMSType type;
   RouteKind route;
   const char* reason;
 };
-
 // clang-format off
-constexpr RouteOfType kRoutes[] = {
+constexpr RouteOfType kRoutesOfTypes[] = {
     {dbmsInformix,    RouteKind::kInformix, "the server is Informix"},
     {dbmsMSSQLServer, RouteKind::kNative,   "the server is Microsoft SQL Server"},
     {dbmsSybase,      RouteKind::kODBC,     "Sybase is read through the ODBC catalog functions"},
@@ -38,63 +96,32 @@ constexpr RouteOfType kRoutes[] = {
 };
 // clang-format on
 
-void SettleServer(ImportSession& session) {
-  ServerFacts& server = session.server;
-  if (server.dbms_name.empty() || session.choices.dbms_type == dbmsUnknown) {
-    SetupDBMSNameODBC(session);
-    SetupDBMSVersionODBC(session);
-    if (!server.dbms_name.empty()) {
-      session.choices.dbms_type =
-          odbc::GetDatabaseUtilities().DeterineDBMSTypeByName(server.dbms_name.c_str());
+void PickRoute(const RouteQuestion& question, LeDBMSType type, RouteDecision& decision) {
+  for (const Rule& rule : kRules) {
+    if (const Reason reason = rule.applies(question, type)) {
+      decision.route = rule.route;
+      decision.reason = *reason;
+      return;
     }
   }
-  server.dbms_type = session.choices.dbms_type;
-  server.is_ius = server.dbms_type == dbmsInformix && server.dbms_version >= kFirstIUSVersion;
-}
-
-// The schema of views that a DB2 data source offers in place of its catalog; empty for none.
-std::u16string FindDB2CLISchema(const ImportSession& session, const std::u16string& connect_text) {
-  platform::DatabaseUtilities& database = odbc::GetDatabaseUtilities();
-  std::u16string driver;
-  std::u16string database_name;
-  std::u16string user;
-  std::u16string data_source;
-  std::u16string server;
-  std::u16string schema;
-  database.RecoverLoginParameters(session.hdbc(), connect_text.c_str(), driver, database_name, user,
-                                  data_source, server);
-  if (!data_source.empty()) database.GetDB2CLISchema(data_source.c_str(), schema);
-  return schema;
+  decision.reason = "the kind of server is not known";
+  for (const RouteOfType& row : kRoutesOfTypes) {
+    if (row.type != type) continue;
+    decision.route = row.route;
+    decision.reason = row.reason;
+  }
 }
 
 }  // namespace
 
-RouteDecision DecideRoute(ImportSession& session, const std::u16string* connect_text) {
-  SettleServer(session);
-  const LeDBMSType type = session.server.dbms_type;
-
-  // The schema goes before every setting.
-  if (type == dbmsDB2 && connect_text != nullptr) {
-    const std::u16string schema = FindDB2CLISchema(session, *connect_text);
-    if (!schema.empty()) {
-      return {RouteKind::kODBC,
-              "the data source has the CLI catalog schema " + base::ToUtf8(schema)};
-    }
-  }
-
-  std::uint32_t setting = 0;
-  if (ReadSettingDWORD(kSettingsKey, u"GenericWorkbookImport", setting) && setting != 0) {
-    return {RouteKind::kODBC, "the setting GenericWorkbookImport asks for it"};
-  }
-  if (type == dbmsDB2 && ReadSettingDWORD(kSettingsKey, u"GenericDB2WorkbookImport", setting) &&
-      setting != 0) {
-    return {RouteKind::kODBC, "the setting GenericDB2WorkbookImport asks for it"};
-  }
-
-  for (const RouteOfType& row : kRoutes) {
-    if (row.type == type) return {row.route, row.reason};
-  }
-  return {RouteKind::kODBC, "the kind of server is not known"};
+RouteDecision DecideRoute(const RouteQuestion& question, ServerFacts& server) {
+  SettleServer(question, server);
+  RouteDecision decision;
+  decision.dbms_name = server.dbms_name;
+  decision.dbms_version = server.dbms_version;
+  decision.dbms_type = server.dbms_type;
+  PickRoute(question, server.dbms_type, decision);
+  return decision;
 }
 
 }  // namespace odbcimport

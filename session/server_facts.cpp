@@ -6,16 +6,16 @@
 
 namespace odbcimport {
 
-void SetupDBMSNameODBC(ImportSession& session) {
-  session.server.dbms_name = odbc::GetDBMSName(session.hdbc());
+void SetupDBMSNameODBC(void* hdbc, ServerFacts& server) {
+  server.dbms_name = odbc::GetDBMSName(hdbc);
 }
 
-void SetupDBMSVersionODBC(ImportSession& session) {
-  const std::u16string version = odbc::GetDBMSVersion(session.hdbc());
+void SetupDBMSVersionODBC(void* hdbc, ServerFacts& server) {
+  const std::u16string version = odbc::GetDBMSVersion(hdbc);
   const std::size_t stop = version.find(u'.');
   // Without a full stop the text is no version (or there is none), and what was known stays.
   if (stop == std::u16string::npos) return;
-  session.server.dbms_version =
+  server.dbms_version =
       static_cast<std::int32_t>(base::ParseInteger(std::u16string_view(version).substr(0, stop)));
 }
 

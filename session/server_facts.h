@@ -6,8 +6,8 @@
 namespace odbcimport {
 
 // Ask the driver; without an answer the name becomes empty, and the version stays as it was.
-void SetupDBMSNameODBC(ImportSession& session);
-void SetupDBMSVersionODBC(ImportSession& session);
+void SetupDBMSNameODBC(void* hdbc, ServerFacts& server);
+void SetupDBMSVersionODBC(void* hdbc, ServerFacts& server);
 // Whether the driver has owners, asked once per importer.
 bool OwnerSupported(ImportSession& session);
 void SetupOwnerSupportedODBC(ImportSession& session);

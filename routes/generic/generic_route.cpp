@@ -9,6 +9,7 @@
 #include "routes/generic/offer_reader.h"
 #include "routes/generic/primary_key_reader.h"
 #include "routes/generic/table_reader.h"
+#include "routes/shared/phases.h"
 #include "routes/shared/restrictions.h"
 #include "session/server_facts.h"
 
@@ -17,20 +18,17 @@ namespace {
 
 class GenericRoute {
  public:
+  // Required: no notification of the import's end, which the other routes send. Hosts close their
+  // progress window when this call returns.
+  static constexpr bool kReportsEnd = false;
+
   explicit GenericRoute(ImportSession& session);
+  void Release();
 
-  // The result of the last phase that has one, true when none ran.
-  bool Run(unsigned short& status);
-
- private:
-  struct Phase;
-  static const Phase kPhases[];
-
-  void RunPhases();
-
-  // The phases. Each sets result_, unless it says otherwise, and returns whether the route goes on.
+  // The phases. Each sets the result, unless it says otherwise.
+  bool FindSystemOwner();  // leaves it alone
   bool ReadOwnerNames();
-  bool AddDataTypes();  // leaves result_ alone
+  bool AddDataTypes();  // leaves it alone
   bool ReadTableNames();
   bool ReadSynonymNames();
   bool ReadColumnNames();
@@ -41,6 +39,9 @@ class GenericRoute {
   bool AddAggregates();
   bool ReadTables();
 
+  bool result = true;
+
+ private:
   // The steps of ReadTables.
   bool ReadTableList();
   bool ReadColumnsAndKeys();
@@ -60,27 +61,22 @@ class GenericRoute {
   ColumnReader columns_;
   PrimaryKeyReader primary_keys_;
   ForeignKeyReader foreign_keys_;
-  bool result_ = true;
-};
-
-struct GenericRoute::Phase {
-  std::uint32_t items;  // runs when any of these bits is set
-  bool (GenericRoute::*run)();
 };
 
 // clang-format off
-const GenericRoute::Phase GenericRoute::kPhases[] = {
-    {ibOwnerNames,                     &GenericRoute::ReadOwnerNames},
-    {ibDataTypes,                      &GenericRoute::AddDataTypes},
-    {ibTableNames | ibViewNames,       &GenericRoute::ReadTableNames},
-    {ibSynonymNames,                   &GenericRoute::ReadSynonymNames},
-    {ibColumnNames,                    &GenericRoute::ReadColumnNames},
-    {ibOperators,                      &GenericRoute::AddOperators},
-    {ibBooleanFunctions,               &GenericRoute::ReadBooleanFunctions},
-    {ibFunctions,                      &GenericRoute::AddFunctions},
-    {ibProcedures,                     &GenericRoute::ReadProcedures},
-    {ibAggregates,                     &GenericRoute::AddAggregates},
-    {ibTables | ibViews | ibSynonyms,  &GenericRoute::ReadTables},
+constexpr Phase<GenericRoute> kPhases[] = {
+    {kWhateverIsWanted,                "system owner",      &GenericRoute::FindSystemOwner},
+    {ibOwnerNames,                     "owner names",       &GenericRoute::ReadOwnerNames},
+    {ibDataTypes,                      "data types",        &GenericRoute::AddDataTypes},
+    {ibTableNames | ibViewNames,       "table names",       &GenericRoute::ReadTableNames},
+    {ibSynonymNames,                   "synonym names",     &GenericRoute::ReadSynonymNames},
+    {ibColumnNames,                    "column names",      &GenericRoute::ReadColumnNames},
+    {ibOperators,                      "operators",         &GenericRoute::AddOperators},
+    {ibBooleanFunctions,               "boolean functions", &GenericRoute::ReadBooleanFunctions},
+    {ibFunctions,                      "functions",         &GenericRoute::AddFunctions},
+    {ibProcedures,                     "procedures",        &GenericRoute::ReadProcedures},
+    {ibAggregates,                     "aggregates",        &GenericRoute::AddAggregates},
+    {ibTables | ibViews | ibSynonyms,  "tables",            &GenericRoute::ReadTables},
 };
 // clang-format on
 
@@ -91,29 +87,16 @@ GenericRoute::GenericRoute(ImportSession& session)
       primary_keys_(session, column_statement_, primary_key_statement_, index_statement_),
       foreign_keys_(session, foreign_key_statement_) {}
 
-bool GenericRoute::Run(unsigned short& status) {
-  session_.BeginRoute();
-  try {
-    RunPhases();
-  } catch (...) {  // memory is used up, or the host's callback threw
-    result_ = false;
-  }
+void GenericRoute::Release() {
   column_statement_.Release();
   primary_key_statement_.Release();
   index_statement_.Release();
   foreign_key_statement_.Release();
-  // Deliberately without the notification of the import's end, which the other routes send: hosts
-  // close their progress window when this call returns.
-  session_.EndRoute(status);
-  return result_;
 }
 
-void GenericRoute::RunPhases() {
-  session_.StatusDialog(inImportStart);
+bool GenericRoute::FindSystemOwner() {
   if (session_.choices.include_system) GetSystemOwnerODBC(session_);
-  for (const Phase& phase : kPhases) {
-    if (session_.HasItem(phase.items) && !(this->*phase.run)()) return;
-  }
+  return true;
 }
 
 bool GenericRoute::EndPhase() const {
@@ -126,10 +109,10 @@ bool GenericRoute::ReadOwnerNames() {
   if (!OwnerSupported(session_)) {
     // Ends the route without the end of the phase, deliberately: a host that asked for owners first
     // has to ask again without them.
-    result_ = false;
+    result = false;
     return false;
   }
-  result_ = tables_.GetOwnerNamesODBC();
+  result = tables_.GetOwnerNamesODBC();
   return EndPhase();
 }
 
@@ -144,45 +127,45 @@ bool GenericRoute::AddDataTypes() {
 
 bool GenericRoute::ReadTableNames() {
   session_.StatusDialog(inPhaseStart, iiTableNames);
-  result_ = tables_.GetTablesAndViewsODBC(true);
+  result = tables_.GetTablesAndViewsODBC(true);
   return EndPhase();
 }
 
 bool GenericRoute::ReadSynonymNames() {
   session_.StatusDialog(inPhaseStart, iiSynonymNames);
-  result_ = tables_.GetSynonymsODBC(true);
+  result = tables_.GetSynonymsODBC(true);
   return EndPhase();
 }
 
 bool GenericRoute::ReadColumnNames() {
   session_.StatusDialog(inPhaseStart, iiColumnNames);
-  result_ = columns_.GetColumnNamesForTableODBC();
+  result = columns_.GetColumnNamesForTableODBC();
   return EndPhase();
 }
 
 bool GenericRoute::AddOperators() {
   session_.StatusDialog(inPhaseStart, iiOperators);
-  result_ = GetOperatorsODBC(session_);
+  result = GetOperatorsODBC(session_);
   return EndPhase();
 }
 
 bool GenericRoute::ReadBooleanFunctions() {
-  result_ = GetBooleanFunctionsODBC(session_);
+  result = GetBooleanFunctionsODBC(session_);
   return GoesOn();
 }
 
 bool GenericRoute::AddFunctions() {
-  result_ = GetGeneralFunctionsODBC(session_);
+  result = GetGeneralFunctionsODBC(session_);
   return GoesOn();
 }
 
 bool GenericRoute::ReadProcedures() {
-  result_ = GetProceduresODBC(session_);
+  result = GetProceduresODBC(session_);
   return GoesOn();
 }
 
 bool GenericRoute::AddAggregates() {
-  result_ = GetAggregatesODBC(session_);
+  result = GetAggregatesODBC(session_);
   return GoesOn();
 }
 
@@ -195,16 +178,16 @@ bool GenericRoute::ReadTableList() {
   const LcImportChoices& choices = session_.choices;
   session_.StatusDialog(inPhaseStart, iiTablesAndViews);
   if (session_.HasItem(ibTables | ibViews)) {
-    result_ = AnySpecificTablesOrViews(choices) ? tables_.GetRequestedTablesAndViewsODBC(false)
-                                                : tables_.GetTablesAndViewsODBC(false);
+    result = AnySpecificTablesOrViews(choices) ? tables_.GetRequestedTablesAndViewsODBC(false)
+                                               : tables_.GetTablesAndViewsODBC(false);
     if (!GoesOn()) return false;
   }
   if (session_.HasItem(ibSynonyms)) {
-    result_ = AnySpecificSynonyms(choices) ? tables_.GetRequestedSynonymsODBC(false)
-                                           : tables_.GetSynonymsODBC(false);
+    result = AnySpecificSynonyms(choices) ? tables_.GetRequestedSynonymsODBC(false)
+                                          : tables_.GetSynonymsODBC(false);
   }
   session_.StatusDialog(inPhaseEnd);
-  if (!result_) return false;
+  if (!result) return false;
   if (!GoesOn()) {
     // Nothing but names was read so far: not worth keeping.
     if (session_.targets.tables != nullptr) session_.targets.tables->EmptyList();
@@ -225,8 +208,8 @@ bool GenericRoute::ReadColumnsAndKeys() {
   for (std::size_t i = 0; i < count; ++i) {
     LcWorkbookTable* table = tables.GetAt(i);
     if (table == nullptr) continue;
-    result_ = columns_.GetTableColumnsODBC(*table);
-    if (!result_ || !GoesOn()) {
+    result = columns_.GetTableColumnsODBC(*table);
+    if (!result || !GoesOn()) {
       RemoveNoColTables(&tables);
       return false;
     }
@@ -267,7 +250,8 @@ bool GenericRoute::ReadForeignKeys() {
 }  // namespace
 
 bool ImportODBCItems(ImportSession& session, unsigned short& status) {
-  return GenericRoute(session).Run(status);
+  GenericRoute route(session);
+  return RunRoute(session, route, kPhases, status);
 }
 
 void RemoveNoColTables(LcWorkbookTableList* tables) {

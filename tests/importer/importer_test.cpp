@@ -3,7 +3,6 @@
 
 #include <optional>
 #include <set>
-#include <stdexcept>
 #include <utility>
 
 #include "importer/odbc_workbook_import.h"
@@ -54,10 +53,11 @@ TEST(Importer, IsCopiedWithChoicesAndFactsAndSharesItsTypes) {
   LcWorkbook workbook;
   auto source = std::make_optional<LcODBCWorkbookImport>(nullptr, &workbook);
   source->SyncLogin(connection->henv(), connection->hdbc());
+  unsigned short settled = 0;
+  source->ImportItems(settled);
   source->choices.item_mask = ibTables;
   source->targets.data_types = nullptr;
   source->choices.selected_tables.Append(std::make_unique<LcTableInfo>())->name = u"b";
-  source->DecideRoute();
 
   LcODBCWorkbookImport copy(*source);
   LcODBCWorkbookImport assigned(nullptr, nullptr);
@@ -115,26 +115,32 @@ struct CountingCursor : platform::BusyCursor {
   void Hide() override { --shown; }
 };
 
-// The n-th notification throws; nothing but false comes out, and the wait cursor is gone.
+// At the n-th notification the host stops the import and throws something that is no exception of
+// the library. What comes out is what comes of a stop, and the wait cursor is gone.
+LcODBCWorkbookImport* running_importer = nullptr;
 int notifications_left = 0;
-void Throw(enumImpNotify, void*) {
-  if (--notifications_left == 0) throw std::runtime_error("host");
+void StopAndThrow(enumImpNotify, void*) {
+  if (--notifications_left > 0) return;
+  running_importer->running = false;
+  throw notifications_left;
 }
 
-TEST(Importer, LetsNoExceptionOfTheHostOut) {
+TEST(Importer, EndsByTheRulesWhenTheHostThrows) {
   const auto cursor = std::make_shared<CountingCursor>();
   const auto before = std::exchange(platform::GetServices().busy_cursor, cursor);
   for (const char* server : {"informix", "oracle", "access"}) {
     for (const int n : {1, 2, 5, 9}) {
       const auto connection = Connection::OpenSimulator(server);
       LcWorkbook workbook;
-      LcODBCWorkbookImport importer(&Throw, &workbook);
+      LcODBCWorkbookImport importer(&StopAndThrow, &workbook);
+      running_importer = &importer;
       importer.SyncLogin(connection->henv(), connection->hdbc());
       importer.choices.item_mask = ibTables | ibDataTypes | ibTableNames;
       notifications_left = n;
       unsigned short status = 0;
       EXPECT_FALSE(importer.ImportItems(status)) << server << n;
-      EXPECT_LE(notifications_left, 0) << server << n;
+      EXPECT_EQ(notifications_left, 0) << server << n;
+      EXPECT_EQ(status, 9) << server << n;
       EXPECT_EQ(cursor->shown, 0) << server << n;
     }
   }

@@ -30,6 +30,12 @@ struct RouteDecision : testing::Test {
       std::exchange(platform::GetServices().settings, std::make_shared<Setting>(u"Other", 1));
 };
 
+// Imports nothing, which decides on a route all the same.
+void Settle(LcODBCWorkbookImport& importer) {
+  unsigned short status = 0;
+  importer.ImportItems(status);
+}
+
 struct Importer : LcODBCWorkbookImport {
   using LcODBCWorkbookImport::IsIUS;
   using LcODBCWorkbookImport::LcODBCWorkbookImport;
@@ -57,7 +63,15 @@ TEST_F(RouteDecision, FollowsTheServersOwnName) {
     const auto connection = Connection::OpenSimulator(test.server);
     Importer importer(nullptr, nullptr);
     importer.SyncLogin(connection->henv(), connection->hdbc());
-    EXPECT_EQ(importer.DecideRoute().route, test.route) << test.server;
+    const auto decision = importer.DecideRoute();
+    EXPECT_EQ(decision.route, test.route) << test.server;
+    EXPECT_EQ(decision.dbms_type, test.type) << test.server;
+    EXPECT_EQ(decision.dbms_version, test.version) << test.server;
+    EXPECT_EQ(importer.choices.dbms_type, dbmsUnknown) << "asking changes nothing";
+    EXPECT_EQ(importer.GetDBMSName(), u"");
+    EXPECT_EQ(importer.GetRouteTaken(), nullptr);
+    Settle(importer);
+    EXPECT_EQ(importer.GetRouteTaken()->route, test.route) << test.server;
     EXPECT_EQ(importer.GetDBMSType(), test.type) << test.server;
     EXPECT_EQ(importer.GetDBMSVersion(), test.version) << test.server;
     EXPECT_EQ(importer.IsIUS(), test.type == dbmsInformix && test.version >= 9) << test.server;
@@ -75,7 +89,7 @@ TEST_F(RouteDecision, TakesThePresetTypeWhereTheDriverGivesNoName) {
     importer.SyncLogin(connection->henv(), connection->hdbc());
     importer.choices.dbms_type = static_cast<LeDBMSType>(type);
     EXPECT_EQ(importer.DecideRoute().route, kRoutes[type]) << type;
-    EXPECT_EQ(importer.GetDBMSType(), type);
+    EXPECT_EQ(importer.DecideRoute().dbms_type, type);
   }
 }
 
@@ -85,18 +99,18 @@ TEST_F(RouteDecision, KeepsWhatIsKnownUntilTheHostResetsTheType) {
   LcODBCWorkbookImport importer(nullptr, nullptr);
   importer.SyncLogin(oracle->henv(), oracle->hdbc());
   importer.choices.dbms_type = dbmsAccess;
-  importer.DecideRoute();
+  Settle(importer);
   EXPECT_EQ(importer.GetDBMSType(), dbmsOracle) << "the name of the server replaces a preset type";
 
   importer.choices.dbms_type = dbmsRedBrick;
-  importer.DecideRoute();
+  Settle(importer);
   EXPECT_EQ(importer.GetDBMSType(), dbmsRedBrick) << "the name is known: the preset stands";
 
   importer.SyncLogin(access->henv(), access->hdbc());
-  importer.DecideRoute();
+  Settle(importer);
   EXPECT_EQ(importer.GetDBMSName(), u"Oracle") << "the facts of the server before are used";
   importer.choices.dbms_type = dbmsUnknown;
-  importer.DecideRoute();
+  Settle(importer);
   EXPECT_EQ(importer.GetDBMSName(), u"ACCESS");
   EXPECT_EQ(importer.GetDBMSType(), dbmsAccess);
 }

@@ -10,7 +10,7 @@
 #include "odbc/record_list.h"
 #include "routes/native/columns.h"
 #include "routes/native/key_assembly.h"
-#include "routes/native/native_import.h"
+#include "routes/native/native_route.h"
 #include "routes/native/synonyms.h"
 #include "routes/native/tables.h"
 #include "tests/routes/route_run.h"

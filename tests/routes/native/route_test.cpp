@@ -4,7 +4,7 @@
 
 #include <map>
 
-#include "routes/native/native_import.h"
+#include "routes/native/native_route.h"
 #include "tests/routes/route_run.h"
 
 namespace odbcimport::native {

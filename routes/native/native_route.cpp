@@ -1,7 +1,6 @@
 // The route for SQL Server, Oracle, DB2 and Red Brick.
-#include "routes/native/native_import.h"
+#include "routes/native/native_route.h"
 
-#include <exception>
 #include <memory>
 #include <string>
 #include <vector>
@@ -13,9 +12,11 @@
 #include "routes/native/foreign_keys.h"
 #include "routes/native/native_types.h"
 #include "routes/native/primary_keys.h"
+#include "routes/native/query_results.h"
 #include "routes/native/synonyms.h"
 #include "routes/native/tables.h"
 #include "routes/shared/catalog_queries.h"
+#include "routes/shared/phases.h"
 #include "routes/shared/query_batches.h"
 #include "routes/shared/readers.h"
 
@@ -63,41 +64,64 @@ std::unique_ptr<LcTableInfo> MakeSynonymEntry(const LcODBCRecordList& rows, int 
   return entry;
 }
 
-}  // namespace
+// One run. What the phases return: see Phase. They run when the host asked for their items.
+class NativeRoute {
+ public:
+  static constexpr bool kReportsEnd = true;
 
-bool NativeImport::Run(unsigned short& status) {
-  session_.BeginRoute();
-  try {
-    session_.StatusDialog(inImportStart);
-    if (RunPhases()) session_.StatusDialog(inImportEnd);
-  } catch (const std::exception&) {
-    result_ = false;  // memory ran out; what is in the workbook stays
+  explicit NativeRoute(ImportSession& session) : session_(session) {}
+  void Release() {
+    table_results_.Clear();
+    synonym_results_.Clear();
   }
-  table_results_.Clear();
-  synonym_results_.Clear();
-  session_.EndRoute(status);
-  return result_;
-}
 
-bool NativeImport::RunPhases() {
-  return ReadOwnerNames()            //
-         && ReadDataTypes()          //
-         && ReadTableAndViewNames()  //
-         && ReadSynonymNames()       //
-         && ReadOperators()          //
-         && ReadFunctions()          //
-         && ReadTablesAndViews()     //
-         && ReadPrimaryKeys()        //
-         && ReadForeignKeys()        //
-         && ReadLocalSynonyms()      //
-         && ReadRemoteSynonyms()     //
-         && ReadProcedures();
-}
+  bool ReadOwnerNames();
+  bool ReadDataTypes();
+  bool ReadTableAndViewNames();
+  bool ReadSynonymNames();
+  bool AddOperators();
+  bool ReadBooleanFunctions();
+  bool ReadFunctions();
+  bool ReadAggregates();
+  bool ReadTablesAndViews();
+  bool ReadPrimaryKeys();
+  bool ReadForeignKeys();
+  bool ReadLocalSynonyms();
+  bool ReadRemoteSynonyms();
+  bool ReadProcedures();
+
+  bool result = true;
+
+ private:
+  bool GoesOn() const { return !session_.WasImportStoppedOrCancelled(); }
+
+  ImportSession& session_;
+  QueryResults table_results_;
+  QueryResults synonym_results_;
+};
+
+// clang-format off
+constexpr Phase<NativeRoute> kPhases[] = {
+    {ibOwnerNames,               "owner names",       &NativeRoute::ReadOwnerNames},
+    {ibDataTypes,                "data types",        &NativeRoute::ReadDataTypes},
+    {ibTableNames | ibViewNames, "table names",       &NativeRoute::ReadTableAndViewNames},
+    {ibSynonymNames,             "synonym names",     &NativeRoute::ReadSynonymNames},
+    {ibOperators,                "operators",         &NativeRoute::AddOperators},
+    {ibBooleanFunctions,         "boolean functions", &NativeRoute::ReadBooleanFunctions},
+    {ibFunctions,                "functions",         &NativeRoute::ReadFunctions},
+    {ibAggregates,               "aggregates",        &NativeRoute::ReadAggregates},
+    {ibTables | ibViews,         "tables and views",  &NativeRoute::ReadTablesAndViews},
+    {ibTables | ibViews,         "primary keys",      &NativeRoute::ReadPrimaryKeys},
+    {ibTables | ibViews,         "foreign keys",      &NativeRoute::ReadForeignKeys},
+    {ibSynonyms,                 "local synonyms",    &NativeRoute::ReadLocalSynonyms},
+    {ibSynonyms,                 "remote synonyms",   &NativeRoute::ReadRemoteSynonyms},
+    {ibProcedures,               "procedures",        &NativeRoute::ReadProcedures},
+};
+// clang-format on
 
 // No text lists the owners of these servers, and the empty one is deliberately run all the same:
 // the driver's refusal, which the fetch layer shows, tells the user why the list stays empty.
-bool NativeImport::ReadOwnerNames() {
-  if (!session_.HasItem(ibOwnerNames)) return true;
+bool NativeRoute::ReadOwnerNames() {
   session_.StatusDialog(inPhaseStart, iiOwnerNames);
   std::u16string sql;
   BuildOwnerNameQuery(session_.choices, sql, session_.server.dbms_type);
@@ -117,8 +141,7 @@ bool NativeImport::ReadOwnerNames() {
   return true;
 }
 
-bool NativeImport::ReadDataTypes() {
-  if (!session_.HasItem(ibDataTypes)) return true;
+bool NativeRoute::ReadDataTypes() {
   session_.StatusDialog(inPhaseStart, iiDataTypes);
   if (LcWorkbookDatatypeList* types = session_.targets.data_types; types != nullptr) {
     LcODBCDatatypeList built_in(session_.server.dbms_type, session_.server.dbms_version);
@@ -131,8 +154,7 @@ bool NativeImport::ReadDataTypes() {
   return GoesOn();
 }
 
-bool NativeImport::ReadTableAndViewNames() {
-  if (!session_.HasItem(ibTableNames | ibViewNames)) return true;
+bool NativeRoute::ReadTableAndViewNames() {
   session_.StatusDialog(inPhaseStart, iiTableNames);
   const int dbms_type = session_.server.dbms_type;
   std::u16string sql;
@@ -155,10 +177,9 @@ bool NativeImport::ReadTableAndViewNames() {
   return true;
 }
 
-bool NativeImport::ReadSynonymNames() {
+bool NativeRoute::ReadSynonymNames() {
   const int dbms_type = session_.server.dbms_type;
-  if (!session_.HasItem(ibSynonymNames) || dbms_type == dbmsDB2 || dbms_type == dbmsMSSQLServer ||
-      dbms_type == dbmsSybase) {
+  if (dbms_type == dbmsDB2 || dbms_type == dbmsMSSQLServer || dbms_type == dbmsSybase) {
     return true;
   }
   session_.StatusDialog(inPhaseStart, iiSynonymNames);
@@ -179,33 +200,29 @@ bool NativeImport::ReadSynonymNames() {
   return true;
 }
 
-bool NativeImport::ReadOperators() {
-  if (!session_.HasItem(ibOperators)) return true;
+bool NativeRoute::AddOperators() {
   session_.StatusDialog(inPhaseStart, iiOperators);
-  result_ = GetOperators(session_);
+  result = GetOperators(session_);
   session_.StatusDialog(inPhaseEnd);
   return GoesOn();
 }
 
 // The three readers report their phases themselves.
-bool NativeImport::ReadFunctions() {
-  if (session_.HasItem(ibBooleanFunctions)) {
-    result_ = GetBooleanFunctions(session_);
-    if (!GoesOn()) return false;
-  }
-  if (session_.HasItem(ibFunctions)) {
-    result_ = GetGeneralFunctions(session_);
-    if (!GoesOn()) return false;
-  }
-  if (session_.HasItem(ibAggregates)) {
-    result_ = GetAggregates(session_);
-    if (!GoesOn()) return false;
-  }
-  return true;
+bool NativeRoute::ReadBooleanFunctions() {
+  result = GetBooleanFunctions(session_);
+  return GoesOn();
+}
+bool NativeRoute::ReadFunctions() {
+  result = GetGeneralFunctions(session_);
+  return GoesOn();
+}
+bool NativeRoute::ReadAggregates() {
+  result = GetAggregates(session_);
+  return GoesOn();
 }
 
-bool NativeImport::ReadTablesAndViews() {
-  if (!session_.HasItem(ibTables | ibViews) || session_.targets.tables == nullptr) return true;
+bool NativeRoute::ReadTablesAndViews() {
+  if (session_.targets.tables == nullptr) return true;
   session_.StatusDialog(inPhaseStart, iiTablesAndViews);
   std::vector<std::u16string> texts;
   BuildTableColumnQueries(session_.choices, session_.server.dbms_type, session_.IsIUS(), texts);
@@ -223,43 +240,34 @@ bool NativeImport::ReadTablesAndViews() {
   return true;
 }
 
-bool NativeImport::ReadPrimaryKeys() {
-  if (!session_.HasItem(ibTables | ibViews) || session_.targets.tables == nullptr ||
-      !session_.choices.keys) {
-    return true;
-  }
-  result_ = GetNativePrimaryKeys(session_, *session_.targets.tables);
-  return result_ && GoesOn();
+bool NativeRoute::ReadPrimaryKeys() {
+  if (session_.targets.tables == nullptr || !session_.choices.keys) return true;
+  result = GetNativePrimaryKeys(session_, *session_.targets.tables);
+  return result && GoesOn();
 }
 
-bool NativeImport::ReadForeignKeys() {
-  if (!session_.HasItem(ibTables | ibViews) || session_.targets.tables == nullptr ||
-      !session_.choices.foreign_keys) {
-    return true;
-  }
+bool NativeRoute::ReadForeignKeys() {
+  if (session_.targets.tables == nullptr || !session_.choices.foreign_keys) return true;
   LcWorkbookTableList& tables = *session_.targets.tables;
   switch (session_.server.dbms_type) {
     case dbmsRedBrick:
-      result_ = GetNativeForeignKeysRedBrick(session_, tables);
+      result = GetNativeForeignKeysRedBrick(session_, tables);
       break;
     case dbmsMSSQLServer:
     case dbmsSybase:
-      result_ = GetNativeForeignKeysSQLServer(session_, tables);
+      result = GetNativeForeignKeysSQLServer(session_, tables);
       break;
     case dbmsOracle:
-      result_ = GetNativeForeignKeysOracle(session_, tables);
+      result = GetNativeForeignKeysOracle(session_, tables);
       break;
     default:
-      result_ = GetNativeForeignKeys(session_, tables);
+      result = GetNativeForeignKeys(session_, tables);
   }
-  return result_ && GoesOn();
+  return result && GoesOn();
 }
 
-bool NativeImport::ReadLocalSynonyms() {
-  if (!session_.HasItem(ibSynonyms) || session_.server.dbms_type == dbmsDB2 ||
-      session_.targets.tables == nullptr) {
-    return true;
-  }
+bool NativeRoute::ReadLocalSynonyms() {
+  if (session_.server.dbms_type == dbmsDB2 || session_.targets.tables == nullptr) return true;
   std::vector<std::u16string> texts;
   if (!BuildLocalSynonymQueries(session_.choices, session_.server.dbms_type, session_.IsIUS(),
                                 texts)) {
@@ -278,11 +286,8 @@ bool NativeImport::ReadLocalSynonyms() {
   return true;
 }
 
-bool NativeImport::ReadRemoteSynonyms() {
-  if (!session_.HasItem(ibSynonyms) || session_.server.dbms_type == dbmsDB2 ||
-      session_.targets.tables == nullptr) {
-    return true;
-  }
+bool NativeRoute::ReadRemoteSynonyms() {
+  if (session_.server.dbms_type == dbmsDB2 || session_.targets.tables == nullptr) return true;
   const LcTableInfoList& selected = session_.choices.selected_synonyms;
   unsigned long count = 0;
   for (const LcTableInfo* entry : selected) count += IsRemoteSynonym(entry) ? 1 : 0;
@@ -304,15 +309,18 @@ bool NativeImport::ReadRemoteSynonyms() {
   return true;
 }
 
-bool NativeImport::ReadProcedures() {
-  if (!session_.HasItem(ibProcedures) || session_.targets.procedures == nullptr) return true;
-  result_ = GetProcedures(session_, *session_.targets.procedures);
+bool NativeRoute::ReadProcedures() {
+  if (session_.targets.procedures == nullptr) return true;
+  result = GetProcedures(session_, *session_.targets.procedures);
   return GoesOn();
 }
 
+}  // namespace
+
 bool ImportNativeItems(ImportSession& session, unsigned short& status) {
   if (session.workbook == nullptr) return false;
-  return NativeImport(session).Run(status);
+  NativeRoute route(session);
+  return RunRoute(session, route, kPhases, status);
 }
 
 }  // namespace odbcimport::native
