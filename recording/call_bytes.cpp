@@ -1,0 +1,239 @@
+// See call_bytes.h.
+#include "recording/call_bytes.h"
+
+#include <sql.h>
+#include <sqlext.h>
+
+#include <algorithm>
+
+namespace recording {
+
+using platform::DriverBuffer;
+using platform::DriverCall;
+using platform::DriverField;
+
+namespace {
+
+class Writer {
+ public:
+  explicit Writer(std::string& out) : out_(out) {}
+
+  template <class Value>
+  void Put(Value value) {
+    const std::size_t at = out_.size();
+    out_.resize(at + sizeof value);
+    std::memcpy(out_.data() + at, &value, sizeof value);
+  }
+  void PutFlag(bool flag) { Put(static_cast<std::uint8_t>(flag ? 1 : 0)); }
+  void PutBytes(const void* bytes, std::size_t size) {
+    Put(static_cast<std::uint32_t>(size));
+    out_.append(static_cast<const char*>(bytes), size);
+  }
+  void PutText(std::u16string_view text) { PutBytes(text.data(), text.size() * sizeof(char16_t)); }
+
+ private:
+  std::string& out_;
+};
+
+void PutField(const DriverField& field, Writer& writer) {
+  writer.Put(field.name);
+  if (const auto* number = std::get_if<std::int64_t>(&field.value)) {
+    writer.Put(FieldKind::kNumber);
+    writer.Put(*number);
+  } else if (const auto* text = std::get_if<const char16_t*>(&field.value)) {
+    writer.Put(*text == nullptr ? FieldKind::kNull : FieldKind::kText);
+    if (*text != nullptr) writer.PutText(*text);
+  } else if (const auto* view = std::get_if<std::u16string_view>(&field.value)) {
+    writer.Put(FieldKind::kText);
+    writer.PutText(*view);
+  } else {
+    const auto& table = std::get<std::span<const std::uint16_t>>(field.value);
+    writer.Put(FieldKind::kTable);
+    writer.PutBytes(table.data(), table.size_bytes());
+  }
+}
+
+void PutFields(std::span<const DriverField> fields, Writer& writer) {
+  writer.Put(static_cast<std::uint8_t>(fields.size()));
+  for (const DriverField& field : fields) PutField(field, writer);
+}
+
+// The bytes of a text in a slot of memory. It reaches as far as the indicator says where that is
+// inside of the slot and a terminator stands there, else up to the first terminator.
+template <class Unit>
+std::size_t TextBytes(const char* slot, std::int64_t slot_bytes, const std::int64_t* indicator) {
+  const auto units = static_cast<std::size_t>(std::max<std::int64_t>(slot_bytes, 0)) / sizeof(Unit);
+  const auto* text = reinterpret_cast<const Unit*>(slot);
+  if (indicator != nullptr && *indicator >= 0) {
+    const auto told = static_cast<std::size_t>(*indicator) / sizeof(Unit);
+    if (told < units && text[told] == 0) return told * sizeof(Unit);
+  }
+  return static_cast<std::size_t>(std::find(text, text + units, Unit{0}) - text) * sizeof(Unit);
+}
+
+std::size_t ValueBytes(int c_type, const char* slot, std::int64_t slot_bytes,
+                       const std::int64_t* indicator) {
+  if (IsWide(c_type)) return TextBytes<char16_t>(slot, slot_bytes, indicator);
+  if (IsNarrow(c_type)) return TextBytes<char>(slot, slot_bytes, indicator);
+  if (const std::size_t bytes = NumberBytes(c_type); bytes != 0) return bytes;
+  // Binaries and the types nobody here asks for.
+  const std::int64_t told = indicator != nullptr ? *indicator : slot_bytes;
+  return static_cast<std::size_t>(
+      std::clamp<std::int64_t>(told, 0, std::max<std::int64_t>(slot_bytes, 0)));
+}
+
+void PutCell(int c_type, const char* slot, std::int64_t slot_bytes, const std::int64_t* indicator,
+             Writer& writer) {
+  writer.Put(static_cast<std::int16_t>(c_type));
+  writer.PutFlag(indicator != nullptr);
+  if (indicator != nullptr) writer.Put(*indicator);
+  const bool empty = slot == nullptr || (indicator != nullptr && *indicator == SQL_NULL_DATA);
+  writer.PutBytes(slot, empty ? 0 : ValueBytes(c_type, slot, slot_bytes, indicator));
+}
+
+// Some drivers put the rows of a rowset further apart than what was bound (Informix: 2048 bytes
+// for 1024), others do not. The memory between tells: a text that begins there shows a driver that
+// goes by the bound length. Without any, the distance makes no difference.
+std::int64_t RowDistance(const DriverBuffer& column, std::size_t rows) {
+  if (column.row_bytes != 2 * column.bytes || column.indicator == nullptr) return column.bytes;
+  const auto* slots = static_cast<const char*>(column.data);
+  bool in_between = false;
+  bool any = false;
+  for (std::size_t row = 1; row < rows; row += 2) {
+    if (column.indicator[row] <= 0) continue;
+    any = true;
+    const char* first = slots + row * static_cast<std::size_t>(column.bytes);
+    in_between = in_between || first[0] != 0 || first[1] != 0;
+  }
+  return any && !in_between ? column.row_bytes : column.bytes;
+}
+
+std::int64_t RowDistance(const Bindings& columns, std::size_t rows) {
+  // One column with texts in the right places decides for all.
+  std::int64_t longest = 0;
+  for (const DriverBuffer& column : columns) {
+    if (column.data == nullptr) continue;
+    const std::int64_t distance = RowDistance(column, rows);
+    if (distance != column.bytes) longest = std::max(longest, distance);
+  }
+  return longest;
+}
+
+void PutRows(const DriverCall& call, const CallContext& context, Writer& writer) {
+  const bool has_rows = call.rows != nullptr && SQL_SUCCEEDED(call.result);
+  writer.PutFlag(has_rows);
+  if (!has_rows) return;
+  writer.Put(call.rows->count);
+  const std::size_t rows = std::min<std::uint64_t>(call.rows->count, context.rowset);
+  writer.Put(static_cast<std::uint32_t>(rows));
+  for (std::size_t row = 0; row < rows; ++row) {
+    writer.Put(call.rows->status != nullptr ? call.rows->status[row]
+                                            : std::uint16_t{SQL_ROW_SUCCESS});
+  }
+  const std::int64_t distance = rows > 1 ? RowDistance(*context.columns, rows) : 0;
+  writer.Put(distance);
+  std::uint16_t bound = 0;
+  for (const DriverBuffer& column : *context.columns) bound += column.data != nullptr ? 1 : 0;
+  writer.Put(bound);
+  for (const DriverBuffer& column : *context.columns) {
+    if (column.data != nullptr) writer.Put(static_cast<std::uint16_t>(column.number));
+  }
+  for (std::size_t row = 0; row < rows; ++row) {
+    for (const DriverBuffer& column : *context.columns) {
+      if (column.data == nullptr) continue;
+      const std::size_t number_bytes = NumberBytes(column.c_type);
+      const auto stride = number_bytes != 0
+                              ? number_bytes
+                              : static_cast<std::size_t>(distance != 0 ? distance : column.bytes);
+      PutCell(column.c_type, static_cast<const char*>(column.data) + row * stride, column.bytes,
+              column.indicator != nullptr ? column.indicator + row : nullptr, writer);
+    }
+  }
+}
+
+void PutParameters(const CallContext& context, Writer& writer) {
+  const std::size_t count = context.parameters != nullptr ? context.parameters->size() : 0;
+  writer.Put(static_cast<std::uint16_t>(count));
+  for (std::size_t i = 0; i < count; ++i) {
+    const DriverBuffer& parameter = (*context.parameters)[i];
+    std::int64_t slot_bytes = parameter.bytes;
+    // SQL_NTS and a missing indicator mean a terminated text, whatever length was told with it.
+    const std::int64_t told = parameter.indicator != nullptr ? *parameter.indicator : SQL_NTS;
+    if (told >= 0) slot_bytes = told;
+    if (told == SQL_NTS) slot_bytes = INT32_MAX;
+    PutCell(parameter.c_type, static_cast<const char*>(parameter.data), slot_bytes,
+            told == SQL_NTS ? nullptr : parameter.indicator, writer);
+  }
+}
+
+}  // namespace
+
+bool IsWide(int c_type) { return c_type == SQL_C_WCHAR; }
+bool IsNarrow(int c_type) { return c_type == SQL_C_CHAR; }
+
+std::size_t NumberBytes(int c_type) {
+  switch (c_type) {
+    case SQL_C_BIT:
+    case SQL_C_TINYINT:
+    case SQL_C_STINYINT:
+    case SQL_C_UTINYINT:
+      return 1;
+    case SQL_C_SHORT:
+    case SQL_C_SSHORT:
+    case SQL_C_USHORT:
+      return 2;
+    case SQL_C_LONG:
+    case SQL_C_SLONG:
+    case SQL_C_ULONG:
+      return 4;
+    case SQL_C_SBIGINT:
+    case SQL_C_UBIGINT:
+      return 8;
+    default:
+      return 0;
+  }
+}
+
+Cell CallReader::TakeCell() {
+  Cell cell;
+  cell.c_type = Take<std::int16_t>();
+  cell.has_indicator = TakeFlag();
+  if (cell.has_indicator) cell.indicator = Take<std::int64_t>();
+  cell.bytes = TakeBytes();
+  return cell;
+}
+
+void CopyCall(const DriverCall& call, const CallContext& context, std::string& out) {
+  Writer writer(out);
+  writer.Put(call.function);
+  writer.Put(context.statement);
+  writer.Put(context.made);
+  writer.Put(call.result);
+  PutFields(call.asked, writer);
+  const DriverBuffer* buffer = call.buffer;
+  writer.PutFlag(buffer != nullptr);
+  if (buffer != nullptr) {
+    writer.Put(static_cast<std::uint16_t>(buffer->number));
+    writer.Put(static_cast<std::int16_t>(buffer->c_type));
+    writer.Put(buffer->bytes);
+    writer.PutFlag(buffer->data != nullptr);
+  }
+  PutParameters(context, writer);
+  PutFields(call.answered, writer);
+  // What is bound gets its values later.
+  const bool piece = buffer != nullptr && context.piece && SQL_SUCCEEDED(call.result);
+  writer.PutFlag(piece);
+  if (piece) {
+    PutCell(buffer->c_type, static_cast<const char*>(buffer->data), buffer->bytes,
+            buffer->indicator, writer);
+  }
+  PutRows(call, context, writer);
+  writer.Put(static_cast<std::uint8_t>(context.diagnostics.size()));
+  for (const Diagnostic& diagnostic : context.diagnostics) {
+    writer.PutBytes(diagnostic.state.data(), diagnostic.state.size());
+    writer.Put(diagnostic.native_error);
+    writer.PutText(diagnostic.message);
+  }
+}
+
+}  // namespace recording

@@ -1,0 +1,38 @@
+// A copied call as a line of a recording: one JSON object, as docs/recordings.md describes it.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "recording/call_bytes.h"
+#include "recording/name_rules.h"
+
+namespace recording {
+
+// Makes lines of the calls of one recording, in their order.
+class LineMaker {
+ public:
+  // `rules` hides names; null: everything is written as it is.
+  explicit LineMaker(std::unique_ptr<NameRules> rules) : rules_(std::move(rules)) {}
+
+  // Takes one call and appends its line, with the line's end.
+  void Append(CallReader& call, std::string& out);
+
+ private:
+  void AppendFields(CallReader& call, std::string_view function, std::string& out);
+  void AppendBuffer(CallReader& call, std::string_view function, std::string& out);
+  void AppendParameters(CallReader& call, std::string& out);
+  void AppendRows(CallReader& call, std::string& out);
+  void AppendDiagnostics(CallReader& call, std::string& out);
+  void AppendCell(const Cell& cell, Role role, std::string& out);
+  void AppendText(std::string_view bytes, bool wide, Role role, std::string& out);
+
+  std::unique_ptr<NameRules> rules_;
+  bool secret_ = false;  // the answer belongs to the connection string
+  std::string utf8_;     // scratch
+  std::vector<Cell> row_;
+};
+
+}  // namespace recording

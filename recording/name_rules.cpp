@@ -1,0 +1,375 @@
+// See name_rules.h. Where a text stands tells its role: the argument of a catalog function, the
+// result column of one by its number, that of a statement by its name. A text in a place that
+// nobody knows counts as a name, so that what is forgotten here is hidden.
+#include "recording/name_rules.h"
+
+#include <sodium.h>
+#include <sql.h>
+#include <sqlext.h>
+
+#include <algorithm>
+#include <array>
+#include <stdexcept>
+#include <unordered_map>
+#include <unordered_set>
+#include <vector>
+
+#include "embedded_wbrecording.h"
+
+namespace recording {
+namespace {
+
+// So many letters are different for every name that a schema can hold.
+constexpr std::size_t kLeastLetters = 12;
+// Names arrive cut to so many characters in some places and whole in others: what is left of a cut
+// name has to be the beginning of the whole one.
+constexpr std::size_t kCutCharacters = 63;
+
+bool IsLetter(char c) {
+  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c & 0x80) != 0 || c == '_';
+}
+bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+bool IsWordCharacter(char c) { return IsLetter(c) || IsDigit(c) || c == '$' || c == '#'; }
+char Lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
+bool IsUpper(char c) { return c >= 'A' && c <= 'Z'; }
+
+std::string LowerCase(std::string_view text) {
+  std::string lower(text);
+  std::transform(lower.begin(), lower.end(), lower.begin(), Lower);
+  return lower;
+}
+
+// UTF-16 units of a text of UTF-8.
+std::size_t Units(std::string_view utf8) {
+  std::size_t units = 0;
+  for (const char c : utf8) {
+    const auto byte = static_cast<unsigned char>(c);
+    units += (byte & 0xC0) != 0x80 ? 1 : 0;
+    units += byte >= 0xF0 ? 1 : 0;
+  }
+  return units;
+}
+
+std::string_view FirstUnits(std::string_view utf8, std::size_t units) {
+  std::size_t bytes = 0;
+  while (bytes < utf8.size() && Units(utf8.substr(0, bytes + 1)) <= units) ++bytes;
+  return utf8.substr(0, bytes);
+}
+
+std::unordered_set<std::string> ReadVocabulary() {
+  std::unordered_set<std::string> words;
+  std::string_view text = kVocabulary;
+  while (!text.empty()) {
+    std::string_view line = text.substr(0, text.find('\n'));
+    text.remove_prefix(std::min(line.size() + 1, text.size()));
+    if (line.starts_with('#')) continue;
+    while (!line.empty()) {
+      const std::size_t end = std::min(line.find(' '), line.size());
+      if (end > 0) words.emplace(line.substr(0, end));
+      line.remove_prefix(std::min(end + 1, line.size()));
+    }
+  }
+  return words;
+}
+
+struct RolesOfFunction {
+  std::string_view function;
+  std::vector<std::pair<int, Role>> roles;  // of result columns; the others are codes and numbers
+};
+
+const std::vector<RolesOfFunction>& CatalogRoles() {
+  constexpr Role kName = Role::kName;
+  constexpr Role kText = Role::kText;
+  constexpr Role kBlank = Role::kBlank;
+  static const std::vector<RolesOfFunction> roles = {
+      {"SQLTables", {{1, kName}, {2, kName}, {3, kName}, {5, kBlank}}},
+      {"SQLColumns",
+       {{1, kName}, {2, kName}, {3, kName}, {4, kName}, {6, kText}, {12, kBlank}, {13, kBlank}}},
+      {"SQLPrimaryKeys", {{1, kName}, {2, kName}, {3, kName}, {4, kName}, {6, kName}}},
+      {"SQLForeignKeys",
+       {{1, kName},
+        {2, kName},
+        {3, kName},
+        {4, kName},
+        {5, kName},
+        {6, kName},
+        {7, kName},
+        {8, kName},
+        {12, kName},
+        {13, kName}}},
+      {"SQLStatistics",
+       {{1, kName}, {2, kName}, {3, kName}, {5, kName}, {6, kName}, {9, kName}, {13, kBlank}}},
+      {"SQLProcedures", {{1, kName}, {2, kName}, {3, kName}, {7, kBlank}}},
+      {"SQLGetTypeInfo", {{1, kText}, {13, kText}}},
+  };
+  return roles;
+}
+
+// Result columns of statements, by names that servers' catalogs give them.
+struct RoleOfColumnName {
+  std::string_view name;  // lower case
+  Role role;
+};
+constexpr std::array kColumnNames = {
+    RoleOfColumnName{"fk_colnames", Role::kText},  RoleOfColumnName{"pk_colnames", Role::kText},
+    RoleOfColumnName{"paramtypes", Role::kText},   RoleOfColumnName{"data_type", Role::kText},
+    RoleOfColumnName{"typename", Role::kText},     RoleOfColumnName{"remarks", Role::kBlank},
+    RoleOfColumnName{"comment", Role::kBlank},     RoleOfColumnName{"comments", Role::kBlank},
+    RoleOfColumnName{"description", Role::kBlank}, RoleOfColumnName{"text", Role::kBlank},
+    RoleOfColumnName{"default", Role::kText},      RoleOfColumnName{"expression", Role::kText},
+    RoleOfColumnName{"definition", Role::kText},   RoleOfColumnName{"predicate", Role::kText},
+    RoleOfColumnName{"check", Role::kText},        RoleOfColumnName{"type", Role::kText},
+    RoleOfColumnName{"base_type", Role::kText},
+};
+
+Role RoleOfName(std::string_view column) {
+  const std::string lower = LowerCase(column);
+  const auto* const known =
+      std::find_if(kColumnNames.begin(), kColumnNames.end(),
+                   [&lower](const RoleOfColumnName& row) { return row.name == lower; });
+  return known != kColumnNames.end() ? known->role : Role::kName;
+}
+
+}  // namespace
+
+struct NameRules::State {
+  std::array<unsigned char, crypto_generichash_KEYBYTES> key;
+  const std::unordered_set<std::string> vocabulary = ReadVocabulary();
+
+  // Roles of the result columns of a statement, from column 1; what stands beyond is a name, or
+  // nothing special in a catalog function's result.
+  struct Columns {
+    std::vector<Role> roles;
+    Role others = Role::kName;
+  };
+  std::unordered_map<std::uint32_t, Columns> statements;
+  std::string_view function;  // of the call in hand
+  std::uint32_t statement = 0;
+  std::int64_t number = 0;  // of the information, attribute or column that it is about
+  std::string result;
+
+  State() {
+    if (sodium_init() < 0) throw std::runtime_error("no random numbers can be had");
+    crypto_generichash_keygen(key.data());
+  }
+
+  bool IsPublic(std::string_view word) const { return vocabulary.contains(LowerCase(word)); }
+
+  // So many letters that only this recording has for the name. Upper and lower case make no
+  // difference: servers that ignore it go on finding the name.
+  std::string Letters(std::string_view name, std::size_t count) const {
+    const std::string lower = LowerCase(name);
+    std::string letters;
+    for (unsigned char round = 0; letters.size() < count; ++round) {
+      std::string input(1, static_cast<char>(round));
+      input += lower;
+      std::array<unsigned char, crypto_generichash_BYTES> hash{};
+      crypto_generichash(hash.data(), hash.size(),
+                         reinterpret_cast<const unsigned char*>(input.data()), input.size(),
+                         key.data(), key.size());
+      for (const unsigned char byte : hash) letters += static_cast<char>('a' + byte % 26);
+    }
+    letters.resize(count);
+    for (std::size_t i = 0; i < count; ++i) {
+      const char original = name[std::min(i, name.size() - 1)];
+      if (IsUpper(original)) letters[i] = static_cast<char>(letters[i] - 'a' + 'A');
+    }
+    return letters;
+  }
+
+  // The keyed hash of a name, as long as the name where that is long enough.
+  std::string Hash(std::string_view name) const {
+    const std::size_t units = Units(name);
+    if (units <= kCutCharacters) return Letters(name, std::max(units, kLeastLetters));
+    return Letters(FirstUnits(name, kCutCharacters), kCutCharacters) +
+           Letters(name, units - kCutCharacters);
+  }
+
+  // A whole name. The blanks that fill up a column of fixed width stay in number.
+  void AppendName(std::string_view text, std::string& out) const {
+    const std::size_t end = text.find_last_not_of(' ') + 1;
+    const std::string_view name = text.substr(0, end);
+    if (std::none_of(name.begin(), name.end(), IsLetter) || IsPublic(name)) {
+      out += text;
+      return;
+    }
+    const std::string hash = Hash(name);
+    out += hash;
+    const std::size_t width = Units(text);
+    if (end < text.size() && width > hash.size()) out.append(width - hash.size(), ' ');
+  }
+
+  void AppendSql(std::string_view sql, std::string& out) const;
+  void AppendText(std::string_view text, std::string& out) const;
+  std::size_t AppendQuoted(std::string_view text, bool blank, std::string& out) const;
+};
+
+// A text in quotes at the beginning of `text`; a doubled quote stands for one inside. Returns what
+// it took.
+std::size_t NameRules::State::AppendQuoted(std::string_view text, bool blank,
+                                           std::string& out) const {
+  const char open = text[0];
+  const char close = open == '[' ? ']' : open;
+  std::string inside;
+  std::size_t at = 1;
+  for (; at < text.size(); ++at) {
+    if (text[at] == close) {
+      if (at + 1 >= text.size() || text[at + 1] != close) break;
+      ++at;
+    }
+    inside += text[at];
+  }
+  std::string hidden;
+  if (!blank) AppendName(inside, hidden);
+  out += open;
+  for (const char c : hidden) {
+    out += c;
+    if (c == close) out += c;
+  }
+  if (at < text.size()) out += close;
+  return std::min(at + 1, text.size());
+}
+
+// In the module's own statements everything outside of quotes is its own, but for names of remote
+// databases and links: `database@server:owner.table`, `table@link`.
+void NameRules::State::AppendSql(std::string_view sql, std::string& out) const {
+  char before = ' ';
+  for (std::size_t at = 0; at < sql.size();) {
+    const char c = sql[at];
+    if (c == '\'' || c == '"') {
+      at += AppendQuoted(sql.substr(at), false, out);
+      before = c;
+      continue;
+    }
+    if (!IsLetter(c)) {
+      out += c;
+      before = c == ':' && before == ':' ? ' ' : c;
+      ++at;
+      continue;
+    }
+    std::size_t end = at;
+    while (end < sql.size() && IsWordCharacter(sql[end])) ++end;
+    const std::string_view word = sql.substr(at, end - at);
+    const char next = end < sql.size() ? sql[end] : ' ';
+    const bool cast = next == ':' && end + 1 < sql.size() && sql[end + 1] == ':';
+    if (before == '@' || next == '@' || (next == ':' && !cast)) {
+      AppendName(word, out);
+    } else {
+      out += word;
+    }
+    before = ' ';
+    at = end;
+  }
+}
+
+// A definition of the server's: names in quotes and plain ones are hidden, literals and remarks go.
+void NameRules::State::AppendText(std::string_view text, std::string& out) const {
+  for (std::size_t at = 0; at < text.size();) {
+    const char c = text[at];
+    const std::string_view rest = text.substr(at);
+    if (c == '\'') {
+      at += AppendQuoted(rest, true, out);
+    } else if (c == '"' || c == '`') {
+      at += AppendQuoted(rest, false, out);
+    } else if (rest.starts_with("--")) {
+      at += std::min(rest.find('\n'), rest.size());
+    } else if (rest.starts_with("/*")) {
+      const std::size_t end = rest.find("*/", 2);
+      at += end == std::string_view::npos ? rest.size() : end + 2;
+    } else if (IsLetter(c)) {
+      std::size_t end = at;
+      while (end < text.size() && IsWordCharacter(text[end])) ++end;
+      const std::size_t length = out.size();
+      AppendName(text.substr(at, end - at), out);
+      // Lists of names in pieces of one width keep it.
+      std::size_t longer = out.size() - length - std::min(out.size() - length, end - at);
+      while (longer > 0 && end + 1 < text.size() && text[end] == ' ' && text[end + 1] == ' ') {
+        ++end;
+        --longer;
+      }
+      at = end;
+    } else {
+      out += c;
+      ++at;
+    }
+  }
+}
+
+NameRules::NameRules() : state_(std::make_unique<State>()) {}
+NameRules::~NameRules() = default;
+
+void NameRules::BeginCall(std::string_view function, std::uint32_t statement) {
+  state_->function = function;
+  state_->statement = statement;
+  state_->number = 0;
+  const auto& catalog = CatalogRoles();
+  const auto known = std::find_if(catalog.begin(), catalog.end(),
+                                  [&](const auto& row) { return row.function == function; });
+  if (known != catalog.end()) {
+    State::Columns& columns = state_->statements[statement];
+    columns = {{}, Role::kPlain};
+    for (const auto& [column, role] : known->roles) {
+      columns.roles.resize(static_cast<std::size_t>(column), Role::kPlain);
+      columns.roles.back() = role;
+    }
+  } else if (function == "SQLExecDirect" || function == "SQLPrepare") {
+    state_->statements[statement] = {};
+  }
+}
+
+void NameRules::NoteNumber(std::string_view field, std::int64_t number) {
+  if (field == "info" || field == "attribute" || field == "column") state_->number = number;
+  if (field == "option" && number == SQL_DROP && state_->function == "SQLFreeStmt")
+    state_->statements.erase(state_->statement);
+}
+
+void NameRules::NoteText(std::string_view field, std::string_view text) {
+  if (state_->function != "SQLDescribeCol" || field != "name" || state_->number < 1) return;
+  State::Columns& columns = state_->statements[state_->statement];
+  if (columns.others == Role::kPlain) return;
+  const auto place = static_cast<std::size_t>(state_->number) - 1;
+  if (columns.roles.size() <= place) columns.roles.resize(place + 1, Role::kName);
+  columns.roles[place] = RoleOfName(text);
+}
+
+Role NameRules::RoleOfField(std::string_view field) const {
+  if (field == "sql") return Role::kSql;
+  if (field == "types" || field == "name") return Role::kPlain;
+  if (field != "text") return Role::kName;
+  const bool names = state_->function == "SQLGetInfo" ? state_->number == SQL_DATABASE_NAME
+                                                      : state_->number == SQL_ATTR_CURRENT_CATALOG;
+  return names ? Role::kName : Role::kPlain;
+}
+
+Role NameRules::RoleOfCell(int column) const {
+  const auto known = state_->statements.find(state_->statement);
+  if (known == state_->statements.end()) return Role::kName;
+  const State::Columns& columns = known->second;
+  const auto place = static_cast<std::size_t>(column) - 1;
+  return place < columns.roles.size() ? columns.roles[place] : columns.others;
+}
+
+Role NameRules::RoleOfPiece() const { return RoleOfCell(static_cast<int>(state_->number)); }
+
+std::string_view NameRules::Apply(Role role, std::string_view text) {
+  std::string& result = state_->result;
+  result.clear();
+  switch (role) {
+    case Role::kPlain:
+      return text;
+    case Role::kName:
+      state_->AppendName(text, result);
+      break;
+    case Role::kSql:
+      state_->AppendSql(text, result);
+      break;
+    case Role::kText:
+      state_->AppendText(text, result);
+      break;
+    case Role::kBlank:
+      break;
+  }
+  return result;
+}
+
+}  // namespace recording

@@ -1,0 +1,76 @@
+// Keeps every driver call that it is told of as a line of a recording (docs/recordings.md). The
+// caller's thread copies what the driver said; a thread of the recorder's own makes lines of it,
+// hides what is to be hidden, compresses and writes. What waits between the two is bounded: where
+// the writer is behind, calls wait for it.
+#pragma once
+
+#include <condition_variable>
+#include <functional>
+#include <mutex>
+#include <string>
+#include <thread>
+#include <unordered_map>
+#include <vector>
+
+#include "platform/platform.h"
+#include "recording/call_bytes.h"
+#include "recording/call_line.h"
+#include "recording/file.h"
+
+namespace recording {
+
+// All diagnostics of the call that was just made; they stay with the handle.
+using ReadDiagnostics = std::function<std::vector<Diagnostic>(const platform::DriverCall& call)>;
+
+class Recorder : public platform::CallLog {
+ public:
+  // Replaces the file, and keeps calls back until the header is known. `rules` hides names; null:
+  // they stay.
+  Recorder(const std::string& file, std::unique_ptr<NameRules> rules,
+           ReadDiagnostics read_diagnostics);
+  ~Recorder() override;
+  Recorder(const Recorder&) = delete;
+  Recorder& operator=(const Recorder&) = delete;
+
+  // Writes the first line, a JSON object, before everything else.
+  void Begin(const std::string& header);
+  void OnCall(const platform::DriverCall& call) override;
+  // A line about the host, a JSON object, at this place among the calls.
+  void Note(const std::string& line);
+  // Writes what waits, and the last line. Nothing is kept after it.
+  void Finish();
+  // False once something could not be written.
+  bool IsGood() const;
+
+ private:
+  struct Statement {
+    std::uint32_t number = 0;
+    std::uint64_t rowset = 1;
+    Bindings columns;
+    Bindings parameters;
+  };
+
+  void Follow(const platform::DriverCall& call, Statement& statement);
+  void Push(std::unique_lock<std::mutex>& lock);
+  void WriteLines();
+  void WriteBatch(std::string_view batch);
+
+  const ReadDiagnostics read_diagnostics_;
+  LineMaker lines_;  // the writer's
+  OutputFile file_;
+  std::string text_;  // the writer's scratch
+
+  mutable std::mutex mutex_;
+  std::condition_variable filled_;   // there is something to write
+  std::condition_variable emptied_;  // there is room again
+  std::string waiting_;              // copied calls and notes
+  bool begun_ = false;
+  bool finished_ = false;
+  bool good_ = true;
+  std::uint64_t calls_ = 0;
+  std::uint32_t statements_made_ = 0;
+  std::unordered_map<void*, Statement> statements_;
+  std::thread writer_;
+};
+
+}  // namespace recording
