@@ -80,8 +80,8 @@ toml::table ParseFile(const fs::path& file) {
 void ApplyTable(const toml::table& table, const std::string& path, const fs::path& file,
                 Options& options) {
   const ConnectionOptions& connection = options.connection;
-  const bool connection_given =
-      connection.connect || connection.dsn || connection.sqlite || connection.sample;
+  const bool connection_given = connection.connect || connection.dsn || connection.sqlite ||
+                                connection.sample || connection.replay;
   const std::vector<Key> keys = Keys(options);
   for (const auto& [name, node] : table) {
     const std::string field = path + std::string(name.str());

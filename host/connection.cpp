@@ -7,6 +7,7 @@
 #include <array>
 
 #include "base/connection_string.h"
+#include "host/driver_calls.h"
 #include "host/odbc_handles.h"
 #include "host/outcome.h"
 #include "host/text.h"
@@ -92,18 +93,13 @@ struct Connection::Handles {
   }
 };
 
-Connection::Connection(const Target& target)
+Connection::Connection(const Target& target, platform::CallLog* log)
     : connect_text_(base::WithoutSecrets(target.connect_string)),
       sample_(target.is_sample_database ? std::make_unique<SampleDatabase>() : nullptr),
       handles_(std::make_unique<Handles>()) {
   SQLAllocHandle(SQL_HANDLE_DBC, handles_->environment.Get(), &handles_->connection);
-  std::u16string text = ToUtf16(target.connect_string);
-  static_assert(sizeof(SQLWCHAR) == sizeof(char16_t));
-  // No output string is asked for: mdbtools leaves it unwritten, and the driver manager reads it.
-  const SQLRETURN result =
-      SQLDriverConnectW(handles_->connection, nullptr, reinterpret_cast<SQLWCHAR*>(text.data()),
-                        SQL_NTS, nullptr, 0, nullptr, SQL_DRIVER_NOPROMPT);
-  handles_->connected = Succeeded(result);
+  calls_ = std::make_unique<DriverCalls>(handles_->connection, log);
+  handles_->connected = Succeeded(calls_->Connect(target.connect_string));
   if (handles_->connected) return;
   std::string state;
   const std::string reason = ReadDiagnostics(SQL_HANDLE_DBC, handles_->connection, state);
@@ -117,53 +113,25 @@ Connection::~Connection() = default;
 
 void* Connection::henv() const { return handles_->environment.Get(); }
 void* Connection::hdbc() const { return handles_->connection; }
+const DriverCalls& Connection::calls() const { return *calls_; }
 
 bool Connection::IsDead() const {
-  SQLUINTEGER dead = SQL_CD_FALSE;
-  const SQLRETURN result = SQLGetConnectAttr(handles_->connection, SQL_ATTR_CONNECTION_DEAD, &dead,
-                                             sizeof dead, nullptr);
-  return Succeeded(result) && dead == SQL_CD_TRUE;
-}
-
-std::string Connection::InfoText(std::uint16_t info) const {
-  std::array<SQLWCHAR, 256> text{};
-  if (!Succeeded(SQLGetInfoW(handles_->connection, info, text.data(),
-                             static_cast<SQLSMALLINT>(sizeof text), nullptr))) {
-    return {};
-  }
-  const auto end = std::find(text.begin(), text.end() - 1, SQLWCHAR{0});
-  return FromWide(text.data(), static_cast<std::size_t>(end - text.begin()));
+  return calls_->AttributeNumber(SQL_ATTR_CONNECTION_DEAD) == SQL_CD_TRUE;
 }
 
 bool Connection::SupportsOwners() const {
-  SQLUINTEGER usage = 0;
-  const SQLRETURN result =
-      SQLGetInfoW(handles_->connection, SQL_OWNER_USAGE, &usage, sizeof usage, nullptr);
-  return Succeeded(result) && (usage & SQL_OU_DML_STATEMENTS) != 0;
+  return (calls_->InfoNumber(SQL_OWNER_USAGE).value_or(0) & SQL_OU_DML_STATEMENTS) != 0;
 }
 
 std::u16string Connection::CurrentCatalog() const {
-  SQLUINTEGER usage = 0;
-  if (!Succeeded(
-          SQLGetInfoW(handles_->connection, SQL_QUALIFIER_USAGE, &usage, sizeof usage, nullptr)) ||
-      (usage & SQL_QU_DML_STATEMENTS) == 0) {
-    return {};
-  }
-  std::array<SQLWCHAR, 256> text{};
-  if (!Succeeded(SQLGetConnectAttrW(handles_->connection, SQL_ATTR_CURRENT_CATALOG, text.data(),
-                                    static_cast<SQLINTEGER>(sizeof text), nullptr))) {
-    return {};
-  }
-  const auto end = std::find(text.begin(), text.end() - 1, SQLWCHAR{0});
-  return ToUtf16(FromWide(text.data(), static_cast<std::size_t>(end - text.begin())));
+  if ((calls_->InfoNumber(SQL_QUALIFIER_USAGE).value_or(0) & SQL_QU_DML_STATEMENTS) == 0) return {};
+  return calls_->AttributeText(SQL_ATTR_CURRENT_CATALOG).value_or(u"");
 }
 
 std::vector<Connection::FunctionOffer> Connection::OfferedFunctions() const {
   std::vector<FunctionOffer> offers;
   for (const FunctionName& function : kFunctions) {
-    SQLUSMALLINT offered = SQL_FALSE;
-    SQLGetFunctions(handles_->connection, function.id, &offered);
-    offers.push_back({function.name, offered == SQL_TRUE});
+    offers.push_back({function.name, calls_->HasFunction(function.id)});
   }
   return offers;
 }
@@ -173,10 +141,13 @@ std::string DiagnosticsOfCall(const platform::DriverCall& call) {
   return ReadDiagnostics(call.on_statement ? SQL_HANDLE_STMT : SQL_HANDLE_DBC, call.handle, state);
 }
 
-std::string Connection::DbmsVersionText() const { return InfoText(SQL_DBMS_VER); }
+std::string Connection::DbmsVersionText() const {
+  return ToUtf8(calls_->InfoText(SQL_DBMS_VER).value_or(u""));
+}
 
 std::string Connection::DriverText() const {
-  return InfoText(SQL_DRIVER_NAME) + " " + InfoText(SQL_DRIVER_VER);
+  return ToUtf8(calls_->InfoText(SQL_DRIVER_NAME).value_or(u"") + u" " +
+                calls_->InfoText(SQL_DRIVER_VER).value_or(u""));
 }
 
 }  // namespace wbhost

@@ -10,7 +10,7 @@
 #include "host/options.h"
 #include "host/samples.h"
 #include "host/secrets.h"
-#include "platform/driver_call.h"
+#include "platform/platform.h"
 
 namespace wbhost {
 
@@ -27,11 +27,14 @@ Target ResolveTarget(const ConnectionOptions& options, Secrets& secrets);
 // `file:` form of a SQLite file's name, opened read-only.
 std::string SqliteReadOnlyUri(const std::string& absolute_path, bool immutable);
 
+class DriverCalls;
+
 // An open connection. Everything that borrowed its handles must be gone before it.
 class Connection {
  public:
   // Throws a Failure of one line: what was tried, what the driver manager said, what to try.
-  explicit Connection(const Target& target);
+  // `log`, which may be null, hears of every call that is made here.
+  explicit Connection(const Target& target, platform::CallLog* log = nullptr);
   ~Connection();
   Connection(const Connection&) = delete;
   Connection& operator=(const Connection&) = delete;
@@ -40,6 +43,8 @@ class Connection {
   void* hdbc() const;
   // The connection string without its password.
   const std::string& connect_text() const { return connect_text_; }
+
+  const DriverCalls& calls() const;
 
   // Whether the driver knows that the connection is lost; false where it cannot tell.
   bool IsDead() const;
@@ -58,13 +63,11 @@ class Connection {
   std::string DriverText() const;  // the driver's name and version
 
  private:
-  // A text of SQLGetInfo; empty where the driver has none.
-  std::string InfoText(std::uint16_t info) const;
-
   struct Handles;
   std::string connect_text_;
   std::unique_ptr<SampleDatabase> sample_;  // outlives the connection to it
   std::unique_ptr<Handles> handles_;
+  std::unique_ptr<DriverCalls> calls_;
 };
 
 // The diagnostics of a call that was just made, in one line; they stay with the handle.

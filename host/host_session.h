@@ -6,6 +6,7 @@
 #include "host/connection.h"
 #include "host/import_run.h"
 #include "host/output_file.h"
+#include "host/run_recording.h"
 
 namespace wbhost {
 
@@ -24,6 +25,8 @@ class HostSession {
   Run& run_;
   StartedModule module_;
   Reports reports_;
+  const Target target_;
+  RunRecording recording_;
   Connection connection_;
   InstalledServices services_;
   ImportRunner runner_;

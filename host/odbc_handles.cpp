@@ -27,6 +27,29 @@ std::string FromWide(const SQLWCHAR* text, std::size_t characters) {
   return ToUtf8(wide);
 }
 
+std::vector<recording::Diagnostic> ReadDiagnosticRecords(SQLSMALLINT handle_type,
+                                                         SQLHANDLE handle) {
+  constexpr SQLSMALLINT kMostRecords = 100;  // a driver may give the same one for ever
+  constexpr SQLSMALLINT kMessageCharacters = 8192;
+  std::vector<recording::Diagnostic> records;
+  std::vector<SQLWCHAR> message(kMessageCharacters);
+  for (SQLSMALLINT record = 1; record <= kMostRecords; ++record) {
+    SQLWCHAR sql_state[6] = {};
+    SQLINTEGER native_error = 0;
+    SQLSMALLINT length = 0;
+    message.front() = 0;
+    if (!Succeeded(SQLGetDiagRecW(handle_type, handle, record, sql_state, &native_error,
+                                  message.data(), kMessageCharacters, &length))) {
+      break;
+    }
+    const auto end = std::find(message.begin(), message.end() - 1, SQLWCHAR{0});
+    const auto state_end = std::find(sql_state, sql_state + 5, SQLWCHAR{0});
+    records.push_back({FromWide(sql_state, static_cast<std::size_t>(state_end - sql_state)),
+                       native_error, std::u16string(message.begin(), end)});
+  }
+  return records;
+}
+
 std::string ReadDiagnostics(SQLSMALLINT handle_type, SQLHANDLE handle, std::string& state) {
   std::string all;
   for (SQLSMALLINT record = 1; record < 20; ++record) {

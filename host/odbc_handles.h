@@ -6,6 +6,9 @@
 #include <sqlucode.h>
 
 #include <string>
+#include <vector>
+
+#include "recording/call_bytes.h"
 
 namespace wbhost {
 
@@ -21,6 +24,9 @@ class Environment {
  private:
   SQLHENV handle_ = SQL_NULL_HENV;
 };
+
+// Every diagnostic record of a handle's last call, whole; they stay with the handle.
+std::vector<recording::Diagnostic> ReadDiagnosticRecords(SQLSMALLINT handle_type, SQLHANDLE handle);
 
 // What the driver manager says of a handle's last failure, in one line: message and SQLSTATE of
 // every record. Sets `state` to the first SQLSTATE.

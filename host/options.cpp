@@ -125,6 +125,8 @@ void AddConnection(CLI::App& app, ConnectionOptions& options) {
       ->group(group);
   AddText(app, "--sample", options.sample, "Practice server: " + Names(AllSamples()), "NAME")
       ->group(group);
+  AddText(app, "--replay", options.replay, "What --record kept of a driver's answers", "FILE")
+      ->group(group);
 }
 
 void AddChoices(CLI::App& app, ChoiceOptions& options) {
@@ -180,6 +182,13 @@ void AddReports(CLI::App& app, ReportOptions& options) {
       ->group(group);
   AddText(app, "--log", options.log, "Write the diagnostics that were consumed unseen", "FILE")
       ->group(group);
+  AddText(app, "--record", options.record,
+          "Keep what the driver answers, compressed where the name ends in .zst or .gz", "FILE")
+      ->group(group);
+  AddText(app, "--record-names", options.record_names,
+          "plain (the default), or hashed: a recording without names and texts", "HOW")
+      ->check(CLI::IsMember({"plain", "hashed"}))
+      ->group(group);
   AddText(app, "--messages", options.messages, "Folder of another message library (msgtext.dll)",
           "FOLDER")
       ->group(group);
@@ -221,10 +230,15 @@ void AddTextOrJson(CLI::App& app, OutputOptions& options) {
 void CheckTogether(const Options& options) {
   const ConnectionOptions& connection = options.connection;
   const int ways = (connection.connect ? 1 : 0) + (connection.dsn ? 1 : 0) +
-                   (connection.sqlite ? 1 : 0) + (connection.sample ? 1 : 0);
+                   (connection.sqlite ? 1 : 0) + (connection.sample ? 1 : 0) +
+                   (connection.replay ? 1 : 0);
   if (ways > 1) {
     throw Failure(ExitCode::kUsage,
-                  "give only one of --connect, --dsn, --sqlite and --sample: one connection a run");
+                  "give only one of --connect, --dsn, --sqlite, --sample and --replay: one "
+                  "connection a run");
+  }
+  if (options.report.record_names && !options.report.record) {
+    throw Failure(ExitCode::kUsage, "--record-names goes with --record");
   }
   if (connection.user && !connection.dsn && !connection.connect) {
     throw Failure(ExitCode::kUsage, "--user goes with --dsn or --connect");

@@ -9,13 +9,14 @@ namespace wbhost {
 
 enum class Command { kImport, kList, kInfo, kDrivers, kRender };
 
-// Where to connect to. At most one of connect, dsn, sqlite and sample is given.
+// Where to connect to. At most one of connect, dsn, sqlite, sample and replay is given.
 struct ConnectionOptions {
   std::optional<std::string> connect;
   std::optional<std::string> dsn;
   std::optional<std::string> user;
   std::optional<std::string> sqlite;
   std::optional<std::string> sample;
+  std::optional<std::string> replay;  // a recording in place of a server
   std::optional<std::string> password_env;
   bool password_stdin = false;
 };
@@ -51,7 +52,9 @@ struct ReportOptions {
   std::optional<std::string> trace;
   std::optional<std::string> errors;
   std::optional<std::string> log;
-  std::optional<std::string> messages;  // folder of the message library
+  std::optional<std::string> record;
+  std::optional<std::string> record_names;  // "plain" or "hashed"; empty: plain
+  std::optional<std::string> messages;      // folder of the message library
 };
 
 struct Options {

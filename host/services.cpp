@@ -51,8 +51,10 @@ class InstalledServices::Store : public platform::SettingsStore {
 // SQLError, leaves it there.
 class InstalledServices::Log : public platform::CallLog {
  public:
-  explicit Log(Reports& reports) : reports_(reports) {}
+  Log(Reports& reports, std::shared_ptr<platform::CallLog> recorder)
+      : reports_(reports), recorder_(std::move(recorder)) {}
   void OnCall(const platform::DriverCall& call) override {
+    if (recorder_ != nullptr) recorder_->OnCall(call);
     if (call.result != kSqlError) return;
     reports_.log.WriteScrubbed(fmt::format("{}: {}", call.function, DiagnosticsOfCall(call)));
   }
@@ -60,15 +62,18 @@ class InstalledServices::Log : public platform::CallLog {
  private:
   static constexpr short kSqlError = -1;
   Reports& reports_;
+  std::shared_ptr<platform::CallLog> recorder_;
 };
 
-InstalledServices::InstalledServices(const Settings& settings, Screen& screen, Reports& reports)
+InstalledServices::InstalledServices(const Settings& settings, Screen& screen, Reports& reports,
+                                     std::shared_ptr<platform::CallLog> recorder)
     : box_(std::make_shared<Box>(screen, reports)),
       saved_(std::make_unique<platform::Services>(platform::GetServices())) {
   platform::Services& services = platform::GetServices();
   services.message_box = box_;
   services.settings = std::make_shared<Store>(settings, saved_->settings);
-  if (reports.log.IsOpen()) services.call_log = std::make_shared<Log>(reports);
+  services.call_log = recorder;
+  if (reports.log.IsOpen()) services.call_log = std::make_shared<Log>(reports, std::move(recorder));
 }
 
 InstalledServices::~InstalledServices() { platform::GetServices() = *saved_; }

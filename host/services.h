@@ -15,7 +15,9 @@ namespace wbhost {
 // diagnostics, which are counted, and the settings of the run go before the settings store.
 class InstalledServices {
  public:
-  InstalledServices(const Settings& settings, Screen& screen, Reports& reports);
+  // `recorder` may be null.
+  InstalledServices(const Settings& settings, Screen& screen, Reports& reports,
+                    std::shared_ptr<platform::CallLog> recorder);
   ~InstalledServices();
   InstalledServices(const InstalledServices&) = delete;
   InstalledServices& operator=(const InstalledServices&) = delete;

@@ -74,6 +74,17 @@ Target SampleTarget(const Sample& sample) {
               base::FormatAttribute("Server", sample.simulated_server)};
 }
 
+Target ReplayTarget(const std::string& file) {
+  const std::string simulator = SimulatorPath();
+  if (!fs::exists(simulator)) {
+    throw Failure(ExitCode::kConnection,
+                  fmt::format("cannot play {}: there is no simulator {}", file, simulator));
+  }
+  return {fmt::format("the recording {}", file),
+          FormatAttribute("Driver", simulator) + FormatAttribute("Server", "recording") +
+              FormatAttribute("File", fs::absolute(file).string())};
+}
+
 // The connection string with the user and the password that stand outside of it.
 std::string WithLogin(std::string text, const ConnectionOptions& options,
                       const std::string& password) {
@@ -109,6 +120,7 @@ Target ResolveTarget(const ConnectionOptions& options, Secrets& secrets) {
             WithLogin(base::FormatAttribute("DSN", *options.dsn), options, password)};
   }
   if (options.sqlite) return SqliteTarget(*options.sqlite);
+  if (options.replay) return ReplayTarget(*options.replay);
   return SampleTarget(*FindSample(options.sample.value_or("sqlite")));
 }
 

@@ -1,0 +1,114 @@
+// See driver_calls.h. Every output is emptied before the call: drivers leave outputs unwritten or
+// write half of them.
+#include "host/driver_calls.h"
+
+#include <algorithm>
+#include <array>
+
+#include "host/text.h"
+
+namespace wbhost {
+
+using platform::DriverCall;
+using platform::DriverField;
+
+namespace {
+
+constexpr std::size_t kTextCharacters = 256;
+using Text = std::array<char16_t, kTextCharacters>;
+
+static_assert(sizeof(SQLWCHAR) == sizeof(char16_t));
+
+std::u16string Whole(Text& text) {
+  text.back() = 0;
+  return text.data();
+}
+
+}  // namespace
+
+void DriverCalls::Report(const char* function, SQLRETURN result, std::span<const DriverField> asked,
+                         std::span<const DriverField> answered) const {
+  if (log_ == nullptr) return;
+  log_->OnCall({.function = function,
+                .handle = connection_,
+                .on_statement = false,
+                .result = result,
+                .asked = asked,
+                .answered = answered});
+}
+
+SQLRETURN DriverCalls::Connect(const std::string& connection_string) const {
+  std::u16string text = ToUtf16(connection_string);
+  // No output string is asked for: mdbtools leaves it unwritten, and the driver manager reads it.
+  const SQLRETURN result =
+      SQLDriverConnectW(connection_, nullptr, reinterpret_cast<SQLWCHAR*>(text.data()), SQL_NTS,
+                        nullptr, 0, nullptr, SQL_DRIVER_NOPROMPT);
+  // Without the text, which holds secrets.
+  Report("SQLDriverConnectW", result, {}, {});
+  return result;
+}
+
+std::optional<std::u16string> DriverCalls::InfoText(SQLUSMALLINT info) const {
+  Text text{};
+  SQLSMALLINT bytes = 0;
+  constexpr auto kRoom = static_cast<SQLSMALLINT>(sizeof text);
+  const SQLRETURN result = SQLGetInfoW(connection_, info, text.data(), kRoom, &bytes);
+  const std::u16string answer = Whole(text);
+  const std::array asked = {DriverField{"info", info}, DriverField{"room", kRoom}};
+  const std::array answered = {DriverField{"text", answer.c_str()}, DriverField{"bytes", bytes}};
+  Report("SQLGetInfoW", result, asked, answered);
+  return Succeeded(result) ? std::optional(answer) : std::nullopt;
+}
+
+std::optional<SQLUINTEGER> DriverCalls::InfoNumber(SQLUSMALLINT info) const {
+  SQLUINTEGER number = 0;
+  SQLSMALLINT bytes = 0;
+  constexpr auto kRoom = static_cast<SQLSMALLINT>(sizeof number);
+  const SQLRETURN result = SQLGetInfoW(connection_, info, &number, kRoom, &bytes);
+  const std::array asked = {DriverField{"info", info}, DriverField{"room", kRoom}};
+  const std::array answered = {DriverField{"number", number}, DriverField{"bytes", bytes}};
+  Report("SQLGetInfoW", result, asked, answered);
+  return Succeeded(result) ? std::optional(number) : std::nullopt;
+}
+
+std::optional<std::u16string> DriverCalls::AttributeText(SQLINTEGER attribute) const {
+  Text text{};
+  SQLINTEGER bytes = 0;
+  constexpr auto kRoom = static_cast<SQLINTEGER>(sizeof text);
+  const SQLRETURN result = SQLGetConnectAttrW(connection_, attribute, text.data(), kRoom, &bytes);
+  const std::u16string answer = Whole(text);
+  const std::array asked = {DriverField{"attribute", attribute}, DriverField{"room", kRoom}};
+  const std::array answered = {DriverField{"text", answer.c_str()}, DriverField{"bytes", bytes}};
+  Report("SQLGetConnectAttrW", result, asked, answered);
+  return Succeeded(result) ? std::optional(answer) : std::nullopt;
+}
+
+std::optional<SQLUINTEGER> DriverCalls::AttributeNumber(SQLINTEGER attribute) const {
+  SQLUINTEGER number = 0;
+  const SQLRETURN result =
+      SQLGetConnectAttr(connection_, attribute, &number, sizeof number, nullptr);
+  const std::array asked = {DriverField{"attribute", attribute}};
+  const std::array answered = {DriverField{"number", number}};
+  Report("SQLGetConnectAttr", result, asked, answered);
+  return Succeeded(result) ? std::optional(number) : std::nullopt;
+}
+
+bool DriverCalls::HasFunction(SQLUSMALLINT function) const {
+  SQLUSMALLINT there = SQL_FALSE;
+  const SQLRETURN result = SQLGetFunctions(connection_, function, &there);
+  const std::array asked = {DriverField{"function", function}};
+  const std::array answered = {DriverField{"supported", there}};
+  Report("SQLGetFunctions", result, asked, answered);
+  return Succeeded(result) && there == SQL_TRUE;
+}
+
+void DriverCalls::AskFunctions() const {
+  std::array<SQLUSMALLINT, SQL_API_ODBC3_ALL_FUNCTIONS_SIZE> table{};
+  constexpr SQLUSMALLINT kAll = SQL_API_ODBC3_ALL_FUNCTIONS;
+  const SQLRETURN result = SQLGetFunctions(connection_, kAll, table.data());
+  const std::array asked = {DriverField{"function", kAll}};
+  const std::array answered = {DriverField{"table", std::span<const std::uint16_t>(table)}};
+  Report("SQLGetFunctions", result, asked, answered);
+}
+
+}  // namespace wbhost

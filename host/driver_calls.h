@@ -1,0 +1,39 @@
+// The calls that the program itself makes of the driver, each reported to a call log as the
+// module's are.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+
+#include "host/odbc_handles.h"
+#include "platform/platform.h"
+
+namespace wbhost {
+
+// Calls on one connection.
+class DriverCalls {
+ public:
+  // `log` may be null.
+  DriverCalls(SQLHDBC connection, platform::CallLog* log) : connection_(connection), log_(log) {}
+
+  SQLRETURN Connect(const std::string& connection_string) const;
+  // Empty where the driver has no answer.
+  std::optional<std::u16string> InfoText(SQLUSMALLINT info) const;
+  std::optional<SQLUINTEGER> InfoNumber(SQLUSMALLINT info) const;
+  std::optional<std::u16string> AttributeText(SQLINTEGER attribute) const;
+  std::optional<SQLUINTEGER> AttributeNumber(SQLINTEGER attribute) const;
+  bool HasFunction(SQLUSMALLINT function) const;
+  // Asks for the whole table of functions, so that a log has it.
+  void AskFunctions() const;
+
+ private:
+  void Report(const char* function, SQLRETURN result, std::span<const platform::DriverField> asked,
+              std::span<const platform::DriverField> answered) const;
+
+  SQLHDBC connection_;
+  platform::CallLog* log_;
+};
+
+}  // namespace wbhost
