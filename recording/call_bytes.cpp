@@ -27,6 +27,7 @@ class Writer {
   void PutFlag(bool flag) { Put(static_cast<std::uint8_t>(flag ? 1 : 0)); }
   void PutBytes(const void* bytes, std::size_t size) {
     Put(static_cast<std::uint32_t>(size));
+    if (out_.size() % 2 != 0) out_ += '\0';  // texts of UTF-16 are read where they lie
     out_.append(static_cast<const char*>(bytes), size);
   }
   void PutText(std::u16string_view text) { PutBytes(text.data(), text.size() * sizeof(char16_t)); }
@@ -201,6 +202,10 @@ Cell CallReader::TakeCell() {
   if (cell.has_indicator) cell.indicator = Take<std::int64_t>();
   cell.bytes = TakeBytes();
   return cell;
+}
+
+void CopyBytes(std::string_view bytes, std::string& out) {
+  Writer(out).PutBytes(bytes.data(), bytes.size());
 }
 
 void CopyCall(const DriverCall& call, const CallContext& context, std::string& out) {

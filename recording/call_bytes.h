@@ -38,6 +38,9 @@ struct CallContext {
 // piece that SQLGetData gave.
 void CopyCall(const platform::DriverCall& call, const CallContext& context, std::string& out);
 
+// Appends bytes that TakeBytes takes.
+void CopyBytes(std::string_view bytes, std::string& out);
+
 // One value out of bound memory.
 struct Cell {
   int c_type = 0;
@@ -46,7 +49,8 @@ struct Cell {
   std::string_view bytes;  // of a text up to its end, of anything else what its type has
 };
 
-// Reads what CopyCall wrote, in the order in which it stands there.
+// Reads what CopyCall wrote, in the order in which it stands there. The bytes lie at an even
+// address.
 class CallReader {
  public:
   explicit CallReader(std::string_view bytes) : rest_(bytes) {}
@@ -62,6 +66,7 @@ class CallReader {
   bool TakeFlag() { return Take<std::uint8_t>() != 0; }
   std::string_view TakeBytes() {
     const auto size = Take<std::uint32_t>();
+    if (reinterpret_cast<std::uintptr_t>(rest_.data()) % 2 != 0) rest_.remove_prefix(1);
     const std::string_view bytes = rest_.substr(0, size);
     rest_.remove_prefix(size);
     return bytes;

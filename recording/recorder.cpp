@@ -131,9 +131,7 @@ void Recorder::Note(const std::string& line) {
   std::unique_lock lock(mutex_);
   if (finished_) return;
   waiting_ += static_cast<char>(Entry::kNote);
-  const auto size = static_cast<std::uint32_t>(line.size());
-  waiting_.append(reinterpret_cast<const char*>(&size), sizeof size);
-  waiting_ += line;
+  CopyBytes(line, waiting_);
   Push(lock);
 }
 
