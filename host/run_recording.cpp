@@ -3,7 +3,8 @@
 
 #include <nlohmann/json.hpp>
 
-#include "host/connection_string.h"
+#include "base/ascii.h"
+#include "base/connection_string.h"
 #include "host/driver_calls.h"
 #include "host/odbc_handles.h"
 #include "host/text.h"
@@ -34,13 +35,12 @@ std::string MakeHeader(const std::string& names, const nlohmann::ordered_json& d
 class RunRecording::Scrubber {
  public:
   Scrubber(const Target& target, const Secrets& secrets) : secrets_(secrets) {
-    for (const Attribute& attribute : ParseConnectionString(target.connect_string)) {
-      const std::string key(attribute.key);
-      const std::string value = FindAttribute(target.connect_string, key);
-      if (EqualIgnoringCase(key, "Driver")) continue;
+    for (const base::Attribute& attribute : base::ParseConnectionString(target.connect_string)) {
+      if (base::EqualIgnoringCase(attribute.key, "Driver")) continue;
+      const std::string value = base::PlainValue(attribute.value);
       connection_.Add(value);
       for (const char* login : {"UID", "User", "UserName", "LogonID"}) {
-        if (EqualIgnoringCase(key, login)) logins_.Add(value);
+        if (base::EqualIgnoringCase(attribute.key, login)) logins_.Add(value);
       }
     }
   }

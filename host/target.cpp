@@ -81,8 +81,8 @@ Target ReplayTarget(const std::string& file) {
                   fmt::format("cannot play {}: there is no simulator {}", file, simulator));
   }
   return {fmt::format("the recording {}", file),
-          FormatAttribute("Driver", simulator) + FormatAttribute("Server", "recording") +
-              FormatAttribute("File", fs::absolute(file).string())};
+          base::FormatAttribute("Driver", simulator) + base::FormatAttribute("Server", "recording") +
+              base::FormatAttribute("File", fs::absolute(file).string())};
 }
 
 // The connection string with the user and the password that stand outside of it.

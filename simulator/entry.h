@@ -38,9 +38,4 @@ SQLRETURN OnConnection(SQLHDBC handle, FunctionId function, Body body) {
   return RunCall(connection, connection, function, [&] { return body(connection); });
 }
 
-template <class Value>
-void Answer(SQLPOINTER target, Value value) {
-  if (target != nullptr) *static_cast<Value*>(target) = value;
-}
-
 }  // namespace catalogsim

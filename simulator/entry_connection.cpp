@@ -3,6 +3,7 @@
 #include <sqlucode.h>
 
 #include <cstring>
+#include <optional>
 
 #include "simulator/entry.h"
 #include "simulator/private_interface.h"
@@ -18,6 +19,12 @@ std::string InfoText(const Connection& connection, SQLUSMALLINT info, bool& know
   const catalogsim::ServerTraits& traits = connection.traits();
   const bool has_catalog = traits.catalog_usage != 0;
   known = true;
+  if (const catalogsim::Recording* const recording = connection.recording()) {
+    if (info == catalogsim::kInfoNotes) return recording->notes();
+    if (info == catalogsim::kInfoFirstNotHeld) return recording->first_not_held();
+    known = info == SQL_DRIVER_ODBC_VER;  // what the driver manager asks for
+    return known ? "03.51" : "";
+  }
   switch (info) {
     case SQL_DBMS_NAME:
       return std::string(traits.dbms_name);
@@ -86,6 +93,9 @@ bool InfoNumber(Connection& connection, SQLUSMALLINT info, SQLUINTEGER& number, 
     case catalogsim::kInfoFaults:
       number = static_cast<SQLUINTEGER>(connection.gate().faults());
       return true;
+    case catalogsim::kInfoNotHeld:
+      number = connection.recording() != nullptr ? connection.recording()->not_held() : 0;
+      return true;
     case SQL_SCHEMA_USAGE:
       number = traits.owner_usage;
       return true;
@@ -148,11 +158,37 @@ bool InfoNumber(Connection& connection, SQLUSMALLINT info, SQLUINTEGER& number, 
 }
 
 bool IsPrivateInfo(SQLUSMALLINT info) {
-  return info >= catalogsim::kInfoCalls && info <= catalogsim::kInfoFaults;
+  return info >= catalogsim::kInfoCalls && info <= catalogsim::kInfoFirstNotHeld;
+}
+
+// Empty where the server is no recording, or where the question is the driver manager's own.
+std::optional<SQLRETURN> GetRecordedInfo(Connection& connection, SQLUSMALLINT info,
+                                         SQLPOINTER value, SQLSMALLINT capacity,
+                                         SQLSMALLINT* length) {
+  catalogsim::Recording* const recording = connection.recording();
+  if (recording == nullptr || IsPrivateInfo(info)) return std::nullopt;
+  const std::string question = catalogsim::Question(SQL_API_SQLGETINFO).Add(info).Text();
+  const catalogsim::Recording::Line line = recording->FindAnswer(question);
+  if (line != catalogsim::Recording::kNone) {
+    SQLINTEGER bytes = 0;
+    const SQLRETURN result =
+        catalogsim::GiveValue(*recording, line, connection, value, capacity, &bytes);
+    catalogsim::Answer<SQLSMALLINT>(length, static_cast<SQLSMALLINT>(bytes));
+    return result;
+  }
+  bool known = false;
+  InfoText(connection, info, known);
+  SQLUINTEGER number = 0;
+  int size = 0;
+  const bool of_server = info == SQL_SCHEMA_USAGE || info == SQL_CATALOG_USAGE;
+  if (known || (!of_server && InfoNumber(connection, info, number, size))) return std::nullopt;
+  return connection.Fail("HY096", recording->NotHeld(question));
 }
 
 SQLRETURN GetInfo(Connection& connection, SQLUSMALLINT info, SQLPOINTER value, SQLSMALLINT capacity,
                   SQLSMALLINT* length) {
+  if (const auto recorded = GetRecordedInfo(connection, info, value, capacity, length))
+    return *recorded;
   bool is_text = false;
   const std::string text = InfoText(connection, info, is_text);
   if (is_text) {
@@ -221,8 +257,15 @@ CATALOGSIM_ENTRY SQLSetConnectAttrW(SQLHDBC handle, SQLINTEGER attribute, SQLPOI
 }
 
 CATALOGSIM_ENTRY SQLGetConnectAttrW(SQLHDBC handle, SQLINTEGER attribute, SQLPOINTER value,
-                                    SQLINTEGER, SQLINTEGER*) {
+                                    SQLINTEGER text_bytes, SQLINTEGER* bytes) {
   return OnConnection(handle, SQL_API_SQLGETCONNECTATTR, [&](Connection& connection) {
+    catalogsim::Recording* const recording = connection.recording();
+    if (recording != nullptr && !connection.gate().IsDropped()) {
+      const catalogsim::Recording::Line line = recording->FindAnswer(
+          catalogsim::Question(SQL_API_SQLGETCONNECTATTR).Add(attribute).Text());
+      if (line != catalogsim::Recording::kNone)
+        return catalogsim::GiveValue(*recording, line, connection, value, text_bytes, bytes);
+    }
     switch (attribute) {
       case SQL_ATTR_CONNECTION_DEAD:
         catalogsim::Answer<SQLUINTEGER>(value,

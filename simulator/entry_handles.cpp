@@ -25,14 +25,16 @@ const Handle& AnyHandle(SQLSMALLINT type, SQLHANDLE handle) {
   }
 }
 
-std::string PrefixedMessage(SQLSMALLINT type, SQLHANDLE handle, const std::string& message) {
+std::string FullMessage(SQLSMALLINT type, SQLHANDLE handle,
+                        const catalogsim::Diagnostic& diagnostic) {
+  if (diagnostic.verbatim) return diagnostic.message;
   const Connection* connection = nullptr;
   if (type == SQL_HANDLE_DBC) connection = static_cast<Connection*>(handle);
   if (type == SQL_HANDLE_STMT) connection = &static_cast<Statement*>(handle)->connection();
   std::string prefix = "[catalogsim]";
   if (connection != nullptr && connection->IsOpen())
     prefix += '[' + std::string(connection->traits().name) + ']';
-  return prefix + ' ' + message;
+  return prefix + ' ' + diagnostic.message;
 }
 
 }  // namespace
@@ -102,9 +104,9 @@ CATALOGSIM_ENTRY SQLGetDiagRecW(SQLSMALLINT type, SQLHANDLE handle, SQLSMALLINT 
   if (record < 1 || static_cast<std::size_t>(record) > diagnostics.size()) return SQL_NO_DATA;
   const catalogsim::Diagnostic& diagnostic = diagnostics[static_cast<std::size_t>(record) - 1];
   catalogsim::AnswerText(diagnostic.state, state, 6, nullptr);
-  catalogsim::Answer<SQLINTEGER>(native, 0);
-  const bool whole = catalogsim::AnswerText(PrefixedMessage(type, handle, diagnostic.message),
-                                            message, capacity, length);
+  catalogsim::Answer<SQLINTEGER>(native, diagnostic.native_error);
+  const bool whole =
+      catalogsim::AnswerText(FullMessage(type, handle, diagnostic), message, capacity, length);
   return whole ? SQL_SUCCESS : SQL_SUCCESS_WITH_INFO;
 }
 
@@ -124,7 +126,7 @@ CATALOGSIM_ENTRY SQLGetDiagFieldW(SQLSMALLINT type, SQLHANDLE handle, SQLSMALLIN
       text = diagnostic.state;
       break;
     case SQL_DIAG_MESSAGE_TEXT:
-      text = PrefixedMessage(type, handle, diagnostic.message);
+      text = FullMessage(type, handle, diagnostic);
       break;
     case SQL_DIAG_CLASS_ORIGIN:
     case SQL_DIAG_SUBCLASS_ORIGIN:
@@ -134,6 +136,8 @@ CATALOGSIM_ENTRY SQLGetDiagFieldW(SQLSMALLINT type, SQLHANDLE handle, SQLSMALLIN
     case SQL_DIAG_SERVER_NAME:
       break;
     case SQL_DIAG_NATIVE:
+      catalogsim::Answer<SQLINTEGER>(value, diagnostic.native_error);
+      return SQL_SUCCESS;
     case SQL_DIAG_COLUMN_NUMBER:
       catalogsim::Answer<SQLINTEGER>(value, 0);
       return SQL_SUCCESS;

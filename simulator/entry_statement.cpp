@@ -171,17 +171,31 @@ SQLRETURN ColumnAttribute(Statement& statement, SQLUSMALLINT column, SQLUSMALLIN
 
 }  // namespace
 
+CATALOGSIM_ENTRY SQLBindParameter(SQLHSTMT handle, SQLUSMALLINT number, SQLSMALLINT direction,
+                                  SQLSMALLINT c_type, SQLSMALLINT, SQLULEN, SQLSMALLINT,
+                                  SQLPOINTER value, SQLLEN bytes, SQLLEN* indicator) {
+  return OnStatement(handle, SQL_API_SQLBINDPARAMETER, [&](Statement& statement) {
+    if (number < 1 || direction != SQL_PARAM_INPUT)
+      return statement.Fail("HYC00", "there are input parameters only");
+    if (statement.parameters.size() < number) statement.parameters.resize(number);
+    statement.parameters[number - 1U] = {c_type, value, bytes, indicator};
+    return SQLRETURN{SQL_SUCCESS};
+  });
+}
+
 CATALOGSIM_ENTRY SQLFreeStmt(SQLHSTMT handle, SQLUSMALLINT option) {
   return OnStatement(handle, SQL_API_SQLFREESTMT, [&](Statement& statement) {
     if (option == SQL_CLOSE) statement.CloseResult();
     if (option == SQL_UNBIND) statement.bindings.clear();
+    if (option == SQL_RESET_PARAMS) statement.parameters.clear();
     return SQLRETURN{SQL_SUCCESS};
   });
 }
 
 CATALOGSIM_ENTRY SQLCloseCursor(SQLHSTMT handle) {
   return OnStatement(handle, SQL_API_SQLCLOSECURSOR, [](Statement& statement) {
-    if (!statement.result) return statement.Fail("24000", "there is no open result");
+    if (!statement.result && !statement.replay)
+      return statement.Fail("24000", "there is no open result");
     statement.CloseResult();
     return SQLRETURN{SQL_SUCCESS};
   });
@@ -195,7 +209,13 @@ CATALOGSIM_ENTRY SQLCancel(SQLHSTMT handle) {
 CATALOGSIM_ENTRY SQLSetStmtAttrW(SQLHSTMT handle, SQLINTEGER attribute, SQLPOINTER value,
                                  SQLINTEGER) {
   return OnStatement(handle, SQL_API_SQLSETSTMTATTR, [&](Statement& statement) {
-    return SetAttribute(statement, attribute, value);
+    const SQLRETURN result = SetAttribute(statement, attribute, value);
+    if (!statement.replay) return result;
+    statement.ClearDiagnostics();
+    return statement.replay->SetOption(catalogsim::Question(SQL_API_SQLSETSTMTATTR)
+                                           .Add(attribute)
+                                           .Add(static_cast<std::int64_t>(Number(value)))
+                                           .Text());
   });
 }
 
@@ -249,6 +269,7 @@ CATALOGSIM_ENTRY SQLMoreResults(SQLHSTMT handle) {
 
 CATALOGSIM_ENTRY SQLNumResultCols(SQLHSTMT handle, SQLSMALLINT* count) {
   return OnStatement(handle, SQL_API_SQLNUMRESULTCOLS, [&](Statement& statement) {
+    if (statement.replay) return statement.replay->NumResultCols(count);
     *count = statement.result ? static_cast<SQLSMALLINT>(statement.result->columns.size())
                               : SQLSMALLINT{0};
     return SQLRETURN{SQL_SUCCESS};
@@ -259,6 +280,10 @@ CATALOGSIM_ENTRY SQLDescribeColW(SQLHSTMT handle, SQLUSMALLINT column, SQLWCHAR*
                                  SQLSMALLINT capacity, SQLSMALLINT* length, SQLSMALLINT* type,
                                  SQLULEN* size, SQLSMALLINT* digits, SQLSMALLINT* nullable) {
   return OnStatement(handle, SQL_API_SQLDESCRIBECOL, [&](Statement& statement) {
+    if (statement.replay) {
+      return statement.replay->DescribeCol(column, name, capacity, length, type, size, digits,
+                                           nullable);
+    }
     const catalogsim::Column* const found = FindColumn(statement, column);
     if (found == nullptr) return SQLRETURN{SQL_ERROR};
     catalogsim::Answer<SQLSMALLINT>(

@@ -3,36 +3,10 @@
 
 #include <algorithm>
 
+#include "simulator/row_place.h"
+
 namespace catalogsim {
 namespace {
-
-template <class Value>
-Value* Offset(Value* base, std::size_t bytes) {
-  return reinterpret_cast<Value*>(reinterpret_cast<char*>(base) + bytes);
-}
-
-// Where the values of row `row` of a rowset lie.
-class RowPlace {
- public:
-  RowPlace(const Statement& statement, std::size_t row_distance, SQLULEN row)
-      : row_(row), by_row_(statement.options.row_bind_type), distance_(row_distance) {}
-
-  void* Buffer(const Binding& binding) const {
-    std::size_t stride = by_row_;
-    if (stride == 0) stride = SizeOfCType(binding.c_type);
-    if (stride == 0) stride = distance_ != 0 ? distance_ : static_cast<std::size_t>(binding.bytes);
-    return Offset(static_cast<char*>(binding.buffer), row_ * stride);
-  }
-  SQLLEN* Indicator(const Binding& binding) const {
-    if (binding.indicator == nullptr) return nullptr;
-    return Offset(binding.indicator, row_ * (by_row_ != 0 ? by_row_ : sizeof(SQLLEN)));
-  }
-
- private:
-  std::size_t row_;
-  std::size_t by_row_;  // bytes from row to row of row-wise binding; 0: column-wise
-  std::size_t distance_;
-};
 
 const RowFault* FindRowFault(const FaultPlan& plan, const Result& result) {
   for (const RowFault& fault : plan.rows)
@@ -70,6 +44,7 @@ SQLUSMALLINT WriteRow(Statement& statement, const RowPlace& place, const RowFaul
 
 SQLRETURN FetchRowset(Statement& statement, SQLULEN rows, SQLUSMALLINT* row_status,
                       SQLULEN* rows_fetched) {
+  if (statement.replay) return statement.replay->Fetch(rows, row_status, rows_fetched);
   if (!statement.result) return statement.Fail("24000", "there is no open result");
   Result& result = *statement.result;
   CallGate& gate = statement.connection().gate();
@@ -117,6 +92,7 @@ SQLRETURN FetchRowset(Statement& statement, SQLULEN rows, SQLUSMALLINT* row_stat
 
 SQLRETURN GetData(Statement& statement, SQLUSMALLINT column, SQLSMALLINT c_type, void* buffer,
                   SQLLEN bytes, SQLLEN* indicator) {
+  if (statement.replay) return statement.replay->GetData(column, c_type, buffer, bytes, indicator);
   if (!statement.result || statement.result->row == 0)
     return statement.Fail("24000", "there is no current row");
   Result& result = *statement.result;

@@ -20,6 +20,7 @@ struct Function {
 constexpr Function kFunctions[] = {
     {SQL_API_SQLALLOCHANDLE, "SQLAllocHandle"},
     {SQL_API_SQLBINDCOL, "SQLBindCol"},
+    {SQL_API_SQLBINDPARAMETER, "SQLBindParameter"},
     {SQL_API_SQLCANCEL, "SQLCancel"},
     {SQL_API_SQLCLOSECURSOR, "SQLCloseCursor"},
     {SQL_API_SQLCOLATTRIBUTE, "SQLColAttribute"},

@@ -6,6 +6,7 @@
 #include <sqlext.h>
 
 #include <memory>
+#include <optional>
 #include <set>
 #include <string>
 #include <vector>
@@ -14,6 +15,7 @@
 #include "simulator/column_types.h"
 #include "simulator/database.h"
 #include "simulator/faults.h"
+#include "simulator/replay.h"
 #include "simulator/server_traits.h"
 #include "simulator/settings.h"
 
@@ -22,6 +24,8 @@ namespace catalogsim {
 struct Diagnostic {
   std::string state;
   std::string message;  // UTF-8, without the driver's prefix
+  SQLINTEGER native_error = 0;
+  bool verbatim = false;  // the message gets no prefix
 };
 
 // What all handles have: the diagnostics of their last call.
@@ -32,6 +36,7 @@ class Handle {
   // Each adds a diagnostic and returns the code that goes with it.
   SQLRETURN Fail(std::string state, std::string message);
   SQLRETURN Warn(std::string state, std::string message);
+  void Add(Diagnostic diagnostic) { diagnostics_.push_back(std::move(diagnostic)); }
 
  private:
   std::vector<Diagnostic> diagnostics_;
@@ -57,6 +62,7 @@ class Connection : public Handle {
   bool IsOpen() const { return traits_ != nullptr; }
   sqlite3* database() const { return database_.get(); }
   CallGate& gate() { return gate_; }
+  Recording* recording() const { return recording_.get(); }  // null: the server is a script
   bool HasFunction(FunctionId function) const;
 
   Statement* AddStatement();
@@ -64,12 +70,20 @@ class Connection : public Handle {
   std::size_t open_statements() const { return statements_.size(); }
 
  private:
+  SQLRETURN OpenRecording(const ServerTraits& traits, const std::string& file);
+
   const Environment& environment_;
   const ServerTraits* traits_ = nullptr;
   Database database_;
+  std::unique_ptr<Recording> recording_;
   CallGate gate_;
   std::set<Statement*> statements_;  // owned
 };
+
+template <class Value>
+void Answer(SQLPOINTER target, Value value) {
+  if (target != nullptr) *static_cast<Value*>(target) = value;
+}
 
 // An open result: a prepared query and what its columns look like from outside.
 struct Result {
@@ -97,12 +111,14 @@ struct StatementOptions {
 
 class Statement : public Handle {
  public:
-  explicit Statement(Connection& connection) : connection_(connection) {}
+  explicit Statement(Connection& connection);
 
   Connection& connection() { return connection_; }
   StatementOptions options;
-  std::vector<Binding> bindings;   // by column, from 0
-  std::unique_ptr<Result> result;  // null: no open result
+  std::unique_ptr<Replay> replay;   // null: the server is a script
+  std::vector<Binding> bindings;    // by column, from 0
+  std::vector<Binding> parameters;  // by number, from 0
+  std::unique_ptr<Result> result;   // null: no open result
   std::string prepared_sql;
   SQLLEN affected_rows = -1;
 
@@ -110,10 +126,11 @@ class Statement : public Handle {
   SQLRETURN Execute(const std::string& sql);
   // Opens the result of a catalog function; the text is of CatalogQueries.
   SQLRETURN ExecuteCatalogQuery(const std::string& sql);
-  void CloseResult() { result.reset(); }
+  void CloseResult();
 
  private:
   SQLRETURN Run(const std::string& sql, DescribeColumn describe);
+  std::vector<std::optional<std::string>> ParameterValues() const;
   std::vector<Column> DescribeColumns(sqlite3_stmt* rows, DescribeColumn describe) const;
 
   Connection& connection_;

@@ -65,6 +65,11 @@ constexpr ServerTraits kServers[] = {
      .dbms_name = "", .dbms_version = "1", .catalog = "",
      .owner_usage = kEverywhere, .catalog_usage = 0, .dialect = kNoDialect,
      .row_distance = 0, .wide = true, .schemas = {"information_schema"}, .missing_functions = {}},
+    // What a driver once answered; the facts are in the recording.
+    {.name = "recording", .script = nullptr, .scale_script = nullptr,
+     .dbms_name = "", .dbms_version = "", .catalog = "",
+     .owner_usage = 0, .catalog_usage = 0, .dialect = kNoDialect,
+     .row_distance = 0, .wide = true, .schemas = {}, .missing_functions = {}},
 };
 // clang-format on
 

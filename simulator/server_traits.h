@@ -22,8 +22,8 @@ enum Dialect : std::uint32_t {
 };
 
 struct ServerTraits {
-  std::string_view name;  // the connection string's Server=
-  const std::string_view* script;
+  std::string_view name;                 // the connection string's Server=
+  const std::string_view* script;        // null: a recording is played
   const std::string_view* scale_script;  // null: no generated tables
   bool library = false;                  // servers/library.sql runs before the script
   std::string_view dbms_name;
