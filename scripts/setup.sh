@@ -8,6 +8,7 @@ packages_build=(
   g++ cmake ninja-build ccache pkg-config
   unixodbc unixodbc-dev libsqliteodbc libsqlite3-dev
   libfmt-dev nlohmann-json3-dev libutfcpp-dev libtomlplusplus-dev libcli11-dev libdtl-dev libgraphviz-dev
+  libzstd-dev zlib1g-dev libsimdjson-dev libsodium-dev
 )
 # To build and run the tests that need nothing else.
 packages_test=(libgtest-dev libgmock-dev libbenchmark-dev python3 python3-jsonschema sqlite3 groff-base zsh fish)
