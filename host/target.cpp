@@ -81,7 +81,8 @@ Target ReplayTarget(const std::string& file) {
                   fmt::format("cannot play {}: there is no simulator {}", file, simulator));
   }
   return {fmt::format("the recording {}", file),
-          base::FormatAttribute("Driver", simulator) + base::FormatAttribute("Server", "recording") +
+          base::FormatAttribute("Driver", simulator) +
+              base::FormatAttribute("Server", "recording") +
               base::FormatAttribute("File", fs::absolute(file).string())};
 }
 
