@@ -19,6 +19,7 @@ struct Target {
   std::string description;  // for messages: "SQLite file shop.db"
   std::string connect_string;
   bool is_sample_database = false;
+  std::string recording = {};  // the file, where one is played
 };
 // Reads the password where the options say one is to be had, and tells `secrets` of it. Throws a
 // Failure.

@@ -4,8 +4,11 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
+#include <vector>
 
 #include "host/text.h"
+#include "recording/replay_interface.h"
 
 namespace wbhost {
 
@@ -58,6 +61,18 @@ std::optional<std::u16string> DriverCalls::InfoText(SQLUSMALLINT info) const {
   const std::array answered = {DriverField{"text", answer.c_str()}, DriverField{"bytes", bytes}};
   Report("SQLGetInfoW", result, asked, answered);
   return Succeeded(result) ? std::optional(answer) : std::nullopt;
+}
+
+std::pair<SQLUINTEGER, std::string> DriverCalls::QuestionsNotHeld() const {
+  SQLUINTEGER count = 0;
+  SQLGetInfoW(connection_, recording::kInfoNotHeld, &count, sizeof count, nullptr);
+  std::vector<char16_t> why(INT16_MAX / 2);
+  const auto room = static_cast<SQLSMALLINT>(why.size() * sizeof(char16_t));
+  if (count > 0) {
+    SQLGetInfoW(connection_, recording::kInfoFirstNotHeld, why.data(), room, nullptr);
+    why.back() = 0;
+  }
+  return {count, ToUtf8(why.data())};
 }
 
 std::optional<SQLUINTEGER> DriverCalls::InfoNumber(SQLUSMALLINT info) const {

@@ -6,6 +6,7 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <utility>
 
 #include "host/odbc_handles.h"
 #include "platform/platform.h"
@@ -25,6 +26,8 @@ class DriverCalls {
   std::optional<std::u16string> AttributeText(SQLINTEGER attribute) const;
   std::optional<SQLUINTEGER> AttributeNumber(SQLINTEGER attribute) const;
   bool HasFunction(SQLUSMALLINT function) const;
+  // Of a played recording: how many questions it did not hold so far, and why for the first, UTF-8.
+  std::pair<SQLUINTEGER, std::string> QuestionsNotHeld() const;
   // Asks for the whole table of functions, so that a log has it.
   void AskFunctions() const;
 

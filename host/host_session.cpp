@@ -3,6 +3,7 @@
 
 #include <fmt/format.h>
 
+#include "host/driver_calls.h"
 #include "host/interrupt.h"
 
 namespace wbhost {
@@ -17,19 +18,29 @@ ProgressMode ChooseProgress(const Options& options, const Screen& screen) {
   return ResolveProgressMode(options.report.progress.value_or("auto"), screen.IsTerminal());
 }
 
+// A replay repeats the choices of the recorded run, unless the user has own ones.
+Choices& Settle(Choices& choices, const ChoiceOptions& options,
+                const std::optional<ReplayNotes>& notes) {
+  if (notes && notes->choices && options == ChoiceOptions()) choices = *notes->choices;
+  return choices;
+}
+
 }  // namespace
 
-HostSession::HostSession(Run& run, const Choices& choices, const OutputFile& output)
+HostSession::HostSession(Run& run, Choices& choices, const OutputFile& output)
     : run_(run),
       module_(run.options.report.messages),
       reports_(run.options.report, run.secrets),
       target_(ResolveTarget(run.options.connection, run.secrets)),
       recording_(run.options.report, target_, run.secrets),
       connection_(target_, recording_.recorder().get()),
-      services_(choices.settings, run.screen, reports_, recording_.recorder()),
-      runner_(connection_, services_, ChooseProgress(run.options, run.screen), run.screen,
-              reports_) {
+      notes_(ReplayNotes::Read(target_.recording)),
+      services_(Settle(choices, run.options.choices, notes_).settings, run.screen, reports_,
+                recording_, notes_ ? &*notes_ : nullptr),
+      runner_(connection_, services_, ChooseProgress(run.options, run.screen), run.screen, reports_,
+              recording_, notes_ ? &*notes_ : nullptr) {
   recording_.Begin(connection_);
+  recording_.NoteChoices(choices);
   output.Check();
   if (!recording_.IsGood()) {
     throw Failure(ExitCode::kOutput, fmt::format("cannot write {}", recording_.name()));
@@ -40,10 +51,23 @@ HostSession::HostSession(Run& run, const Choices& choices, const OutputFile& out
 }
 
 void HostSession::Finish(Outcome& outcome) {
+  if (notes_) CheckReplay(outcome);
   if (!reports_.Check(run_.screen)) outcome.Add(ExitCode::kOutput);
   if (recording_.Finish()) return;
   run_.screen.SayError(fmt::format("cannot write {}", recording_.name()));
   outcome.Add(ExitCode::kOutput);
+}
+
+void HostSession::CheckReplay(Outcome& outcome) {
+  if (!notes_->whole) {
+    run_.screen.SayError(
+        fmt::format("{} ends early: the recorded run did not come to its end", target_.recording));
+  }
+  const auto [count, first] = connection_.calls().QuestionsNotHeld();
+  if (count == 0) return;
+  run_.screen.SayError(
+      fmt::format("{} of the questions were not recorded; the first: {}", count, first));
+  outcome.Add(ExitCode::kErrorsShown);
 }
 
 }  // namespace wbhost

@@ -6,6 +6,7 @@
 #include "host/connection.h"
 #include "host/import_run.h"
 #include "host/output_file.h"
+#include "host/replay_notes.h"
 #include "host/run_recording.h"
 
 namespace wbhost {
@@ -14,20 +15,25 @@ class HostSession {
  public:
   // Throws a Failure: 5 without a module or a connection, else 6 where the output or a report
   // cannot be written.
-  HostSession(Run& run, const Choices& choices, const OutputFile& output);
+  // `choices` become those of the recording where one is played and the user chose nothing.
+  HostSession(Run& run, Choices& choices, const OutputFile& output);
 
   ImportRunner& runner() { return runner_; }
   const Connection& connection() const { return connection_; }
-  // Adds what the end of the run shows: a report that could not be written.
+  // Adds what the end of the run shows: a report that could not be written, and what a recording
+  // did not hold.
   void Finish(Outcome& outcome);
 
  private:
+  void CheckReplay(Outcome& outcome);
+
   Run& run_;
   StartedModule module_;
   Reports reports_;
   const Target target_;
   RunRecording recording_;
   Connection connection_;
+  const std::optional<ReplayNotes> notes_;
   InstalledServices services_;
   ImportRunner runner_;
 };

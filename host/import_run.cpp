@@ -3,6 +3,8 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
+
 #include "host/interrupt.h"
 #include "host/text.h"
 
@@ -50,12 +52,15 @@ class ImportRunner::Importer : public LcODBCWorkbookImport {
 ImportRunner* ImportRunner::active_ = nullptr;
 
 ImportRunner::ImportRunner(const Connection& connection, const InstalledServices& services,
-                           ProgressMode progress, Screen& screen, Reports& reports)
+                           ProgressMode progress, Screen& screen, Reports& reports,
+                           RunRecording& recording, const ReplayNotes* notes)
     : connection_(connection),
       services_(services),
       progress_mode_(progress),
       screen_(screen),
       reports_(reports),
+      recording_(recording),
+      notes_(notes),
       catalog_(CatalogToRead(connection)) {
   login_.connect_text = ToUtf16(connection.connect_text());
 }
@@ -73,6 +78,8 @@ ImportResult ImportRunner::Run(const LcImportChoices& choices, std::uint32_t ite
     importer_ = &importer;
     progress_ = &progress;
     traced_ = traced;
+    ++imports_;
+    notifications_ = 0;
     active_ = this;
     unsigned short status = 0;
     result.info.result = importer.ImportItems(status);
@@ -111,7 +118,10 @@ void ImportRunner::OnNotify(enumImpNotify notify, void* record) { active_->Notif
 
 void ImportRunner::Notify(enumImpNotify notify, void* record) {
   // A route sets the running mark when it starts, so that an interrupt before counts from here on.
-  const InterruptWish wish = GetInterruptWish();
+  ++notifications_;
+  InterruptWish wish = GetInterruptWish();
+  if (notes_ != nullptr) wish = std::max(wish, notes_->WishAt(imports_, notifications_));
+  recording_.NoteInterrupt(wish, imports_, notifications_);
   if (wish != InterruptWish::kNone) importer_->running = false;
   if (wish == InterruptWish::kCancel) importer_->cancelled = true;
 

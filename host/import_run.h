@@ -34,7 +34,8 @@ struct ImportResult {
 class ImportRunner {
  public:
   ImportRunner(const Connection& connection, const InstalledServices& services,
-               ProgressMode progress, Screen& screen, Reports& reports);
+               ProgressMode progress, Screen& screen, Reports& reports, RunRecording& recording,
+               const ReplayNotes* notes);
 
   // Imports the items of the mask. `traced` false keeps a run that only prepares another one out of
   // the notification trace. Interrupts take effect at the notifications.
@@ -55,7 +56,9 @@ class ImportRunner {
   const ProgressMode progress_mode_;
   Screen& screen_;
   Reports& reports_;
-  const std::u16string catalog_;  // read where the choices name none
+  RunRecording& recording_;
+  const ReplayNotes* const notes_;  // null: nothing is replayed
+  const std::u16string catalog_;    // read where the choices name none
   LcWorkbookLogin login_;
 
   // The run in hand, which the callback, a plain function, has to find.
@@ -63,6 +66,8 @@ class ImportRunner {
   LcWorkbookImport* importer_ = nullptr;
   Progress* progress_ = nullptr;
   bool traced_ = true;
+  unsigned imports_ = 0;        // begun
+  unsigned notifications_ = 0;  // of the one in hand
 };
 
 }  // namespace wbhost

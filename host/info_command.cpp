@@ -122,7 +122,7 @@ void Write(const OutputFile& output, const std::string& text) {
 }  // namespace
 
 void RunInfo(Run& run, Outcome& outcome) {
-  const Choices choices = ReadChoices(run.options.choices);
+  Choices choices = ReadChoices(run.options.choices);
   const OutputFile output(run.options.output.file);
   HostSession session(run, choices, output);
   const Connection& connection = session.connection();

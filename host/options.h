@@ -36,6 +36,8 @@ struct ChoiceOptions {
   std::optional<std::string> table;
   std::optional<int> dbms_type;
   bool generic = false;
+
+  bool operator==(const ChoiceOptions&) const = default;
 };
 
 struct OutputOptions {

@@ -12,10 +12,12 @@
 namespace wbhost {
 
 using platform::DriverCall;
+using platform::DriverField;
 
 namespace {
 
 constexpr int kVersion = 1;
+constexpr const char16_t* kNoText = nullptr;
 
 std::string MakeHeader(const std::string& names, const nlohmann::ordered_json& driver) {
   nlohmann::ordered_json header;
@@ -93,6 +95,66 @@ void RunRecording::Begin(const Connection& connection) {
                                        {"version", text(SQL_DRIVER_VER)},
                                        {"odbc", text(SQL_DRIVER_ODBC_VER)},
                                        {"manager", text(SQL_DM_VER)}}));
+}
+
+void RunRecording::NoteChoices(const Choices& choices) {
+  if (recorder_ == nullptr) return;
+  const LcImportChoices& importer = choices.importer;
+  const DriverField items =
+      choices.items ? DriverField{"items", *choices.items} : DriverField{"items", kNoText};
+  Note("choices", {items,
+                   {"dbmsType", importer.dbms_type},
+                   {"includeSystem", importer.include_system},
+                   {"keys", importer.keys},
+                   {"foreignKeys", importer.foreign_keys},
+                   {"owner", importer.owner_restriction.c_str()},
+                   {"catalog", importer.catalog.c_str()},
+                   {"itemOwner", importer.single_item_owner.c_str()},
+                   {"table", importer.single_table_name.c_str()}});
+  for (const LcOwnerInfo* owner : importer.selected_owners)
+    if (owner != nullptr) Note("selected", {{"kind", u"owner"}, {"owner", owner->name.c_str()}});
+  for (const LcTableInfo* table : importer.selected_tables)
+    if (table != nullptr) NoteSelected(u"table", *table);
+  for (const LcTableInfo* synonym : importer.selected_synonyms)
+    if (synonym != nullptr) NoteSelected(u"synonym", *synonym);
+  for (const QualifiedName& name : choices.synonyms_to_find) {
+    Note("selected",
+         {{"kind", u"synonym name"}, {"owner", name.owner.c_str()}, {"table", name.name.c_str()}});
+  }
+}
+
+void RunRecording::NoteSelected(const char16_t* kind, const LcTableInfo& table) {
+  const LcSynonymDetails& synonym = table.synonym;
+  Note("selected", {{"kind", kind},
+                    {"owner", table.owner.c_str()},
+                    {"table", table.name.c_str()},
+                    {"type", table.type},
+                    {"synonymId", synonym.synonym_id},
+                    {"baseTableId", synonym.base_table_id},
+                    {"serverName", synonym.server_name.c_str()},
+                    {"databaseName", synonym.database_name.c_str()},
+                    {"baseOwner", synonym.base_owner.c_str()},
+                    {"baseTable", synonym.base_table_name.c_str()}});
+}
+
+void RunRecording::NoteSetting(const std::u16string& name, std::uint32_t value) {
+  if (settings_noted_.insert(name).second)
+    Note("setting", {{"name", name.c_str()}, {"value", value}});
+}
+
+void RunRecording::NoteCatalogSchema(const std::u16string& schema) {
+  Note("schema", {{"owner", schema.c_str()}});
+}
+
+void RunRecording::NoteInterrupt(InterruptWish wish, unsigned import, unsigned notification) {
+  if (wish == wish_noted_) return;
+  wish_noted_ = wish;
+  Note(wish == InterruptWish::kStop ? "stop" : "cancel",
+       {{"import", import}, {"notification", notification}});
+}
+
+void RunRecording::Note(const char* what, std::initializer_list<DriverField> fields) {
+  if (recorder_ != nullptr) recorder_->Note(what, {fields.begin(), fields.size()});
 }
 
 bool RunRecording::Finish() {

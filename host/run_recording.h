@@ -1,10 +1,15 @@
 // The recording of a run: what the driver answered, kept for somebody who has no such server.
 #pragma once
 
+#include <cstdint>
+#include <initializer_list>
 #include <memory>
+#include <set>
 #include <string>
 
+#include "host/choices.h"
 #include "host/connection.h"
+#include "host/interrupt.h"
 #include "host/options.h"
 #include "host/secrets.h"
 #include "recording/recorder.h"
@@ -24,6 +29,12 @@ class RunRecording {
   const std::shared_ptr<recording::Recorder>& recorder() const { return recorder_; }
   // Asks the driver what a replay wants to know of it, and begins the file with its name.
   void Begin(const Connection& connection);
+  // What the user chose, and what the module asked of the host: a replay does the same.
+  void NoteChoices(const Choices& choices);
+  void NoteSetting(const std::u16string& name, std::uint32_t value);
+  void NoteCatalogSchema(const std::u16string& schema);
+  // What is wanted since the n-th notification of an import of the run; both count from 1.
+  void NoteInterrupt(InterruptWish wish, unsigned import, unsigned notification);
   // Ends the file; whether all of it could be written.
   bool Finish();
   bool IsGood() const;
@@ -31,11 +42,15 @@ class RunRecording {
 
  private:
   class Scrubber;
+  void NoteSelected(const char16_t* kind, const LcTableInfo& table);
+  void Note(const char* what, std::initializer_list<platform::DriverField> fields);
 
   std::string name_;
   std::string names_;  // "plain" or "hashed"
   std::shared_ptr<Scrubber> scrubber_;
   std::shared_ptr<recording::Recorder> recorder_;
+  std::set<std::u16string> settings_noted_;
+  InterruptWish wish_noted_ = InterruptWish::kNone;
 };
 
 }  // namespace wbhost

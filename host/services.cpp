@@ -29,22 +29,71 @@ class InstalledServices::Box : public platform::MessageBox {
 
 class InstalledServices::Store : public platform::SettingsStore {
  public:
-  Store(Settings settings, std::shared_ptr<platform::SettingsStore> behind)
-      : settings_(std::move(settings)), behind_(std::move(behind)) {}
+  Store(Settings settings, std::shared_ptr<platform::SettingsStore> behind, RunRecording& recording,
+        const ReplayNotes* notes)
+      : settings_(std::move(settings)),
+        behind_(std::move(behind)),
+        recording_(recording),
+        notes_(notes) {}
   std::optional<std::uint32_t> ReadDWORD(const std::u16string& key,
                                          const std::u16string& value) override {
-    const auto setting = settings_.find(value);
-    if (setting == settings_.end()) {
-      return behind_ != nullptr ? behind_->ReadDWORD(key, value) : std::nullopt;
-    }
-    // A text counts as not set, and hides what the store behind has.
-    const auto* number = std::get_if<std::uint32_t>(&setting->second);
-    return number != nullptr ? std::optional(*number) : std::nullopt;
+    const std::optional<std::uint32_t> number = Find(key, value);
+    if (number) recording_.NoteSetting(value, *number);
+    return number;
   }
 
  private:
+  std::optional<std::uint32_t> Find(const std::u16string& key, const std::u16string& value) {
+    const auto setting = settings_.find(value);
+    if (setting != settings_.end()) {
+      // A text counts as not set, and hides what the store behind has.
+      const auto* number = std::get_if<std::uint32_t>(&setting->second);
+      return number != nullptr ? std::optional(*number) : std::nullopt;
+    }
+    if (notes_ != nullptr) {
+      const auto noted = notes_->settings.find(value);
+      return noted != notes_->settings.end() ? std::optional(noted->second) : std::nullopt;
+    }
+    return behind_ != nullptr ? behind_->ReadDWORD(key, value) : std::nullopt;
+  }
+
   Settings settings_;
   std::shared_ptr<platform::SettingsStore> behind_;
+  RunRecording& recording_;
+  const ReplayNotes* notes_;
+};
+
+// What is known of data sources: here, or where a recording was made.
+class InstalledServices::Database : public platform::DatabaseUtilities {
+ public:
+  Database(std::shared_ptr<platform::DatabaseUtilities> behind, RunRecording& recording,
+           const ReplayNotes* notes)
+      : behind_(std::move(behind)), recording_(recording), notes_(notes) {}
+  LeDBMSType DeterineDBMSTypeByName(const char16_t* dbms_name) override {
+    return behind_->DeterineDBMSTypeByName(dbms_name);
+  }
+  void RecoverLoginParameters(void* hdbc, const char16_t* connect_text, std::u16string& driver,
+                              std::u16string& database, std::u16string& user,
+                              std::u16string& data_source, std::u16string& server) override {
+    behind_->RecoverLoginParameters(hdbc, connect_text, driver, database, user, data_source,
+                                    server);
+    // The schema is asked for only where there is a data source.
+    if (notes_ != nullptr && !notes_->catalog_schema.empty()) data_source = u"recording";
+  }
+  bool GetDB2CLISchema(const char16_t* data_source, std::u16string& schema) override {
+    if (notes_ != nullptr) {
+      schema = notes_->catalog_schema;
+    } else {
+      behind_->GetDB2CLISchema(data_source, schema);
+    }
+    if (!schema.empty()) recording_.NoteCatalogSchema(schema);
+    return !schema.empty();
+  }
+
+ private:
+  std::shared_ptr<platform::DatabaseUtilities> behind_;
+  RunRecording& recording_;
+  const ReplayNotes* notes_;
 };
 
 // What the module consumes unseen, taken before it is consumed: reading a diagnostic record, unlike
@@ -66,14 +115,17 @@ class InstalledServices::Log : public platform::CallLog {
 };
 
 InstalledServices::InstalledServices(const Settings& settings, Screen& screen, Reports& reports,
-                                     std::shared_ptr<platform::CallLog> recorder)
+                                     RunRecording& recording, const ReplayNotes* notes)
     : box_(std::make_shared<Box>(screen, reports)),
       saved_(std::make_unique<platform::Services>(platform::GetServices())) {
   platform::Services& services = platform::GetServices();
   services.message_box = box_;
-  services.settings = std::make_shared<Store>(settings, saved_->settings);
-  services.call_log = recorder;
-  if (reports.log.IsOpen()) services.call_log = std::make_shared<Log>(reports, std::move(recorder));
+  services.settings = std::make_shared<Store>(settings, saved_->settings, recording, notes);
+  services.database = std::make_shared<Database>(saved_->database, recording, notes);
+  services.call_log = recording.recorder();
+  if (reports.log.IsOpen()) {
+    services.call_log = std::make_shared<Log>(reports, recording.recorder());
+  }
 }
 
 InstalledServices::~InstalledServices() { platform::GetServices() = *saved_; }

@@ -5,7 +5,9 @@
 #include <memory>
 
 #include "host/choices.h"
+#include "host/replay_notes.h"
 #include "host/reports.h"
+#include "host/run_recording.h"
 #include "host/screen.h"
 #include "platform/platform.h"
 
@@ -15,9 +17,10 @@ namespace wbhost {
 // diagnostics, which are counted, and the settings of the run go before the settings store.
 class InstalledServices {
  public:
-  // `recorder` may be null.
+  // A replay's `notes`, which may be null, stand in for the settings store and for what is known of
+  // data sources here.
   InstalledServices(const Settings& settings, Screen& screen, Reports& reports,
-                    std::shared_ptr<platform::CallLog> recorder);
+                    RunRecording& recording, const ReplayNotes* notes);
   ~InstalledServices();
   InstalledServices(const InstalledServices&) = delete;
   InstalledServices& operator=(const InstalledServices&) = delete;
@@ -29,6 +32,7 @@ class InstalledServices {
   class Box;
   class Store;
   class Log;
+  class Database;
   std::shared_ptr<Box> box_;
   std::unique_ptr<platform::Services> saved_;
 };

@@ -80,10 +80,11 @@ Target ReplayTarget(const std::string& file) {
     throw Failure(ExitCode::kConnection,
                   fmt::format("cannot play {}: there is no simulator {}", file, simulator));
   }
-  return {fmt::format("the recording {}", file),
-          base::FormatAttribute("Driver", simulator) +
-              base::FormatAttribute("Server", "recording") +
-              base::FormatAttribute("File", fs::absolute(file).string())};
+  return {.description = fmt::format("the recording {}", file),
+          .connect_string = base::FormatAttribute("Driver", simulator) +
+                            base::FormatAttribute("Server", "recording") +
+                            base::FormatAttribute("File", fs::absolute(file).string()),
+          .recording = file};
 }
 
 // The connection string with the user and the password that stand outside of it.

@@ -204,8 +204,10 @@ Cell CallReader::TakeCell() {
   return cell;
 }
 
-void CopyBytes(std::string_view bytes, std::string& out) {
-  Writer(out).PutBytes(bytes.data(), bytes.size());
+void CopyNote(const char* what, std::span<const DriverField> fields, std::string& out) {
+  Writer writer(out);
+  writer.Put(what);
+  PutFields(fields, writer);
 }
 
 void CopyCall(const DriverCall& call, const CallContext& context, std::string& out) {

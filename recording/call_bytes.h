@@ -38,8 +38,8 @@ struct CallContext {
 // piece that SQLGetData gave.
 void CopyCall(const platform::DriverCall& call, const CallContext& context, std::string& out);
 
-// Appends bytes that TakeBytes takes.
-void CopyBytes(std::string_view bytes, std::string& out);
+// The same for a note, which has a name and fields only.
+void CopyNote(const char* what, std::span<const platform::DriverField> fields, std::string& out);
 
 // One value out of bound memory.
 struct Cell {

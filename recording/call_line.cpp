@@ -152,6 +152,16 @@ void LineMaker::Append(CallReader& call, std::string& out) {
   out += "}\n";
 }
 
+void LineMaker::AppendNote(CallReader& note, std::string& out) {
+  const std::string_view what = note.Take<const char*>();
+  out += "{\"host\":";
+  AppendString(what, out);
+  secret_ = false;
+  if (rules_ != nullptr) rules_->BeginCall(what, 0);
+  AppendFields(note, what, out);
+  out += "}\n";
+}
+
 void LineMaker::AppendFields(CallReader& call, std::string_view function, std::string& out) {
   const auto count = call.Take<std::uint8_t>();
   for (int i = 0; i < count; ++i) {

@@ -19,6 +19,7 @@ class LineMaker {
 
   // Takes one call and appends its line, with the line's end.
   void Append(CallReader& call, std::string& out);
+  void AppendNote(CallReader& note, std::string& out);
 
  private:
   void AppendFields(CallReader& call, std::string_view function, std::string& out);

@@ -8,7 +8,6 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
-#include <functional>
 #include <vector>
 
 namespace recording {
@@ -260,17 +259,23 @@ bool ReadWholeFile(const std::string& name, std::size_t padding, std::string& te
   return good;
 }
 
-bool ReadFirstLine(const std::string& name, std::string& line, std::string& why) {
-  line.clear();
-  const bool good = ReadPieces(
+bool ReadLines(const std::string& name, std::string_view begin,
+               const std::function<void(std::string_view line)>& take, std::string& why) {
+  std::string rest;  // of the piece before, without a line's end
+  return ReadPieces(
       name,
       [&](std::string_view piece) {
-        const std::size_t end = piece.find('\n');
-        line += piece.substr(0, end);
-        return end == std::string_view::npos;
+        for (std::size_t end = 0; (end = piece.find('\n')) != std::string_view::npos;) {
+          std::string_view line = piece.substr(0, end);
+          if (!rest.empty()) line = rest += line;
+          if (line.starts_with(begin)) take(line);
+          rest.clear();
+          piece.remove_prefix(end + 1);
+        }
+        rest += piece;
+        return true;
       },
       why);
-  return good;
 }
 
 }  // namespace recording

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -43,7 +44,8 @@ class OutputFile {
 bool ReadWholeFile(const std::string& name, std::size_t padding, std::string& text,
                    std::string& why);
 
-// The first line of a file, without its end; the same otherwise.
-bool ReadFirstLine(const std::string& name, std::string& line, std::string& why);
+// Calls `take` with each line that begins with `begin`, without its end; the same otherwise.
+bool ReadLines(const std::string& name, std::string_view begin,
+               const std::function<void(std::string_view line)>& take, std::string& why);
 
 }  // namespace recording

@@ -334,7 +334,7 @@ void NameRules::NoteText(std::string_view field, std::string_view text) {
 
 Role NameRules::RoleOfField(std::string_view field) const {
   if (field == "sql") return Role::kSql;
-  if (field == "types" || field == "name") return Role::kPlain;
+  if (field == "types" || field == "name" || field == "kind") return Role::kPlain;
   if (field != "text") return Role::kName;
   const bool names = state_->function == "SQLGetInfo" ? state_->number == SQL_DATABASE_NAME
                                                       : state_->number == SQL_ATTR_CURRENT_CATALOG;

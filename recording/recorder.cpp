@@ -127,11 +127,11 @@ void Recorder::OnCall(const DriverCall& call) {
   Push(lock);
 }
 
-void Recorder::Note(const std::string& line) {
+void Recorder::Note(const char* what, std::span<const platform::DriverField> fields) {
   std::unique_lock lock(mutex_);
   if (finished_) return;
   waiting_ += static_cast<char>(Entry::kNote);
-  CopyBytes(line, waiting_);
+  CopyNote(what, fields, waiting_);
   Push(lock);
 }
 
@@ -187,8 +187,7 @@ void Recorder::WriteBatch(std::string_view batch) {
     if (reader.Take<Entry>() == Entry::kCall) {
       lines_.Append(reader, text_);
     } else {
-      text_ += reader.TakeBytes();
-      text_ += '\n';
+      lines_.AppendNote(reader, text_);
     }
   }
   file_.Write(text_);

@@ -35,8 +35,9 @@ class Recorder : public platform::CallLog {
   // Writes the first line, a JSON object, before everything else.
   void Begin(const std::string& header);
   void OnCall(const platform::DriverCall& call) override;
-  // A line about the host, a JSON object, at this place among the calls.
-  void Note(const std::string& line);
+  // A line about the host at this place among the calls; `what` and the names of the fields are
+  // kept as they are.
+  void Note(const char* what, std::span<const platform::DriverField> fields);
   // Writes what waits, and the last line. Nothing is kept after it.
   void Finish();
   // False once something could not be written.

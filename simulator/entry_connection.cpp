@@ -5,6 +5,7 @@
 #include <cstring>
 #include <optional>
 
+#include "recording/replay_interface.h"
 #include "simulator/entry.h"
 #include "simulator/private_interface.h"
 #include "simulator/rewriting.h"
@@ -20,8 +21,7 @@ std::string InfoText(const Connection& connection, SQLUSMALLINT info, bool& know
   const bool has_catalog = traits.catalog_usage != 0;
   known = true;
   if (const catalogsim::Recording* const recording = connection.recording()) {
-    if (info == catalogsim::kInfoNotes) return recording->notes();
-    if (info == catalogsim::kInfoFirstNotHeld) return recording->first_not_held();
+    if (info == recording::kInfoFirstNotHeld) return recording->first_not_held();
     known = info == SQL_DRIVER_ODBC_VER;  // what the driver manager asks for
     return known ? "03.51" : "";
   }
@@ -93,7 +93,7 @@ bool InfoNumber(Connection& connection, SQLUSMALLINT info, SQLUINTEGER& number, 
     case catalogsim::kInfoFaults:
       number = static_cast<SQLUINTEGER>(connection.gate().faults());
       return true;
-    case catalogsim::kInfoNotHeld:
+    case recording::kInfoNotHeld:
       number = connection.recording() != nullptr ? connection.recording()->not_held() : 0;
       return true;
     case SQL_SCHEMA_USAGE:
@@ -158,7 +158,7 @@ bool InfoNumber(Connection& connection, SQLUSMALLINT info, SQLUINTEGER& number, 
 }
 
 bool IsPrivateInfo(SQLUSMALLINT info) {
-  return info >= catalogsim::kInfoCalls && info <= catalogsim::kInfoFirstNotHeld;
+  return info >= catalogsim::kInfoCalls && info <= recording::kInfoFirstNotHeld;
 }
 
 // Empty where the server is no recording, or where the question is the driver manager's own.

@@ -37,6 +37,17 @@ std::string FullMessage(SQLSMALLINT type, SQLHANDLE handle,
   return prefix + ' ' + diagnostic.message;
 }
 
+// The n-th statement of a recording is there or not, as it was.
+SQLRETURN RecordedAllocation(Connection& connection) {
+  catalogsim::Recording* const recording = connection.recording();
+  if (recording == nullptr) return SQL_SUCCESS;
+  const catalogsim::Recording::Line line =
+      recording->FindAnswer(catalogsim::Question(SQL_API_SQLALLOCHANDLE).Text());
+  return line == catalogsim::Recording::kNone
+             ? SQLRETURN{SQL_SUCCESS}
+             : catalogsim::GiveOutcome(*recording, line, connection);
+}
+
 }  // namespace
 
 CATALOGSIM_ENTRY SQLAllocHandle(SQLSMALLINT type, SQLHANDLE parent, SQLHANDLE* handle) {
@@ -50,6 +61,8 @@ CATALOGSIM_ENTRY SQLAllocHandle(SQLSMALLINT type, SQLHANDLE parent, SQLHANDLE* h
       break;
     case SQL_HANDLE_STMT:
       return catalogsim::OnConnection(parent, SQL_API_SQLALLOCHANDLE, [&](Connection& connection) {
+        if (const SQLRETURN result = RecordedAllocation(connection); !SQL_SUCCEEDED(result))
+          return result;
         *handle = connection.AddStatement();
         return SQLRETURN{SQL_SUCCESS};
       });

@@ -179,7 +179,9 @@ CATALOGSIM_ENTRY SQLBindParameter(SQLHSTMT handle, SQLUSMALLINT number, SQLSMALL
       return statement.Fail("HYC00", "there are input parameters only");
     if (statement.parameters.size() < number) statement.parameters.resize(number);
     statement.parameters[number - 1U] = {c_type, value, bytes, indicator};
-    return SQLRETURN{SQL_SUCCESS};
+    if (!statement.replay) return SQLRETURN{SQL_SUCCESS};
+    return statement.replay->Outcome(
+        catalogsim::Question(SQL_API_SQLBINDPARAMETER).Add(number).Text());
   });
 }
 
@@ -212,10 +214,10 @@ CATALOGSIM_ENTRY SQLSetStmtAttrW(SQLHSTMT handle, SQLINTEGER attribute, SQLPOINT
     const SQLRETURN result = SetAttribute(statement, attribute, value);
     if (!statement.replay) return result;
     statement.ClearDiagnostics();
-    return statement.replay->SetOption(catalogsim::Question(SQL_API_SQLSETSTMTATTR)
-                                           .Add(attribute)
-                                           .Add(static_cast<std::int64_t>(Number(value)))
-                                           .Text());
+    return statement.replay->Outcome(catalogsim::Question(SQL_API_SQLSETSTMTATTR)
+                                         .Add(attribute)
+                                         .Add(static_cast<std::int64_t>(Number(value)))
+                                         .Text());
   });
 }
 
@@ -308,9 +310,12 @@ CATALOGSIM_ENTRY SQLBindCol(SQLHSTMT handle, SQLUSMALLINT column, SQLSMALLINT c_
                             SQLPOINTER buffer, SQLLEN bytes, SQLLEN* indicator) {
   return OnStatement(handle, SQL_API_SQLBINDCOL, [&](Statement& statement) {
     if (column < 1) return statement.Fail("07009", "there are no bookmarks");
+    const SQLRETURN result =
+        statement.replay ? statement.replay->BindCol(column) : SQLRETURN{SQL_SUCCESS};
+    if (!SQL_SUCCEEDED(result)) return result;
     if (statement.bindings.size() < column) statement.bindings.resize(column);
     statement.bindings[column - 1U] = {c_type, buffer, bytes, indicator};
-    return SQLRETURN{SQL_SUCCESS};
+    return result;
   });
 }
 

@@ -54,7 +54,8 @@ bool IsStatementQuestion(FunctionId function) {
 
 bool IsOtherQuestion(FunctionId function) {
   return function == SQL_API_SQLGETINFO || function == SQL_API_SQLGETCONNECTATTR ||
-         function == SQL_API_SQLSETSTMTATTR || function == SQL_API_SQLDRIVERCONNECT;
+         function == SQL_API_SQLSETSTMTATTR || function == SQL_API_SQLDRIVERCONNECT ||
+         function == SQL_API_SQLALLOCHANDLE || function == SQL_API_SQLBINDPARAMETER;
 }
 
 // Takes `"text"` from the beginning of a line's rest; empty where it is something else.
@@ -159,10 +160,6 @@ void Recording::ReadLines() {
 // Relies on the order in which lines are written: call, statement, the rest.
 void Recording::ReadLine(Line number, std::unordered_map<std::uint64_t, Line>& last_on_statement) {
   std::string_view rest = TextOf(number);
-  if (rest.starts_with("{\"host\":")) {
-    notes_ += rest;
-    notes_ += '\n';
-  }
   if (!TakeKey("{\"call\":", rest)) return;
   Entry& entry = lines_[number];
   entry.function = FunctionInRecording(TakePlainString(rest));
@@ -174,9 +171,7 @@ void Recording::ReadLine(Line number, std::unordered_map<std::uint64_t, Line>& l
     if (!is_first) lines_[last->second].next = number;
     last->second = number;
   }
-  // An option that was taken needs no answer of its own.
-  const bool plain = entry.function == SQL_API_SQLSETSTMTATTR && rest.ends_with("\"result\":0}");
-  if (entry.question || (IsOtherQuestion(entry.function) && !plain)) ReadQuestion(number);
+  if (entry.question || IsOtherQuestion(entry.function)) ReadQuestion(number);
   if (entry.function == SQL_API_SQLGETFUNCTIONS) ReadFunctions(number);
 }
 
@@ -190,6 +185,7 @@ void Recording::ReadQuestion(Line number) {
     if (key == "result") break;
     // Names for people and sizes of buffers are no part of a question.
     if (key == "call" || key == "statement" || key == "name" || key == "room") continue;
+    if (lines_[number].function == SQL_API_SQLBINDPARAMETER && key != "number") continue;
     json::value value = field.value();
     if (value.type() == json::json_type::array) {
       std::vector<std::optional<std::string>> values;

@@ -57,8 +57,6 @@ class Recording {
   Line Next(Line line) const;
 
   bool HasFunction(FunctionId function) const;
-  // What the recorder noted about the host, line by line.
-  const std::string& notes() const { return notes_; }
   std::uint32_t not_held() const { return not_held_; }
   const std::string& first_not_held() const { return first_not_held_; }
 
@@ -86,7 +84,6 @@ class Recording {
   std::vector<Entry> lines_;
   std::unordered_map<std::string, Answers> answers_;
   std::vector<bool> functions_;  // by number; empty: not known
-  std::string notes_;
   std::uint32_t not_held_ = 0;
   std::string first_not_held_;
 };

@@ -199,7 +199,17 @@ SQLRETURN Replay::Ask(const std::string& question) {
   return GiveOutcome(recording_, asked_, statement_);
 }
 
-SQLRETURN Replay::SetOption(const std::string& question) {
+Line Replay::FindColumnOfResult(Line& last, FunctionId function, SQLUSMALLINT column) const {
+  if (asked_ == Recording::kNone) return Recording::kNone;
+  Line line = Recording::kNone;
+  // They come in order, nearly always.
+  if (last != Recording::kNone) line = FindColumn(last, function, column, 0);
+  if (line == Recording::kNone) line = FindColumn(asked_, function, column, 0);
+  if (line != Recording::kNone) last = line;
+  return line;
+}
+
+SQLRETURN Replay::Outcome(const std::string& question) {
   const Line line = recording_.FindAnswer(question);
   return line == Recording::kNone ? SQLRETURN{SQL_SUCCESS}
                                   : GiveOutcome(recording_, line, statement_);
@@ -217,12 +227,16 @@ SQLRETURN Replay::NumResultCols(SQLSMALLINT* count) {
   return GiveOutcome(recording_, counted_, statement_);
 }
 
+SQLRETURN Replay::BindCol(SQLUSMALLINT column) {
+  const Line line = FindColumnOfResult(bound_, SQL_API_SQLBINDCOL, column);
+  return line == Recording::kNone ? SQLRETURN{SQL_SUCCESS}
+                                  : GiveOutcome(recording_, line, statement_);
+}
+
 SQLRETURN Replay::DescribeCol(SQLUSMALLINT column, SQLWCHAR* name, SQLSMALLINT capacity,
                               SQLSMALLINT* length, SQLSMALLINT* type, SQLULEN* size,
                               SQLSMALLINT* digits, SQLSMALLINT* nullable) {
-  const Line line = asked_ == Recording::kNone
-                        ? Recording::kNone
-                        : FindColumn(asked_, SQL_API_SQLDESCRIBECOL, column, 0);
+  const Line line = FindColumnOfResult(described_, SQL_API_SQLDESCRIBECOL, column);
   if (line == Recording::kNone) return Missing(SQL_API_SQLDESCRIBECOL);
   json::document call = Parse(recording_, line);
   for (json::field field : call.get_object()) {
@@ -331,7 +345,7 @@ SQLRETURN Replay::GetData(SQLUSMALLINT column, SQLSMALLINT c_type, void* buffer,
 }
 
 void Replay::Close() {
-  asked_ = counted_ = fetched_ = Recording::kNone;
+  asked_ = counted_ = described_ = bound_ = fetched_ = Recording::kNone;
   pieces_.clear();
   ended_ = false;
 }

@@ -30,8 +30,9 @@ class Replay {
 
   // Opens the recorded result of a question. One that the recording does not hold fails.
   SQLRETURN Ask(const std::string& question);
-  // A call that changes nothing here; as recorded, where it was.
-  SQLRETURN SetOption(const std::string& question);
+  // The outcome of a call that needs no result; success where it was not recorded.
+  SQLRETURN Outcome(const std::string& question);
+  SQLRETURN BindCol(SQLUSMALLINT column);
   SQLRETURN NumResultCols(SQLSMALLINT* count);
   SQLRETURN DescribeCol(SQLUSMALLINT column, SQLWCHAR* name, SQLSMALLINT capacity,
                         SQLSMALLINT* length, SQLSMALLINT* type, SQLULEN* size, SQLSMALLINT* digits,
@@ -47,6 +48,9 @@ class Replay {
   Recording::Line FindNext(Recording::Line line, FunctionId function) const;
   Recording::Line FindColumn(Recording::Line line, FunctionId function, SQLUSMALLINT column,
                              FunctionId until) const;
+  // The line about a column of the open result; `last` is where the one before was found.
+  Recording::Line FindColumnOfResult(Recording::Line& last, FunctionId function,
+                                     SQLUSMALLINT column) const;
   SQLRETURN Missing(FunctionId function);
   SQLRETURN GiveRows(Recording::Line line, SQLULEN rows, SQLUSMALLINT* row_status,
                      SQLULEN* rows_fetched);
@@ -55,7 +59,9 @@ class Replay {
   Recording& recording_;
   std::string question_;  // as asked
   Recording::Line asked_ = Recording::kNone;
-  Recording::Line counted_ = Recording::kNone;                // the last answer of SQLNumResultCols
+  Recording::Line counted_ = Recording::kNone;  // the last answer of SQLNumResultCols
+  Recording::Line described_ = Recording::kNone;
+  Recording::Line bound_ = Recording::kNone;
   Recording::Line fetched_ = Recording::kNone;                // the last fetch
   std::unordered_map<SQLUSMALLINT, Recording::Line> pieces_;  // the last of each column
   bool ended_ = false;                                        // the last fetch found no more rows
