@@ -261,6 +261,7 @@ void LineMaker::AppendRows(CallReader& call, std::string& out) {
     out += '[';
     row_.clear();
     for (std::size_t i = 0; i < columns.size(); ++i) row_.push_back(call.TakeCell());
+    if (rules_ != nullptr) SeeOwners(columns);
     for (std::size_t i = 0; i < columns.size(); ++i) {
       if (i > 0) out += ',';
       AppendCell(row_[i], rules_ != nullptr ? rules_->RoleOfCell(columns[i]) : Role::kPlain, out);
@@ -268,6 +269,21 @@ void LineMaker::AppendRows(CallReader& call, std::string& out) {
     out += ']';
   }
   out += ']';
+}
+
+void LineMaker::SeeOwners(const std::vector<int>& columns) {
+  rules_->BeginRow();
+  for (std::size_t i = 0; i < columns.size(); ++i) {
+    if (rules_->RoleOfCell(columns[i]) != Role::kOwner) continue;
+    const Cell& cell = row_[i];
+    if (cell.has_indicator && cell.indicator == SQL_NULL_DATA) continue;
+    utf8_.clear();
+    if (!IsWide(cell.c_type)) {
+      rules_->SeeOwner(cell.bytes);
+    } else if (AppendUtf8(AsWide(cell.bytes), utf8_)) {
+      rules_->SeeOwner(utf8_);
+    }
+  }
 }
 
 void LineMaker::AppendDiagnostics(CallReader& call, std::string& out) {

@@ -26,6 +26,7 @@ class LineMaker {
   void AppendBuffer(CallReader& call, std::string_view function, std::string& out);
   void AppendParameters(CallReader& call, std::string& out);
   void AppendRows(CallReader& call, std::string& out);
+  void SeeOwners(const std::vector<int>& columns);
   void AppendDiagnostics(CallReader& call, std::string& out);
   void AppendCell(const Cell& cell, Role role, std::string& out);
   void AppendText(std::string_view bytes, bool wide, Role role, std::string& out);

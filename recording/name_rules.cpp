@@ -14,6 +14,7 @@
 #include <unordered_set>
 #include <vector>
 
+#include "base/ascii.h"
 #include "embedded_wbrecording.h"
 
 namespace recording {
@@ -30,14 +31,7 @@ bool IsLetter(char c) {
 }
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 bool IsWordCharacter(char c) { return IsLetter(c) || IsDigit(c) || c == '$' || c == '#'; }
-char Lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
 bool IsUpper(char c) { return c >= 'A' && c <= 'Z'; }
-
-std::string LowerCase(std::string_view text) {
-  std::string lower(text);
-  std::transform(lower.begin(), lower.end(), lower.begin(), Lower);
-  return lower;
-}
 
 // UTF-16 units of a text of UTF-8.
 std::size_t Units(std::string_view utf8) {
@@ -79,51 +73,69 @@ struct RolesOfFunction {
 
 const std::vector<RolesOfFunction>& CatalogRoles() {
   constexpr Role kName = Role::kName;
+  constexpr Role kOwner = Role::kOwner;
   constexpr Role kText = Role::kText;
   constexpr Role kBlank = Role::kBlank;
   static const std::vector<RolesOfFunction> roles = {
-      {"SQLTables", {{1, kName}, {2, kName}, {3, kName}, {5, kBlank}}},
+      {"SQLTables", {{1, kOwner}, {2, kOwner}, {3, kName}, {5, kBlank}}},
       {"SQLColumns",
-       {{1, kName}, {2, kName}, {3, kName}, {4, kName}, {6, kText}, {12, kBlank}, {13, kBlank}}},
-      {"SQLPrimaryKeys", {{1, kName}, {2, kName}, {3, kName}, {4, kName}, {6, kName}}},
+       {{1, kOwner}, {2, kOwner}, {3, kName}, {4, kName}, {6, kText}, {12, kBlank}, {13, kBlank}}},
+      {"SQLPrimaryKeys", {{1, kOwner}, {2, kOwner}, {3, kName}, {4, kName}, {6, kName}}},
       {"SQLForeignKeys",
-       {{1, kName},
-        {2, kName},
+       {{1, kOwner},
+        {2, kOwner},
         {3, kName},
         {4, kName},
-        {5, kName},
-        {6, kName},
+        {5, kOwner},
+        {6, kOwner},
         {7, kName},
         {8, kName},
         {12, kName},
         {13, kName}}},
       {"SQLStatistics",
-       {{1, kName}, {2, kName}, {3, kName}, {5, kName}, {6, kName}, {9, kName}, {13, kBlank}}},
-      {"SQLProcedures", {{1, kName}, {2, kName}, {3, kName}, {7, kBlank}}},
+       {{1, kOwner}, {2, kOwner}, {3, kName}, {5, kName}, {6, kName}, {9, kName}, {13, kBlank}}},
+      {"SQLProcedures", {{1, kOwner}, {2, kOwner}, {3, Role::kRoutine}, {7, kBlank}}},
       {"SQLGetTypeInfo", {{1, kText}, {13, kText}}},
   };
   return roles;
 }
 
-// Result columns of statements, by names that servers' catalogs give them.
+// Result columns of statements, by names that servers' catalogs and the module's own headings give
+// them; in lower case.
 struct RoleOfColumnName {
-  std::string_view name;  // lower case
+  std::string_view name;
   Role role;
 };
 constexpr std::array kColumnNames = {
-    RoleOfColumnName{"fk_colnames", Role::kText},  RoleOfColumnName{"pk_colnames", Role::kText},
-    RoleOfColumnName{"paramtypes", Role::kText},   RoleOfColumnName{"data_type", Role::kText},
-    RoleOfColumnName{"typename", Role::kText},     RoleOfColumnName{"remarks", Role::kBlank},
-    RoleOfColumnName{"comment", Role::kBlank},     RoleOfColumnName{"comments", Role::kBlank},
-    RoleOfColumnName{"description", Role::kBlank}, RoleOfColumnName{"text", Role::kBlank},
-    RoleOfColumnName{"default", Role::kText},      RoleOfColumnName{"expression", Role::kText},
-    RoleOfColumnName{"definition", Role::kText},   RoleOfColumnName{"predicate", Role::kText},
-    RoleOfColumnName{"check", Role::kText},        RoleOfColumnName{"type", Role::kText},
-    RoleOfColumnName{"base_type", Role::kText},
+    RoleOfColumnName{"owner", Role::kOwner},      RoleOfColumnName{"tabschema", Role::kOwner},
+    RoleOfColumnName{"funcschema", Role::kOwner}, RoleOfColumnName{"procschema", Role::kOwner},
+    RoleOfColumnName{"typeschema", Role::kOwner}, RoleOfColumnName{"creator", Role::kOwner},
+    RoleOfColumnName{"procname", Role::kRoutine}, RoleOfColumnName{"funcname", Role::kRoutine},
+    RoleOfColumnName{"fk_colnames", Role::kText}, RoleOfColumnName{"pk_colnames", Role::kText},
+    RoleOfColumnName{"paramtypes", Role::kText},  RoleOfColumnName{"data_type", Role::kText},
+    RoleOfColumnName{"typename", Role::kText},    RoleOfColumnName{"type", Role::kText},
+    RoleOfColumnName{"base_type", Role::kText},   RoleOfColumnName{"default", Role::kText},
+    RoleOfColumnName{"expression", Role::kText},  RoleOfColumnName{"definition", Role::kText},
+    RoleOfColumnName{"predicate", Role::kText},   RoleOfColumnName{"check", Role::kText},
+    RoleOfColumnName{"remarks", Role::kBlank},    RoleOfColumnName{"comment", Role::kBlank},
+    RoleOfColumnName{"comments", Role::kBlank},   RoleOfColumnName{"description", Role::kBlank},
+    RoleOfColumnName{"text", Role::kBlank},
 };
 
+// Owners and catalogs of servers' own objects, in lower case.
+constexpr std::array<std::string_view, 12> kSystemOwners = {
+    "informix",   "sys",     "system",
+    "sysibm",     "syscat",  "sysfun",
+    "sysproc",    "sysstat", "information_schema",
+    "pg_catalog", "mysql",   "performance_schema"};
+
+bool IsSystemOwner(std::string_view owner) {
+  const std::string lower = base::LowerAscii(owner.substr(0, owner.find_last_not_of(' ') + 1));
+  return std::find(kSystemOwners.begin(), kSystemOwners.end(), lower) != kSystemOwners.end();
+}
+
 Role RoleOfName(std::string_view column) {
-  const std::string lower = LowerCase(column);
+  const std::string lower = base::LowerAscii(column);
   const auto* const known =
       std::find_if(kColumnNames.begin(), kColumnNames.end(),
                    [&lower](const RoleOfColumnName& row) { return row.name == lower; });
@@ -141,11 +153,14 @@ struct NameRules::State {
   struct Columns {
     std::vector<Role> roles;
     Role others = Role::kName;
+    bool of_server = false;  // the question named an owner of the server's own objects
   };
   std::unordered_map<std::uint32_t, Columns> statements;
   std::string_view function;  // of the call in hand
   std::uint32_t statement = 0;
   std::int64_t number = 0;  // of the information, attribute or column that it is about
+  bool in_rows = false;
+  bool of_server = false;  // the call or the row is about the server's own objects
   std::string result;
 
   State() {
@@ -153,12 +168,25 @@ struct NameRules::State {
     crypto_generichash_keygen(key.data());
   }
 
-  bool IsPublic(std::string_view word) const { return vocabulary.contains(LowerCase(word)); }
+  // Words that say nothing of a schema; texts of several of them, too.
+  bool IsPublic(std::string_view text) const {
+    while (true) {
+      const std::size_t end = std::min(text.find(' '), text.size());
+      if (end > 0 && !vocabulary.contains(base::LowerAscii(text.substr(0, end)))) return false;
+      if (end == text.size()) return true;
+      text.remove_prefix(end + 1);
+    }
+  }
+
+  bool IsCatalogFunction() const {
+    const auto known = statements.find(statement);
+    return known != statements.end() && known->second.others == Role::kPlain;
+  }
 
   // So many letters that only this recording has for the name. Upper and lower case make no
   // difference: servers that ignore it go on finding the name.
   std::string Letters(std::string_view name, std::size_t count) const {
-    const std::string lower = LowerCase(name);
+    const std::string lower = base::LowerAscii(name);
     std::string letters;
     for (unsigned char round = 0; letters.size() < count; ++round) {
       std::string input(1, static_cast<char>(round));
@@ -185,18 +213,21 @@ struct NameRules::State {
            Letters(name, units - kCutCharacters);
   }
 
-  // A whole name. The blanks that fill up a column of fixed width stay in number.
+  // A whole name; what has commas or parentheses is a list or a type rather than a name. The blanks
+  // that fill up a column of fixed width stay in number.
   void AppendName(std::string_view text, std::string& out) const {
     const std::size_t end = text.find_last_not_of(' ') + 1;
     const std::string_view name = text.substr(0, end);
     if (std::none_of(name.begin(), name.end(), IsLetter) || IsPublic(name)) {
       out += text;
-      return;
+    } else if (name.find_first_of(",()") != std::string_view::npos) {
+      AppendText(text, out);
+    } else {
+      const std::string hash = Hash(name);
+      out += hash;
+      const std::size_t width = Units(text);
+      if (end < text.size() && width > hash.size()) out.append(width - hash.size(), ' ');
     }
-    const std::string hash = Hash(name);
-    out += hash;
-    const std::size_t width = Units(text);
-    if (end < text.size() && width > hash.size()) out.append(width - hash.size(), ' ');
   }
 
   void AppendSql(std::string_view sql, std::string& out) const;
@@ -302,6 +333,8 @@ void NameRules::BeginCall(std::string_view function, std::uint32_t statement) {
   state_->function = function;
   state_->statement = statement;
   state_->number = 0;
+  state_->of_server = false;
+  state_->in_rows = false;
   const auto& catalog = CatalogRoles();
   const auto known = std::find_if(catalog.begin(), catalog.end(),
                                   [&](const auto& row) { return row.function == function; });
@@ -332,8 +365,19 @@ void NameRules::NoteText(std::string_view field, std::string_view text) {
   columns.roles[place] = RoleOfName(text);
 }
 
+void NameRules::BeginRow() {
+  state_->in_rows = true;
+  const auto known = state_->statements.find(state_->statement);
+  state_->of_server = known != state_->statements.end() && known->second.of_server;
+}
+
+void NameRules::SeeOwner(std::string_view owner) {
+  state_->of_server = state_->of_server || IsSystemOwner(owner);
+}
+
 Role NameRules::RoleOfField(std::string_view field) const {
   if (field == "sql") return Role::kSql;
+  if (field == "owner" || field == "catalog") return Role::kOwner;
   if (field == "types" || field == "name" || field == "kind") return Role::kPlain;
   if (field != "text") return Role::kName;
   const bool names = state_->function == "SQLGetInfo" ? state_->number == SQL_DATABASE_NAME
@@ -357,7 +401,16 @@ std::string_view NameRules::Apply(Role role, std::string_view text) {
   switch (role) {
     case Role::kPlain:
       return text;
+    case Role::kOwner:
+      SeeOwner(text);
+      if (state_->of_server && !state_->in_rows && state_->IsCatalogFunction())
+        state_->statements[state_->statement].of_server = true;
+      state_->AppendName(text, result);
+      break;
     case Role::kName:
+    case Role::kRoutine:
+      // The names of tables are asked for again, in statements that do not tell whose they are.
+      if (state_->of_server && (role == Role::kRoutine || state_->IsCatalogFunction())) return text;
       state_->AppendName(text, result);
       break;
     case Role::kSql:

@@ -13,11 +13,13 @@ namespace recording {
 
 // What a text is, as far as its place tells.
 enum class Role : std::uint8_t {
-  kPlain,  // stays
-  kName,   // one name, whole
-  kSql,    // a statement of the module's own, whose texts in quotes are names
-  kText,   // names among other words: a type, a definition, a list
-  kBlank,  // what somebody wrote
+  kPlain,    // stays
+  kName,     // one name, whole
+  kOwner,    // the name of an owner or catalog, which tells whether a row is the server's own
+  kRoutine,  // the name of a function or procedure
+  kSql,      // a statement of the module's own, whose texts in quotes are names
+  kText,     // names among other words: a type, a definition, a list
+  kBlank,    // what somebody wrote
 };
 
 class NameRules {
@@ -36,6 +38,11 @@ class NameRules {
   Role RoleOfField(std::string_view field) const;
   Role RoleOfCell(int column) const;  // of a result, from 1
   Role RoleOfPiece() const;           // of the column that the call named
+
+  // Begins a row of a result; `owner` is told every owner's name in it before its texts are asked
+  // for.
+  void BeginRow();
+  void SeeOwner(std::string_view owner);
 
   // The text in its role, UTF-8; valid until the next call.
   std::string_view Apply(Role role, std::string_view text);
