@@ -172,7 +172,8 @@ void LineMaker::AppendFields(CallReader& call, std::string_view function, std::s
         out += "null";
         break;
       case FieldKind::kNumber: {
-        const auto number = call.Take<std::int64_t>();
+        auto number = call.Take<std::int64_t>();
+        if (secret_ && name == "bytes") number = 0;
         AppendKeyNumber(name, number, out);
         if (rules_ != nullptr) rules_->NoteNumber(name, number);
         secret_ = secret_ || IsSecret(name, number);

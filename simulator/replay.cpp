@@ -148,18 +148,15 @@ SQLRETURN GiveValue(const Recording& recording, Line line, Handle& handle, void*
     if (key == "room") room = field.value().get_int64();
     if (key == "text" && value != nullptr) {
       json::value text = field.value();
-      Binding place{SQL_C_WCHAR, value, text_bytes, nullptr};
-      SQLLEN length = 0;
-      place.indicator = &length;
-      WriteCell(text, place);
-      Answer<SQLINTEGER>(bytes, static_cast<SQLINTEGER>(length));
+      WriteCell(text, {SQL_C_WCHAR, value, text_bytes, nullptr});
     }
+    if (key == "bytes")
+      Answer<SQLINTEGER>(bytes, static_cast<SQLINTEGER>(field.value().get_int64().value()));
     if (key == "number" && value != nullptr) {
       const std::int64_t number = field.value().get_int64();
       // A caller that said how much room there is may have no more.
       const std::size_t size = room == 2 ? 2 : 4;
       std::memcpy(value, &number, size);
-      Answer<SQLINTEGER>(bytes, static_cast<SQLINTEGER>(size));
     }
   }
   return GiveOutcome(recording, line, handle);

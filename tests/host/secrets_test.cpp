@@ -34,9 +34,11 @@ TEST(Passwords, StayInsideHoweverTheyAreGiven) {
       const TemporaryFolder folder;
       ProgramCall call;
       call.arguments = options;
-      call.arguments.insert(call.arguments.begin(),
-                            {"import", "--connect", SimulatorString(server + in_string)});
-      for (const char* report : {"trace", "errors", "log"}) {
+      call.arguments.insert(
+          call.arguments.begin(),
+          {"import", "--connect",
+           SimulatorString(server + in_string + "UID=Yz8-user;Database=Yz8-base;Host=Yz8-host")});
+      for (const char* report : {"trace", "errors", "log", "record"}) {
         call.arguments.push_back(std::string("--") + report);
         call.arguments.push_back(folder.path() + "/" + report);
       }
@@ -53,6 +55,9 @@ TEST(Passwords, StayInsideHoweverTheyAreGiven) {
             ReadFile(folder.path() + "/errors"), ReadFile(folder.path() + "/log")}) {
         EXPECT_THAT(text, Not(HasSubstr("Xq7-hush")));
       }
+      const std::string recording = ReadFile(folder.path() + "/record");
+      EXPECT_THAT(recording, HasSubstr("\"call\":\"SQLDriverConnect\""));
+      EXPECT_THAT(recording, Not(testing::ContainsRegex("Xq7|Yz8")));
     }
   }
 }

@@ -1,0 +1,237 @@
+// An import is recorded, and imported again from the recording alone: the workbook file, the
+// notification trace and the messages are the same to the byte, and so is a recording of the
+// replay. On every practice server, and whatever the driver does wrong on the way.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <nlohmann/json.hpp>
+#include <set>
+#include <sstream>
+
+#include "recording/file.h"
+#include "tests/host/program.h"
+
+namespace wbtest {
+namespace {
+
+using nlohmann::json;
+using testing::HasSubstr;
+
+using Words = std::vector<std::string>;
+
+Words operator+(Words words, const Words& more) {
+  words.insert(words.end(), more.begin(), more.end());
+  return words;
+}
+
+// The results of one run of `import`.
+struct Results {
+  int exit_code;
+  std::string workbook, trace, errors, said;
+};
+
+// The first line of `text` that is another one in `expected`; empty where they are the same.
+std::string FirstDifference(const std::string& text, const std::string& expected) {
+  if (text == expected) return {};
+  const auto at = std::mismatch(text.begin(), text.end(), expected.begin(), expected.end()).first;
+  const std::size_t begin = text.rfind('\n', at == text.begin() ? 0 : at - text.begin() - 1) + 1;
+  return text.substr(begin, text.find('\n', begin) - begin);
+}
+
+class Recordings : public testing::Test {
+ protected:
+  Results Import(const Words& arguments, int signal_number = 0) const {
+    const std::string at = folder_.path() + "/";
+    for (const char* name : {"workbook", "trace", "errors"}) std::remove((at + name).c_str());
+    ProgramCall call{.arguments = Words{"import"} + arguments +
+                                  Words{"--format", "json", "-o", at + "workbook", "--trace",
+                                        at + "trace", "--errors", at + "errors", "--progress",
+                                        signal_number != 0 ? "plain" : "none"}};
+    if (signal_number != 0) {
+      call.wait_for = "reading";
+      call.then = [signal_number](int pid) { kill(pid, signal_number); };
+    }
+    const ProgramResult result = RunProgram(call);
+    return {result.exit_code, ReadFile(at + "workbook"), ReadFile(at + "trace"),
+            ReadFile(at + "errors"), result.err};
+  }
+  // Records, replays, and compares; gives the results of the recorded import.
+  Results Check(const Words& arguments, int signal_number = 0) {
+    const Results recorded = Import(arguments + Words{"--record", file_}, signal_number);
+    const Results replayed = Import({"--replay", file_, "--record", again_});
+    EXPECT_EQ(replayed.exit_code, recorded.exit_code) << replayed.said;
+    EXPECT_EQ(FirstDifference(replayed.workbook, recorded.workbook), "");
+    EXPECT_EQ(FirstDifference(replayed.trace, recorded.trace), "");
+    EXPECT_EQ(FirstDifference(replayed.errors, recorded.errors), "");
+    return recorded;
+  }
+  std::string Text(const std::string& file) const {
+    std::string text;
+    std::string why;
+    EXPECT_TRUE(recording::ReadWholeFile(file, 0, text, why)) << why;
+    return text;
+  }
+
+  const TemporaryFolder folder_;
+  const std::string file_ = folder_.path() + "/recording.jsonl.zst";
+  const std::string again_ = folder_.path() + "/again.jsonl";
+};
+
+TEST_F(Recordings, OfEveryPracticeServerPlayToTheSameBytes) {
+  for (const char* sample : {"sqlite", "informix", "informix-7", "sqlserver", "sybase", "oracle",
+                             "db2", "redbrick", "access", "oracle-7", "generic"}) {
+    for (const Words& choices : {Words{}, Words{"--generic", "--system"}}) {
+      SCOPED_TRACE(sample + testing::PrintToString(choices));
+      const Results recorded = Check(Words{"--sample", sample} + choices);
+      EXPECT_THAT(recorded.workbook, HasSubstr("\"required\": true"));
+      // Also what nobody looked at is played as it was. SQLite's driver claims functions that the
+      // simulator does not have.
+      if (sample == std::string("sqlite")) continue;
+      EXPECT_EQ(FirstDifference(Text(again_), Text(file_)), "");
+    }
+  }
+}
+
+TEST_F(Recordings, KeepWhatGoesWrong) {
+  const struct {
+    const char* server;
+    int exit_code;
+    Words choices = {};
+  } cases[] = {
+      {"informix;DropConnection=20", 5},
+      {"informix;DropConnection=150", 5},
+      {"oracle;DropConnection=60", 5},
+      {"generic;DropConnection=150", 5},
+      {"sqlserver;DropConnection=20", 5},
+      {"db2;Fail=SQLExecDirect:3+", 3},
+      {"oracle;Fail=SQLBindCol:4,SQLDescribeCol:30,SQLNumResultCols:5", 3},
+      {"oracle;RowError=4:3;RowDeleted=2-3:2", 3},
+      {"informix;NoTotal=3:2:3", 3},
+      {"oracle;LongName=2", 3},
+      {"oracle;FetchError=2-4", 0},
+      {"oracle;Without=SQLExtendedFetch", 0},
+      {"generic;Without=SQLPrimaryKeys", 0},
+      {"generic;GrowingColumns=1", 0},
+      {"db2;CLISchema=Y;Database=X", 0},  // which decides on the route
+      {"oracle;Sql={UPDATE all_tab_columns SET column_name = printf('%.700c', 'x')}", 0},
+      {"oracle;Sql={UPDATE all_tab_columns SET column_name = char(228, 128218, 10, 34, 39)}", 0},
+      {"informix", 0, {"--select-table", "member", "--no-foreign-keys", "--items", "tables"}},
+      {"informix", 0, {"--select-synonym", "joe.books"}},
+      {"sqlserver", 0, {"--items", "column-names", "--table", "dbo.member"}},
+      {"nosuch", 5},
+  };
+  for (const auto& [server, exit_code, choices] : cases) {
+    SCOPED_TRACE(server);
+    const Words connection = {"--connect", SimulatorString(std::string("Server=") + server)};
+    EXPECT_EQ(Check(connection + choices).exit_code, exit_code);
+  }
+}
+
+TEST_F(Recordings, StopWhereTheRecordedImportStopped) {
+  const std::string slow = "Slow=SQLExecDirect:20,SQLColumns:20,SQLForeignKeys:20";
+  for (const char* server : {"informix", "generic"}) {
+    for (const auto& [signal_number, exit_code] : {std::pair(SIGINT, 9), std::pair(SIGTERM, 4)}) {
+      SCOPED_TRACE(server + std::to_string(signal_number));
+      const Words connection = {"--connect",
+                                SimulatorString(std::string("Server=") + server + ";" + slow)};
+      EXPECT_EQ(Check(connection, signal_number).exit_code, exit_code);
+    }
+  }
+}
+
+TEST_F(Recordings, SayWhatTheyDoNotHold) {
+  Import({"--sample", "generic", "--record", file_, "--no-foreign-keys"});
+  // Narrower choices ask less.
+  EXPECT_EQ(Import({"--replay", file_, "--no-foreign-keys", "--no-keys"}).exit_code, 0);
+  const Results more = Import({"--replay", file_});
+  EXPECT_EQ(more.exit_code, 0) << "the recorded choices hold where there are no others";
+  const Results unheld = Import({"--replay", file_, "--foreign-keys"});
+  EXPECT_EQ(unheld.exit_code, 3);
+  EXPECT_THAT(unheld.said, HasSubstr("of the questions were not recorded; the first: the "
+                                     "recording does not hold SQLForeignKeys(null, \""));
+  Import({"--sample", "informix", "--record", file_});
+  EXPECT_THAT(Import({"--replay", file_, "--select-table", "joe.nowhere"}).errors,
+              testing::AllOf(HasSubstr("does not hold SQLExecDirect("), HasSubstr("nowhere"),
+                             HasSubstr("; the nearest that it holds is SQLExecDirect(")));
+}
+
+TEST_F(Recordings, AreRefusedWhenTheyAreNone) {
+  const std::pair<const char*, const char*> cases[] = {
+      {"", "is no recording"},
+      {"{}\n", "is no recording"},
+      {"{\"recording\":\"wbimport\",\"version\":7}\n", "of version 7; known here is version 1"},
+      {"{\"recording\":\"wbimport\",\"version\":1}\n{\"call\":\"SQLGetInfo\",\"info\":x}\n",
+       "is damaged"},
+      {"\x28\xB5\x2F\xFDnonsense", "is damaged"},
+  };
+  for (const auto& [text, message] : cases) {
+    const Results results = Import({"--replay", folder_.Write("file", text)});
+    EXPECT_EQ(results.exit_code, 5) << message;
+    EXPECT_THAT(results.said, HasSubstr(message));
+  }
+  EXPECT_THAT(Import({"--replay", folder_.path() + "/none"}).said, HasSubstr("No such file"));
+  EXPECT_EQ(Import({"--record", folder_.path() + "/none/x"}).exit_code, 6);
+  EXPECT_EQ(Import({"--record", "/dev/full"}).exit_code, 6);
+  // What a crash leaves is played as far as it goes.
+  Import({"--sample", "generic", "--record", again_});
+  const std::string whole = ReadFile(again_);
+  const Results cut = Import({"--replay", folder_.Write("cut", whole.substr(0, 30000))});
+  EXPECT_THAT(cut.said, HasSubstr("ends early"));
+  EXPECT_THAT(cut.workbook, HasSubstr("branch"));
+}
+
+// What an import has of a schema besides its names.
+std::string Shape(const std::string& workbook) {
+  std::ostringstream shape;
+  const json file = json::parse(workbook);
+  for (const json& table : file.at("tables")) {
+    shape << table.at("type") << ' ' << table.at("primaryKey").size() << '\n';
+    for (const json& column : table.at("columns")) {
+      shape << "  " << column.at("required") << column.at("primaryKey") << column.at("precision")
+            << ' ' << column.at("scale") << ' ' << column.at("physicalCode") << '\n';
+    }
+    for (const json& key : table.at("foreignKeys")) {
+      shape << "  " << key.at("role") << key.at("oneToOne");
+      for (const json& column : key.at("foreignKey")) shape << ' ' << column.at("index");
+      shape << '\n';
+    }
+  }
+  for (const char* list :
+       {"ownerNames", "dataTypes", "booleanFunctions", "functions", "procedures", "aggregates"}) {
+    shape << list << file.at(list).size() << '\n';
+  }
+  return shape.str();
+}
+
+TEST_F(Recordings, WithHiddenNamesKeepTheShapeAlone) {
+  for (const char* sample :
+       {"sqlite", "informix", "sqlserver", "oracle-7", "db2", "redbrick", "access"}) {
+    SCOPED_TRACE(sample);
+    const Words hashed = {"--sample", sample, "--record", again_, "--record-names", "hashed"};
+    const Results recorded = Import(hashed);
+    const Results replayed = Import({"--replay", again_});
+    EXPECT_EQ(replayed.exit_code, recorded.exit_code) << replayed.said;
+    EXPECT_EQ(Shape(replayed.workbook), Shape(recorded.workbook));
+    const std::string text = Text(again_);
+    std::size_t names = 0;
+    const json workbook = json::parse(recorded.workbook);
+    for (const json& table : workbook.at("tables")) {
+      const auto hidden = [&](const json& name) {
+        // Names of fields, and of a type.
+        const std::set<std::string> words = {"name", "size", "currency"};
+        if (words.contains(name.get<std::string>())) return;
+        ++names;
+        EXPECT_FALSE(text.find("\"" + name.get<std::string>() + "\"") != std::string::npos) << name;
+      };
+      hidden(table.at("name"));
+      for (const json& column : table.at("columns")) hidden(column.at("name"));
+    }
+    EXPECT_GT(names, 100U);
+    Import(hashed);
+    EXPECT_NE(Text(again_), text) << "each recording has a key of its own";
+  }
+}
+
+}  // namespace
+}  // namespace wbtest
