@@ -141,6 +141,10 @@ std::string DiagnosticsOfCall(const platform::DriverCall& call) {
   return ReadDiagnostics(call.on_statement ? SQL_HANDLE_STMT : SQL_HANDLE_DBC, call.handle, state);
 }
 
+std::pair<std::uint32_t, std::string> Connection::QuestionsNotHeld() const {
+  return calls_->QuestionsNotHeld();
+}
+
 std::string Connection::DbmsVersionText() const {
   return ToUtf8(calls_->InfoText(SQL_DBMS_VER).value_or(u""));
 }

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "host/options.h"
@@ -60,6 +61,8 @@ class Connection {
   };
   // The catalog functions, and the others that decide how an import reads.
   std::vector<FunctionOffer> OfferedFunctions() const;
+  // Of a played recording: how many questions it did not hold so far, and why for the first.
+  std::pair<std::uint32_t, std::string> QuestionsNotHeld() const;
   std::string DbmsVersionText() const;
   std::string DriverText() const;  // the driver's name and version
 

@@ -3,7 +3,6 @@
 
 #include <fmt/format.h>
 
-#include "host/driver_calls.h"
 #include "host/interrupt.h"
 
 namespace wbhost {
@@ -63,7 +62,7 @@ void HostSession::CheckReplay(Outcome& outcome) {
     run_.screen.SayError(
         fmt::format("{} ends early: the recorded run did not come to its end", target_.recording));
   }
-  const auto [count, first] = connection_.calls().QuestionsNotHeld();
+  const auto [count, first] = connection_.QuestionsNotHeld();
   if (count == 0) return;
   run_.screen.SayError(
       fmt::format("{} of the questions were not recorded; the first: {}", count, first));
