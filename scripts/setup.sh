@@ -86,6 +86,6 @@ build() {
 ensure_playwright() {
   local folder=tests/export/browser
   [ $folder/node_modules/.package-lock.json -nt $folder/package-lock.json ] ||
-    npm ci --prefix $folder --no-audit --no-fund --silent ||
+    npm ci --prefix $folder --fetch-retries=1 --no-audit --no-fund --silent ||
     say "npm brought no playwright-core: the browser test will be skipped" >&2
 }
