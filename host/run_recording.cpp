@@ -29,6 +29,9 @@ std::string MakeHeader(const std::string& names, const nlohmann::ordered_json& d
   return header.dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);
 }
 
+// Without folders, which belong to one machine.
+std::string BaseName(const std::string& driver) { return driver.substr(driver.rfind('/') + 1); }
+
 }  // namespace
 
 // Takes out of the driver's messages what belongs to the connection: passwords and the login name
@@ -68,7 +71,9 @@ class RunRecording::Scrubber {
 
 RunRecording::RunRecording(const ReportOptions& options, const Target& target,
                            const Secrets& secrets)
-    : name_(options.record.value_or("")), names_(options.record_names.value_or("plain")) {
+    : name_(options.record.value_or("")),
+      names_(options.record_names.value_or("plain")),
+      driver_(base::FindAttribute(target.connect_string, "Driver").value_or("")) {
   if (!options.record) return;
   scrubber_ = std::make_shared<Scrubber>(target, secrets);
   auto rules = names_ == "hashed" ? std::make_unique<recording::NameRules>() : nullptr;
@@ -91,7 +96,8 @@ void RunRecording::Begin(const Connection& connection) {
   };
   calls.AskFunctions();
   scrubber_->AddLogin(text(SQL_USER_NAME));
-  recorder_->Begin(MakeHeader(names_, {{"name", text(SQL_DRIVER_NAME)},
+  const std::string name = text(SQL_DRIVER_NAME);  // MDB Tools does not tell
+  recorder_->Begin(MakeHeader(names_, {{"name", name.empty() ? BaseName(driver_) : name},
                                        {"version", text(SQL_DRIVER_VER)},
                                        {"odbc", text(SQL_DRIVER_ODBC_VER)},
                                        {"manager", text(SQL_DM_VER)}}));

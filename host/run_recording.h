@@ -46,7 +46,8 @@ class RunRecording {
   void Note(const char* what, std::initializer_list<platform::DriverField> fields);
 
   std::string name_;
-  std::string names_;  // "plain" or "hashed"
+  std::string names_;   // "plain" or "hashed"
+  std::string driver_;  // as the connection string names it
   std::shared_ptr<Scrubber> scrubber_;
   std::shared_ptr<recording::Recorder> recorder_;
   std::set<std::u16string> settings_noted_;

@@ -242,9 +242,11 @@ CATALOGSIM_ENTRY SQLSetConnectAttrW(SQLHDBC handle, SQLINTEGER attribute, SQLPOI
   const auto number = reinterpret_cast<SQLULEN>(value);
   switch (attribute) {
     case catalogsim::kAttrFailCall:
+      if (connection.recording() != nullptr) connection.recording()->Rewind();
       connection.gate().FailCallFromNow(number);
       return SQL_SUCCESS;
     case catalogsim::kAttrDropCall:
+      if (connection.recording() != nullptr) connection.recording()->Rewind();
       connection.gate().DropCallFromNow(number);
       return SQL_SUCCESS;
     default:

@@ -9,7 +9,7 @@ constexpr int kInfoCalls = 31001;
 constexpr int kInfoOpenStatements = 31002;
 constexpr int kInfoFaults = 31003;
 // SQLSetConnectAttr: the n-th call from now on fails, or loses the connection; 0: none, and the
-// connection is whole again. These calls themselves do not count.
+// connection is whole again. These calls themselves do not count. A recording begins anew.
 constexpr int kAttrFailCall = 31001;
 constexpr int kAttrDropCall = 31002;
 

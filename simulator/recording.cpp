@@ -246,6 +246,10 @@ Recording::Line Recording::FindAnswer(const std::string& question) {
   return line;
 }
 
+void Recording::Rewind() {
+  for (auto& [question, answers] : answers_) answers.given = 0;
+}
+
 std::string Recording::NotHeld(const std::string& question) {
   std::string why = "the recording does not hold " + question;
   if (++not_held_ <= kMostSearches) {

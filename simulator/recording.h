@@ -46,6 +46,8 @@ class Recording {
   // The line that answers the question. A question that was asked more than once has its answers
   // in their order, and the last one for ever after. kNone where it was never asked.
   Line FindAnswer(const std::string& question);
+  // Begins with the first answers again.
+  void Rewind();
   // Why a question has no answer; counts it.
   std::string NotHeld(const std::string& question);
 

@@ -6,15 +6,14 @@
 namespace real {
 namespace {
 
-constexpr int kTables = 300;
-
 constexpr const char* kCommonTypes[] = {
     "SMALLINT", "INTEGER", "BIGINT",      "NUMERIC(12,3)", "REAL", "DOUBLE PRECISION",
     "BOOLEAN",  "CHAR(3)", "VARCHAR(40)", "TEXT",          "DATE", "TIME"};
 
 class Maker {
  public:
-  explicit Maker(const Dialect& dialect) : dialect_(dialect), types_(dialect.types) {
+  Maker(const Dialect& dialect, int tables)
+      : dialect_(dialect), tables_(tables), types_(dialect.types) {
     types_.insert(types_.end(), std::begin(kCommonTypes), std::end(kCommonTypes));
   }
   std::vector<std::string> Make();
@@ -42,6 +41,7 @@ class Maker {
                          const std::string& table, const std::string& key);
 
   const Dialect& dialect_;
+  const int tables_;
   std::vector<std::string> types_;
   std::vector<std::string> statements_;
   std::vector<std::string> later_;  // foreign keys, once all tables are there
@@ -122,7 +122,7 @@ void Maker::OddTables(const std::string& owner) {
 }
 
 std::vector<std::string> Maker::Make() {
-  const int count = kTables / static_cast<int>(dialect_.owners.size());
+  const int count = tables_ / static_cast<int>(dialect_.owners.size());
   for (const std::string& owner : dialect_.owners) {
     for (int i = 0; i < count; ++i) NumberedTable(owner, i, count);
   }
@@ -137,6 +137,34 @@ std::vector<std::string> Maker::Make() {
 
 }  // namespace
 
-std::vector<std::string> MakeSchema(const Dialect& dialect) { return Maker(dialect).Make(); }
+std::vector<std::string> MakeSchema(const Dialect& dialect, int tables) {
+  return Maker(dialect, tables).Make();
+}
+
+const Dialect kPostgreSQLDialect = {
+    '"',
+    {"alpha", "Beta Owner", "g\u00e4mma"},
+    {"NUMERIC", "BYTEA", "TIMESTAMP", "TIMESTAMP WITH TIME ZONE", "INTERVAL", "UUID", "JSONB",
+     "XML", "INET", "MONEY", "INTEGER[]", "BIT(8)"},
+    false,
+};
+
+const Dialect kMariaDBDialect = {
+    '`',
+    {""},
+    // At an even place of an even number a column is never NOT NULL: the driver does not tell it of
+    // TIMESTAMP.
+    {"TINYINT", "MEDIUMINT", "INTEGER UNSIGNED", "FLOAT", "BIT(8)", "LONGTEXT", "BINARY(4)",
+     "VARBINARY(40)", "BLOB", "DATETIME", "TIMESTAMP DEFAULT CURRENT_TIMESTAMP", "YEAR",
+     "ENUM('a','b')", "SET('a','b')", "JSON", "UUID"},
+    false,
+};
+
+const Dialect kSQLiteDialect = {
+    '"',
+    {""},
+    {"TINYINT", "NVARCHAR(40)", "BLOB", "VARBINARY(40)", "TIMESTAMP", "DATETIME", ""},
+    true,
+};
 
 }  // namespace real

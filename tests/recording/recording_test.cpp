@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <csignal>
+#include <fstream>
 #include <nlohmann/json.hpp>
 #include <set>
 #include <sstream>
@@ -179,6 +180,22 @@ TEST_F(Recordings, AreRefusedWhenTheyAreNone) {
   const Results cut = Import({"--replay", folder_.Write("cut", whole.substr(0, 30000))});
   EXPECT_THAT(cut.said, HasSubstr("ends early"));
   EXPECT_THAT(cut.workbook, HasSubstr("branch"));
+}
+
+// What an import makes of the answers of real drivers, quirks included, where no server is. What
+// the answers are about is the schema of tests/real; scripts/record_fixtures made them.
+// WB_RENEW_GOLDEN=1 writes the outlines anew.
+TEST_F(Recordings, OfRealDriversGiveWhatTheyGave) {
+  for (const char* name : {"access", "mariadb", "postgresql", "sqlite"}) {
+    const std::string at = std::string(WB_SOURCE_DIR "/tests/recording/fixtures/") + name;
+    const ProgramResult result =
+        RunProgram({"import", "--replay", at + ".jsonl", "--record", again_, "--progress", "none"});
+    EXPECT_EQ(result.exit_code, 0) << result.err;
+    const ProgramResult outline =
+        RunProgram({"import", "--replay", again_, "--format", "text", "--progress", "none"});
+    if (std::getenv("WB_RENEW_GOLDEN") != nullptr) std::ofstream(at + ".txt") << outline.out;
+    EXPECT_EQ(FirstDifference(outline.out, ReadFile(at + ".txt")), "") << name;
+  }
 }
 
 // What an import has of a schema besides its names.

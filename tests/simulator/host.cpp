@@ -52,12 +52,13 @@ std::string Outcome::File() const {
 }
 
 Outcome ImportAll(const wbtest::Connection& connection, bool system, HostAct act,
-                  unsigned at_notification) {
+                  unsigned at_notification, const std::u16string& catalog) {
   Outcome outcome;
   outcome.workbook = std::make_unique<LcWorkbook>();
   LcODBCWorkbookImport importer(&OnNotify, outcome.workbook.get());
   importer.choices.item_mask = kAllItems;
   importer.choices.include_system = system;
+  importer.choices.catalog = catalog;
   importer.choices.keys = true;
   importer.choices.foreign_keys = true;
   importer.SyncLogin(connection.henv(), connection.hdbc());

@@ -34,6 +34,7 @@ struct Outcome {
 // One import of everything, system objects included where `system` is set. At the n-th
 // notification, counted from 1, the host acts.
 Outcome ImportAll(const wbtest::Connection& connection, bool system = true,
-                  HostAct act = HostAct::kNothing, unsigned at_notification = 0);
+                  HostAct act = HostAct::kNothing, unsigned at_notification = 0,
+                  const std::u16string& catalog = {});
 
 }  // namespace simtest
