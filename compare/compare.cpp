@@ -21,8 +21,7 @@ namespace {
 class ForeignKeys {
  public:
   explicit ForeignKeys(const LcWorkbook& workbook) {
-    for (const LcWorkbookTable* table : workbook.tables) {
-      if (table == nullptr) continue;
+    for (const LcWorkbookTable* table : workbook.tables.Present()) {
       for (const auto& key : table->GetForeignKeys()) {
         if (key->GetRole() != fkForward || key->GetPartner() != nullptr) continue;
         const LcWorkbookKeyList* side = key->GetForeignKey();

@@ -101,9 +101,8 @@ Knowledge::Knowledge(const Side& side)
   if (!side.info.choices.empty()) ReadChoices(side.info.choices);
   ReadNotRead(side.workbook.details);
   if (side.workbook.table_names.IsEmpty()) return;
-  for (const LcTableInfo* table : side.workbook.table_names) {
-    if (table != nullptr) named_tables_.insert(Key(table->owner, table->name));
-  }
+  for (const LcTableInfo* table : side.workbook.table_names.Present())
+    named_tables_.insert(Key(table->owner, table->name));
 }
 
 // The request was checked when it ran; what is not understood chooses nothing.

@@ -66,9 +66,7 @@ bool SelectDiagram(const Document& document, const Options& options, Diagram& di
                    std::vector<std::string>& notes) {
   const Relationships relationships(document.workbook);
   std::vector<const LcWorkbookTable*> all;
-  for (const LcWorkbookTable* table : document.workbook.tables) {
-    if (table != nullptr) all.push_back(table);
-  }
+  for (const LcWorkbookTable* table : document.workbook.tables.Present()) all.push_back(table);
   TableSet shown(all.begin(), all.end());
   if (!options.around.empty()) {
     const LcWorkbookTable* middle = FindAround(document.workbook, options.around, notes);

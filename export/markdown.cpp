@@ -52,8 +52,7 @@ class Pages {
 
   void WriteTableList(std::ostream& out) const {
     bool any = false;
-    for (const LcWorkbookTable* table : workbook_.tables) {
-      if (table == nullptr) continue;
+    for (const LcWorkbookTable* table : workbook_.tables.Present()) {
       if (!any) out << "\n| Table | Kind | Columns | Refers to |\n|---|---|--:|---|\n";
       any = true;
       std::string targets;
@@ -105,8 +104,7 @@ class Pages {
 
   void WriteRest(std::ostream& out) const {
     bool any = false;
-    for (const LcWorkbookDatatype* type : workbook_.data_types) {
-      if (type == nullptr) continue;
+    for (const LcWorkbookDatatype* type : workbook_.data_types.Present()) {
       if (!any) out << "\n## Data types\n\n";
       any = true;
       const std::string other = Display(type->GetOtherTypeName());
@@ -118,8 +116,7 @@ class Pages {
     WriteDescribed(out, "Operators", workbook_.operators);
     WriteDescribed(out, "Aggregates", workbook_.aggregates);
     any = false;
-    for (const LcWorkbookProcedure* procedure : workbook_.procedures) {
-      if (procedure == nullptr) continue;
+    for (const LcWorkbookProcedure* procedure : workbook_.procedures.Present()) {
       if (!any) out << "\n## Procedures\n\n";
       any = true;
       const std::string owner = Display(procedure->GetOwner());
@@ -145,8 +142,7 @@ class Pages {
   static void WriteFunctions(std::ostream& out, const char* title,
                              const LcWorkbookFunctionList& functions) {
     bool any = false;
-    for (const LcWorkbookFunction* function : functions) {
-      if (function == nullptr) continue;
+    for (const LcWorkbookFunction* function : functions.Present()) {
       if (!any) out << "\n## " << title << "\n\n";
       any = true;
       const std::string owner = Display(function->GetOwner());
@@ -165,8 +161,7 @@ class Pages {
   template <class List>
   static void WriteDescribed(std::ostream& out, const char* title, const List& list) {
     bool any = false;
-    for (const auto* entry : list) {
-      if (entry == nullptr) continue;
+    for (const auto* entry : list.Present()) {
       if (!any) out << "\n## " << title << "\n\n";
       any = true;
       const bool described =
@@ -216,14 +211,12 @@ class FileNames {
 bool WriteMarkdown(const Document& document, const Options& /*options*/, std::ostream& out,
                    Notes& /*notes*/) {
   Links links;
-  for (const LcWorkbookTable* table : document.workbook.tables) {
-    if (table != nullptr) links.emplace(table, fmt::format("#table-{}", links.size() + 1));
-  }
+  for (const LcWorkbookTable* table : document.workbook.tables.Present())
+    links.emplace(table, fmt::format("#table-{}", links.size() + 1));
   const Pages pages(document, links);
   pages.WriteHead(out);
   pages.WriteTableList(out);
-  for (const LcWorkbookTable* table : document.workbook.tables) {
-    if (table == nullptr) continue;
+  for (const LcWorkbookTable* table : document.workbook.tables.Present()) {
     out << fmt::format("\n<a id=\"{}\"></a>\n\n## {}\n", links[table].substr(1),
                        Escape(DisplayName(*table)));
     pages.WriteTable(out, *table);
@@ -248,8 +241,7 @@ bool WriteMarkdownFolder(const Document& document, const std::string& folder, No
   Links from_start;
   Links from_table;
   FileNames names;
-  for (const LcWorkbookTable* table : document.workbook.tables) {
-    if (table == nullptr) continue;
+  for (const LcWorkbookTable* table : document.workbook.tables.Present()) {
     const std::string name = names.For(*table);
     from_start.emplace(table, "tables/" + name);
     from_table.emplace(table, name);
@@ -261,8 +253,7 @@ bool WriteMarkdownFolder(const Document& document, const std::string& folder, No
   start.WriteRest(page);
   if (!write(fs::path(folder) / "README.md", page.str())) return false;
   const Pages beside(document, from_table);
-  for (const LcWorkbookTable* table : document.workbook.tables) {
-    if (table == nullptr) continue;
+  for (const LcWorkbookTable* table : document.workbook.tables.Present()) {
     page.str("");
     page << "# " << Escape(DisplayName(*table)) << "\n\n[All tables](../README.md)\n";
     if (document.info.incomplete) {

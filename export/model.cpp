@@ -100,8 +100,7 @@ Relationships::Relationships(const LcWorkbook& workbook) {
     return side == nullptr ? std::vector<LcWorkbookColumn*>() : side->GetColumns();
   };
   for (const LeForeignKeyRole role : {fkForward, fkMirror}) {
-    for (const LcWorkbookTable* table : workbook.tables) {
-      if (table == nullptr) continue;
+    for (const LcWorkbookTable* table : workbook.tables.Present()) {
       for (const auto& key : table->GetForeignKeys()) {
         if (key->GetRole() != role || (role == fkMirror && key->GetPartner() != nullptr)) continue;
         Relationship r;

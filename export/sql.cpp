@@ -64,14 +64,13 @@ class Script {
     out_ << "-- Schema of " << SourceText(info_) << ".\n";
     if (info_.incomplete) out_ << "-- " << IncompleteText(info_) << '\n';
     std::set<std::u16string> owners;
-    for (const LcWorkbookTable* table : workbook_.tables) {
-      if (table == nullptr || !IsCreated(*table) || table->GetOwner(false).empty()) continue;
+    for (const LcWorkbookTable* table : workbook_.tables.Present()) {
+      if (!IsCreated(*table) || table->GetOwner(false).empty()) continue;
       if (!owners.insert(table->GetOwner(false)).second) continue;
       if (owners.size() == 1) out_ << '\n';
       out_ << "CREATE SCHEMA " << Quote(table->GetOwner(false)) << ";\n";
     }
-    for (const LcWorkbookTable* table : workbook_.tables) {
-      if (table == nullptr) continue;
+    for (const LcWorkbookTable* table : workbook_.tables.Present()) {
       out_ << '\n';
       if (IsCreated(*table)) {
         WriteTable(*table);

@@ -95,18 +95,15 @@ class Outline {
            << '\n';
     }
     std::vector<std::string> owners;
-    for (const LcOwnerInfo* owner : workbook_.owner_names) {
-      if (owner != nullptr) owners.push_back(Display(owner->name));
-    }
+    for (const LcOwnerInfo* owner : workbook_.owner_names.Present())
+      owners.push_back(Display(owner->name));
     if (owners.empty()) return;
     Title("Owners", owners.size());
     WriteWrapped(owners);
   }
 
   void WriteTables() {
-    for (const LcWorkbookTable* table : workbook_.tables) {
-      if (table != nullptr) WriteTable(*table);
-    }
+    for (const LcWorkbookTable* table : workbook_.tables.Present()) WriteTable(*table);
   }
 
   void WriteTable(const LcWorkbookTable& table) {
@@ -168,16 +165,14 @@ class Outline {
     std::size_t count = 0;
     for (const LcTableInfo* table : workbook_.table_names) count += table != nullptr ? 1 : 0;
     if (count != 0) Title("Names of tables, views and synonyms", count);
-    for (const LcTableInfo* table : workbook_.table_names) {
-      if (table == nullptr) continue;
+    for (const LcTableInfo* table : workbook_.table_names.Present()) {
       out_ << "  " << (table->owner.empty() ? "" : Display(table->owner) + ".")
            << Display(table->name);
       if (table->type != ttTable) out_ << " (" << KindName(table->type) << ')';
       out_ << '\n';
     }
     if (!workbook_.column_names.IsEmpty()) Title("Columns", workbook_.column_names.GetCount());
-    for (const LcWBColumnInfo* column : workbook_.column_names) {
-      if (column == nullptr) continue;
+    for (const LcWBColumnInfo* column : workbook_.column_names.Present()) {
       out_ << "  " << Display(column->name);
       if (column->data_type) out_ << "  " << In(Style::kType, TypeName(*column->data_type));
       out_ << '\n';
@@ -186,9 +181,8 @@ class Outline {
 
   void WriteTypes() {
     std::vector<std::string> names;
-    for (const LcWorkbookDatatype* type : workbook_.data_types) {
-      if (type != nullptr) names.push_back(TypeName(*type));
-    }
+    for (const LcWorkbookDatatype* type : workbook_.data_types.Present())
+      names.push_back(TypeName(*type));
     if (names.empty()) return;
     Title("Data types", names.size());
     WriteWrapped(names);
@@ -197,8 +191,7 @@ class Outline {
   void WriteFunctions(const std::string& title, const LcWorkbookFunctionList& functions) {
     std::size_t count = 0;
     std::size_t overloads = 0;
-    for (const LcWorkbookFunction* function : functions) {
-      if (function == nullptr) continue;
+    for (const LcWorkbookFunction* function : functions.Present()) {
       ++count;
       overloads += function->GetOverloads().size();
     }
@@ -209,8 +202,7 @@ class Outline {
            << ", listed with --all-functions\n";
       return;
     }
-    for (const LcWorkbookFunction* function : functions) {
-      if (function == nullptr) continue;
+    for (const LcWorkbookFunction* function : functions.Present()) {
       const std::string owner = Display(function->GetOwner());
       out_ << "  " << (owner.empty() ? "" : owner + ".") << Display(function->GetName()) << '\n';
       for (const auto& overload : function->GetOverloads()) {
@@ -226,9 +218,7 @@ class Outline {
   template <class List>
   void WriteDescribed(const std::string& title, const List& list) {
     std::vector<std::string> names;
-    for (const auto* entry : list) {
-      if (entry != nullptr) names.push_back(Display(entry->GetName()));
-    }
+    for (const auto* entry : list.Present()) names.push_back(Display(entry->GetName()));
     if (names.empty()) return;
     Title(title, names.size());
     WriteWrapped(names);
@@ -236,8 +226,7 @@ class Outline {
 
   void WriteProcedures() {
     std::vector<std::string> names;
-    for (const LcWorkbookProcedure* procedure : workbook_.procedures) {
-      if (procedure == nullptr) continue;
+    for (const LcWorkbookProcedure* procedure : workbook_.procedures.Present()) {
       const std::string owner = Display(procedure->GetOwner());
       names.push_back((owner.empty() ? "" : owner + ".") + Display(procedure->GetName()));
     }

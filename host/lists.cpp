@@ -48,9 +48,8 @@ class Reader {
 std::vector<ListedName> TableNames(Reader& reader, std::uint32_t items) {
   std::vector<ListedName> names;
   const ImportResult result = reader.Run(items);
-  for (const LcTableInfo* table : result.workbook->table_names) {
-    if (table != nullptr) names.push_back({table->owner, table->name});
-  }
+  for (const LcTableInfo* table : result.workbook->table_names.Present())
+    names.push_back({table->owner, table->name});
   return names;
 }
 
@@ -60,9 +59,8 @@ std::vector<ListedName> OwnerNames(Reader& reader) {
   std::vector<ListedName> owners;
   if (reader.Route().lists_owners) {
     const ImportResult result = reader.Run(ibOwnerNames);
-    for (const LcOwnerInfo* owner : result.workbook->owner_names) {
-      if (owner != nullptr) owners.push_back({u"", owner->name});
-    }
+    for (const LcOwnerInfo* owner : result.workbook->owner_names.Present())
+      owners.push_back({u"", owner->name});
     if (!owners.empty() || !result.info.result) return owners;
   }
   std::set<std::u16string> seen;
@@ -83,8 +81,8 @@ std::vector<ListedName> ColumnsOfImportedTable(Reader& reader) {
   choices.foreign_keys = false;
   std::vector<ListedName> columns;
   const ImportResult names = reader.Run(choices, ibTableNames | ibViewNames);
-  for (const LcTableInfo* table : names.workbook->table_names) {
-    if (table == nullptr || table->name != choices.single_table_name ||
+  for (const LcTableInfo* table : names.workbook->table_names.Present()) {
+    if (table->name != choices.single_table_name ||
         (!choices.single_item_owner.empty() && table->owner != choices.single_item_owner)) {
       continue;
     }
@@ -97,8 +95,8 @@ std::vector<ListedName> ColumnsOfImportedTable(Reader& reader) {
   }
   if (choices.selected_tables.IsEmpty()) return columns;
   const ImportResult result = reader.Run(choices, ibTables | ibViews);
-  for (const LcWorkbookTable* table : result.workbook->tables) {
-    if (table == nullptr || table->GetName() != choices.single_table_name) continue;
+  for (const LcWorkbookTable* table : result.workbook->tables.Present()) {
+    if (table->GetName() != choices.single_table_name) continue;
     for (int i = 0; i < table->GetColumnCount(); ++i) {
       columns.push_back({u"", table->GetColumn(i)->GetName()});
     }
@@ -114,17 +112,15 @@ std::vector<ListedName> ColumnNames(Reader& reader) {
   if (!reader.Route().lists_columns) return ColumnsOfImportedTable(reader);
   std::vector<ListedName> columns;
   const ImportResult result = reader.Run(ibColumnNames);
-  for (const LcWBColumnInfo* column : result.workbook->column_names) {
-    if (column != nullptr) columns.push_back({u"", column->name});
-  }
+  for (const LcWBColumnInfo* column : result.workbook->column_names.Present())
+    columns.push_back({u"", column->name});
   return columns;
 }
 
 std::vector<ListedName> TypeNames(Reader& reader) {
   std::vector<ListedName> names;
   const ImportResult result = reader.Run(ibDataTypes);
-  for (const LcWorkbookDatatype* type : result.workbook->data_types) {
-    if (type == nullptr) continue;
+  for (const LcWorkbookDatatype* type : result.workbook->data_types.Present()) {
     const std::u16string& name = type->GetTypeName();
     names.push_back({type->GetOwner(), name.empty() ? type->GetExtendedTypeName(0) : name});
   }
@@ -139,8 +135,8 @@ std::vector<ListedName> FunctionNames(Reader& reader) {
   const ImportResult result = reader.Run(ibBooleanFunctions | ibFunctions);
   for (const LcWorkbookFunctionList* list :
        {&result.workbook->functions, &result.workbook->boolean_functions}) {
-    for (const LcWorkbookFunction* function : *list) {
-      if (function == nullptr || !seen.emplace(function->GetOwner(), function->GetName()).second) {
+    for (const LcWorkbookFunction* function : list->Present()) {
+      if (!seen.emplace(function->GetOwner(), function->GetName()).second) {
         continue;
       }
       names.push_back({function->GetOwner(), function->GetName()});
@@ -152,18 +148,15 @@ std::vector<ListedName> FunctionNames(Reader& reader) {
 template <class Entries>
 std::vector<ListedName> PlainNames(const Entries& entries) {
   std::vector<ListedName> names;
-  for (const auto* entry : entries) {
-    if (entry != nullptr) names.push_back({u"", entry->GetName()});
-  }
+  for (const auto* entry : entries.Present()) names.push_back({u"", entry->GetName()});
   return names;
 }
 
 std::vector<ListedName> ProcedureNames(Reader& reader) {
   std::vector<ListedName> names;
   const ImportResult result = reader.Run(ibProcedures);
-  for (const LcWorkbookProcedure* procedure : result.workbook->procedures) {
-    if (procedure != nullptr) names.push_back({procedure->GetOwner(), procedure->GetName()});
-  }
+  for (const LcWorkbookProcedure* procedure : result.workbook->procedures.Present())
+    names.push_back({procedure->GetOwner(), procedure->GetName()});
   return names;
 }
 

@@ -17,8 +17,8 @@ void CompleteSynonyms(Choices& choices, ImportRunner& runner, Outcome& outcome) 
   if (names.info.incomplete) return;
   for (const QualifiedName& wanted : choices.synonyms_to_find) {
     bool found = false;
-    for (const LcTableInfo* synonym : names.workbook->table_names) {
-      if (synonym == nullptr || synonym->type != ttSynonym || synonym->name != wanted.name ||
+    for (const LcTableInfo* synonym : names.workbook->table_names.Present()) {
+      if (synonym->type != ttSynonym || synonym->name != wanted.name ||
           (!wanted.owner.empty() && synonym->owner != wanted.owner)) {
         continue;
       }

@@ -80,6 +80,42 @@ class LcObjectList {
   Iterator begin() const { return Iterator(entries_.data()); }
   Iterator end() const { return Iterator(entries_.data() + entries_.size()); }
 
+  // The entries that are there, in list order, for a walk that has no use for empty ones. Valid
+  // like an iterator: as long as the list is not changed.
+  class PresentEntries {
+   public:
+    class Iterator {
+     public:
+      Iterator(const std::shared_ptr<T>* at, const std::shared_ptr<T>* end) : at_(at), end_(end) {
+        SkipEmpty();
+      }
+      T* operator*() const { return at_->get(); }
+      Iterator& operator++() {
+        ++at_;
+        SkipEmpty();
+        return *this;
+      }
+      bool operator==(const Iterator& other) const { return at_ == other.at_; }
+      bool operator!=(const Iterator& other) const { return at_ != other.at_; }
+
+     private:
+      void SkipEmpty() {
+        while (at_ != end_ && *at_ == nullptr) ++at_;
+      }
+      const std::shared_ptr<T>* at_;
+      const std::shared_ptr<T>* end_;
+    };
+    explicit PresentEntries(const std::vector<std::shared_ptr<T>>& entries)
+        : begin_(entries.data()), end_(entries.data() + entries.size()) {}
+    Iterator begin() const { return {begin_, end_}; }
+    Iterator end() const { return {end_, end_}; }
+
+   private:
+    const std::shared_ptr<T>* begin_;
+    const std::shared_ptr<T>* end_;
+  };
+  [[nodiscard]] PresentEntries Present() const { return PresentEntries(entries_); }
+
  protected:
   // For lists with an index or with entries that know their list: called after an append (null for
   // an empty entry), before the list is emptied, and after any change but an append.

@@ -267,9 +267,8 @@ void WriteRoutines(JsonWriter& json, const LcWorkbook& workbook) {
 void WriteWorkbookFile(const LcWorkbook& workbook, const LcWorkbookFileInfo& info,
                        std::ostream& out) {
   TablePositions positions;
-  for (const LcWorkbookTable* table : workbook.tables) {
-    if (table != nullptr) positions.emplace(table, positions.size());
-  }
+  for (const LcWorkbookTable* table : workbook.tables.Present())
+    positions.emplace(table, positions.size());
   {
     JsonWriter json(out);
     json.BeginObject();

@@ -1,21 +1,10 @@
 // Reads the foreign keys that refer to a table from SQLForeignKeys.
 #include "routes/generic/foreign_key_reader.h"
 
-#include <memory>
-
 #include "routes/generic/connection_facts.h"
+#include "routes/shared/relationship.h"
 
 namespace odbcimport::generic {
-namespace {
-
-LcWorkbookKeyList* NewKeyList(LcWorkbookColumn* column) {
-  auto list = std::make_unique<LcWorkbookKeyList>();
-  list->AddKeyColumn(column);
-  return list.release();
-}
-
-}  // namespace
-
 void ForeignKeyReader::Row::Bind(odbc::Statement& statement) {
   SQLUSMALLINT column = 0;
   for (BoundText* text : {&key_qualifier, &key_owner, &key_table, &key_column, &foreign_qualifier,
@@ -84,21 +73,8 @@ bool ForeignKeyReader::GetTableForeignKeysODBC(LcWorkbookTable& table,
 
 void ForeignKeyReader::Complete(const Pending& pending, LcWorkbookTable& table,
                                 LcWorkbookTable& referencing) {
-  auto forward = std::make_unique<LcWorkbookForeignKey>();
-  auto mirror = std::make_unique<LcWorkbookForeignKey>();
-  forward->SetKey(NewKeyList(pending.key_column));
-  forward->SetForeignKey(NewKeyList(pending.foreign_column));
-  mirror->SetKey(NewKeyList(pending.foreign_column));
-  mirror->SetForeignKey(NewKeyList(pending.key_column));
-  LcWorkbookForeignKey* const p = forward.get();
-  LcWorkbookForeignKey* const f = mirror.get();
-  LcWorkbookForeignKey::Pair(p, f);
-  table.AddForeignKey(forward.release());
-  referencing.AddForeignKey(mirror.release());
-  session_.SetKeyType(p);
-  session_.SetKeyType(f);
-  // One side is one at least: hosts draw the end of the referenced table by it.
-  if (!p->IsOneToOne() && !f->IsOneToOne()) f->SetOneToOne(true);
+  AddRelationship(session_, table, *pending.key_column, referencing, *pending.foreign_column)
+      .ApplyOneToOneRule();
 }
 
 }  // namespace odbcimport::generic

@@ -9,11 +9,10 @@
 #include "routes/generic/bound.h"
 #include "routes/generic/catalog_statement.h"
 #include "routes/generic/connection_facts.h"
+#include "routes/shared/readers.h"
 
 namespace odbcimport::generic {
 namespace {
-
-constexpr const char16_t* kOperators[] = {u"=", u"<", u"<=", u">", u">=", u"<>", u"like", u"is"};
 
 constexpr const char16_t* kAccessAggregates[] = {u"Avg", u"Count", u"First", u"Last",
                                                  u"Min", u"Max",   u"StDev", u"StDevP",
@@ -69,13 +68,7 @@ bool GetProceduresODBC(ImportSession& session) {
   return true;
 }
 
-bool GetOperatorsODBC(ImportSession& session) {
-  if (session.targets.operators == nullptr) return true;
-  for (const char16_t* name : kOperators) {
-    session.targets.operators->Append(std::make_unique<LcWorkbookOperator>(name, name));
-  }
-  return true;
-}
+bool GetOperatorsODBC(ImportSession& session) { return GetOperators(session); }
 
 bool GetAggregatesODBC(ImportSession& session) {
   if (session.targets.aggregates == nullptr) return true;

@@ -14,9 +14,7 @@ bool TableReader::GetOwnerNamesODBC() {
   if (owners == nullptr) return true;
 
   std::unordered_set<std::u16string> known;
-  for (const LcOwnerInfo* owner : *owners) {
-    if (owner != nullptr) known.insert(owner->name);
-  }
+  for (const LcOwnerInfo* owner : owners->Present()) known.insert(owner->name);
 
   CatalogStatement statement;
   SQLRETURN result = statement.Open(

@@ -105,8 +105,7 @@ bool GetDataTypesODBC(ImportSession& session, LcWorkbookDatatypeList& types) {
 }
 
 void SetupGenericDataTypeCodes(LcWorkbookDatatypeList& types) {
-  for (LcWorkbookDatatype* type : types) {
-    if (type == nullptr) continue;
+  for (LcWorkbookDatatype* type : types.Present()) {
     type->SetGenericCode(dtUnknown);
     type->SetTypeGroup(dgOther);
     for (const GenericCodes& row : kGenericCodes) {

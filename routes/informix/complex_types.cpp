@@ -149,8 +149,8 @@ const std::u16string& ComplexTypes::RegularTypeName(int physical_code) {
   if (regular_names_count_ != list.GetCount()) {
     regular_names_.fill({});
     std::array<bool, 19> seen{};
-    for (const LcWorkbookDatatype* type : list) {
-      if (type == nullptr || type->GetExtendedTypeNameCount() > 0) continue;
+    for (const LcWorkbookDatatype* type : list.Present()) {
+      if (type->GetExtendedTypeNameCount() > 0) continue;
       const int code = type->GetPhysicalCode();
       if (code < 0 || !IsRegularDataType(code)) continue;
       const auto at = static_cast<std::size_t>(code);

@@ -21,8 +21,7 @@ void BuildOnlineSQLGetPrimaryKeys(const LcWorkbookTableList* tables, bool is_ius
                u"t2.constrtype='U') and (t2.idxname=t3.idxname) ";
   if (tables == nullptr) return;
   bool first = true;
-  for (const LcWorkbookTable* table : *tables) {
-    if (table == nullptr) continue;
+  for (const LcWorkbookTable* table : tables->Present()) {
     text.append(first ? u" and  (" : u" or ");
     text.append(u"( t1.tabname=\"").append(table->GetName());
     text.append(u"\" and  t1.owner=\"").append(table->GetOwner(false)).append(u"\")");

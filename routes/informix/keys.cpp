@@ -13,6 +13,7 @@
 #include "odbc/record_list.h"
 #include "routes/informix/index_keys.h"
 #include "routes/informix/key_queries.h"
+#include "routes/shared/relationship.h"
 
 namespace odbcimport::informix {
 namespace {
@@ -52,24 +53,6 @@ void ReadPartNumbers(const LcODBCRecordList& rows, int row, LcWorkbookKeyList* k
   }
 }
 
-// Records a relationship on both tables: the forward key on the referenced one, its mirror on the
-// referring one.
-void AddRelationship(const ImportSession& session, LcWorkbookTable& parent, LcWorkbookTable& child,
-                     const LcWorkbookKeyList& child_columns) {
-  const LcWorkbookKeyList& parent_columns = parent.GetPrimaryKey();
-  auto forward = std::make_unique<LcWorkbookForeignKey>();
-  auto mirror = std::make_unique<LcWorkbookForeignKey>();
-  forward->SetKey(std::make_unique<LcWorkbookKeyList>(parent_columns).release());
-  forward->SetForeignKey(std::make_unique<LcWorkbookKeyList>(child_columns).release());
-  mirror->SetKey(std::make_unique<LcWorkbookKeyList>(child_columns).release());
-  mirror->SetForeignKey(std::make_unique<LcWorkbookKeyList>(parent_columns).release());
-  LcWorkbookForeignKey::Pair(forward.get(), mirror.get());
-  LcWorkbookForeignKey* const keys[] = {forward.get(), mirror.get()};
-  parent.AddForeignKey(forward.release());
-  child.AddForeignKey(mirror.release());
-  for (LcWorkbookForeignKey* key : keys) session.SetKeyType(key);
-}
-
 bool GetOnlineForeignKeys(const ImportSession& session, LcWorkbookTableList& tables,
                           LcWorkbookTable* parent, int constraint_id, int parent_tabid) try {
   std::u16string sql;
@@ -87,7 +70,7 @@ bool GetOnlineForeignKeys(const ImportSession& session, LcWorkbookTableList& tab
       ReadPartNumbers(rows, row, &child_columns, child);
     }
     if (child_columns.GetCount() == parent->GetPrimaryKey().GetCount()) {
-      AddRelationship(session, *parent, *child, child_columns);
+      AddRelationship(session, *parent, parent->GetPrimaryKey(), *child, child_columns);
     }
   }
   return true;

@@ -89,8 +89,8 @@ bool GetDataTypes(const ImportSession& session, const std::u16string& sql,
 }
 
 bool GetComplexDataTypes(LcWorkbookDatatypeList* types, ComplexTypes& complex_types) {
-  for (LcWorkbookDatatype* type : *types) {
-    if (type == nullptr || type->GetExtendedId() <= 0 || type->IsDistinct()) continue;
+  for (LcWorkbookDatatype* type : types->Present()) {
+    if (type->GetExtendedId() <= 0 || type->IsDistinct()) continue;
     // A type that cannot be read whole keeps what was read of it.
     if (IsComplexCode(type->GetPhysicalCode())) {
       static_cast<void>(complex_types.GetComplexType(type->GetExtendedId(), type));

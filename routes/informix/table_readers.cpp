@@ -10,6 +10,7 @@
 #include "routes/informix/column_types.h"
 #include "routes/informix/remote_databases.h"
 #include "routes/shared/catalog_queries.h"
+#include "routes/shared/name_boundary.h"
 
 namespace odbcimport::informix {
 namespace {
@@ -68,10 +69,9 @@ class ColumnReader {
 
 // Makes the next table, with its owner and name, the session's current item.
 LcWorkbookTable* BeginTable(ImportSession& session, LcWorkbookTableList& tables,
-                            std::u16string_view owner, std::u16string_view name,
-                            std::unique_ptr<LcWorkbookTable> table) {
-  session.current_item.text1 = owner;
-  session.current_item.text2 = name;
+                            const NameBoundary& boundary, std::unique_ptr<LcWorkbookTable> table) {
+  session.current_item.text1 = boundary.owner();
+  session.current_item.text2 = boundary.name();
   table->SetOwner(session.current_item.text1);
   table->SetName(session.current_item.text2);
   return tables.Append(std::move(table));
@@ -81,8 +81,8 @@ LcWorkbookTable* BeginTable(ImportSession& session, LcWorkbookTableList& tables,
 class SelectedSynonyms {
  public:
   explicit SelectedSynonyms(const LcImportChoices& choices) {
-    for (const LcTableInfo* entry : choices.selected_synonyms) {
-      if (entry == nullptr || !IsLocalSynonym(*entry, dbmsInformix)) continue;
+    for (const LcTableInfo* entry : choices.selected_synonyms.Present()) {
+      if (!IsLocalSynonym(*entry, dbmsInformix)) continue;
       details_[Key(entry->owner, entry->name)] = &entry->synonym;
     }
   }
@@ -150,24 +150,21 @@ bool ReadTablesAndViews(ImportSession& session, ComplexTypes& complex_types,
   const int count = rows.GetRowCount();
   session.StatusDialog(inLoopStart, iiTablesAndViews, static_cast<unsigned long>(count));
   const ColumnReader columns(session, complex_types, rows, kTableColumns, session.IsIUS());
-  std::u16string owner;
-  std::u16string name;
+  NameBoundary boundary(NameBoundary::Nameless::kBelongsToNothing);
   LcWorkbookTable* table = nullptr;
   std::u16string type_text;
   for (int row = 1; row <= count; ++row) {
     const std::u16string_view row_owner = base::TrimRightSpace(rows.View(row, 1));
     const std::u16string_view row_name = base::TrimRightSpace(rows.View(row, 2));
-    if (row_owner != owner || row_name != name) {
-      owner = row_owner;
-      name = row_name;
+    if (boundary.Next(row_owner, row_name)) {
       auto made = std::make_unique<LcWorkbookTable>();
       rows.GetData(row, 3, type_text);  // as it stands: a letter with blanks behind it is no view
       made->SetType(GetTableType(type_text, dbmsInformix));
-      table = BeginTable(session, tables, owner, name, std::move(made));
+      table = BeginTable(session, tables, boundary, std::move(made));
     }
     if (session.WasImportStoppedOrCancelled()) return false;
     if (table == nullptr) continue;  // rows without any name, before the first table
-    columns.Read(row, owner, name, *table);
+    columns.Read(row, boundary.owner(), boundary.name(), *table);
     if (session.WasImportStoppedOrCancelled()) return false;
   }
   if (session.WasImportStoppedOrCancelled()) return false;
@@ -190,25 +187,22 @@ bool ReadLocalSynonyms(ImportSession& session, ComplexTypes& complex_types,
   session.StatusDialog(inLoopStart, iiLocalSynonyms, static_cast<unsigned long>(count));
   const SelectedSynonyms selected(session.choices);
   const ColumnReader columns(session, complex_types, rows, kLocalSynonymColumns, session.IsIUS());
-  std::u16string owner;
-  std::u16string name;
+  NameBoundary boundary(NameBoundary::Nameless::kBelongsToNothing);
   LcWorkbookTable* table = nullptr;
   for (int row = 1; row <= count; ++row) {
     const std::u16string_view row_name = base::TrimRightSpace(rows.View(row, 3));
     const std::u16string_view row_owner = base::TrimRightSpace(rows.View(row, 4));
-    if (row_owner != owner || row_name != name) {
-      owner = row_owner;
-      name = row_name;
+    if (boundary.Next(row_owner, row_name)) {
       auto made = std::make_unique<LcWorkbookTable>();
       made->SetType(ttSynonym);
-      if (const LcSynonymDetails* details = selected.Find(owner, name)) {
+      if (const LcSynonymDetails* details = selected.Find(boundary.owner(), boundary.name())) {
         made->SetSynonymDetails(*details);
       }
-      table = BeginTable(session, tables, owner, name, std::move(made));
+      table = BeginTable(session, tables, boundary, std::move(made));
     }
     if (session.WasImportStoppedOrCancelled()) return false;
     if (table == nullptr) continue;  // rows without any name, before the first table
-    columns.Read(row, owner, name, *table);
+    columns.Read(row, boundary.owner(), boundary.name(), *table);
     if (session.WasImportStoppedOrCancelled()) return false;
   }
   session.StatusDialog(inLoopEnd);

@@ -12,8 +12,7 @@ void BuildSQLGetNamedDataTypes(const LcOwnerInfoList* owners, std::u16string& te
       u"INFORMIX.SYSXTDTYPES t2 where (t1.source=t2.extended_id) and (t1.name!=\"\")";
   if (owners == nullptr) return;
   bool first = true;
-  for (const LcOwnerInfo* owner : *owners) {
-    if (owner == nullptr) continue;
+  for (const LcOwnerInfo* owner : owners->Present()) {
     text.append(first ? u" AND (" : u" OR ").append(u" owner=").append(owner->name);
     first = false;
   }

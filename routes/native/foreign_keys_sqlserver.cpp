@@ -42,9 +42,9 @@ void ReadKey(const ImportSession& session, const LcODBCRecordList& rows, int row
       return;
     }
     if (i == 0) {
-      keys.Start(referenced_table, referenced, referencing_table, referencing);
+      keys.Start(referenced_table, *referenced, referencing_table, *referencing);
     } else {
-      keys.Continue(referenced, referencing);
+      keys.Continue(*referenced, *referencing);
     }
     keys.ApplyOneToOneRule();
   }

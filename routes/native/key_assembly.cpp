@@ -93,10 +93,10 @@ void KeyAssembly::Add(const LcFKInfo& entry) {
   LcWorkbookColumn* referenced = referenced_table->FindColumn(column_);
   if (referenced == nullptr) return;
   if (entry.sequence == u"1") {
-    keys_.Start(*referenced_table, referenced, *referencing_table_, referencing);
+    keys_.Start(*referenced_table, *referenced, *referencing_table_, *referencing);
   } else {
     if (!HasForwardKey()) return;
-    keys_.Continue(referenced, referencing);
+    keys_.Continue(*referenced, *referencing);
   }
   keys_.ApplyOneToOneRule();
 }

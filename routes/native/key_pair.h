@@ -1,10 +1,7 @@
 // The two keys of one relationship while its column pairs arrive.
 #pragma once
 
-#include <memory>
-
-#include "importer/workbook/table.h"
-#include "session/session.h"
+#include "routes/shared/relationship.h"
 
 namespace odbcimport::native {
 
@@ -15,27 +12,24 @@ class KeyPair {
   explicit KeyPair(const ImportSession& session) : session_(session) {}
 
   // A new relationship with this column pair; both tables get their keys.
-  void Start(LcWorkbookTable& referenced_table, LcWorkbookColumn* referenced,
-             LcWorkbookTable& referencing_table, LcWorkbookColumn* referencing);
+  void Start(LcWorkbookTable& referenced_table, LcWorkbookColumn& referenced,
+             LcWorkbookTable& referencing_table, LcWorkbookColumn& referencing);
   // One more column pair. A side whose key is missing is left alone.
-  void Continue(LcWorkbookColumn* referenced, LcWorkbookColumn* referencing);
-  // Marks the mirror key one-to-one when neither key is classified so: deliberate, hosts draw a
-  // relationship from its mirror key, which leads from one row to one row.
-  void ApplyOneToOneRule();
+  void Continue(LcWorkbookColumn& referenced, LcWorkbookColumn& referencing);
+  void ApplyOneToOneRule() const { keys_.ApplyOneToOneRule(); }
 
   // Takes both keys out of their tables and deletes them.
   void TakeBack();
 
-  LcWorkbookForeignKey* forward() const { return forward_; }
+  LcWorkbookForeignKey* forward() const { return keys_.forward; }
   // Lets go of the forward key only; the mirror key stays in hand.
-  void ForgetForward() { forward_ = nullptr; }
+  void ForgetForward() { keys_.forward = nullptr; }
   // Takes a forward key that no table holds, which stays the caller's.
-  void SetForward(LcWorkbookForeignKey* key) { forward_ = key; }
+  void SetForward(LcWorkbookForeignKey* key) { keys_.forward = key; }
 
  private:
   const ImportSession& session_;
-  LcWorkbookForeignKey* forward_ = nullptr;
-  LcWorkbookForeignKey* mirror_ = nullptr;
+  Relationship keys_;
 };
 
 }  // namespace odbcimport::native

@@ -19,8 +19,8 @@ constexpr int kName = 2;
 LocalSynonymReader::LocalSynonymReader(const ImportSession& session, LcWorkbookTableList& tables)
     : session_(session), tables_(tables) {
   if (session.server.dbms_type != dbmsOracle) return;
-  for (const LcTableInfo* entry : session.choices.selected_synonyms) {
-    if (entry == nullptr || entry->type != ttSynonym || entry->synonym.database_name.empty()) {
+  for (const LcTableInfo* entry : session.choices.selected_synonyms.Present()) {
+    if (entry->type != ttSynonym || entry->synonym.database_name.empty()) {
       continue;
     }
     linked_[{entry->owner, entry->name}] = entry;
@@ -28,14 +28,16 @@ LocalSynonymReader::LocalSynonymReader(const ImportSession& session, LcWorkbookT
 }
 
 void LocalSynonymReader::StartSynonym() {
+  const std::u16string& owner = boundary_.owner();
+  const std::u16string& name = boundary_.name();
   auto table = std::make_unique<LcWorkbookTable>();
   // PUBLIC is no user of Oracle: what belongs to it is kept with the system's own objects.
   const bool is_public =
-      session_.server.dbms_type == dbmsOracle && base::EqualIgnoringCase(owner_, u"PUBLIC");
-  table->SetOwner(is_public ? u"SYS" : owner_);
-  table->SetName(name_);
+      session_.server.dbms_type == dbmsOracle && base::EqualIgnoringCase(owner, u"PUBLIC");
+  table->SetOwner(is_public ? u"SYS" : owner);
+  table->SetName(name);
   table->SetType(ttSynonym);
-  if (const auto found = linked_.find({owner_, name_}); found != linked_.end()) {
+  if (const auto found = linked_.find({owner, name}); found != linked_.end()) {
     const LcSynonymDetails& selected = found->second->synonym;
     LcSynonymDetails details;
     details.database_name = selected.database_name;
@@ -44,8 +46,8 @@ void LocalSynonymReader::StartSynonym() {
     table->SetSynonymDetails(details);
   }
   synonym_ = tables_.Append(std::move(table));
-  session_.current_item.text1 = owner_;
-  session_.current_item.text2 = name_;
+  session_.current_item.text1 = owner;
+  session_.current_item.text2 = name;
 }
 
 bool LocalSynonymReader::Read(const LcODBCRecordList& rows) {
@@ -54,14 +56,9 @@ bool LocalSynonymReader::Read(const LcODBCRecordList& rows) {
   for (int row = 1; row <= count; ++row) {
     const std::u16string_view owner = base::TrimRightBlanks(rows.View(row, kOwner));
     const std::u16string_view name = base::TrimRightBlanks(rows.View(row, kName));
-    // A first row without owner and name has no synonym to be added to, so it makes one.
-    if (synonym_ == nullptr || owner != owner_ || name != name_) {
-      owner_.assign(owner);
-      name_.assign(name);
-      StartSynonym();
-    }
+    if (boundary_.Next(owner, name)) StartSynonym();
     if (session_.WasImportStoppedOrCancelled()) return false;
-    AddNativeColumn(session_, rows, row, positions, owner_, name_, *synonym_);
+    AddNativeColumn(session_, rows, row, positions, boundary_.owner(), boundary_.name(), *synonym_);
     if (session_.WasImportStoppedOrCancelled()) return false;
   }
   return true;

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "odbc/record_list.h"
+#include "routes/shared/name_boundary.h"
 #include "session/session.h"
 
 namespace odbcimport::native {
@@ -27,8 +28,8 @@ class LocalSynonymReader {
   // The last selected synonym of each owner and name that lies behind an Oracle database link.
   std::map<std::pair<std::u16string_view, std::u16string_view>, const LcTableInfo*> linked_;
   LcWorkbookTable* synonym_ = nullptr;
-  std::u16string owner_;  // of the row before, as read
-  std::u16string name_;
+  // A first row without owner and name has no synonym to be added to, so it makes one.
+  NameBoundary boundary_{NameBoundary::Nameless::kBegins};
 };
 
 // Whether the entry of the selection is a synonym of a table in another database.

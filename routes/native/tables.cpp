@@ -20,16 +20,16 @@ constexpr int kTableType = 3;
 void NativeTableReader::StartTable(const LcODBCRecordList& rows, int row) {
   const int dbms_type = session_.server.dbms_type;
   auto table = std::make_unique<LcWorkbookTable>();
-  table->SetOwner(owner_);
-  table->SetName(name_);
+  table->SetOwner(boundary_.owner());
+  table->SetName(boundary_.name());
   table->SetType(GetTableType(base::TrimRightBlanks(rows.View(row, kTableType)), dbms_type));
   // SQL Server's foreign keys name tables by number; the field is free in what is no synonym.
   if (const int position = TableColumnPositions(dbms_type).table_id; position != 0) {
     table->SetSynonymId(static_cast<std::int32_t>(base::ParseInteger(rows.View(row, position))));
   }
   table_ = tables_.Append(std::move(table));
-  session_.current_item.text1 = owner_;
-  session_.current_item.text2 = name_;
+  session_.current_item.text1 = boundary_.owner();
+  session_.current_item.text2 = boundary_.name();
 }
 
 bool NativeTableReader::Read(const LcODBCRecordList& rows) {
@@ -39,15 +39,11 @@ bool NativeTableReader::Read(const LcODBCRecordList& rows) {
     const std::u16string_view owner = base::TrimRightBlanks(rows.View(row, kOwner));
     const std::u16string_view name = base::TrimRightBlanks(rows.View(row, kTable));
     if (owner.empty() || name.empty()) continue;
-    if (owner != owner_ || name != name_) {
-      owner_.assign(owner);
-      name_.assign(name);
-      StartTable(rows, row);
-    }
+    if (boundary_.Next(owner, name)) StartTable(rows, row);
     // Deliberately after the new table and for this list alone: the lists that follow still show
     // their first table, so that a host sees in its workbook how far the catalog goes.
     if (session_.WasImportStoppedOrCancelled()) return true;
-    AddNativeColumn(session_, rows, row, positions, owner_, name_, *table_);
+    AddNativeColumn(session_, rows, row, positions, boundary_.owner(), boundary_.name(), *table_);
     if (session_.WasImportStoppedOrCancelled()) return false;
   }
   return true;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "odbc/record_list.h"
+#include "routes/shared/name_boundary.h"
 #include "session/session.h"
 
 namespace odbcimport::native {
@@ -25,8 +26,7 @@ class NativeTableReader {
   const ImportSession& session_;
   LcWorkbookTableList& tables_;
   LcWorkbookTable* table_ = nullptr;
-  std::u16string owner_;  // of the row before
-  std::u16string name_;
+  NameBoundary boundary_{NameBoundary::Nameless::kBelongsToNothing};
 };
 
 }  // namespace odbcimport::native

@@ -243,8 +243,8 @@ bool BuildLocalSynonymQuery(const LcImportChoices& choices, std::u16string& text
   std::u16string sql(pieces->base);
   if (CountLocalSynonyms(choices, server_type) > 0) {
     u16string_view before = u" AND (";
-    for (const LcTableInfo* entry : choices.selected_synonyms) {
-      if (entry == nullptr || !IsLocalSynonym(*entry, server_type)) continue;
+    for (const LcTableInfo* entry : choices.selected_synonyms.Present()) {
+      if (!IsLocalSynonym(*entry, server_type)) continue;
       sql.append(before);
       AppendSynonymCondition(*pieces, *entry, sql);
       before = u" OR";

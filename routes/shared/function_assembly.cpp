@@ -9,6 +9,7 @@
 
 #include "base/ascii.h"
 #include "base/text.h"
+#include "routes/shared/name_boundary.h"
 
 namespace odbcimport {
 namespace {
@@ -33,26 +34,6 @@ bool SortsBefore(const std::unique_ptr<LcFunctionInfo>& a,
   return order < 0;
 }
 
-// Tells where one function ends and the next begins in rows that are ordered by owner and name.
-class FunctionBoundary {
- public:
-  // True when the row begins a function.
-  bool Next(const std::u16string& owner, const std::u16string& name) {
-    const bool begins = first_ || owner != owner_ || name != name_;
-    first_ = false;
-    owner_ = owner;
-    name_ = name;
-    return begins;
-  }
-  const std::u16string& owner() const { return owner_; }
-  const std::u16string& name() const { return name_; }
-
- private:
-  bool first_ = true;
-  std::u16string owner_;
-  std::u16string name_;
-};
-
 void AddOverload(LcWorkbookFunction& function, const std::u16string& name,
                  const std::u16string& parameters) {
   auto overload = std::make_unique<LcWorkbookFunctionOverload>();
@@ -75,7 +56,7 @@ void AssembleFunctionsInformix(const ImportSession& session, const LcODBCRecordL
   }
   std::stable_sort(sorted.begin(), sorted.end(), SortsBefore);
 
-  FunctionBoundary boundary;
+  NameBoundary boundary(NameBoundary::Nameless::kBegins);
   LcWorkbookFunction* function = nullptr;
   for (const auto& info : sorted) {
     if (boundary.Next(info->owner, info->name)) {
@@ -94,7 +75,7 @@ void AssembleFunctionsInformix(const ImportSession& session, const LcODBCRecordL
 
 bool AssembleFunctionsDB2(const ImportSession& session, const LcODBCRecordList& rows,
                           LcWorkbookFunctionList& functions) {
-  FunctionBoundary boundary;
+  NameBoundary boundary(NameBoundary::Nameless::kBegins);
   LcWorkbookFunction* function = nullptr;
   std::u16string parameters;  // of the overload in the making
   long collected = 0;

@@ -67,8 +67,8 @@ std::u16string InformixSynonymText(const LcImportChoices& choices,
                                    const LocalSynonymPieces& pieces) {
   std::u16string sql(pieces.base);
   bool first_written = true;
-  for (const LcTableInfo* entry : choices.selected_synonyms) {
-    if (entry == nullptr || !IsLocalSynonym(*entry, dbmsInformix)) continue;
+  for (const LcTableInfo* entry : choices.selected_synonyms.Present()) {
+    if (!IsLocalSynonym(*entry, dbmsInformix)) continue;
     sql += first_written ? u" AND (" : u" OR";
     first_written = false;
     AppendSynonymCondition(pieces, *entry, sql);
