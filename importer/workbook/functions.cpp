@@ -64,7 +64,7 @@ LcWorkbookFunction* LcWorkbookFunctionList::FindFunction(const std::u16string& o
 void LcWorkbookFunctionList::OnChanged() { index_->by_name.Clear(); }
 
 void LcWorkbookFunctionList::OnClearing() {
-  for (LcWorkbookFunction* function : this->Present()) function->indexing_list_ = nullptr;
+  for (LcWorkbookFunction* function : Present()) function->indexing_list_ = nullptr;
 }
 
 LcWorkbookOperator::LcWorkbookOperator(const std::u16string& name,

@@ -215,7 +215,7 @@ void LcWorkbookTableList::RemoveTablesFrom(std::size_t first) {
   std::unordered_set<const LcWorkbookTable*> doomed;
   while (end < entries_.size() && entries_[end]) doomed.insert(entries_[end++].get());
   if (doomed.empty()) return;
-  for (LcWorkbookTable* table : this->Present()) {
+  for (LcWorkbookTable* table : Present()) {
     if (doomed.count(table) != 0) {
       table->foreign_keys_.clear();
       table->indexing_list_ = nullptr;
@@ -243,7 +243,7 @@ void LcWorkbookTableList::OnTableIdChanged() { index_->by_id.Clear(); }
 
 // All keys go before the first table does, so that no table looks for its keys' partners.
 void LcWorkbookTableList::OnClearing() {
-  for (LcWorkbookTable* table : this->Present()) {
+  for (LcWorkbookTable* table : Present()) {
     table->foreign_keys_.clear();
     table->indexing_list_ = nullptr;
   }
