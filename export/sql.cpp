@@ -8,6 +8,7 @@
 
 #include "base/utf.h"
 #include "export/model.h"
+#include "export/sql/script.h"
 #include "export/writers.h"
 
 namespace wbexport {
@@ -153,8 +154,22 @@ class Script {
 
 }  // namespace
 
-bool WriteSql(const Document& document, const Options& /*options*/, std::ostream& out,
-              Notes& /*notes*/) {
+bool WriteSql(const Document& document, const Options& options, std::ostream& out, Notes& notes) {
+  const std::string dialect =
+      options.dialect_out.empty() ? base::ToUtf8(document.info.dialect) : options.dialect_out;
+  const sql::Target* target = sql::FindTarget(dialect);
+  if (target != nullptr) {
+    sql::WriteScript(document, *target, out, notes);
+    return true;
+  }
+  if (!options.dialect_out.empty()) {
+    std::string names;
+    for (const sql::Target& each : sql::AllTargets()) {
+      names += (names.empty() ? "" : ", ") + std::string(each.name);
+    }
+    notes.push_back(fmt::format("no script can be written for '{}'; there are {}", dialect, names));
+    return false;
+  }
   Script(document, out).Write();
   return true;
 }

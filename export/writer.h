@@ -25,7 +25,8 @@ struct Options {
   // parted by a dot, or the name alone); empty: the whole schema.
   std::string around;
   int distance = 1;
-  bool whole = false;  // diagrams: draw a schema of more than 60 tables whole all the same
+  std::string dialect_out;  // sql: the dialect of the server that it is for; empty: the one read
+  bool whole = false;       // diagrams: draw a schema of more than 60 tables whole all the same
 };
 
 // A format by its name on the command line. Null when there is no such format.

@@ -37,6 +37,7 @@ void WriteWorkbook(Run& run, const OutputFile& output, const LcWorkbook& workboo
   options.around = wanted.around.value_or("");
   options.distance = wanted.distance;
   options.whole = wanted.whole;
+  options.dialect_out = wanted.dialect_out;
   std::vector<std::string> notes;
   bool written = false;
   if (output.IsFolder()) {

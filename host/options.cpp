@@ -214,6 +214,12 @@ void AddOutput(CLI::App& app, OutputOptions& options) {
       ->check(CLI::Range(0, 100))
       ->type_name("N")
       ->group(group);
+  app.add_option("--dialect-out", options.dialect_out,
+                 "sql: for the server of this dialect (postgresql, mariadb, sqlite) instead of the "
+                 "one that was read")
+      ->multi_option_policy(CLI::MultiOptionPolicy::TakeLast)
+      ->type_name("NAME")
+      ->group(group);
   app.add_flag("--whole", options.whole, "Diagrams: draw a large schema whole")->group(group);
   app.add_flag("--all-functions", options.all_functions, "text: list functions with overloads")
       ->group(group);

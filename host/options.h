@@ -45,6 +45,7 @@ struct OutputOptions {
   std::string file;  // empty: standard output
   std::optional<std::string> around;
   int distance = 1;
+  std::string dialect_out;  // empty: that of the server that was read
   bool whole = false;
   bool all_functions = false;
 };

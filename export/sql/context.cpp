@@ -1,0 +1,167 @@
+#include "export/sql/context.h"
+
+#include <algorithm>
+#include <unordered_map>
+
+#include "base/utf.h"
+
+namespace wbexport::sql {
+namespace {
+
+// The schema that names without one mean: the server's default, else the only one there is.
+std::u16string DefaultSchema(const LcWorkbook& workbook) {
+  for (const LcSchemaDetails& schema : workbook.details.schemas) {
+    if (schema.is_default) return schema.name.Text();
+  }
+  const LcWorkbookTable* first = nullptr;
+  for (const LcWorkbookTable* table : workbook.tables) {
+    if (table == nullptr) continue;
+    if (first != nullptr && table->GetOwner(false) != first->GetOwner(false)) return {};
+    first = table;
+  }
+  return first != nullptr ? first->GetOwner(false) : std::u16string();
+}
+
+LeTableKind KindOf(const LcWorkbookTable& table) {
+  return table.GetDetails() != nullptr ? table.GetDetails()->kind : tkUnknown;
+}
+
+bool MentionsAny(std::u16string_view text, const std::set<std::u16string>& names) {
+  std::u16string word;
+  for (std::size_t i = 0; i <= text.size(); ++i) {
+    const char16_t c = i < text.size() ? text[i] : u' ';
+    if (c == u' ' || c == u'.' || c == u'"' || c == u',' || c == u'(' || c == u')' || c == u'[') {
+      if (!word.empty() && names.count(word) != 0) return true;
+      word.clear();
+    } else {
+      word += c;
+    }
+  }
+  return false;
+}
+
+}  // namespace
+
+Context::Context(const Document& document, const Target& the_target, std::ostream& stream)
+    : workbook(document.workbook),
+      info(document.info),
+      target(the_target),
+      out(stream),
+      translated(base::ToUtf8(document.info.dialect) != the_target.name),
+      default_schema_(DefaultSchema(document.workbook)) {
+  for (const LcWorkbookTable* table : workbook.tables) {
+    if (table == nullptr) continue;
+    (IsView(*table) ? views_ : tables_).insert(table->GetName());
+  }
+}
+
+std::string Context::Name(std::u16string_view schema, std::u16string_view name) const {
+  const bool goes_without =
+      !target.has_databases || (!target.has_schemas && schema == default_schema_);
+  if (schema.empty() || goes_without) {
+    return target.Quote(name);
+  }
+  return target.Quote(schema) + "." + target.Quote(name);
+}
+
+std::string Context::Name(const LcWorkbookTable& table) const {
+  return Name(table.GetOwner(false), table.GetName());
+}
+
+void Context::WriteSearchPath() {
+  if (!target.has_schemas || default_schema_.empty()) return;
+  out << fmt::format("SELECT pg_catalog.set_config('search_path', {}, false);\n",
+                     target.Literal(base::ToUtf16(target.Quote(default_schema_))));
+}
+
+void Context::WriteBody(const std::string& statement) {
+  std::string text = statement;
+  while (!text.empty() && (text.back() == '\n' || text.back() == ' ' || text.back() == ';')) {
+    text.pop_back();
+  }
+  // A body's last END wants its semicolon in SQLite's shell and takes one in the others.
+  if (!target.delimiters) {
+    out << text << ";\n";
+    return;
+  }
+  std::string delimiter = "//";
+  while (text.find(delimiter) != std::string::npos) delimiter += '/';
+  out << "DELIMITER " << delimiter << '\n' << text << delimiter << "\nDELIMITER ;\n";
+}
+
+void Context::LeaveOut(const std::string& what, const char* kind) {
+  out << "-- Left out: " << what << ".\n";
+  ++left_out_[kind];
+}
+
+std::string Context::LeftOut() const {
+  std::string text;
+  for (const auto& [kind, count] : left_out_) {
+    text += fmt::format("{}{} {}", text.empty() ? "" : ", ", count, kind);
+  }
+  return text;
+}
+
+RoutineTime Context::TimeOf(const LcRoutineDetails& routine) const {
+  std::u16string types = routine.result.Text();
+  for (const LcParameterDetails& parameter : routine.parameters)
+    types += u' ' + parameter.type.Text();
+  // A body of statements that the server keeps taken apart, not as a text, is bound to its tables.
+  const bool bound = routine.text.View().starts_with(u"BEGIN ATOMIC") ||
+                     routine.text.View().starts_with(u"RETURN ");
+  if (bound || MentionsAny(types, views_)) return RoutineTime::kAfterViews;
+  return MentionsAny(types, tables_) ? RoutineTime::kBeforeViews : RoutineTime::kBeforeTables;
+}
+
+std::string ShowName(std::u16string_view schema, std::u16string_view name) {
+  return schema.empty() ? Display(name) : Display(schema) + "." + Display(name);
+}
+
+bool IsPlainTable(const LcWorkbookTable& table) {
+  if (table.GetType() != ttTable) return false;
+  switch (KindOf(table)) {
+    case tkUnknown:
+      return table.GetColumnCount() > 0;
+    case tkTable:
+    case tkPartitionedTable:
+    case tkPartition:
+      return true;
+    default:
+      return false;
+  }
+}
+
+bool IsView(const LcWorkbookTable& table) { return table.GetType() == ttView; }
+
+const LcWorkbookTable* ParentOf(const LcWorkbook& workbook, const LcWorkbookTable& table) {
+  const LcTableDetails* details = table.GetDetails();
+  if (details == nullptr || !details->parent_table.IsPresent()) return nullptr;
+  const LcWorkbookTable* parent =
+      workbook.tables.FindTable(details->parent_owner.Text(), details->parent_table.Text());
+  return parent != nullptr && IsPlainTable(*parent) ? parent : nullptr;
+}
+
+std::vector<const LcWorkbookTable*> PartsFirst(const LcWorkbook& workbook) {
+  constexpr int kDeepest = 64;  // parts of parts; a circle ends there
+  std::vector<std::pair<int, const LcWorkbookTable*>> tables;
+  for (const LcWorkbookTable* table : workbook.tables) {
+    if (table == nullptr || !IsPlainTable(*table)) continue;
+    int depth = 0;
+    for (const LcWorkbookTable* at = table; depth < kDeepest && at != nullptr; ++depth) {
+      at = ParentOf(workbook, *at);
+    }
+    tables.emplace_back(depth, table);
+  }
+  std::stable_sort(tables.begin(), tables.end(),
+                   [](const auto& a, const auto& b) { return a.first > b.first; });
+  std::vector<const LcWorkbookTable*> ordered;
+  ordered.reserve(tables.size());
+  for (const auto& [depth, table] : tables) ordered.push_back(table);
+  return ordered;
+}
+
+bool IsColumnCheck(const LcCheckDetails& check) {
+  return check.options.Find(u"level").View() == u"Column";
+}
+
+}  // namespace wbexport::sql

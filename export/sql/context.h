@@ -1,0 +1,78 @@
+// What all parts of a script share: where it goes, for which server, and how things are named
+// there.
+#pragma once
+
+#include <fmt/format.h>
+
+#include <map>
+#include <ostream>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "export/model.h"
+#include "export/sql/target.h"
+
+namespace wbexport::sql {
+
+// When a routine can be made: before the tables, or only once tables are there that its parameters
+// or its result are rows of, or views.
+enum class RoutineTime { kBeforeTables, kBeforeViews, kAfterViews };
+
+class Context {
+ public:
+  Context(const Document& document, const Target& target, std::ostream& out);
+
+  const LcWorkbook& workbook;
+  const LcWorkbookFileInfo& info;
+  const Target& target;
+  std::ostream& out;
+  // The script is for another server than the workbook was read from.
+  const bool translated;
+
+  // The name of a thing in its schema, as the target needs it: the schema stands before it where
+  // the target has schemas, or where it is not the one that the script is loaded into.
+  std::string Name(std::u16string_view schema, std::u16string_view name) const;
+  std::string Name(const LcWorkbookTable& table) const;
+  std::string Literal(const LcText& text) const { return target.Literal(text.View()); }
+  // The names that mean the default schema when nothing stands before them, for targets that look
+  // for names along a path.
+  void WriteSearchPath();
+
+  // Writes a statement whose text may hold semicolons.
+  void WriteBody(const std::string& statement);
+
+  // Writes a comment of one line for what the script leaves out, and counts it.
+  void LeaveOut(const std::string& what, const char* kind);
+  // "3 checks, 1 views": what was left out, for a note; empty for nothing.
+  std::string LeftOut() const;
+
+  RoutineTime TimeOf(const LcRoutineDetails& routine) const;
+
+  // What a statement in hand has to leave out, said behind it.
+  std::vector<std::string> pending;
+
+ private:
+  std::u16string default_schema_;
+  std::map<std::string, int> left_out_;
+  std::set<std::u16string> tables_;  // their names, and those of views
+  std::set<std::u16string> views_;
+};
+
+// "owner.name" for people, or the name alone.
+std::string ShowName(std::u16string_view schema, std::u16string_view name);
+
+// Whether the script makes this table itself: it has columns, and is no view, no synonym, no table
+// of the server's own or of another server.
+bool IsPlainTable(const LcWorkbookTable& table);
+// Views, materialized ones too.
+bool IsView(const LcWorkbookTable& table);
+// Whether the table is a part of another one that the script makes.
+const LcWorkbookTable* ParentOf(const LcWorkbook& workbook, const LcWorkbookTable& table);
+// The tables that the script makes, parts before what they are parts of: a key or index of the
+// whole then takes those of the parts, with their names.
+std::vector<const LcWorkbookTable*> PartsFirst(const LcWorkbook& workbook);
+// A check that its server keeps with a column.
+bool IsColumnCheck(const LcCheckDetails& check);
+
+}  // namespace wbexport::sql

@@ -1,0 +1,286 @@
+// Keys, checks, indexes and foreign keys, inside of their tables or added to them.
+#include <algorithm>
+
+#include "base/utf.h"
+#include "export/sql/parts.h"
+
+namespace wbexport::sql {
+namespace {
+
+std::string ConstraintName(const Context& context, const LcText& name) {
+  return name.View().empty() ? "" : "CONSTRAINT " + context.target.Quote(name.View()) + " ";
+}
+
+std::string Deferrable(bool offered, LeDeferrable deferrable) {
+  if (!offered || deferrable == dfNot) return "";
+  return deferrable == dfDeferred ? " DEFERRABLE INITIALLY DEFERRED" : " DEFERRABLE";
+}
+
+// The keys of a table: the primary one first. One that came without details has its columns alone.
+std::vector<const LcKeyDetails*> KeysOf(const LcWorkbookTable& table) {
+  std::vector<const LcKeyDetails*> keys;
+  const LcTableDetails* details = table.GetDetails();
+  if (details == nullptr) return keys;
+  if (details->primary_key != nullptr) keys.push_back(details->primary_key.get());
+  for (const LcKeyDetails& key : details->unique_keys) keys.push_back(&key);
+  return keys;
+}
+
+// The index that a key or an exclusion constraint is kept by; it has the same name.
+const LcIndexDetails* FindIndex(const LcWorkbookTable& table, const LcText& name) {
+  if (table.GetDetails() == nullptr || name.View().empty()) return nullptr;
+  for (const LcIndexDetails& index : table.GetDetails()->indexes) {
+    if (index.name == name) return &index;
+  }
+  return nullptr;
+}
+
+bool IsOfConstraint(const LcWorkbookTable& table, const LcIndexDetails& index) {
+  for (const LcKeyDetails* key : KeysOf(table)) {
+    if (key->name == index.name) return true;
+  }
+  const std::vector<LcCheckDetails>& checks = table.GetDetails()->checks;
+  return std::any_of(checks.begin(), checks.end(), [&](const LcCheckDetails& check) {
+    return check.name == index.name && check.expression.View().starts_with(u"EXCLUDE ");
+  });
+}
+
+std::string IncludeClause(const Context& context, const LcIndexDetails& index) {
+  std::string included;
+  for (const LcIndexPart& part : index.parts) {
+    if (!part.included || part.column == nullptr) continue;
+    included += (included.empty() ? "" : ", ") + context.target.Quote(part.column->GetName());
+  }
+  return included.empty() ? "" : " INCLUDE (" + included + ")";
+}
+
+std::string IndexClause(const Context& context, const LcIndexDetails& index) {
+  const Target& target = context.target;
+  std::string clause = index.unique ? "UNIQUE " : "";
+  if (target.indexes_inside) {
+    // The method is a word before KEY, or comes behind the columns.
+    const std::string method = base::ToUtf8(index.method.View());
+    const bool leads = method == "FULLTEXT" || method == "SPATIAL" || method == "VECTOR";
+    clause += (leads ? method + " " : "") + "KEY " + target.Quote(index.name.View()) + " (" +
+              IndexParts(context, index) + ")";
+    if (!method.empty() && !leads) clause += " USING " + method;
+    clause += target.Clauses(index.options, target.index_options);
+    if (index.comment.IsPresent()) clause += " COMMENT " + context.Literal(index.comment);
+  }
+  return clause;
+}
+
+void WriteIndex(Context& context, const LcWorkbookTable& table, const LcIndexDetails& index) {
+  const Target& target = context.target;
+  context.out << fmt::format("CREATE {}INDEX {} ON {}{} ({})", index.unique ? "UNIQUE " : "",
+                             target.Quote(index.name.View()), context.Name(table),
+                             index.method.IsPresent() && target.has_index_methods
+                                 ? " USING " + base::ToUtf8(index.method.View())
+                                 : "",
+                             IndexParts(context, index));
+  context.out << IncludeClause(context, index);
+  context.out << target.Clauses(index.options, target.index_options);
+  if (index.predicate.IsPresent()) {
+    context.out << " WHERE " << base::ToUtf8(index.predicate.View());
+  }
+  context.out << ";\n";
+}
+
+bool CanBeTranslated(const LcIndexDetails& index) {
+  return !index.predicate.IsPresent() &&
+         std::all_of(index.parts.begin(), index.parts.end(),
+                     [](const LcIndexPart& part) { return part.column != nullptr; });
+}
+
+// The foreign keys that a table holds, those to tables outside of the workbook too.
+struct Reference {
+  const LcForeignKeyDetails* details;
+  std::vector<LcWorkbookColumn*> columns;
+  std::string target;
+  std::string target_columns;
+};
+
+std::vector<Reference> ReferencesOf(Context& context, const LcWorkbookTable& table) {
+  std::vector<Reference> references;
+  for (const auto& key : table.GetForeignKeys()) {
+    if (key->GetRole() != fkMirror || key->GetKey() == nullptr || key->GetForeignKey() == nullptr) {
+      continue;
+    }
+    const std::vector<LcWorkbookColumn*> targets = key->GetForeignKey()->GetColumns();
+    if (targets.empty()) continue;
+    references.push_back({key->GetDetails(), key->GetKey()->GetColumns(),
+                          context.Name(*targets.front()->GetParentTable()),
+                          context.target.Quote(targets)});
+  }
+  if (table.GetDetails() == nullptr) return references;
+  for (const LcOutsideKey& key : table.GetDetails()->outside_keys) {
+    std::string columns;
+    for (const LcText& column : key.target_columns) {
+      columns += (columns.empty() ? "" : ", ") + context.target.Quote(column.View());
+    }
+    references.push_back({&key.details, key.columns,
+                          context.Name(key.target_owner.View(), key.target_table.View()), columns});
+  }
+  return references;
+}
+
+}  // namespace
+
+std::string KeyClause(const Context& context, const LcWorkbookTable& table,
+                      const LcKeyDetails& key) {
+  const Target& target = context.target;
+  // What the key's own index says more of its columns stands with them.
+  const LcIndexDetails* index = FindIndex(table, key.name);
+  std::string columns = index != nullptr ? IndexParts(context, *index) : target.Quote(key.columns);
+  // A key's index has its name: where the primary one is always PRIMARY, none is given.
+  const bool named = !(target.indexes_inside && key.kind == kkPrimary);
+  std::string clause = (named ? ConstraintName(context, key.name) : "") +
+                       (key.kind == kkPrimary ? "PRIMARY KEY" : "UNIQUE");
+  if (index != nullptr) clause += target.Clauses(index->options, target.key_prefixes);
+  clause += " (" + columns + ")";
+  if (index != nullptr) {
+    clause += IncludeClause(context, *index) + target.Clauses(index->options, target.key_options);
+    if (target.indexes_inside && index->comment.IsPresent()) {
+      clause += " COMMENT " + context.Literal(index->comment);
+    }
+  }
+  return clause + Deferrable(target.has_deferrable_keys, key.deferrable);
+}
+
+std::string CheckClause(const Context& context, const LcCheckDetails& check) {
+  const std::string expression = base::ToUtf8(check.expression.View());
+  const std::string rest = context.target.Clauses(check.options, context.target.check_options);
+  // An exclusion constraint is its whole text.
+  if (expression.starts_with("EXCLUDE "))
+    return ConstraintName(context, check.name) + expression + rest;
+  return ConstraintName(context, check.name) + "CHECK (" + expression + ")" + rest;
+}
+
+std::string ForeignKeyClause(const Context& context, const LcForeignKeyDetails* details,
+                             const std::vector<LcWorkbookColumn*>& columns,
+                             const std::string& target, const std::string& target_columns) {
+  static const LcForeignKeyDetails kNone;
+  const LcForeignKeyDetails& d = details != nullptr ? *details : kNone;
+  std::string clause =
+      fmt::format("{}FOREIGN KEY ({}) REFERENCES {}{}", ConstraintName(context, d.name),
+                  context.target.Quote(columns), target,
+                  target_columns.empty() ? "" : " (" + target_columns + ")");
+  const auto add = [&](const char* word, const LcText& value, std::u16string_view usual) {
+    if (!value.IsPresent() || value.View() == usual) return;
+    std::string text = base::ToUtf8(value.View());
+    std::transform(text.begin(), text.end(), text.begin(),
+                   [](char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 32) : c; });
+    clause += fmt::format(" {} {}", word, text);
+  };
+  if (context.target.has_match) add("MATCH", d.match, u"simple");
+  add("ON UPDATE", d.on_update, context.target.usual_action);
+  add("ON DELETE", d.on_delete, context.target.usual_action);
+  clause += context.target.Clauses(d.options, context.target.foreign_key_options);
+  return clause + Deferrable(context.target.has_deferrable, d.deferrable) +
+         context.target.Clauses(d.options, context.target.late_foreign_key_options);
+}
+
+std::string IndexParts(const Context& context, const LcIndexDetails& index) {
+  const Target& target = context.target;
+  std::string list;
+  for (const LcIndexPart& part : index.parts) {
+    if (part.included) continue;
+    if (!list.empty()) list += ", ";
+    list += part.column != nullptr ? target.Quote(part.column->GetName())
+                                   : target.Expression(part.expression.View());
+    list += target.Clauses(part.options, target.index_part_options);
+    if (part.descending) list += " DESC";
+    list += target.Clauses(part.options, target.index_order_options);
+  }
+  return list;
+}
+
+std::vector<std::string> InnerConstraints(Context& context, const LcWorkbookTable& table,
+                                          bool foreign_keys) {
+  std::vector<std::string> clauses;
+  for (const LcKeyDetails* key : KeysOf(table)) clauses.push_back(KeyClause(context, table, *key));
+  if (const LcTableDetails* details = table.GetDetails(); details != nullptr) {
+    for (const LcIndexDetails& index : details->indexes) {
+      if (IsOfConstraint(table, index)) continue;
+      if (context.target.indexes_inside && (!context.translated || CanBeTranslated(index))) {
+        clauses.push_back(IndexClause(context, index));
+      }
+    }
+    for (const LcCheckDetails& check : details->checks) {
+      if (!context.translated && !IsColumnCheck(check)) {
+        clauses.push_back(CheckClause(context, check));
+      }
+    }
+  }
+  if (foreign_keys) {
+    for (const Reference& r : ReferencesOf(context, table)) {
+      clauses.push_back(
+          ForeignKeyClause(context, r.details, r.columns, r.target, r.target_columns));
+    }
+  }
+  return clauses;
+}
+
+void WriteKeys(Context& context) {
+  if (!context.target.adds_keys) return;
+  for (const LcWorkbookTable* table : PartsFirst(context.workbook)) {
+    if (table->GetDetails() == nullptr) continue;
+    std::vector<std::string> clauses;
+    for (const LcKeyDetails* key : KeysOf(*table))
+      clauses.push_back(KeyClause(context, *table, *key));
+    for (const LcCheckDetails& check : table->GetDetails()->checks) {
+      if (!context.translated) {
+        clauses.push_back(CheckClause(context, check));
+      } else {
+        context.LeaveOut(
+            fmt::format("check {} of {}", Display(check.name.View()), DisplayName(*table)),
+            "checks");
+      }
+    }
+    if (clauses.empty()) continue;
+    context.out << '\n';
+    for (const std::string& clause : clauses) {
+      context.out << fmt::format("ALTER TABLE {} ADD {};\n", context.Name(*table), clause);
+    }
+  }
+}
+
+void WriteIndexes(Context& context) {
+  std::vector<const LcWorkbookTable*> tables = PartsFirst(context.workbook);
+  for (const LcWorkbookTable* table : context.workbook.tables) {
+    if (table != nullptr && IsView(*table)) tables.push_back(table);
+  }
+  for (const LcWorkbookTable* table : tables) {
+    if (table->GetDetails() == nullptr) continue;
+    const bool inside = context.target.indexes_inside && IsPlainTable(*table);
+    bool first = true;
+    for (const LcIndexDetails& index : table->GetDetails()->indexes) {
+      const bool left_out = context.translated && !CanBeTranslated(index);
+      if ((inside && !left_out) || IsOfConstraint(*table, index)) continue;
+      if (std::exchange(first, false)) context.out << '\n';
+      if (left_out) {
+        context.LeaveOut(
+            fmt::format("index {} of {}", Display(index.name.View()), DisplayName(*table)),
+            "indexes");
+      } else {
+        WriteIndex(context, *table, index);
+      }
+    }
+  }
+}
+
+void WriteForeignKeys(Context& context) {
+  if (!context.target.adds_foreign_keys) return;
+  for (const LcWorkbookTable* table : context.workbook.tables) {
+    if (table == nullptr || !IsPlainTable(*table)) continue;
+    const std::vector<Reference> references = ReferencesOf(context, *table);
+    if (!references.empty()) context.out << '\n';
+    for (const Reference& r : references) {
+      context.out << fmt::format(
+          "ALTER TABLE {} ADD {};\n", context.Name(*table),
+          ForeignKeyClause(context, r.details, r.columns, r.target, r.target_columns));
+    }
+  }
+}
+
+}  // namespace wbexport::sql

@@ -1,0 +1,48 @@
+// The parts of a script, in the order in which they stand in it. Each writes whole statements and
+// nothing where there is nothing to say.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "export/sql/context.h"
+
+namespace wbexport::sql {
+
+// Before the tables.
+void WriteSchemas(Context& context);
+void WriteTypes(Context& context);
+void WriteSequences(Context& context);
+
+// Tables with their columns, and inside of them whatever the target cannot add later.
+void WriteTables(Context& context);
+
+// What stands around tables, for targets that add it to them.
+void WriteKeys(Context& context);  // and checks
+void WriteIndexes(Context& context);
+void WriteForeignKeys(Context& context);
+
+// What looks at tables.
+void WriteRoutines(Context& context, RoutineTime time);  // those whose time it is
+void WriteViews(Context& context);                       // materialized ones with their indexes
+void WriteTriggers(Context& context);
+void WriteExtensions(Context& context);
+void WriteParts(Context& context);        // makes tables parts of others
+void WriteInheritance(Context& context);  // once they have their checks
+void WriteSequenceOwners(Context& context);
+void WriteComments(Context& context);
+
+// Pieces that several parts need.
+std::string SequenceClauses(const Context& context, const LcSequenceDetails& sequence);
+std::string KeyClause(const Context& context, const LcWorkbookTable& table,
+                      const LcKeyDetails& key);
+std::string CheckClause(const Context& context, const LcCheckDetails& check);
+std::string ForeignKeyClause(const Context& context, const LcForeignKeyDetails* details,
+                             const std::vector<LcWorkbookColumn*>& columns,
+                             const std::string& target, const std::string& target_columns);
+std::string IndexParts(const Context& context, const LcIndexDetails& index);
+// The keys, checks and foreign keys of a table as clauses inside its parentheses.
+std::vector<std::string> InnerConstraints(Context& context, const LcWorkbookTable& table,
+                                          bool foreign_keys);
+
+}  // namespace wbexport::sql

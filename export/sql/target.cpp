@@ -1,0 +1,286 @@
+#include "export/sql/target.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <array>
+
+#include "base/utf.h"
+
+namespace wbexport::sql {
+namespace {
+
+// clang-format off
+constexpr std::array kPostgresqlTypes = {
+    TypeName{-7,  "boolean",          Sizes::kNone},      TypeName{-6,  "smallint",         Sizes::kNone},
+    TypeName{-5,  "bigint",           Sizes::kNone},      TypeName{-4,  "bytea",            Sizes::kNone},
+    TypeName{-3,  "bytea",            Sizes::kNone},      TypeName{-2,  "bytea",            Sizes::kNone},
+    TypeName{-1,  "text",             Sizes::kNone},      TypeName{1,   "character",        Sizes::kLength},
+    TypeName{2,   "numeric",          Sizes::kPrecision}, TypeName{3,   "numeric",          Sizes::kPrecision},
+    TypeName{4,   "integer",          Sizes::kNone},      TypeName{5,   "smallint",         Sizes::kNone},
+    TypeName{6,   "double precision", Sizes::kNone},      TypeName{7,   "real",             Sizes::kNone},
+    TypeName{8,   "double precision", Sizes::kNone},      TypeName{9,   "date",             Sizes::kNone},
+    TypeName{10,  "time",             Sizes::kNone},      TypeName{11,  "timestamp",        Sizes::kNone},
+    TypeName{12,  "character varying", Sizes::kLength},
+};
+constexpr std::array kMariadbTypes = {
+    TypeName{-7,  "tinyint(1)",       Sizes::kNone},      TypeName{-6,  "tinyint",          Sizes::kNone},
+    TypeName{-5,  "bigint",           Sizes::kNone},      TypeName{-4,  "longblob",         Sizes::kNone},
+    TypeName{-3,  "varbinary",        Sizes::kLength},    TypeName{-2,  "binary",           Sizes::kLength},
+    TypeName{-1,  "longtext",         Sizes::kNone},      TypeName{1,   "char",             Sizes::kLength},
+    TypeName{2,   "decimal",          Sizes::kPrecision}, TypeName{3,   "decimal",          Sizes::kPrecision},
+    TypeName{4,   "int",              Sizes::kNone},      TypeName{5,   "smallint",         Sizes::kNone},
+    TypeName{6,   "double",           Sizes::kNone},      TypeName{7,   "float",            Sizes::kNone},
+    TypeName{8,   "double",           Sizes::kNone},      TypeName{9,   "date",             Sizes::kNone},
+    TypeName{10,  "time",             Sizes::kNone},      TypeName{11,  "datetime(6)",      Sizes::kNone},
+    TypeName{12,  "varchar",          Sizes::kLength},
+};
+constexpr std::array kSqliteTypes = {
+    TypeName{-7,  "BOOLEAN",          Sizes::kNone},      TypeName{-6,  "TINYINT",          Sizes::kNone},
+    TypeName{-5,  "BIGINT",           Sizes::kNone},      TypeName{-4,  "BLOB",             Sizes::kNone},
+    TypeName{-3,  "BLOB",             Sizes::kNone},      TypeName{-2,  "BLOB",             Sizes::kNone},
+    TypeName{-1,  "TEXT",             Sizes::kNone},      TypeName{1,   "CHAR",             Sizes::kLength},
+    TypeName{2,   "NUMERIC",          Sizes::kPrecision}, TypeName{3,   "DECIMAL",          Sizes::kPrecision},
+    TypeName{4,   "INTEGER",          Sizes::kNone},      TypeName{5,   "SMALLINT",         Sizes::kNone},
+    TypeName{6,   "DOUBLE",           Sizes::kNone},      TypeName{7,   "REAL",             Sizes::kNone},
+    TypeName{8,   "DOUBLE",           Sizes::kNone},      TypeName{9,   "DATE",             Sizes::kNone},
+    TypeName{10,  "TIME",             Sizes::kNone},      TypeName{11,  "TIMESTAMP",        Sizes::kNone},
+    TypeName{12,  "VARCHAR",          Sizes::kLength},
+};
+
+constexpr std::array kPostgresqlTablePrefixes = {OptionClause{"unlogged", "UNLOGGED"}};
+constexpr std::array kPostgresqlTableOptions = {
+    OptionClause{"partition key", "PARTITION BY {}"}, OptionClause{"storage parameters", "WITH ({list})"}};
+constexpr std::array kPostgresqlTypeOptions = {OptionClause{"collation", "COLLATE {name}"}};
+constexpr std::array kPostgresqlKeyPrefixes = {OptionClause{"nulls not distinct", "NULLS NOT DISTINCT"}};
+constexpr std::array kPostgresqlCheckOptions = {
+    OptionClause{"no inherit", "NO INHERIT"}, OptionClause{"validated", "NOT VALID"}};
+constexpr std::array kPostgresqlForeignKeyOptions = {
+    OptionClause{"on delete columns", "({names})"}};
+constexpr std::array kPostgresqlLateForeignKeyOptions = {OptionClause{"validated", "NOT VALID"}};
+constexpr std::array kPostgresqlIndexOptions = {
+    OptionClause{"nulls not distinct", "NULLS NOT DISTINCT"}, OptionClause{"storage parameters", "WITH ({list})"}};
+constexpr std::array kPostgresqlIndexPartOptions = {
+    OptionClause{"collation", "COLLATE {name}"}, OptionClause{"operator class", "{name}"}};
+constexpr std::array kPostgresqlIndexOrderOptions = {OptionClause{"nulls", "NULLS {}"}};
+constexpr std::array kPostgresqlSequenceOptions = {OptionClause{"cache", "CACHE {}"}};
+constexpr std::array kPostgresqlRoutineOptions = {
+    OptionClause{"volatility", "{}"}, OptionClause{"strict", "STRICT"},
+    OptionClause{"security definer", "SECURITY DEFINER"}};
+constexpr std::array kPostgresqlViewOptions = {OptionClause{"storage parameters", "WITH ({list})"}};
+
+constexpr std::array kMariadbTableOptions = {
+    OptionClause{"engine", "ENGINE={}"}, OptionClause{"character set", "DEFAULT CHARSET={}"},
+    OptionClause{"collation", "COLLATE={}"}, OptionClause{"create options", "{}"},
+    OptionClause{"system versioned", "WITH SYSTEM VERSIONING"}};
+constexpr std::array kMariadbColumnOptions = {
+    OptionClause{"on update", "ON UPDATE {}"}, OptionClause{"invisible", "INVISIBLE"},
+    OptionClause{"without system versioning", "WITHOUT SYSTEM VERSIONING"}};
+constexpr std::array kMariadbIndexOptions = {OptionClause{"ignored", "IGNORED"}};
+constexpr std::array kMariadbIndexPartOptions = {OptionClause{"prefix", "({})"}};
+constexpr std::array kMariadbSequenceOptions = {OptionClause{"cache", "CACHE {}"}};
+constexpr std::array kMariadbRoutineOptions = {
+    OptionClause{"deterministic", "DETERMINISTIC"}, OptionClause{"data access", "{}"},
+    OptionClause{"security", "SQL SECURITY {}"}};
+constexpr std::array kMariadbViewPrefixes = {
+    OptionClause{"algorithm", "ALGORITHM={}"}, OptionClause{"security", "SQL SECURITY {}"}};
+constexpr std::array kMariadbViewSuffixes = {OptionClause{"check option", "WITH {} CHECK OPTION"}};
+
+constexpr std::array kSqliteTableOptions = {
+    OptionClause{"without rowid", "WITHOUT ROWID"}, OptionClause{"strict", "STRICT"}};
+constexpr std::array kSqliteIndexPartOptions = {OptionClause{"collation", "COLLATE {}"}};
+
+constexpr Target kPostgresql = {
+    .name = "postgresql",
+    .shell = "psql --set ON_ERROR_STOP=1 --file FILE",
+    .prelude = "SET client_encoding = 'UTF8';\nSET client_min_messages = warning;\n"
+               "SET check_function_bodies = false;\n",
+    .quotes = "\"\"",
+    .any_type = "text",
+    .auto_increment = " GENERATED BY DEFAULT AS IDENTITY",
+    .usual_action = u"no action",
+    .comments = Comments::kStatements,
+    .has_schemas = true, .has_databases = true, .has_types = true, .has_sequences = true, .types_sequences = true,
+    .has_index_methods = true, .has_deferrable = true, .has_deferrable_keys = true, .has_match = true, .adds_keys = true,
+    .adds_foreign_keys = true, .allows_no_columns = true, .needs_types = true, .quotes_collations = true,
+    .names_view_columns = true,
+    .types = kPostgresqlTypes,
+    .table_prefixes = kPostgresqlTablePrefixes,
+    .table_options = kPostgresqlTableOptions,
+    .type_options = kPostgresqlTypeOptions,
+    .key_prefixes = kPostgresqlKeyPrefixes,
+    .check_options = kPostgresqlCheckOptions,
+    .foreign_key_options = kPostgresqlForeignKeyOptions,
+    .late_foreign_key_options = kPostgresqlLateForeignKeyOptions,
+    .index_options = kPostgresqlIndexOptions,
+    .index_part_options = kPostgresqlIndexPartOptions,
+    .index_order_options = kPostgresqlIndexOrderOptions,
+    .sequence_options = kPostgresqlSequenceOptions,
+    .routine_options = kPostgresqlRoutineOptions,
+    .view_options = kPostgresqlViewOptions,
+};
+constexpr Target kMariadb = {
+    .name = "mariadb",
+    .shell = "mariadb DATABASE < FILE",
+    .prelude = "SET NAMES utf8mb4;\nSET sql_mode = 'STRICT_TRANS_TABLES,NO_ENGINE_SUBSTITUTION';\n",
+    .quotes = "``",
+    .any_type = "longtext",
+    .auto_increment = " AUTO_INCREMENT",
+    .usual_action = u"restrict",
+    .comments = Comments::kClauses,
+    .backslash_escapes = true, .has_databases = true, .has_sequences = true, .adds_foreign_keys = true,
+    .indexes_inside = true, .needs_types = true, .needs_lengths = true, .says_null = true, .delimiters = true,
+    .types = kMariadbTypes,
+    .table_options = kMariadbTableOptions,
+    .column_options = kMariadbColumnOptions,
+    .index_options = kMariadbIndexOptions,
+    .index_part_options = kMariadbIndexPartOptions,
+    .sequence_options = kMariadbSequenceOptions,
+    .routine_options = kMariadbRoutineOptions,
+    .view_prefixes = kMariadbViewPrefixes,
+    .view_suffixes = kMariadbViewSuffixes,
+};
+constexpr Target kSqlite = {
+    .name = "sqlite",
+    .shell = "sqlite3 -bail DATABASE < FILE",
+    .quotes = "\"\"",
+    .auto_increment = " PRIMARY KEY AUTOINCREMENT",
+    .usual_action = u"no action",
+    .comments = Comments::kNowhere,
+    .has_deferrable = true, .auto_increment_with_key = true, .default_in_parentheses = true,
+    .options_by_commas = true,
+    .types = kSqliteTypes,
+    .table_options = kSqliteTableOptions,
+    .index_part_options = kSqliteIndexPartOptions,
+};
+constexpr std::array kTargets = {kPostgresql, kMariadb, kSqlite};
+// clang-format on
+
+// `{a,"b c"}` as its elements: PostgreSQL's form of a list of texts.
+std::vector<std::string> Elements(std::string_view text) {
+  std::vector<std::string> elements;
+  if (text.size() < 2 || text.front() != '{') return elements;
+  text = text.substr(1, text.size() - 2);
+  std::string element;
+  bool quoted = false;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if (text[i] == '\\' && i + 1 < text.size()) {
+      element += text[++i];
+    } else if (text[i] == '"') {
+      quoted = !quoted;
+    } else if (text[i] == ',' && !quoted) {
+      elements.push_back(std::exchange(element, {}));
+    } else {
+      element += text[i];
+    }
+  }
+  if (!element.empty()) elements.push_back(element);
+  return elements;
+}
+
+std::string Doubling(std::u16string_view text, char quote, char close, bool backslash_too) {
+  std::string quoted(1, quote);
+  for (const char c : base::ToUtf8(text)) {
+    if (c == close || (backslash_too && c == '\\')) quoted += c;
+    quoted += c;
+  }
+  return quoted + close;
+}
+
+}  // namespace
+
+std::string Target::Quote(std::u16string_view text) const {
+  return Doubling(text, quotes[0], quotes[1], false);
+}
+
+std::string Target::Literal(std::u16string_view text) const {
+  return Doubling(text, '\'', '\'', backslash_escapes);
+}
+
+std::string Target::Quote(const std::vector<LcWorkbookColumn*>& columns) const {
+  std::string list;
+  for (const LcWorkbookColumn* column : columns) {
+    if (!list.empty()) list += ", ";
+    list += Quote(column->GetName());
+  }
+  return list;
+}
+
+std::string Target::TypeFor(const LcWorkbookColumn& column) const {
+  const LcWorkbookDatatype* type = column.GetDataType();
+  if (type == nullptr) return "";
+  const auto row = std::find_if(types.begin(), types.end(), [&](const TypeName& t) {
+    return t.code == type->GetPhysicalCode();
+  });
+  if (row == types.end()) return "";
+  const unsigned long precision = type->GetPrecision();
+  switch (row->sizes) {
+    case Sizes::kLength:
+      if (type->GetLength() != 0) return fmt::format("{}({})", row->name, type->GetLength());
+      if (needs_lengths) return std::string(any_type);
+      break;
+    case Sizes::kPrecision:
+      if (precision != 0) return fmt::format("{}({},{})", row->name, precision, type->GetScale());
+      break;
+    case Sizes::kNone:
+      break;
+  }
+  return std::string(row->name);
+}
+
+std::string Target::Expression(std::u16string_view text) const {
+  return "(" + base::ToUtf8(text) + ")";
+}
+
+std::string Target::Clauses(const LcOptions& options, std::span<const OptionClause> table) const {
+  std::string clauses;
+  for (const OptionClause& row : table) {
+    const LcText value = options.Find(base::ToUtf16(row.option));
+    if (!value.IsPresent()) continue;
+    const std::size_t open = row.clause.find('{');
+    std::string clause(row.clause.substr(0, open));
+    if (open != std::string_view::npos) {
+      const std::size_t close = row.clause.find('}');
+      const std::string_view form = row.clause.substr(open + 1, close - open - 1);
+      clause += form == "name"    ? Quote(value.View())
+                : form == "names" ? QuoteEach(value.View())
+                : form == "list"  ? Settings(base::ToUtf8(value.View()))
+                                  : base::ToUtf8(value.View());
+      clause += row.clause.substr(close + 1);
+    }
+    clauses += options_by_commas && !clauses.empty() ? ", " : " ";
+    clauses += clause;
+  }
+  return clauses;
+}
+
+std::string Target::QuoteEach(std::u16string_view names) const {
+  std::string list;
+  for (;;) {
+    const std::size_t end = names.find(u", ");
+    list += (list.empty() ? "" : ", ") + Quote(names.substr(0, end));
+    if (end == std::u16string_view::npos) return list;
+    names.remove_prefix(end + 2);
+  }
+}
+
+std::string Target::Settings(std::string_view list) const {
+  std::string settings;
+  for (const std::string& element : Elements(list)) {
+    const std::size_t at = element.find('=');
+    if (!settings.empty()) settings += ", ";
+    settings += element.substr(0, at);
+    if (at != std::string::npos) settings += "=" + Literal(base::ToUtf16(element.substr(at + 1)));
+  }
+  return settings;
+}
+
+const Target* FindTarget(std::string_view name) {
+  const auto* found = std::find_if(kTargets.begin(), kTargets.end(),
+                                   [&](const Target& target) { return target.name == name; });
+  return found == kTargets.end() ? nullptr : found;
+}
+
+std::span<const Target> AllTargets() { return kTargets; }
+
+}  // namespace wbexport::sql

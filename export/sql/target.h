@@ -1,0 +1,107 @@
+// The servers that a script can be written for, as data: how names and texts are quoted, what a
+// table can hold, and how the kinds of types are called.
+#pragma once
+
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "importer/workbook/table.h"
+
+namespace wbexport::sql {
+
+// Which sizes stand behind a type's name.
+enum class Sizes { kNone, kLength, kPrecision };
+
+// How a server calls the types of one physical code.
+struct TypeName {
+  int code;  // ODBC's
+  std::string_view name;
+  Sizes sizes;
+};
+
+// Where a comment on a table or column stands.
+enum class Comments { kStatements, kClauses, kNowhere };
+
+// An option of the workbook and the clause that it is in a script. In the clause `{}` stands for
+// the value as it is, `{name}` for it as a name, `{names}` for names parted by commas, `{list}` for
+// a list of settings in PostgreSQL's form
+// ("{a=1,b=2}"). The clause of an option that is there alone counts, whatever its value.
+struct OptionClause {
+  std::string_view option;
+  std::string_view clause;
+};
+
+class Target {
+ public:
+  std::string_view name{};             // of the dialect that reads such a server
+  std::string_view shell{};            // what loads the script and stops at the first error
+  std::string_view prelude{};          // statements that the rest of the script counts on
+  std::string_view quotes{};           // the opening and the closing one
+  std::string_view any_type{};         // for a column whose type has no counterpart
+  std::string_view auto_increment{};   // behind a column that the server numbers
+  std::u16string_view usual_action{};  // of a foreign key that says none
+  Comments comments = Comments::kNowhere;
+  bool backslash_escapes = false;  // in texts
+  bool has_schemas = false;        // that a script makes
+  bool has_databases = false;      // whose name may stand before a table's
+  bool has_types = false;  // CREATE TYPE, CREATE DOMAIN, identity columns with their sequence
+  bool has_sequences = false;
+  bool types_sequences = false;      // AS type, OWNED BY
+  bool has_index_methods = false;    // USING method
+  bool has_deferrable = false;       // foreign keys
+  bool has_deferrable_keys = false;  // primary and unique ones
+  bool has_match = false;
+  bool adds_keys = false;  // ALTER TABLE ... ADD CONSTRAINT; else keys stand inside their table
+  bool adds_foreign_keys = false;
+  bool indexes_inside = false;           // of the table
+  bool auto_increment_with_key = false;  // a numbered column says PRIMARY KEY itself
+  bool allows_no_columns = false;
+  bool needs_types = false;
+  bool needs_lengths = false;  // of texts that vary
+  bool says_null = false;      // where a column may be NULL
+  bool default_in_parentheses = false;
+  bool quotes_collations = false;
+  bool names_view_columns = false;
+  bool options_by_commas = false;  // of a table
+  bool delimiters = false;         // the shell needs DELIMITER for bodies with semicolons
+  std::span<const TypeName> types{};
+  std::span<const OptionClause> table_prefixes{};  // between CREATE and TABLE
+  std::span<const OptionClause> table_options{};   // behind the columns
+  std::span<const OptionClause> type_options{};    // of a column, right behind its type
+  std::span<const OptionClause> column_options{};  // behind its default
+  std::span<const OptionClause> key_prefixes{};    // between UNIQUE and its columns
+  std::span<const OptionClause> key_options{};     // behind them
+  std::span<const OptionClause> check_options{};
+  std::span<const OptionClause> foreign_key_options{};       // behind ON DELETE
+  std::span<const OptionClause> late_foreign_key_options{};  // behind DEFERRABLE
+  std::span<const OptionClause> index_options{};             // behind an index's columns
+  std::span<const OptionClause> index_part_options{};        // behind each of them, before DESC
+  std::span<const OptionClause> index_order_options{};       // and behind it
+  std::span<const OptionClause> sequence_options{};
+  std::span<const OptionClause> range_options{};
+  std::span<const OptionClause> routine_options{};
+  std::span<const OptionClause> view_prefixes{};  // between CREATE and VIEW
+  std::span<const OptionClause> view_options{};   // before AS
+  std::span<const OptionClause> view_suffixes{};  // behind the text
+
+  std::string Quote(std::u16string_view name) const;
+  std::string Literal(std::u16string_view text) const;
+  std::string Quote(const std::vector<LcWorkbookColumn*>& columns) const;  // "a", "b"
+  // An expression where a column's name is usual: in parentheses where it has none.
+  std::string Expression(std::u16string_view text) const;
+  // The type that stands for a column of another server's; empty where there is no counterpart.
+  std::string TypeFor(const LcWorkbookColumn& column) const;
+  // The clauses of the options that are there, each with a blank before it, in the table's order.
+  std::string Clauses(const LcOptions& options, std::span<const OptionClause> table) const;
+
+ private:
+  std::string QuoteEach(std::u16string_view names) const;
+  std::string Settings(std::string_view list) const;
+};
+
+// Null where no script is written for such a server. Names of dialects, exact case.
+const Target* FindTarget(std::string_view name);
+std::span<const Target> AllTargets();
+
+}  // namespace wbexport::sql
