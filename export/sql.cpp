@@ -8,7 +8,7 @@
 
 #include "base/utf.h"
 #include "export/model.h"
-#include "export/sql/script.h"
+#include "export/sql_script.h"
 #include "export/writers.h"
 
 namespace wbexport {

@@ -1,4 +1,4 @@
-#include "export/sql/order.h"
+#include "export/sql_order.h"
 
 #include <algorithm>
 #include <string_view>

@@ -2,8 +2,8 @@
 #include <algorithm>
 
 #include "base/utf.h"
-#include "export/sql/order.h"
-#include "export/sql/parts.h"
+#include "export/sql_order.h"
+#include "export/sql_parts.h"
 
 namespace wbexport::sql {
 namespace {

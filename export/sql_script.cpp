@@ -1,8 +1,8 @@
 // The order of a script.
-#include "export/sql/script.h"
+#include "export/sql_script.h"
 
 #include "base/utf.h"
-#include "export/sql/parts.h"
+#include "export/sql_parts.h"
 
 namespace wbexport::sql {
 namespace {

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "export/sql/context.h"
+#include "export/sql_context.h"
 
 namespace wbexport::sql {
 

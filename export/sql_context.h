@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "export/model.h"
-#include "export/sql/target.h"
+#include "export/sql_target.h"
 
 namespace wbexport::sql {
 

@@ -2,7 +2,7 @@
 #include <algorithm>
 
 #include "base/utf.h"
-#include "export/sql/parts.h"
+#include "export/sql_parts.h"
 
 namespace wbexport::sql {
 namespace {

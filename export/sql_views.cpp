@@ -1,7 +1,7 @@
 // Views in the order of their dependence, and comments on everything.
 #include "base/utf.h"
-#include "export/sql/order.h"
-#include "export/sql/parts.h"
+#include "export/sql_order.h"
+#include "export/sql_parts.h"
 
 namespace wbexport::sql {
 namespace {

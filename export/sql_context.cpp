@@ -1,4 +1,4 @@
-#include "export/sql/context.h"
+#include "export/sql_context.h"
 
 #include <algorithm>
 #include <unordered_map>

@@ -2,7 +2,7 @@
 // reading knows.
 #pragma once
 
-#include "export/sql/target.h"
+#include "export/sql_target.h"
 #include "export/writers.h"
 
 namespace wbexport::sql {

@@ -1,4 +1,4 @@
-#include "export/sql/target.h"
+#include "export/sql_target.h"
 
 #include <fmt/format.h>
 
