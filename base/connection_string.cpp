@@ -10,8 +10,6 @@
 namespace base {
 namespace {
 
-constexpr std::string_view kHidden = "***";
-
 // The place of the brace that ends what begins with one at `at`; the text's end when none does.
 std::size_t ClosingBrace(std::string_view text, std::size_t at) {
   for (std::size_t i = at + 1; i < text.size(); ++i) {
@@ -27,18 +25,6 @@ std::size_t EndOfValue(std::string_view text, std::size_t at) {
   std::size_t i = std::min(text.find_first_not_of(" \t", at), text.size());
   if (i < text.size() && text[i] == '{') i = ClosingBrace(text, i);
   return std::min(text.find(';', i), text.size());
-}
-
-bool IsWordCharacter(char c) {
-  const char lower = LowerAscii(c);
-  return (lower >= 'a' && lower <= 'z') || (c >= '0' && c <= '9') || c == '_' ||
-         (static_cast<unsigned char>(c) & 0x80) != 0;
-}
-
-std::string_view LastWord(std::string_view key) {
-  std::size_t begin = key.size();
-  while (begin > 0 && IsWordCharacter(key[begin - 1])) --begin;
-  return key.substr(begin);
 }
 
 }  // namespace
@@ -118,18 +104,6 @@ std::string WithoutSecrets(std::string_view text) {
     kept += ';';
   }
   return kept;
-}
-
-std::string MaskSecrets(std::string_view text) {
-  std::string masked(text);
-  const std::vector<Attribute> attributes = ParseConnectionString(text);
-  // From the back, so that the places of the attributes before stay right.
-  for (auto it = attributes.rbegin(); it != attributes.rend(); ++it) {
-    if (!it->value.empty() && IsSecretKey(LastWord(it->key))) {
-      masked.replace(it->value_at, it->value.size(), kHidden);
-    }
-  }
-  return masked;
 }
 
 }  // namespace base

@@ -33,8 +33,5 @@ struct Attribute {
 [[nodiscard]] bool IsSecretKey(std::string_view key);
 // The connection string without its secret attributes.
 [[nodiscard]] std::string WithoutSecrets(std::string_view text);
-// The text with `***` in place of the value of every secret attribute. It may be a message with a
-// connection string in it: only the last word before a `=` counts as the key.
-[[nodiscard]] std::string MaskSecrets(std::string_view text);
 
 }  // namespace base

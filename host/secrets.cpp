@@ -7,40 +7,20 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <cctype>
 #include <cstdlib>
 #include <iostream>
 
 #include "base/connection_string.h"
+#include "base/secret_mask.h"
 #include "host/outcome.h"
 
 namespace wbhost {
 namespace {
 
-constexpr std::string_view kHidden = "***";
-constexpr std::size_t kShortSecret = 4;  // characters from which a secret is replaced anywhere
-
-bool IsWordCharacter(char c) {
-  return std::isalnum(static_cast<unsigned char>(c)) != 0 || c == '_' ||
-         (static_cast<unsigned char>(c) & 0x80) != 0;
-}
-
-bool StandsAlone(std::string_view text, std::size_t at, std::size_t length) {
-  const bool before = at > 0 && IsWordCharacter(text[at - 1]);
-  const bool after = at + length < text.size() && IsWordCharacter(text[at + length]);
-  return !before && !after;
-}
-
-void ReplaceSecret(std::string& text, const std::string& secret) {
-  std::size_t at = 0;
-  while ((at = text.find(secret, at)) != std::string::npos) {
-    if (secret.size() < kShortSecret && !StandsAlone(text, at, secret.size())) {
-      at += secret.size();
-      continue;
-    }
-    text.replace(at, secret.size(), kHidden);
-    at += kHidden.size();
-  }
+// The text behind `--name=`, where it begins with that.
+std::string_view WithoutOptionName(std::string_view argument) {
+  if (argument.substr(0, 2) != "--") return argument;
+  return argument.substr(std::min(argument.find('='), argument.size() - 1) + 1);
 }
 
 // Switches echo off on a terminal for its lifetime.
@@ -94,42 +74,33 @@ std::string AskOn(int fd, const std::string& prompt) {
 }  // namespace
 
 void Secrets::Add(const std::string& secret) {
-  if (secret.empty()) return;
+  if (secret.find_first_not_of(' ') == std::string::npos) return;
   secrets_.push_back(secret);
-  std::stable_sort(secrets_.begin(), secrets_.end(),
-                   [](const std::string& a, const std::string& b) { return a.size() > b.size(); });
+  // Messages have blanks in place of line breaks.
+  if (OneLine(secret) != secret) secrets_.push_back(OneLine(secret));
 }
 
 void Secrets::AddFrom(std::string_view connection_string) {
-  for (const base::Attribute& attribute : base::ParseConnectionString(connection_string)) {
+  const std::string_view text = WithoutOptionName(connection_string);
+  for (const base::Attribute& attribute : base::ParseConnectionString(text)) {
     if (!base::IsSecretKey(attribute.key)) continue;
-    Add(std::string(attribute.value));
+    Add(std::string(attribute.value));  // with its braces
     Add(base::PlainValue(attribute.value));
   }
 }
 
 std::string Secrets::Scrub(std::string_view text) const {
-  std::string clean(text);
-  for (const std::string& secret : secrets_) ReplaceSecret(clean, secret);
-  return base::MaskSecrets(clean);
+  return base::MaskSecrets(text, secrets_);
 }
 
 void HideSecretArguments(int argc, char** argv) {
   for (int i = 1; i < argc; ++i) {
     const std::string_view argument = argv[i];
-    for (const base::Attribute& attribute : base::ParseConnectionString(argument)) {
-      // `--connect=PWD=x` has the option's name before the first key.
-      std::string_view key = attribute.key;
-      std::size_t at = attribute.value_at;
-      std::size_t length = attribute.value.size();
-      if (key.substr(0, 2) == "--") {
-        const std::size_t equals = attribute.value.find('=');
-        if (equals == std::string_view::npos) continue;
-        key = attribute.value.substr(0, equals);
-        at += equals + 1;
-        length -= equals + 1;
-      }
-      if (base::IsSecretKey(key)) std::fill_n(argv[i] + at, length, '*');
+    const std::string_view text = WithoutOptionName(argument);
+    const std::size_t before = argument.size() - text.size();
+    for (const base::Attribute& attribute : base::ParseConnectionString(text)) {
+      if (!base::IsSecretKey(attribute.key)) continue;
+      std::fill_n(argv[i] + before + attribute.value_at, attribute.value.size(), '*');
     }
   }
 }

@@ -10,18 +10,16 @@ namespace wbhost {
 // The secrets of one run. Every text that leaves the program passes through Scrub.
 class Secrets {
  public:
-  // Empty texts are left out.
+  // A text without anything but blanks is left out.
   void Add(const std::string& secret);
-  // Adds every secret attribute of a connection string.
+  // Adds every secret attribute of a connection string, which may stand behind `--name=`.
   void AddFrom(std::string_view connection_string);
-  // The text with `***` in place of every secret and of the value of every attribute that looks
-  // like a password, so that a driver's message may quote the whole connection string. A secret of
-  // one to three characters is replaced only where it stands alone, since messages would become
-  // unreadable otherwise.
+  // The text for people, without any secret: MaskSecrets. A driver's message may quote the whole
+  // connection string.
   std::string Scrub(std::string_view text) const;
 
  private:
-  std::vector<std::string> secrets_;  // the longest first
+  std::vector<std::string> secrets_;
 };
 
 // Overwrites the secrets in the arguments of connection strings with asterisks, in the memory that

@@ -111,6 +111,7 @@ std::string SqliteReadOnlyUri(const std::string& absolute_path, bool immutable) 
 Target ResolveTarget(const ConnectionOptions& options, Secrets& secrets) {
   const std::string password = ReadPassword(options);
   secrets.Add(password);
+  secrets.AddFrom(base::FormatAttribute("PWD", password));  // as a driver may quote it
   if (options.connect) {
     secrets.AddFrom(*options.connect);
     const bool as_it_stands = !options.user && password.empty();

@@ -5,6 +5,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <random>
+
 #include "base/connection_string.h"
 #include "tests/host/program.h"
 
@@ -77,17 +79,48 @@ TEST(Secrets, AreScrubbedFromAnyText) {
   wbhost::Secrets secrets;
   secrets.Add("tiger");
   secrets.Add("ab");
-  secrets.AddFrom("Driver=x;Password={se;cret};UID=joe");
   const std::pair<const char*, const char*> cases[] = {
       {"login failed for 'tiger'", "login failed for '***'"},
       {"cabin of tigers", "cabin of ***s"},  // a short secret stays inside of a word
       {"word ab here", "word *** here"},
-      {"cannot open {se;cret}", "cannot open ***"},
-      {"DSN=x;PWD=other;UID=joe", "DSN=x;PWD=***;UID=joe"},
-      {"the string was Driver=x;pwd = {a;b};Server=y", "the string was Driver=x;pwd =***;Server=y"},
+      {"the string was Driver=x;pwd = {a;b};Server=y",
+       "the string was Driver=x;pwd = ***;Server=y"},
       {"a = b; c = d", "a = b; c = d"},
+      {"n=1 PWD=tigerlily;x", "n=1 PWD=***;x"},  // a known secret is the beginning of another
   };
   for (const auto& [text, expected] : cases) EXPECT_EQ(secrets.Scrub(text), expected);
+}
+
+// Whatever the password, wherever its attribute and whatever is said around the string: the mask
+// stands where the password was, and everything else is as it was.
+TEST(Secrets, AreAllThatTheMaskTouches) {
+  std::mt19937 random(7);
+  const std::pair<const char*, const char*> quotings[] = {
+      {"", ""},
+      {"cannot connect to '", "': [x] Access denied; try = again"},
+      {"it can't: \"", "\" (see {that}; or PW)"},
+      {"code=5 (", ") is no string"},  // told from the string by what is known alone
+  };
+  for (int round = 0; round < 5000; ++round) {
+    const bool known = random() % 2 == 0;
+    std::string password = "Z";  // which stands nowhere else
+    const std::string_view letters = known ? "a7;={} '\"\t" : "a7}=.";
+    while (random() % 8 != 0) password += letters[random() % letters.size()];
+    std::string shown = "PWD=" + password;
+    if (random() % 2 == 0 || password.find_first_of("; \t") != std::string::npos) {
+      shown = "PWD={";
+      for (const char c : password) shown += c == '}' ? "}}" : std::string(1, c);
+      shown += '}';
+    }
+    const auto [before, after] = quotings[random() % (known ? 4 : 3)];
+    const std::string first = random() % 2 == 0 ? "Driver={a;b= c};UID=joe;" : "";
+    const std::string last = random() % 2 == 0 ? ";Server=x y" : "";
+    wbhost::Secrets secrets;
+    if (known) secrets.AddFrom(first + shown + last);
+    EXPECT_EQ(secrets.Scrub(before + first + shown + last + after),
+              before + first + "PWD=***" + last + after)
+        << before + first + shown + last + after;
+  }
 }
 
 TEST(Secrets, AreOverwrittenInTheArguments) {
