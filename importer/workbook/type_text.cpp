@@ -23,6 +23,14 @@ std::u16string Digits(unsigned long number) {
   return {digits.begin(), digits.end()};
 }
 
+// The lists of types call these not size modifiable, but a column's size is part of its type.
+bool IsSizedBinary(const LcWorkbookDatatype& type) {
+  constexpr std::u16string_view kNames[] = {u"binary", u"varbinary", u"raw"};
+  std::u16string name = type.GetTypeName();
+  for (char16_t& c : name) c = c >= 'A' && c <= 'Z' ? static_cast<char16_t>(c - 'A' + 'a') : c;
+  return std::find(std::begin(kNames), std::end(kNames), name) != std::end(kNames);
+}
+
 }  // namespace
 
 std::u16string LcTypeName(const LcWorkbookDatatype& type) {
@@ -42,7 +50,7 @@ std::u16string LcTypeText(const LcWorkbookColumn& column) {
     if (largest.empty() || smallest.empty()) return text + u" " + largest + smallest;
     return text + u" " + largest + u" to " + smallest;
   }
-  if (type == nullptr || !type->IsSizeModifiable()) return text;
+  if (type == nullptr || !(type->IsSizeModifiable() || IsSizedBinary(*type))) return text;
   const auto width = static_cast<unsigned long>(std::max(column.GetWidth(), 0));
   const unsigned long size = column.GetPrecision() != 0 ? column.GetPrecision() : width;
   if (size == 0 || size >= kUnlimited) return text;
