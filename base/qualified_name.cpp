@@ -6,15 +6,19 @@
 namespace base {
 namespace {
 
-std::string Unquote(std::string_view part) {
-  if (part.size() < 2 || part.front() != '"' || part.back() != '"') return std::string(part);
+bool IsQuoted(std::string_view part) {
+  return part.size() >= 2 && part.front() == '"' && part.back() == '"';
+}
+
+std::u16string Unquote(std::string_view part) {
+  if (!IsQuoted(part)) return ToUtf16(part);
   std::string name;
   const std::string_view inside = part.substr(1, part.size() - 2);
   for (std::size_t i = 0; i < inside.size(); ++i) {
     name += inside[i];
     if (inside[i] == '"' && i + 1 < inside.size() && inside[i + 1] == '"') ++i;
   }
-  return name;
+  return ToUtf16(name);
 }
 
 }  // namespace
@@ -23,11 +27,12 @@ QualifiedName ParseQualifiedName(std::string_view text) {
   bool quoted = false;
   for (std::size_t i = 0; i < text.size(); ++i) {
     if (text[i] == '"') quoted = !quoted;
-    if (text[i] == '.' && !quoted) {
-      return {ToUtf16(Unquote(text.substr(0, i))), ToUtf16(Unquote(text.substr(i + 1)))};
-    }
+    if (text[i] != '.' || quoted) continue;
+    const std::string_view owner = text.substr(0, i);
+    const std::string_view name = text.substr(i + 1);
+    return {Unquote(owner), Unquote(name), IsQuoted(owner), IsQuoted(name)};
   }
-  return {u"", ToUtf16(Unquote(text))};
+  return {u"", Unquote(text), false, IsQuoted(text)};
 }
 
 std::string DisplayName(std::u16string_view owner, std::u16string_view name) {

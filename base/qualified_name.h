@@ -9,6 +9,8 @@ namespace base {
 struct QualifiedName {
   std::u16string owner;  // empty: none given
   std::u16string name;
+  bool owner_quoted = false;  // it stood in double quotes
+  bool name_quoted = false;
 };
 // Parts the text (UTF-8) at the first dot outside double quotes. A part that begins and ends with a
 // double quote loses them; a doubled quote inside stands for one.

@@ -1,18 +1,22 @@
-// The list of formats, in the order in which a user is shown them.
+// The list of formats, in the order in which a user is shown them. Nothing else knows one by name.
+#include <string>
+
+#include "base/ascii.h"
 #include "export/writers.h"
 
 namespace wbexport {
 
 const std::vector<Format>& AllFormats() {
   static const std::vector<Format> formats = {
-      {"text", "a readable outline", WriteText},
-      {"json", "the workbook file, which wbimport render reads", WriteJson},
-      {"sql", "CREATE statements with keys and references", WriteSql},
-      {"dot", "an entity-relationship diagram for Graphviz", WriteDot},
-      {"svg", "an entity-relationship diagram as a picture", WriteSvg},
-      {"html", "one page to search, browse and draw, for any browser", WriteHtml},
-      {"mermaid", "an entity-relationship diagram for Mermaid", WriteMermaid},
-      {"markdown", "one page with a section for each table", WriteMarkdown},
+      {"text", "a readable outline", "txt", false, WriteText},
+      {"json", "the workbook file, which wbimport render reads", "json", false, WriteJson},
+      {"sql", "CREATE statements with keys and references", "sql", false, WriteSql},
+      {"dot", "an entity-relationship diagram for Graphviz", "dot gv", true, WriteDot},
+      {"svg", "an entity-relationship diagram as a picture", "svg", true, WriteSvg},
+      {"html", "one page to search, browse and draw, for any browser", "html htm", true, WriteHtml},
+      {"mermaid", "an entity-relationship diagram for Mermaid", "mmd mermaid", true, WriteMermaid},
+      {"markdown", "one page, or in a folder a page for each table", "md markdown", false,
+       WriteMarkdown, WriteMarkdownFolder},
   };
   return formats;
 }
@@ -23,5 +27,18 @@ const Format* FindFormat(std::string_view name) {
   }
   return nullptr;
 }
+
+const Format* FindFormatOfFile(std::string_view file) {
+  const std::size_t dot = file.rfind('.');
+  if (dot == std::string_view::npos) return nullptr;
+  const std::string extension = base::LowerAscii(file.substr(dot + 1));
+  for (const Format& format : AllFormats()) {
+    const std::string known = std::string(" ") + format.extensions + " ";
+    if (known.find(" " + extension + " ") != std::string::npos) return &format;
+  }
+  return nullptr;
+}
+
+const Format& DefaultFormat(bool terminal) { return *FindFormat(terminal ? "text" : "json"); }
 
 }  // namespace wbexport

@@ -83,6 +83,7 @@ class PageData {
     WriteFunctions("functions", workbook_.functions);
     WriteFunctions("booleanFunctions", workbook_.boolean_functions);
     WriteLists();
+    WriteProcedures(options);
     WriteTypes();
     // Last, since the texts are numbered on the way.
     Member("owners", owners_.texts());
@@ -212,11 +213,6 @@ class PageData {
     };
     Array("operators", workbook_.operators, named);
     Array("aggregates", workbook_.aggregates, named);
-    Array("procedures", workbook_.procedures, [](const LcWorkbookProcedure* procedure) -> Json {
-      if (procedure == nullptr) return {};
-      return {Display(procedure->GetOwner()), Display(procedure->GetName()),
-              Display(procedure->GetQualifier())};
-    });
     Array("ownerNames", workbook_.owner_names, [](const LcOwnerInfo* owner) {
       return owner == nullptr ? Json() : Json(Display(owner->name));
     });
@@ -225,6 +221,15 @@ class PageData {
       const std::string type = column->data_type ? TypeName(*column->data_type) : "";
       return {Display(column->name), types_.Of(type)};
     });
+  }
+
+  void WriteProcedures(const Options& options) {
+    const ListedProcedures procedures = ProceduresToList({workbook_, info_}, options);
+    Array("procedures", procedures.listed, [](const LcWorkbookProcedure* procedure) -> Json {
+      return {Display(procedure->GetOwner()), Display(procedure->GetName()),
+              Display(procedure->GetQualifier())};
+    });
+    Member("systemProcedures", procedures.left_out);
   }
 
   void WriteTypes() {

@@ -39,9 +39,10 @@ using Links = std::unordered_map<const LcWorkbookTable*, std::string>;
 
 class Pages {
  public:
-  Pages(const Document& document, const Links& links)
+  Pages(const Document& document, const Options& options, const Links& links)
       : workbook_(document.workbook),
         info_(document.info),
+        options_(options),
         links_(links),
         relationships_(document.workbook) {}
 
@@ -115,14 +116,7 @@ class Pages {
     WriteFunctions(out, "Functions", workbook_.functions);
     WriteDescribed(out, "Operators", workbook_.operators);
     WriteDescribed(out, "Aggregates", workbook_.aggregates);
-    any = false;
-    for (const LcWorkbookProcedure* procedure : workbook_.procedures.Present()) {
-      if (!any) out << "\n## Procedures\n\n";
-      any = true;
-      const std::string owner = Display(procedure->GetOwner());
-      out << "- " << Escape((owner.empty() ? "" : owner + ".") + Display(procedure->GetName()))
-          << '\n';
-    }
+    WriteProcedures(out);
   }
 
   std::string Link(const LcWorkbookTable& table) const {
@@ -132,6 +126,18 @@ class Pages {
   }
 
  private:
+  void WriteProcedures(std::ostream& out) const {
+    const ListedProcedures procedures = ProceduresToList({workbook_, info_}, options_);
+    if (procedures.listed.empty() && procedures.left_out == 0) return;
+    out << "\n## Procedures\n\n";
+    for (const LcWorkbookProcedure* procedure : procedures.listed) {
+      out << "- " << Escape(DisplayName(*procedure)) << '\n';
+    }
+    if (procedures.left_out == 0) return;
+    out << (procedures.listed.empty() ? "" : "\n") << procedures.left_out
+        << " of the server's own are left out; --system lists them.\n";
+  }
+
   void WriteReference(std::ostream& out, const Relationship& r,
                       const std::vector<LcWorkbookColumn*>& here, const LcWorkbookTable& other,
                       const std::vector<LcWorkbookColumn*>& there) const {
@@ -173,6 +179,7 @@ class Pages {
 
   const LcWorkbook& workbook_;
   const LcWorkbookFileInfo& info_;
+  const Options& options_;
   const Links& links_;
   const Relationships relationships_;
 };
@@ -208,12 +215,12 @@ class FileNames {
 
 }  // namespace
 
-bool WriteMarkdown(const Document& document, const Options& /*options*/, std::ostream& out,
+bool WriteMarkdown(const Document& document, const Options& options, std::ostream& out,
                    Notes& /*notes*/) {
   Links links;
   for (const LcWorkbookTable* table : document.workbook.tables.Present())
     links.emplace(table, fmt::format("#table-{}", links.size() + 1));
-  const Pages pages(document, links);
+  const Pages pages(document, options, links);
   pages.WriteHead(out);
   pages.WriteTableList(out);
   for (const LcWorkbookTable* table : document.workbook.tables.Present()) {
@@ -225,7 +232,8 @@ bool WriteMarkdown(const Document& document, const Options& /*options*/, std::os
   return true;
 }
 
-bool WriteMarkdownFolder(const Document& document, const std::string& folder, Notes& notes) {
+bool WriteMarkdownFolder(const Document& document, const Options& options,
+                         const std::string& folder, Notes& notes) {
   namespace fs = std::filesystem;
   const fs::path tables = fs::path(folder) / "tables";
   std::error_code error;
@@ -246,13 +254,13 @@ bool WriteMarkdownFolder(const Document& document, const std::string& folder, No
     from_start.emplace(table, "tables/" + name);
     from_table.emplace(table, name);
   }
-  const Pages start(document, from_start);
+  const Pages start(document, options, from_start);
   std::ostringstream page;
   start.WriteHead(page);
   start.WriteTableList(page);
   start.WriteRest(page);
   if (!write(fs::path(folder) / "README.md", page.str())) return false;
-  const Pages beside(document, from_table);
+  const Pages beside(document, options, from_table);
   for (const LcWorkbookTable* table : document.workbook.tables.Present()) {
     page.str("");
     page << "# " << Escape(DisplayName(*table)) << "\n\n[All tables](../README.md)\n";

@@ -12,6 +12,23 @@ namespace wbexport {
 
 namespace {
 
+// Owners of what comes with a server, by the beginning of the server's name.
+struct SystemOwner {
+  std::u16string_view dbms;
+  std::u16string_view owner;
+};
+constexpr SystemOwner kSystemOwners[] = {
+    {u"PostgreSQL", u"pg_catalog"},
+    {u"PostgreSQL", u"information_schema"},
+    {u"Microsoft SQL Server", u"sys"},
+    {u"Oracle", u"SYS"},
+    {u"Oracle", u"SYSTEM"},
+    {u"DB2", u"SYSIBM"},
+    {u"DB2", u"SYSCAT"},
+    {u"DB2", u"SYSFUN"},
+    {u"DB2", u"SYSPROC"},
+};
+
 bool IsSubsetOfPrimaryKey(const LcWorkbookTable& table,
                           const std::vector<LcWorkbookColumn*>& columns) {
   const std::vector<LcWorkbookColumn*> key = table.GetPrimaryKey().GetColumns();
@@ -89,6 +106,34 @@ std::string IncompleteText(const LcWorkbookFileInfo& info) {
                     : info.status == 9 ? "was stopped"
                                        : "lost its connection";
   return fmt::format("Incomplete: the import {} before it had read everything.", how);
+}
+
+bool IsOfSystem(const LcWorkbookProcedure& procedure, const LcWorkbookFileInfo& info) {
+  for (const SystemOwner& system : kSystemOwners) {
+    if (std::u16string_view(info.dbms_name).substr(0, system.dbms.size()) == system.dbms &&
+        procedure.GetOwner() == system.owner) {
+      return true;
+    }
+  }
+  return false;
+}
+
+ListedProcedures ProceduresToList(const Document& document, const Options& options) {
+  ListedProcedures procedures;
+  for (const LcWorkbookProcedure* procedure : document.workbook.procedures) {
+    if (procedure == nullptr) continue;
+    if (!options.system && IsOfSystem(*procedure, document.info)) {
+      ++procedures.left_out;
+    } else {
+      procedures.listed.push_back(procedure);
+    }
+  }
+  return procedures;
+}
+
+std::string DisplayName(const LcWorkbookProcedure& procedure) {
+  const std::string owner = Display(procedure.GetOwner());
+  return (owner.empty() ? "" : owner + ".") + Display(procedure.GetName());
 }
 
 std::string Count(std::size_t count, const char* one, const char* many) {

@@ -29,6 +29,17 @@ std::string SynonymTarget(const LcSynonymDetails& synonym);
 std::string SourceText(const LcWorkbookFileInfo& info);
 // One sentence when the import was cut short, else empty.
 std::string IncompleteText(const LcWorkbookFileInfo& info);
+// Whether a procedure is the server's own, by the owner that it comes under.
+bool IsOfSystem(const LcWorkbookProcedure& procedure, const LcWorkbookFileInfo& info);
+// The procedures to list for people, and how many of the server's own are left out of them: all but
+// where the options ask for them.
+struct ListedProcedures {
+  std::vector<const LcWorkbookProcedure*> listed;
+  std::size_t left_out = 0;
+};
+ListedProcedures ProceduresToList(const Document& document, const Options& options);
+// "owner.name", or the name alone where there is no owner.
+std::string DisplayName(const LcWorkbookProcedure& procedure);
 // "1 table", "2 tables".
 std::string Count(std::size_t count, const char* one, const char* many);
 

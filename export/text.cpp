@@ -225,14 +225,17 @@ class Outline {
   }
 
   void WriteProcedures() {
+    const ListedProcedures procedures = ProceduresToList({workbook_, info_}, options_);
     std::vector<std::string> names;
-    for (const LcWorkbookProcedure* procedure : workbook_.procedures.Present()) {
-      const std::string owner = Display(procedure->GetOwner());
-      names.push_back((owner.empty() ? "" : owner + ".") + Display(procedure->GetName()));
+    for (const LcWorkbookProcedure* procedure : procedures.listed) {
+      names.push_back(DisplayName(*procedure));
     }
-    if (names.empty()) return;
+    if (names.empty() && procedures.left_out == 0) return;
     Title("Procedures", names.size());
-    WriteWrapped(names);
+    if (!names.empty()) WriteWrapped(names);
+    if (procedures.left_out != 0) {
+      out_ << "  and " << procedures.left_out << " of the server's own, listed with --system\n";
+    }
   }
 
   const LcWorkbook& workbook_;

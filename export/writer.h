@@ -21,6 +21,7 @@ struct Document {
 struct Options {
   bool colour = false;         // text: terminal colours
   bool all_functions = false;  // text: list functions with their overloads instead of counts
+  bool system = false;         // for people: list the server's own procedures instead of a count
   // Diagrams: only the tables within `distance` relationships of this table (UTF-8, owner and name
   // parted by a dot, or the name alone); empty: the whole schema.
   std::string around;
@@ -29,22 +30,29 @@ struct Options {
   bool whole = false;       // diagrams: draw a schema of more than 60 tables whole all the same
 };
 
-// A format by its name on the command line. Null when there is no such format.
+// A format, by its name on the command line.
 struct Format {
   const char* name;
   const char* description;
+  // The extensions of its files, parted by blanks, lower case, without the dot.
+  const char* extensions;
+  bool draws;  // the options about diagrams mean something to it
   // Appends to `notes` one sentence (UTF-8) for whatever was left out and how to ask for it.
   // Returns false with a sentence in `notes` when nothing could be written (no such table).
   bool (*write)(const Document& document, const Options& options, std::ostream& out,
                 std::vector<std::string>& notes);
+  // Writes a folder of pages, for a format that has such a form; else null. Creates what is missing
+  // of `folder` (in the encoding of the file system), overwrites files of the same name and leaves
+  // others alone. False, with a sentence in `notes`, when a page cannot be written.
+  bool (*write_folder)(const Document& document, const Options& options, const std::string& folder,
+                       std::vector<std::string>& notes) = nullptr;
 };
-const Format* FindFormat(std::string_view name);
 const std::vector<Format>& AllFormats();
-
-// Writes Markdown as a folder: README.md and a page a table under tables/. Creates what is missing
-// of `folder` (in the encoding of the file system), overwrites pages of the same name and leaves
-// other files alone. False, with a sentence in `notes`, when a page cannot be written.
-bool WriteMarkdownFolder(const Document& document, const std::string& folder,
-                         std::vector<std::string>& notes);
+// Null when there is no such format.
+const Format* FindFormat(std::string_view name);
+// The format that a file's extension stands for, whatever its case; null when there is none.
+const Format* FindFormatOfFile(std::string_view file);
+// The format for readers who did not choose one: people at a terminal, or programs.
+const Format& DefaultFormat(bool terminal);
 
 }  // namespace wbexport

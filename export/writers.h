@@ -12,6 +12,9 @@ bool WriteJson(const Document& document, const Options& options, std::ostream& o
 bool WriteSql(const Document& document, const Options& options, std::ostream& out, Notes& notes);
 bool WriteMarkdown(const Document& document, const Options& options, std::ostream& out,
                    Notes& notes);
+// README.md and a page a table under tables/.
+bool WriteMarkdownFolder(const Document& document, const Options& options,
+                         const std::string& folder, Notes& notes);
 bool WriteMermaid(const Document& document, const Options& options, std::ostream& out,
                   Notes& notes);
 bool WriteDot(const Document& document, const Options& options, std::ostream& out, Notes& notes);

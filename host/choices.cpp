@@ -7,7 +7,9 @@
 #include <iostream>
 #include <iterator>
 
+#include "host/nearest.h"
 #include "host/outcome.h"
+#include "host/text.h"
 
 namespace wbhost {
 namespace {
@@ -16,76 +18,66 @@ constexpr std::uint32_t kDefaultItems = ibTables | ibViews | ibSynonyms | ibProc
                                         ibDataTypes | ibOperators | ibBooleanFunctions |
                                         ibFunctions | ibAggregates;
 
-QualifiedName ParseSelection(const std::string& text, const char* option) {
-  QualifiedName name = ParseQualifiedName(text);
-  if (name.name.empty()) {
-    throw Failure(ExitCode::kUsage,
-                  fmt::format("{}: '{}' has no name; it takes [OWNER.]NAME", option, text));
-  }
-  return name;
-}
-
 std::uint32_t ParseItems(const std::vector<std::string>& names) {
   std::uint32_t mask = 0;
   for (const std::string& name : names) {
     const std::optional<LeItemBit> bit = FindItem(name);
     if (!bit) {
-      std::string known;
-      for (const Item& item : AllItems()) known += fmt::format(" {}", item.name);
+      std::vector<std::string> known;
+      for (const Item& item : AllItems()) known.emplace_back(item.name);
       throw Failure(ExitCode::kUsage,
-                    fmt::format("--items: there is no item '{}'; there are{}", name, known));
+                    fmt::format("--items: there is no item '{}'{}", name, DidYouMean(name, known)));
     }
     mask |= *bit;
   }
   return mask;
 }
 
-void AppendTables(const std::vector<std::string>& names, const char* option, enumTableType type,
-                  LcTableInfoList& list) {
-  for (const std::string& text : names) {
-    const QualifiedName name = ParseSelection(text, option);
-    auto entry = std::make_unique<LcTableInfo>();
-    entry->owner = name.owner;
-    entry->name = name.name;
-    entry->type = type;
-    list.Append(std::move(entry));
+// An empty text takes back what a request file says.
+void ReadName(const std::optional<std::string>& text, const char* option, std::u16string& from_file,
+              std::optional<NamePattern>& pattern) {
+  if (!text) return;
+  from_file.clear();
+  if (!text->empty()) pattern = NamePattern::OfName(*text, option);
+}
+
+std::vector<NamePattern> ReadTables(const std::vector<std::string>& texts, const char* option) {
+  std::vector<NamePattern> patterns;
+  for (const std::string& text : texts) patterns.push_back(NamePattern::OfTable(text, option));
+  return patterns;
+}
+
+void ApplyNames(const ChoiceOptions& options, Choices& choices) {
+  LcImportChoices& importer = choices.importer;
+  NamePatterns& names = choices.names;
+  ReadName(options.owner, "--owner", importer.owner_restriction, names.owner);
+  ReadName(options.catalog, "--catalog", importer.catalog, names.catalog);
+  if (options.table) {
+    names.table = NamePattern::OfTable(*options.table, "--table");
+    importer.single_item_owner.clear();
+    importer.single_table_name.clear();
   }
+  for (const std::string& owner : options.select_owner) {
+    names.owners.push_back(NamePattern::OfName(owner, "--select-owner"));
+  }
+  names.tables = ReadTables(options.select_table, "--select-table");
+  names.views = ReadTables(options.select_view, "--select-view");
+  names.synonyms = ReadTables(options.select_synonym, "--select-synonym");
+  names.excluded = ReadTables(options.exclude, "--exclude");
+  if (!names.owners.empty()) importer.selected_owners.EmptyList();
+  if (!names.tables.empty() || !names.views.empty()) importer.selected_tables.EmptyList();
+  if (!names.synonyms.empty()) importer.selected_synonyms.EmptyList();
 }
 
 void ApplyOptions(const ChoiceOptions& options, Choices& choices) {
   LcImportChoices& importer = choices.importer;
   if (!options.items.empty()) choices.items = ParseItems(options.items);
-  if (options.owner) importer.owner_restriction = ToUtf16(*options.owner);
-  if (options.catalog) importer.catalog = ToUtf16(*options.catalog);
   if (options.system) importer.include_system = *options.system;
   if (options.keys) importer.keys = *options.keys;
   if (options.foreign_keys) importer.foreign_keys = *options.foreign_keys;
   if (options.dbms_type) importer.dbms_type = static_cast<LeDBMSType>(*options.dbms_type);
   if (options.generic) choices.settings[u"GenericWorkbookImport"] = std::uint32_t{1};
-  if (options.table) {
-    const QualifiedName name = ParseSelection(*options.table, "--table");
-    importer.single_item_owner = name.owner;
-    importer.single_table_name = name.name;
-  }
-  if (!options.select_owner.empty()) {
-    importer.selected_owners.EmptyList();
-    for (const std::string& owner : options.select_owner) {
-      auto entry = std::make_unique<LcOwnerInfo>();
-      entry->name = ToUtf16(owner);
-      importer.selected_owners.Append(std::move(entry));
-    }
-  }
-  if (!options.select_table.empty() || !options.select_view.empty()) {
-    importer.selected_tables.EmptyList();
-    AppendTables(options.select_table, "--select-table", ttTable, importer.selected_tables);
-    AppendTables(options.select_view, "--select-view", ttView, importer.selected_tables);
-  }
-  if (!options.select_synonym.empty()) {
-    importer.selected_synonyms.EmptyList();
-    for (const std::string& synonym : options.select_synonym) {
-      choices.synonyms_to_find.push_back(ParseSelection(synonym, "--select-synonym"));
-    }
-  }
+  ApplyNames(options, choices);
 }
 
 std::string ReadRequestText(const std::string& file) {
@@ -129,10 +121,13 @@ Choices::Choices() {
   importer.foreign_keys = true;
 }
 
+bool Choices::HasSingleTable() const { return names.table || !importer.single_table_name.empty(); }
+
 std::uint32_t Choices::ItemMask() const {
   if (items) return *items;
-  const bool synonym_selected = !importer.selected_synonyms.IsEmpty() || !synonyms_to_find.empty();
-  const bool any_selected = synonym_selected || !importer.selected_owners.IsEmpty() ||
+  const bool synonym_selected = !importer.selected_synonyms.IsEmpty() || !names.synonyms.empty();
+  const bool any_selected = synonym_selected || !names.owners.empty() || !names.tables.empty() ||
+                            !names.views.empty() || !importer.selected_owners.IsEmpty() ||
                             !importer.selected_tables.IsEmpty();
   return any_selected && !synonym_selected ? kDefaultItems & ~std::uint32_t{ibSynonyms}
                                            : kDefaultItems;
@@ -141,8 +136,9 @@ std::uint32_t Choices::ItemMask() const {
 Choices ReadChoices(const ChoiceOptions& options) {
   Choices choices;
   if (options.request) {
-    choices = ParseRequest(ReadRequestText(*options.request),
-                           *options.request == "-" ? "standard input" : *options.request);
+    const std::string name = *options.request == "-" ? "standard input" : *options.request;
+    choices = ParseRequest(ReadRequestText(*options.request), name);
+    choices.request = name;
   }
   ApplyOptions(options, choices);
   return choices;

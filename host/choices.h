@@ -10,8 +10,8 @@
 #include <variant>
 #include <vector>
 
+#include "host/name_pattern.h"
 #include "host/options.h"
-#include "host/text.h"
 #include "importer/workbook/import.h"
 
 namespace wbhost {
@@ -30,15 +30,28 @@ std::optional<LeItemBit> FindItem(std::string_view name);
 using Setting = std::variant<std::uint32_t, std::u16string>;
 using Settings = std::map<std::u16string, Setting>;
 
+// What options name. The server's names that they match replace them before an import, so that its
+// queries ask for those alone.
+struct NamePatterns {
+  std::optional<NamePattern> catalog;
+  std::optional<NamePattern> owner;  // the restriction
+  std::optional<NamePattern> table;  // the single one
+  std::vector<NamePattern> owners;
+  std::vector<NamePattern> tables;
+  std::vector<NamePattern> views;
+  std::vector<NamePattern> synonyms;
+  std::vector<NamePattern> excluded;  // tables and views
+};
+
 struct Choices {
   Choices();
   LcImportChoices importer;            // all but the item mask, which ItemMask() gives
   std::optional<std::uint32_t> items;  // empty: left to the default
   Settings settings;
-  // Synonyms selected by options. The entries of importer.selected_synonyms for them are put
-  // together from the server's synonym names.
-  std::vector<QualifiedName> synonyms_to_find;
+  NamePatterns names;
+  std::string request;  // the request file's name, for messages; empty: none was given
 
+  bool HasSingleTable() const;
   // The items to import: those chosen, or the first nine kinds, of which synonyms are left out when
   // something is selected and no synonym is.
   std::uint32_t ItemMask() const;

@@ -123,9 +123,46 @@ bool Connection::SupportsOwners() const {
   return (calls_->InfoNumber(SQL_OWNER_USAGE).value_or(0) & SQL_OU_DML_STATEMENTS) != 0;
 }
 
-std::u16string Connection::CurrentCatalog() const {
-  if ((calls_->InfoNumber(SQL_QUALIFIER_USAGE).value_or(0) & SQL_QU_DML_STATEMENTS) == 0) return {};
-  return calls_->AttributeText(SQL_ATTR_CURRENT_CATALOG).value_or(u"");
+std::optional<std::u16string> Connection::AskCurrentCatalog() const {
+  if ((calls_->InfoNumber(SQL_QUALIFIER_USAGE).value_or(0) & SQL_QU_DML_STATEMENTS) == 0) {
+    return std::nullopt;
+  }
+  const std::optional<std::u16string> catalog = calls_->AttributeText(SQL_ATTR_CURRENT_CATALOG);
+  // MariaDB's driver (3.1) gives this text for none.
+  if (catalog != u"null") return catalog;
+  const std::optional<std::vector<std::u16string>> catalogs = Catalogs();
+  const bool is_one = catalogs && std::count(catalogs->begin(), catalogs->end(), *catalog) > 0;
+  return is_one ? catalog : std::u16string();
+}
+
+bool Connection::LacksCatalog() const {
+  const std::optional<std::u16string> catalog = AskCurrentCatalog();
+  return catalog && catalog->empty() && !SupportsOwners();
+}
+
+std::optional<std::vector<std::u16string>> Connection::Catalogs() const {
+  SQLHSTMT statement = SQL_NULL_HSTMT;
+  if (!Succeeded(SQLAllocHandle(SQL_HANDLE_STMT, handles_->connection, &statement))) {
+    return std::nullopt;
+  }
+  std::optional<std::vector<std::u16string>> catalogs;
+  // A pattern for every catalog beside two empty texts is ODBC's way of asking for the catalogs.
+  SQLWCHAR all[] = {'%', 0};
+  SQLWCHAR none[] = {0};
+  std::array<SQLWCHAR, 256> name{};
+  SQLLEN length = 0;
+  if (Succeeded(SQLTablesW(statement, all, SQL_NTS, none, 0, none, 0, none, 0)) &&
+      Succeeded(SQLBindCol(statement, 1, SQL_C_WCHAR, name.data(), sizeof name, &length))) {
+    catalogs.emplace();
+    while (Succeeded(SQLFetch(statement))) {
+      const auto end = std::find(name.begin(), name.end() - 1, SQLWCHAR{0});
+      if (length == SQL_NULL_DATA || end == name.begin()) continue;
+      catalogs->push_back(
+          ToUtf16(FromWide(name.data(), static_cast<std::size_t>(end - name.begin()))));
+    }
+  }
+  SQLFreeHandle(SQL_HANDLE_STMT, statement);
+  return catalogs;
 }
 
 std::vector<Connection::FunctionOffer> Connection::OfferedFunctions() const {

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -53,7 +54,11 @@ class Connection {
   // Whether statements may name an owner in front of a table.
   bool SupportsOwners() const;
   // The catalog that the connection is in, where catalogs mean something to the driver; else empty.
-  std::u16string CurrentCatalog() const;
+  std::u16string CurrentCatalog() const { return AskCurrentCatalog().value_or(u""); }
+  // Whether the connection is in no catalog although the server has catalogs instead of owners.
+  bool LacksCatalog() const;
+  // The catalogs of the server, as its driver lists them; nothing where it does not.
+  std::optional<std::vector<std::u16string>> Catalogs() const;
 
   struct FunctionOffer {
     const char* name;
@@ -67,6 +72,9 @@ class Connection {
   std::string DriverText() const;  // the driver's name and version
 
  private:
+  // Nothing where catalogs mean nothing or the driver does not tell.
+  std::optional<std::u16string> AskCurrentCatalog() const;
+
   struct Handles;
   std::string connect_text_;
   std::unique_ptr<SampleDatabase> sample_;  // outlives the connection to it

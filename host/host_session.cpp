@@ -11,6 +11,7 @@ namespace {
 // A list of names is quickly read and often goes into a pipe: without a terminal it shows nothing
 // unless asked.
 ProgressMode ChooseProgress(const Options& options, const Screen& screen) {
+  if (options.report.quiet) return ProgressMode::kNone;
   if (options.command != Command::kImport && !options.report.progress && !screen.IsTerminal()) {
     return ProgressMode::kNone;
   }
@@ -24,10 +25,15 @@ Choices& Settle(Choices& choices, const ChoiceOptions& options,
   return choices;
 }
 
+bool IsSampleByDefault(const ConnectionOptions& options) {
+  return !options.connect && !options.dsn && !options.sqlite && !options.sample && !options.replay;
+}
+
 }  // namespace
 
 HostSession::HostSession(Run& run, Choices& choices, const OutputFile& output)
     : run_(run),
+      progress_(ChooseProgress(run.options, run.screen)),
       module_(run.options.report.messages),
       reports_(run.options.report, run.secrets),
       target_(ResolveTarget(run.options.connection, run.secrets)),
@@ -36,10 +42,12 @@ HostSession::HostSession(Run& run, Choices& choices, const OutputFile& output)
       notes_(ReplayNotes::Read(target_.recording)),
       services_(Settle(choices, run.options.choices, notes_).settings, run.screen, reports_,
                 recording_, notes_ ? &*notes_ : nullptr),
-      runner_(connection_, services_, ChooseProgress(run.options, run.screen), run.screen, reports_,
-              recording_, notes_ ? &*notes_ : nullptr) {
+      runner_(connection_, services_, progress_, run.screen, reports_, recording_,
+              notes_ ? &*notes_ : nullptr) {
   recording_.Begin(connection_);
-  recording_.NoteChoices(choices);
+  if (IsSampleByDefault(run.options.connection)) {
+    run.screen.Say("no connection is given: this is the sample database (--help tells how)");
+  }
   output.Check();
   if (!recording_.IsGood()) {
     throw Failure(ExitCode::kOutput, fmt::format("cannot write {}", recording_.name()));

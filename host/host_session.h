@@ -20,14 +20,19 @@ class HostSession {
 
   ImportRunner& runner() { return runner_; }
   const Connection& connection() const { return connection_; }
+  // Keeps the choices with a recording, once the names in them are the server's.
+  void NoteChoices(const Choices& choices) { recording_.NoteChoices(choices); }
   // Adds what the end of the run shows: a report that could not be written, and what a recording
   // did not hold.
   void Finish(Outcome& outcome);
+  // Whether an import that ended well is told of in one line at its end.
+  bool SaysTheEnd() const { return progress_ == ProgressMode::kEnd; }
 
  private:
   void CheckReplay(Outcome& outcome);
 
   Run& run_;
+  const ProgressMode progress_;
   StartedModule module_;
   Reports reports_;
   const Target target_;

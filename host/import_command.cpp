@@ -3,93 +3,139 @@
 #include <fmt/format.h>
 #include <unistd.h>
 
+#include <iostream>
+#include <iterator>
+
 #include "export/writer.h"
 #include "host/commands.h"
 #include "host/host_session.h"
-#include "host/synonyms.h"
+#include "host/resolve_names.h"
 #include "host/text.h"
 
 namespace wbhost {
 namespace {
 
-const wbexport::Format& ChooseFormat(const OutputOptions& options, const OutputFile& output) {
-  const bool on_terminal = output.IsStandardOutput() && isatty(STDOUT_FILENO) != 0;
-  const std::string name = options.format.value_or(on_terminal ? "text" : "json");
-  const wbexport::Format* format = wbexport::FindFormat(name);
-  if (format == nullptr) {
-    throw Failure(ExitCode::kUsage, fmt::format("there is no format '{}'", name));
-  }
-  return *format;
-}
-
-// Markdown is one page, or a page a table where the output is a folder: `-o docs/`.
-OutputFile ChooseOutput(const OutputOptions& options) {
-  return OutputFile(options.file, options.format == "markdown");
-}
-
-void WriteWorkbook(Run& run, const OutputFile& output, const LcWorkbook& workbook,
-                   const LcWorkbookFileInfo& info) {
-  const OutputOptions& wanted = run.options.output;
-  const wbexport::Format& format = ChooseFormat(wanted, output);
-  wbexport::Options options;
-  options.colour = output.IsStandardOutput() && WantsColour(STDOUT_FILENO);
-  options.all_functions = wanted.all_functions;
-  options.around = wanted.around.value_or("");
-  options.distance = wanted.distance;
-  options.whole = wanted.whole;
-  options.dialect_out = wanted.dialect_out;
-  std::vector<std::string> notes;
-  bool written = false;
-  if (output.IsFolder()) {
-    if (!wbexport::WriteMarkdownFolder({workbook, info}, wanted.file, notes)) {
-      throw Failure(ExitCode::kOutput,
-                    notes.empty() ? "the pages cannot be written" : notes.back());
+// What is written, and where to.
+class Sheet {
+ public:
+  // Throws a Failure for options that the format has no use for.
+  explicit Sheet(const OutputOptions& options)
+      : options_(options), format_(Choose(options)), output_(options.file, format_.write_folder) {
+    if (format_.draws) return;
+    const char* option = options.around ? "--around" : options.whole ? "--whole" : nullptr;
+    if (option == nullptr) return;
+    std::string drawing;
+    for (const wbexport::Format& format : wbexport::AllFormats()) {
+      if (format.draws) drawing += fmt::format("{}{}", drawing.empty() ? "" : ", ", format.name);
     }
-    for (const std::string& note : notes) run.screen.Say(note);
-    return;
+    throw Failure(ExitCode::kUsage, fmt::format("{}: {} has no diagram; these formats have one: {}",
+                                                option, format_.name, drawing));
   }
-  output.Write([&](std::ostream& out) {
-    written = format.write({workbook, info}, options, out, notes);
-    return written;
-  });
-  if (!written) {
-    throw Failure(ExitCode::kUsage, notes.empty() ? "nothing could be written" : notes.back());
+
+  const OutputFile& output() const { return output_; }
+
+  // `system` lists what is the server's own too.
+  void Write(const LcWorkbook& workbook, const LcWorkbookFileInfo& info, bool system,
+             Screen& screen) const {
+    wbexport::Options options;
+    options.colour = output_.IsStandardOutput() && WantsColour(STDOUT_FILENO);
+    options.all_functions = options_.all_functions;
+    options.system = system;
+    options.around = options_.around.value_or("");
+    options.distance = options_.distance;
+    options.whole = options_.whole;
+    options.dialect_out = options_.dialect_out;
+    std::vector<std::string> notes;
+    const bool written = output_.IsFolder()
+                             ? format_.write_folder({workbook, info}, options, options_.file, notes)
+                             : output_.Write([&](std::ostream& out) {
+                                 return format_.write({workbook, info}, options, out, notes);
+                               });
+    if (!written) {
+      throw Failure(output_.IsFolder() ? ExitCode::kOutput : ExitCode::kUsage,
+                    notes.empty() ? "nothing could be written" : notes.back());
+    }
+    for (const std::string& note : notes) screen.Say(note);
   }
-  for (const std::string& note : notes) run.screen.Say(note);
+
+ private:
+  static const wbexport::Format& Choose(const OutputOptions& options) {
+    if (options.format) return *wbexport::FindFormat(*options.format);  // checked with the options
+    return wbexport::DefaultFormat(OutputFile(options.file).IsStandardOutput() &&
+                                   isatty(STDOUT_FILENO) != 0);
+  }
+
+  const OutputOptions& options_;
+  const wbexport::Format& format_;
+  const OutputFile output_;
+};
+
+// What was read, for the line at the end.
+std::string Summary(const ImportResult& result) {
+  const LcWorkbook& workbook = *result.workbook;
+  std::size_t counts[3] = {};  // by enumTableType
+  for (const LcWorkbookTable* table : workbook.tables) {
+    if (table != nullptr) ++counts[table->GetType()];
+  }
+  const std::pair<std::size_t, const char*> kinds[] = {
+      {counts[ttTable], "table"},
+      {counts[ttView], "view"},
+      {counts[ttSynonym], "synonym"},
+      {workbook.table_names.GetCount(), "name"},
+      {workbook.column_names.GetCount(), "column name"},
+  };
+  std::string text;
+  for (const auto& [count, kind] : kinds) {
+    if (count == 0) continue;
+    text += fmt::format("{}{} {}{}", text.empty() ? "" : ", ", count, kind, count == 1 ? "" : "s");
+  }
+  return fmt::format("{} in {:.1f} s", text.empty() ? "done" : "read " + text, result.seconds);
 }
+
+std::string ReadStandardInput() { return {std::istreambuf_iterator<char>(std::cin), {}}; }
 
 }  // namespace
 
 void RunImport(Run& run, Outcome& outcome) {
+  const OutputOptions& wanted = run.options.output;
   Choices choices = ReadChoices(run.options.choices);
-  if ((choices.ItemMask() & ibColumnNames) != 0 && choices.importer.single_table_name.empty()) {
+  if ((choices.ItemMask() & ibColumnNames) != 0 && !choices.HasSingleTable()) {
     throw Failure(ExitCode::kUsage,
                   "column-names needs a single table: --table [OWNER.]NAME, or singleTable in the "
                   "request file");
   }
-  const OutputFile output = ChooseOutput(run.options.output);
-  ChooseFormat(run.options.output, output);
-  HostSession session(run, choices, output);
-  CompleteSynonyms(choices, session.runner(), outcome);
-  const ImportResult result = session.runner().Run(choices.importer, choices.ItemMask());
+  const Sheet sheet(wanted);
+  HostSession session(run, choices, sheet.output());
+  const std::uint32_t items = choices.ItemMask();
+  ResolveNames(choices, items, wanted.around, session.runner(), run.screen);
+  choices.items = items;
+  session.NoteChoices(choices);
+  const ImportResult result = session.runner().Run(choices.importer, items);
   session.runner().Judge(result, outcome);
   session.Finish(outcome);
-  WriteWorkbook(run, output, *result.workbook, result.info);
+  sheet.Write(*result.workbook, result.info, choices.importer.include_system, run.screen);
+  if (!sheet.output().IsStandardOutput()) outcome.SetWritten(wanted.file);
+  if (outcome.IsOk() && session.SaysTheEnd()) {
+    run.screen.Say(Summary(result) +
+                   (sheet.output().IsStandardOutput() ? "" : ", wrote " + wanted.file));
+  }
 }
 
 void RunRender(Run& run) {
   const std::string& file = run.options.render_file;
-  const OutputFile output = ChooseOutput(run.options.output);
-  output.Check();
-  const std::optional<std::string> text = ReadWholeFile(file);
-  if (!text) throw Failure(ExitCode::kUsage, fmt::format("cannot read the workbook file {}", file));
+  const Sheet sheet(run.options.output);
+  sheet.output().Check();
+  const std::optional<std::string> text =
+      file == "-" ? std::optional(ReadStandardInput()) : ReadWholeFile(file);
+  const std::string name = file == "-" ? "standard input" : file;
+  if (!text) throw Failure(ExitCode::kUsage, fmt::format("cannot read the workbook file {}", name));
   LcWorkbook workbook;
   LcWorkbookFileInfo info;
   std::string why;
   if (!ReadWorkbookFile(*text, workbook, info, why)) {
-    throw Failure(ExitCode::kUsage, fmt::format("{} is no workbook file: {}", file, why));
+    throw Failure(ExitCode::kUsage, fmt::format("{} is no workbook file: {}", name, why));
   }
-  WriteWorkbook(run, output, workbook, info);
+  sheet.Write(workbook, info, run.options.output.system, run.screen);
 }
 
 }  // namespace wbhost

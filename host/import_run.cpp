@@ -36,6 +36,33 @@ StartedModule::StartedModule(const std::optional<std::string>& message_folder) {
 
 StartedModule::~StartedModule() { OdbcImportStop(); }
 
+// What made an import return false, which the module does not tell, and where to look. A call that
+// failed ends the generic route; failing that, it is the step with the last word, which the server
+// does not answer: of those that were asked for and brought nothing the last of its route.
+std::pair<std::string, std::string> WhyFalse(const ImportResult& result, const std::string& log) {
+  if (!result.last_failure.empty()) return {result.last_failure, log};
+  const LcWorkbook& workbook = *result.workbook;
+  const std::pair<std::uint32_t, bool> steps[] = {
+      {ibProcedures, workbook.procedures.IsEmpty()},
+      {ibTables | ibViews | ibSynonyms, workbook.tables.IsEmpty()},
+      {ibAggregates, workbook.aggregates.IsEmpty()},
+      {ibFunctions, workbook.functions.IsEmpty()},
+      {ibBooleanFunctions, workbook.boolean_functions.IsEmpty()},
+      {ibColumnNames, workbook.column_names.IsEmpty()},
+      {ibTableNames | ibViewNames | ibSynonymNames, workbook.table_names.IsEmpty()},
+      {ibOwnerNames, workbook.owner_names.IsEmpty()},
+  };
+  const char* const where = "docs/servers.md tells what is read of each server";
+  for (const auto& [items, is_empty] : steps) {
+    for (const Item& item : AllItems()) {
+      if (is_empty && (item.bit & items & result.items) != 0) {
+        return {fmt::format("this server's route found no {}", item.name), where};
+      }
+    }
+  }
+  return {"its last step found nothing", where};
+}
+
 // An importer that is lent the connection for its lifetime.
 class ImportRunner::Importer : public LcODBCWorkbookImport {
  public:
@@ -69,7 +96,9 @@ ImportResult ImportRunner::Run(const LcImportChoices& choices, std::uint32_t ite
                                bool traced) {
   ImportResult result;
   result.workbook = std::make_unique<LcWorkbook>();
-  Progress progress(progress_mode_, screen_);
+  result.items = item_mask;
+  const std::string failure_before = services_.LastFailure();
+  Progress progress(progress_mode_, screen_, choices.keys, choices.foreign_keys);
   {
     Importer importer(*this, choices, result.workbook.get());
     importer.choices.item_mask = item_mask;
@@ -89,9 +118,10 @@ ImportResult ImportRunner::Run(const LcImportChoices& choices, std::uint32_t ite
     importer_ = nullptr;
     progress_ = nullptr;
   }
-  progress.Finish();
+  result.seconds = progress.Finish();
   result.info.errors_shown = services_.ErrorsShown();
   result.connection_lost = connection_.IsDead();
+  if (services_.LastFailure() != failure_before) result.last_failure = services_.LastFailure();
   result.info.incomplete = result.info.status != 0 || result.connection_lost;
   return result;
 }
@@ -101,17 +131,30 @@ LcODBCWorkbookImport::RouteDecision ImportRunner::DecideRoute(const LcImportChoi
   return Importer(*this, choices, &workbook).DecideRoute();
 }
 
-void ImportRunner::Judge(const ImportResult& result, Outcome& outcome) {
+void ImportRunner::Judge(const ImportResult& result, Outcome& outcome) const {
   constexpr unsigned short kStatusCancelled = 4;
   constexpr unsigned short kStatusStopped = 9;
+  const std::string log = reports_.log.IsOpen() ? "see " + reports_.log.name()
+                                                : "--log FILE keeps what the driver said";
+  const std::uint32_t shown = result.info.errors_shown;
   if (result.connection_lost) {
-    screen_.SayError("the connection was lost during the import; what was read is incomplete");
-    outcome.Add(ExitCode::kConnection);
+    outcome.Add(ExitCode::kConnection, "the connection was lost: incomplete", log);
   }
-  if (result.info.status == kStatusCancelled) outcome.Add(ExitCode::kCancelled);
-  if (result.info.status == kStatusStopped) outcome.Add(ExitCode::kStopped);
-  if (!result.info.result) outcome.Add(ExitCode::kImportFalse);
-  if (result.info.errors_shown > 0) outcome.Add(ExitCode::kErrorsShown);
+  if (result.info.status == kStatusCancelled) {
+    outcome.Add(ExitCode::kCancelled, "cancelled, incomplete");
+  }
+  if (result.info.status == kStatusStopped) outcome.Add(ExitCode::kStopped, "stopped, incomplete");
+  if (!result.info.result) {
+    const auto [why, where] = WhyFalse(result, log);
+    outcome.Add(ExitCode::kImportFalse, "the import returned false: " + why, where);
+  }
+  if (shown > 0) {
+    outcome.Add(
+        ExitCode::kErrorsShown,
+        fmt::format("the import ended well but for {} shown above",
+                    shown == 1 ? "a database error" : fmt::format("{} database errors", shown)),
+        log);
+  }
 }
 
 void ImportRunner::OnNotify(enumImpNotify notify, void* record) { active_->Notify(notify, record); }
@@ -127,12 +170,7 @@ void ImportRunner::Notify(enumImpNotify notify, void* record) {
 
   if (traced_ && reports_.trace.IsOpen()) reports_.trace.WriteLine(TraceLine(notify, record));
 
-  const bool starts = notify == inPhaseStart || notify == inLoopStart;
-  const auto* start = starts ? static_cast<const LcImpProgStartInfo*>(record) : nullptr;
-  const auto* item = starts ? nullptr : static_cast<const LcImpItemInfo*>(record);
-  progress_->Notify(
-      notify, start != nullptr ? start->item_type : iiNone, start != nullptr ? start->count : 0,
-      [item] { return item == nullptr ? std::string() : DisplayName(item->text1, item->text2); });
+  progress_->Notify(notify, record);
 }
 
 }  // namespace wbhost

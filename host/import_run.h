@@ -27,7 +27,10 @@ class StartedModule {
 struct ImportResult {
   std::unique_ptr<LcWorkbook> workbook;
   LcWorkbookFileInfo info;
+  std::uint32_t items = 0;  // that were asked for
   bool connection_lost = false;
+  std::string last_failure;  // the driver's last call that failed, however it was taken; or empty
+  double seconds = 0;
 };
 
 // Runs imports on one connection, one at a time, with one way of reporting.
@@ -43,8 +46,10 @@ class ImportRunner {
   // The route that a run would take, with what is known of the server then.
   LcODBCWorkbookImport::RouteDecision DecideRoute(const LcImportChoices& choices);
 
-  // Adds what a result means for the exit code, and says so where the connection was lost.
-  void Judge(const ImportResult& result, Outcome& outcome);
+  // Adds what a result means for the exit code, with what is to be said of it.
+  void Judge(const ImportResult& result, Outcome& outcome) const;
+
+  const Connection& connection() const { return connection_; }
 
  private:
   class Importer;

@@ -112,19 +112,13 @@ std::string InstalledAsJson(const std::vector<Installed>& drivers,
   return json.dump(2, ' ', false, nlohmann::json::error_handler_t::replace) + "\n";
 }
 
-void Write(const OutputFile& output, const std::string& text) {
-  output.Write([&](std::ostream& out) {
-    out << text;
-    return true;
-  });
-}
-
 }  // namespace
 
 void RunInfo(Run& run, Outcome& outcome) {
   Choices choices = ReadChoices(run.options.choices);
   const OutputFile output(run.options.output.file);
   HostSession session(run, choices, output);
+  session.NoteChoices(choices);
   const Connection& connection = session.connection();
   Facts facts;
   facts.server = session.runner().DecideRoute(choices.importer);
@@ -135,7 +129,7 @@ void RunInfo(Run& run, Outcome& outcome) {
   facts.catalog = connection.CurrentCatalog();
   facts.functions = connection.OfferedFunctions();
   session.Finish(outcome);
-  Write(output, run.options.output.format == "json" ? FactsAsJson(facts) : FactsAsText(facts));
+  output.WriteText(run.options.output.format == "json" ? FactsAsJson(facts) : FactsAsText(facts));
 }
 
 void RunDrivers(Run& run) {
@@ -143,8 +137,8 @@ void RunDrivers(Run& run) {
   output.Check();
   const std::vector<Installed> drivers = InstalledDrivers();
   const std::vector<Installed> sources = DataSources();
-  Write(output, run.options.output.format == "json" ? InstalledAsJson(drivers, sources)
-                                                    : InstalledAsText(drivers, sources));
+  output.WriteText(run.options.output.format == "json" ? InstalledAsJson(drivers, sources)
+                                                       : InstalledAsText(drivers, sources));
 }
 
 }  // namespace wbhost

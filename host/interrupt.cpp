@@ -5,9 +5,11 @@
 
 #include <array>
 #include <atomic>
+#include <cerrno>
 #include <climits>
 #include <csignal>
 #include <cstring>
+#include <string_view>
 
 #include "host/outcome.h"
 
@@ -19,20 +21,46 @@ std::atomic<bool> cancelled{false};
 std::atomic<int> interrupts_allowed{2};
 std::array<char, PATH_MAX> file_to_remove{};
 std::atomic<bool> has_file_to_remove{false};
+bool on_terminal = false;  // set before the handlers are installed
 static_assert(std::atomic<int>::is_always_lock_free && std::atomic<bool>::is_always_lock_free);
+
+constexpr std::string_view kEraseLine = "\r\x1b[K";
+
+void Write(std::string_view text) {
+  // Nobody is left to tell when this fails.
+  [[maybe_unused]] const ssize_t written = write(STDERR_FILENO, text.data(), text.size());
+}
+
+// A line on standard error, in place of the bar where there may be one.
+void Answer(std::string_view text) {
+  if (on_terminal) Write(kEraseLine);
+  Write("wbimport: ");
+  Write(text);
+  Write("\n");
+}
 
 void EndAtOnce() {
   if (has_file_to_remove) unlink(file_to_remove.data());
+  Answer("ended at once");
   _exit(kEndedAtOnce);
 }
 
+// The answer comes from here, since the import may not come by for a while.
 void OnInterrupt(int) {
-  if (++interrupts > interrupts_allowed) EndAtOnce();
+  const int saved_errno = errno;
+  const int count = ++interrupts;
+  if (count > interrupts_allowed) EndAtOnce();
+  Answer(count == 1 ? "stopping after the table in hand; again to cancel"
+                    : "cancelling; again to end at once");
+  errno = saved_errno;
 }
 
 void OnTerminate(int) {
+  const int saved_errno = errno;
   if (interrupts_allowed == 0) EndAtOnce();
   cancelled = true;
+  Answer("cancelling");
+  errno = saved_errno;
 }
 
 void Install(int signal_number, void (*handler)(int)) {
@@ -47,10 +75,11 @@ void Install(int signal_number, void (*handler)(int)) {
 
 void InstallInterruptHandlers(bool graceful) {
   interrupts_allowed = graceful ? 2 : 0;
+  on_terminal = isatty(STDERR_FILENO) != 0;
   Install(SIGINT, OnInterrupt);
   Install(SIGTERM, OnTerminate);
   Install(SIGHUP, OnTerminate);
-  // A reader that goes away is an error of writing, which is reported as such.
+  // A reader that goes away is an error of writing.
   std::signal(SIGPIPE, SIG_IGN);
 }
 

@@ -1,5 +1,5 @@
 // Interrupts of a run: the first stops the import, the second cancels it, the third ends the
-// program at once. SIGTERM and SIGHUP cancel.
+// program at once. SIGTERM and SIGHUP cancel. Each is answered at once by a line on standard error.
 #pragma once
 
 #include <string>

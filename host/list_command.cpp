@@ -2,23 +2,23 @@
 #include "host/commands.h"
 #include "host/host_session.h"
 #include "host/lists.h"
-#include "host/synonyms.h"
+#include "host/resolve_names.h"
 
 namespace wbhost {
 
 void RunList(Run& run, Outcome& outcome) {
+  const std::string& kind = run.options.list_kind;
   Choices choices = ReadChoices(run.options.choices);
   const OutputFile output(run.options.output.file);
   HostSession session(run, choices, output);
-  CompleteSynonyms(choices, session.runner(), outcome);
+  ResolveNames(choices, ItemsOfList(kind), {}, session.runner(), run.screen);
+  session.NoteChoices(choices);
   const std::vector<ListedName> names =
-      ReadList(run.options.list_kind, choices, session.runner(), outcome);
+      ReadList(kind, choices, session.runner(), outcome, run.screen);
   session.Finish(outcome);
   const bool json = run.options.output.format == "json";
-  output.Write([&](std::ostream& out) {
-    out << (json ? FormatListAsJson(names) : FormatListAsText(names));
-    return true;
-  });
+  output.WriteText(json ? FormatListAsJson(names) : FormatListAsText(names));
+  if (!output.IsStandardOutput()) outcome.SetWritten(output.name());
 }
 
 }  // namespace wbhost

@@ -8,6 +8,8 @@
 #include <set>
 #include <utility>
 
+#include "export/model.h"
+#include "host/selection.h"
 #include "host/text.h"
 
 namespace wbhost {
@@ -17,39 +19,51 @@ namespace {
 // an error shown means that the server has none of what was asked for.
 class Reader {
  public:
-  Reader(const LcImportChoices& choices, ImportRunner& runner, Outcome& outcome)
-      : choices_(choices), runner_(runner), outcome_(outcome) {}
+  Reader(const LcImportChoices& choices, ImportRunner& runner, Outcome& outcome, bool traced)
+      : choices_(choices), runner_(runner), outcome_(outcome), traced_(traced) {}
 
   ImportResult Run(std::uint32_t items) { return Run(choices_, items); }
   ImportResult Run(const LcImportChoices& choices, std::uint32_t items) {
-    ImportResult result = runner_.Run(choices, items);
-    Outcome this_run;
-    runner_.Judge(result, this_run);
-    for (const ExitCode code : {ExitCode::kConnection, ExitCode::kCancelled, ExitCode::kStopped,
-                                ExitCode::kErrorsShown}) {
-      if (this_run.Has(code)) outcome_.Add(code);
-    }
-    if (this_run.Has(ExitCode::kImportFalse) && result.info.errors_shown > 0) {
-      outcome_.Add(ExitCode::kImportFalse);
-    }
+    ImportResult result = runner_.Run(choices, items, traced_);
+    const bool has_none = !result.info.result && result.info.errors_shown == 0;
+    result.info.result = result.info.result || has_none;
+    runner_.Judge(result, outcome_);
+    result.info.result = result.info.result && !has_none;
     return result;
   }
   const LcODBCWorkbookImport::Route& Route() {
     return LcODBCWorkbookImport::GetRoute(runner_.DecideRoute(choices_).route);
   }
   const LcImportChoices& choices() const { return choices_; }
+  const Connection& connection() const { return runner_.connection(); }
+  // A sentence part about what the list leaves out.
+  void LeaveOut(const std::string& note) { left_out_ = note; }
+  const std::string& left_out() const { return left_out_; }
 
  private:
   const LcImportChoices& choices_;
   ImportRunner& runner_;
   Outcome& outcome_;
+  const bool traced_;
+  std::string left_out_;
 };
 
 std::vector<ListedName> TableNames(Reader& reader, std::uint32_t items) {
   std::vector<ListedName> names;
   const ImportResult result = reader.Run(items);
-  for (const LcTableInfo* table : result.workbook->table_names.Present())
+  const Selection selection(reader.choices());
+  for (const LcTableInfo* table : result.workbook->table_names.Present()) {
+    if (!selection.IsEmpty() && !selection.Holds(*table)) continue;
     names.push_back({table->owner, table->name});
+  }
+  return names;
+}
+
+std::vector<ListedName> CatalogNames(Reader& reader) {
+  std::vector<ListedName> names;
+  const std::optional<std::vector<std::u16string>> catalogs = reader.connection().Catalogs();
+  if (!catalogs) return names;
+  for (const std::u16string& catalog : *catalogs) names.push_back({u"", catalog});
   return names;
 }
 
@@ -155,32 +169,52 @@ std::vector<ListedName> PlainNames(const Entries& entries) {
 std::vector<ListedName> ProcedureNames(Reader& reader) {
   std::vector<ListedName> names;
   const ImportResult result = reader.Run(ibProcedures);
-  for (const LcWorkbookProcedure* procedure : result.workbook->procedures.Present())
-    names.push_back({procedure->GetOwner(), procedure->GetName()});
+  std::size_t left_out = 0;
+  for (const LcWorkbookProcedure* procedure : result.workbook->procedures) {
+    if (procedure == nullptr) continue;
+    if (!reader.choices().include_system && wbexport::IsOfSystem(*procedure, result.info)) {
+      ++left_out;
+    } else {
+      names.push_back({procedure->GetOwner(), procedure->GetName()});
+    }
+  }
+  if (left_out > 0) {
+    reader.LeaveOut(
+        fmt::format("{} of the server's own are left out: --system lists them", left_out));
+  }
   return names;
 }
 
 struct ListReader {
   const char* name;
+  std::uint32_t items;  // none: no database has to be chosen
   std::function<std::vector<ListedName>(Reader&)> read;
 };
 
 const std::vector<ListReader>& ListReaders() {
   static const std::vector<ListReader> readers = {
-      {"owners", OwnerNames},
-      {"tables", [](Reader& reader) { return TableNames(reader, ibTableNames); }},
-      {"views", [](Reader& reader) { return TableNames(reader, ibViewNames); }},
-      {"synonyms", [](Reader& reader) { return TableNames(reader, ibSynonymNames); }},
-      {"columns", ColumnNames},
-      {"types", TypeNames},
-      {"operators",
+      {"catalogs", 0, CatalogNames},
+      {"owners", ibOwnerNames, OwnerNames},
+      {"tables", ibTables, [](Reader& reader) { return TableNames(reader, ibTableNames); }},
+      {"views", ibViews, [](Reader& reader) { return TableNames(reader, ibViewNames); }},
+      {"synonyms", ibSynonyms, [](Reader& reader) { return TableNames(reader, ibSynonymNames); }},
+      {"columns", ibColumnNames, ColumnNames},
+      {"types", ibDataTypes, TypeNames},
+      {"operators", ibOperators,
        [](Reader& reader) { return PlainNames(reader.Run(ibOperators).workbook->operators); }},
-      {"functions", FunctionNames},
-      {"aggregates",
+      {"functions", ibFunctions | ibBooleanFunctions, FunctionNames},
+      {"aggregates", ibAggregates,
        [](Reader& reader) { return PlainNames(reader.Run(ibAggregates).workbook->aggregates); }},
-      {"procedures", ProcedureNames},
+      {"procedures", ibProcedures, ProcedureNames},
   };
   return readers;
+}
+
+const ListReader& FindList(std::string_view list) {
+  for (const ListReader& candidate : ListReaders()) {
+    if (list == candidate.name) return candidate;
+  }
+  throw Failure(ExitCode::kUsage, fmt::format("there is no list '{}'", list));
 }
 
 }  // namespace
@@ -191,13 +225,25 @@ std::vector<std::string> ListNames() {
   return names;
 }
 
+std::uint32_t ItemsOfList(std::string_view list) { return FindList(list).items; }
+
 std::vector<ListedName> ReadList(std::string_view list, const Choices& choices,
-                                 ImportRunner& runner, Outcome& outcome) {
-  Reader reader(choices.importer, runner, outcome);
-  for (const ListReader& candidate : ListReaders()) {
-    if (list == candidate.name) return candidate.read(reader);
+                                 ImportRunner& runner, Outcome& outcome, Screen& screen) {
+  Reader reader(choices.importer, runner, outcome, true);
+  std::vector<ListedName> names = FindList(list).read(reader);
+  if (!reader.left_out().empty()) screen.Say(reader.left_out());
+  return names;
+}
+
+std::optional<std::vector<std::u16string>> ReadOwners(const Choices& choices,
+                                                      ImportRunner& runner) {
+  Outcome outcome;
+  Reader reader(choices.importer, runner, outcome, false);
+  std::vector<std::u16string> owners;
+  for (const ListedName& owner : OwnerNames(reader)) {
+    if (!owner.name.empty()) owners.push_back(owner.name);
   }
-  throw Failure(ExitCode::kUsage, fmt::format("there is no list '{}'", list));
+  return outcome.IsOk() ? std::optional(owners) : std::nullopt;
 }
 
 std::string FormatListAsText(const std::vector<ListedName>& names) {

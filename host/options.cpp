@@ -3,6 +3,7 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <iostream>
 
 #include "export/writer.h"
@@ -10,6 +11,7 @@
 #include "host/config_file.h"
 #include "host/declarations.h"
 #include "host/lists.h"
+#include "host/nearest.h"
 #include "host/outcome.h"
 #include "host/samples.h"
 #include "host/text.h"
@@ -32,7 +34,7 @@ constexpr const char* kExamples =
 constexpr const char* kImportExamples =
     "Examples:\n"
     "  wbimport import --sample informix --format markdown\n"
-    "  wbimport import --sqlite shop.db --select-table orders --select-view open_orders\n"
+    "  wbimport import --sqlite shop.db --select-table 'order*' --exclude order_log\n"
     "  wbimport import --dsn stock --user joe --password-stdin --format svg -o stock.svg <secret\n"
     "  wbimport import --connect 'Driver=PostgreSQL Unicode;Server=db;Database=stock;UID=joe' \\\n"
     "      --password-env PGPASSWORD --request choices.json -o stock.json\n"
@@ -41,7 +43,7 @@ constexpr const char* kImportExamples =
 constexpr const char* kListExamples =
     "Examples:\n"
     "  wbimport list tables --sqlite shop.db\n"
-    "  wbimport list columns --table joe.orders --sample sqlserver\n"
+    "  wbimport list columns --table dbo.loan --sample sqlserver\n"
     "  wbimport list owners --sample oracle --format json";
 
 constexpr const char* kInfoExamples =
@@ -91,6 +93,15 @@ CLI::Option* AddTexts(CLI::App& app, const std::string& name, std::vector<std::s
       ->type_name(type);
 }
 
+// Takes the names of a list alone, and offers the nearest of them otherwise.
+CLI::Validator OneOf(const std::vector<std::string>& names) {
+  return {[names](const std::string& value) {
+            if (std::find(names.begin(), names.end(), value) != names.end()) return std::string();
+            return fmt::format("there is no '{}'{}", value, DidYouMean(value, names));
+          },
+          fmt::format("{{{}}}", fmt::join(names, ","))};
+}
+
 // `--name` and `--no-name`; the last one given counts.
 void AddSwitch(CLI::App& app, const std::string& name, std::optional<bool>& target,
                const std::string& help, const std::string& help_no) {
@@ -102,11 +113,21 @@ void AddSwitch(CLI::App& app, const std::string& name, std::optional<bool>& targ
   }
 }
 
+// Of the commands whose answer is no workbook.
+const std::vector<std::string>& AnswerFormats() {
+  static const std::vector<std::string> names = {"text", "json"};
+  return names;
+}
+
+template <class Entries>
+std::vector<std::string> NamesOf(const Entries& entries) {
+  std::vector<std::string> names;
+  for (const auto& entry : entries) names.emplace_back(entry.name);
+  return names;
+}
 template <class Entries>
 std::string Names(const Entries& entries) {
-  std::string names;
-  for (const auto& entry : entries) names += (names.empty() ? "" : ", ") + std::string(entry.name);
-  return names;
+  return fmt::format("{}", fmt::join(NamesOf(entries), ", "));
 }
 
 void AddConnection(CLI::App& app, ConnectionOptions& options) {
@@ -129,19 +150,34 @@ void AddConnection(CLI::App& app, ConnectionOptions& options) {
       ->group(group);
 }
 
-void AddChoices(CLI::App& app, ChoiceOptions& options) {
+// What decides how a server is read.
+void AddRouteChoices(CLI::App& app, ChoiceOptions& options) {
   const char* group = "Choices";
   AddText(app, "--request", options.request,
           "Request file (JSON) with choices; - reads it from standard input", "FILE")
       ->group(group);
+  app.add_option_function<int>(
+         "--dbms-type", [&options](const int& type) { options.dbms_type = type; },
+         "Kind of server (0 to 8) where the driver gives no name")
+      ->check(CLI::Range(static_cast<int>(dbmsUnknown), static_cast<int>(dbmsRedBrick)))
+      ->multi_option_policy(CLI::MultiOptionPolicy::TakeLast)
+      ->type_name("N")
+      ->group(group);
+  app.add_flag("--generic", options.generic, "Use the catalog functions of ODBC on every server")
+      ->group(group);
+}
+
+// What is read.
+void AddChoices(CLI::App& app, ChoiceOptions& options) {
+  const char* group = "Choices";
   AddTexts(app, "--items", options.items, "What to import, parted by commas: " + Names(AllItems()),
            "LIST")
       ->delimiter(',')
       ->group(group);
   AddText(app, "--owner", options.owner, "Read the tables and views of this owner alone", "NAME")
       ->group(group);
-  AddText(app, "--catalog", options.catalog, "Catalog (database) that the generic route reads",
-          "NAME")
+  AddText(app, "--catalog", options.catalog,
+          "Catalog (database) that the generic route reads; list catalogs shows them", "NAME")
       ->group(group);
   AddSwitch(app, "system", options.system, "Read system tables too", "Undo a file's includeSystem");
   AddSwitch(app, "keys", options.keys, "Read primary keys (the default)", "Read no primary keys");
@@ -158,26 +194,30 @@ void AddChoices(CLI::App& app, ChoiceOptions& options) {
   AddTexts(app, "--select-synonym", options.select_synonym, "Select a synonym; may be repeated",
            "[OWNER.]NAME")
       ->group(group);
+  AddTexts(app, "--exclude", options.exclude,
+           "Leave out a table or view of those selected, or of all; may be repeated",
+           "[OWNER.]NAME")
+      ->group(group);
   AddText(app, "--table", options.table, "The single table whose column names are read",
           "[OWNER.]NAME")
       ->group(group);
-  app.add_option_function<int>(
-         "--dbms-type", [&options](const int& type) { options.dbms_type = type; },
-         "Kind of server (0 to 8) where the driver gives no name")
-      ->check(CLI::Range(static_cast<int>(dbmsUnknown), static_cast<int>(dbmsRedBrick)))
-      ->multi_option_policy(CLI::MultiOptionPolicy::TakeLast)
-      ->type_name("N")
+}
+
+void AddQuiet(CLI::App& app, ReportOptions& options) {
+  app.add_flag("-q,--quiet", options.quiet, "Say nothing but errors")->group("Reports");
+}
+
+void AddProgress(CLI::App& app, ReportOptions& options) {
+  const char* group = "Reports";
+  AddText(app, "--progress", options.progress,
+          "auto (a bar on a terminal, else a line at the end), bar, plain or none", "MODE")
+      ->check(OneOf({"auto", "bar", "plain", "none"}))
       ->group(group);
-  app.add_flag("--generic", options.generic, "Use the catalog functions of ODBC on every server")
-      ->group(group);
+  AddText(app, "--trace", options.trace, "Write the notification trace", "FILE")->group(group);
 }
 
 void AddReports(CLI::App& app, ReportOptions& options) {
   const char* group = "Reports";
-  AddText(app, "--progress", options.progress, "auto, bar, plain or none", "MODE")
-      ->check(CLI::IsMember({"auto", "bar", "plain", "none"}))
-      ->group(group);
-  AddText(app, "--trace", options.trace, "Write the notification trace", "FILE")->group(group);
   AddText(app, "--errors", options.errors, "Write the texts of the message boxes shown", "FILE")
       ->group(group);
   AddText(app, "--log", options.log, "Write the diagnostics that were consumed unseen", "FILE")
@@ -203,8 +243,10 @@ void AddFile(CLI::App& app, OutputOptions& options) {
 
 void AddOutput(CLI::App& app, OutputOptions& options) {
   const char* group = "Output";
-  AddText(app, "--format", options.format,
-          Names(wbexport::AllFormats()) + "; text on a terminal, else json", "NAME")
+  AddText(app, "-f,--format", options.format,
+          Names(wbexport::AllFormats()) +
+              "; the default goes by the output file, else text on a terminal and json elsewhere",
+          "NAME")
       ->group(group);
   AddFile(app, options);
   AddText(app, "--around", options.around, "Diagrams: only the neighbourhood of this table",
@@ -227,10 +269,66 @@ void AddOutput(CLI::App& app, OutputOptions& options) {
 
 // For the commands whose answer is no workbook.
 void AddTextOrJson(CLI::App& app, OutputOptions& options) {
-  AddText(app, "--format", options.format, "text (the default) or json", "NAME")
-      ->check(CLI::IsMember({"text", "json"}))
+  AddText(app, "-f,--format", options.format, "text (the default) or json", "NAME")
+      ->check(OneOf(AnswerFormats()))
       ->group("Output");
   AddFile(app, options);
+}
+
+// The format that the output file's extension says, where the command has it.
+std::optional<std::string> FormatOfFile(const Options& options) {
+  const wbexport::Format* format = wbexport::FindFormatOfFile(options.output.file);
+  if (format == nullptr) return std::nullopt;
+  const bool of_workbooks =
+      options.command == Command::kImport || options.command == Command::kRender;
+  const std::string name = format->name;
+  const auto& answers = AnswerFormats();
+  if (!of_workbooks && std::find(answers.begin(), answers.end(), name) == answers.end()) {
+    return std::nullopt;
+  }
+  return name;
+}
+
+std::vector<std::string> OptionNames(const CLI::App& app) {
+  std::vector<std::string> names;
+  for (const CLI::Option* option : app.get_options()) {
+    for (const std::string& name : option->get_lnames()) names.push_back("--" + name);
+  }
+  return names;
+}
+
+// The first argument that nothing is known of, with what may have been meant; nothing where the
+// parser's own words are about something else.
+std::optional<std::string> ExplainUnknown(const CLI::App& app,
+                                          const std::vector<std::string>& arguments) {
+  const std::vector<std::string> unknown = app.remaining(true);
+  const auto first =
+      std::find_first_of(arguments.begin(), arguments.end(), unknown.begin(), unknown.end());
+  if (first == arguments.end()) return std::nullopt;
+  const CLI::App* given = app.get_subcommands().empty() ? nullptr : app.get_subcommands().front();
+  const std::string name = first->substr(0, first->find('='));
+  std::vector<std::string> commands;
+  std::vector<std::string> with_option;
+  for (const CLI::App* command : app.get_subcommands([](const CLI::App*) { return true; })) {
+    commands.push_back(command->get_name());
+    const std::vector<std::string> own = OptionNames(*command);
+    if (std::find(own.begin(), own.end(), name) != own.end()) {
+      with_option.push_back(command->get_name());
+    }
+  }
+  if (name.front() != '-') {
+    return given != nullptr
+               ? fmt::format("'{}' is an argument too many", *first)
+               : fmt::format("there is no command '{}'{}", *first, DidYouMean(*first, commands));
+  }
+  if (!with_option.empty()) {
+    return given != nullptr ? fmt::format("{} is no option of {} but of {}", name,
+                                          given->get_name(), fmt::join(with_option, ", "))
+                            : fmt::format("{} stands behind a command that has it: {}", name,
+                                          fmt::join(with_option, ", "));
+  }
+  const std::vector<std::string> known = OptionNames(given != nullptr ? *given : app);
+  return fmt::format("there is no option '{}'{}", name, DidYouMean(name, known));
 }
 
 void CheckTogether(const Options& options) {
@@ -257,13 +355,14 @@ void CheckTogether(const Options& options) {
                   "--password-stdin and --request - cannot both read standard input");
   }
   if (connection.sample && FindSample(*connection.sample) == nullptr) {
-    throw Failure(ExitCode::kUsage, fmt::format("--sample: there is no sample '{}'; there are {}",
-                                                *connection.sample, Names(AllSamples())));
+    throw Failure(ExitCode::kUsage,
+                  fmt::format("--sample: there is no sample '{}'{}", *connection.sample,
+                              DidYouMean(*connection.sample, NamesOf(AllSamples()))));
   }
   if (options.output.format && wbexport::FindFormat(*options.output.format) == nullptr) {
     throw Failure(ExitCode::kUsage,
-                  fmt::format("--format: there is no format '{}'; there are {}",
-                              *options.output.format, Names(wbexport::AllFormats())));
+                  fmt::format("--format: there is no format '{}'{}", *options.output.format,
+                              DidYouMean(*options.output.format, NamesOf(wbexport::AllFormats()))));
   }
 }
 
@@ -272,7 +371,7 @@ void CheckTogether(const Options& options) {
 void DeclareCommandLine(CLI::App& app, Options& options, std::optional<std::string>& config) {
   app.name("wbimport");
   app.description(kAbout);
-  app.set_version_flag("--version", "wbimport " WB_VERSION);
+  app.set_version_flag("-V,--version", "wbimport " WB_VERSION);
   app.footer(kExamples);
   app.require_subcommand(1);
   AddText(app, "--config", config,
@@ -299,19 +398,28 @@ void DeclareCommandLine(CLI::App& app, Options& options, std::optional<std::stri
 
   for (CLI::App* command : {import, list, info}) {
     AddConnection(*command, options.connection);
-    AddChoices(*command, options.choices);
+    AddRouteChoices(*command, options.choices);
+    if (command != info) {
+      AddChoices(*command, options.choices);
+      AddProgress(*command, options.report);
+    }
     AddReports(*command, options.report);
   }
+  for (CLI::App* command : {import, list, info, render}) AddQuiet(*command, options.report);
   AddOutput(*import, options.output);
   list->add_option("KIND", options.list_kind, fmt::format("{}", fmt::join(ListNames(), ", ")))
       ->required()
-      ->check(CLI::IsMember(ListNames()));
+      ->check(OneOf(ListNames()));
   AddTextOrJson(*list, options.output);
   AddTextOrJson(*info, options.output);
   AddTextOrJson(*drivers, options.output);
-  render->add_option("FILE", options.render_file, "A workbook file, as --format json writes it")
+  render
+      ->add_option("FILE", options.render_file,
+                   "A workbook file, as --format json writes it; - reads it from standard input")
       ->required();
   AddOutput(*render, options.output);
+  render->add_flag("--system", options.output.system, "List the server's own procedures too")
+      ->group("Output");
 }
 
 ParsedCommandLine ParseCommandLine(const std::vector<std::string>& arguments) {
@@ -325,14 +433,18 @@ ParsedCommandLine ParseCommandLine(const std::vector<std::string>& arguments) {
     app.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
   } catch (const CLI::Success& asked) {  // help or version
     app.exit(asked, std::cout, std::cerr);
+    const bool for_help = dynamic_cast<const CLI::CallForHelp*>(&asked) != nullptr;
+    if (for_help) std::cout << '\n' << ExitCodeHelp() << '\n';
     parsed.exit_code = static_cast<int>(ExitCode::kOk);
     return parsed;
   } catch (const CLI::ParseError& error) {
     const std::vector<CLI::App*> given = app.get_subcommands();
     throw Failure(ExitCode::kUsage,
-                  fmt::format("{} (see wbimport {}--help)", error.what(),
+                  fmt::format("{} (see wbimport {}--help)",
+                              ExplainUnknown(app, arguments).value_or(error.what()),
                               given.empty() ? "" : given.front()->get_name() + " "));
   }
+  if (!options.output.format) options.output.format = FormatOfFile(options);
   std::vector<std::string> commands;
   for (const CLI::App* command : app.get_subcommands([](CLI::App*) { return true; })) {
     commands.push_back(command->get_name());

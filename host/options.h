@@ -33,6 +33,7 @@ struct ChoiceOptions {
   std::vector<std::string> select_table;
   std::vector<std::string> select_view;
   std::vector<std::string> select_synonym;
+  std::vector<std::string> exclude;
   std::optional<std::string> table;
   std::optional<int> dbms_type;
   bool generic = false;
@@ -48,6 +49,7 @@ struct OutputOptions {
   std::string dialect_out;  // empty: that of the server that was read
   bool whole = false;
   bool all_functions = false;
+  bool system = false;  // of render; an import goes by its choices
 };
 
 struct ReportOptions {
@@ -58,6 +60,7 @@ struct ReportOptions {
   std::optional<std::string> record;
   std::optional<std::string> record_names;  // "plain" or "hashed"; empty: plain
   std::optional<std::string> messages;      // folder of the message library
+  bool quiet = false;
 };
 
 struct Options {

@@ -1,7 +1,8 @@
-// How a run of the program ends: the exit codes, which of several counts, and the failure that ends
-// a command early.
+// How a run of the program ends: the exit codes, which of several counts, what is said of it, and
+// the failure that ends a command early.
 #pragma once
 
+#include <map>
 #include <stdexcept>
 #include <string>
 
@@ -21,18 +22,32 @@ enum class ExitCode {
 };
 constexpr int kEndedAtOnce = 130;  // third interrupt: no way back, so no part of an Outcome
 
+// The exit codes and what they mean, a line each, for a user.
+std::string ExitCodeHelp();
+
 // Collects what happened in one run.
 class Outcome {
  public:
-  void Add(ExitCode code);
-  bool Has(ExitCode code) const { return (seen_ & Bit(code)) != 0; }
-  bool IsOk() const { return seen_ == 0; }
+  // `what` says what happened and `where` where to look further, both parts of a sentence in UTF-8.
+  // Both stay empty where a line about it stands on the screen already. The first of several for
+  // the same code counts.
+  void Add(ExitCode code, const std::string& what = {}, const std::string& where = {});
+  // The file that holds what was read, as the user wrote it.
+  void SetWritten(const std::string& file) { written_ = file; }
+  bool Has(ExitCode code) const { return reasons_.count(code) != 0; }
+  bool IsOk() const { return reasons_.empty(); }
   // The code to end with: of several the first of 5, 6, 2, 4, 9, 1, 3.
   ExitCode Code() const;
+  // The line about that code; empty where there is nothing to say.
+  std::string Line() const;
 
  private:
-  static unsigned Bit(ExitCode code) { return 1u << static_cast<unsigned>(code); }
-  unsigned seen_ = 0;
+  struct Reason {
+    std::string what;
+    std::string where;
+  };
+  std::map<ExitCode, Reason> reasons_;
+  std::string written_;
 };
 
 // Ends a command: a message for the user, one line of UTF-8, and the exit code that it means. A

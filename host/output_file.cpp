@@ -2,6 +2,7 @@
 #include "host/output_file.h"
 
 #include <fmt/format.h>
+#include <poll.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -24,6 +25,12 @@ namespace fs = std::filesystem;
   throw Failure(ExitCode::kOutput,
                 fmt::format("cannot write {}: {}", name,
                             error != 0 ? std::strerror(error) : "the device gives no reason"));
+}
+
+// Whether the other end of a pipe was closed: `wbimport ... | head`.
+bool IsReaderGone(int fd) {
+  pollfd end{fd, POLLOUT, 0};
+  return poll(&end, 1, 0) == 1 && (end.revents & POLLERR) != 0;
 }
 
 // The permissions of a file that is replaced, or those that a new file gets.
@@ -94,28 +101,37 @@ void OutputFile::Check() const {
   if (access(folder.c_str(), W_OK | X_OK) != 0) Fail(name_, errno);
 }
 
-void OutputFile::Write(const std::function<bool(std::ostream&)>& write) const {
+bool OutputFile::Write(const std::function<bool(std::ostream&)>& write) const {
   errno = 0;
   if (IsStandardOutput()) {
-    if (!write(std::cout)) return;
-    if (!std::cout.flush()) Fail(name_, errno);
-  } else if (special_) {
-    std::ofstream out(path_, std::ios::binary);
-    if (!write(out)) return;
-    if (!out.flush()) Fail(name_, errno);
-  } else {
-    WriteWhole(write);
+    if (!write(std::cout)) return false;
+    if (!std::cout.flush() && !IsReaderGone(STDOUT_FILENO)) Fail(name_, errno);
+    return true;
   }
+  if (!special_) return WriteWhole(write);
+  std::ofstream out(path_, std::ios::binary);
+  if (!write(out)) return false;
+  if (!out.flush()) Fail(name_, errno);
+  return true;
 }
 
-void OutputFile::WriteWhole(const std::function<bool(std::ostream&)>& write) const {
+void OutputFile::WriteText(const std::string& text) const {
+  const bool written = Write([&](std::ostream& out) {
+    out << text;
+    return true;
+  });
+  static_cast<void>(written);  // as the text always is
+}
+
+bool OutputFile::WriteWhole(const std::function<bool(std::ostream&)>& write) const {
   TemporaryFile file(path_);
   if (!file.IsThere()) Fail(name_, errno);
   std::ofstream out(file.path(), std::ios::binary);
-  if (!write(out)) return;
+  if (!write(out)) return false;
   out.close();
   if (!out) Fail(name_, errno);
   if (!file.MoveTo(path_)) Fail(name_, errno);
+  return true;
 }
 
 }  // namespace wbhost

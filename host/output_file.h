@@ -16,14 +16,18 @@ class OutputFile {
   // Throws a Failure where it is plain already that the file cannot be written, so that nobody
   // waits for an import in vain. Creates nothing.
   void Check() const;
-  // Calls `write` with the stream and brings what it wrote into place. False from `write` means
-  // that there is nothing to write: the file stays as it was. Throws a Failure where writing fails.
-  void Write(const std::function<bool(std::ostream&)>& write) const;
+  // Calls `write` with the stream, brings what it wrote into place and hands on what it returned.
+  // False means that there is nothing to write: the file stays as it was. Throws a Failure where
+  // writing fails; a reader of standard output that has read enough is no failure.
+  [[nodiscard]] bool Write(const std::function<bool(std::ostream&)>& write) const;
+  // The same for a text.
+  void WriteText(const std::string& text) const;
   bool IsStandardOutput() const { return path_.empty(); }
   bool IsFolder() const { return folder_; }
+  const std::string& name() const { return name_; }  // as the user wrote it
 
  private:
-  void WriteWhole(const std::function<bool(std::ostream&)>& write) const;
+  bool WriteWhole(const std::function<bool(std::ostream&)>& write) const;
 
   std::string name_;  // as the user wrote it
   std::string path_;  // symbolic links resolved; empty: standard output

@@ -38,6 +38,7 @@ int RunProgram(const std::vector<std::string>& arguments) {
   try {
     const ParsedCommandLine parsed = ParseCommandLine(arguments);
     if (parsed.exit_code) return *parsed.exit_code;
+    if (parsed.options.report.quiet) screen.BeQuiet();
     Run run{parsed.options, secrets, screen};
     RunCommand(run, outcome);
   } catch (const Failure& failure) {
@@ -48,6 +49,7 @@ int RunProgram(const std::vector<std::string>& arguments) {
     screen.SayError(fmt::format("ended early: {}", error.what()));
     outcome.Add(ExitCode::kImportFalse);
   }
+  if (!outcome.Line().empty()) screen.SayError(outcome.Line());
   return static_cast<int>(outcome.Code());
 }
 

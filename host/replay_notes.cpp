@@ -42,10 +42,6 @@ void ReadSelected(const Json& note, Choices& choices) {
     choices.importer.selected_owners.Append(std::move(owner));
     return;
   }
-  if (kind == "synonym name") {
-    choices.synonyms_to_find.push_back({Text(note, "owner"), Text(note, "table")});
-    return;
-  }
   auto table = std::make_unique<LcTableInfo>();
   table->owner = Text(note, "owner");
   table->name = Text(note, "table");

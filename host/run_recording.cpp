@@ -123,10 +123,6 @@ void RunRecording::NoteChoices(const Choices& choices) {
     if (table != nullptr) NoteSelected(u"table", *table);
   for (const LcTableInfo* synonym : importer.selected_synonyms)
     if (synonym != nullptr) NoteSelected(u"synonym", *synonym);
-  for (const QualifiedName& name : choices.synonyms_to_find) {
-    Note("selected",
-         {{"kind", u"synonym name"}, {"owner", name.owner.c_str()}, {"table", name.name.c_str()}});
-  }
 }
 
 void RunRecording::NoteSelected(const char16_t* kind, const LcTableInfo& table) {

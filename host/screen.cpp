@@ -36,7 +36,9 @@ void Screen::WriteLine(std::string_view text, bool error) {
             << std::flush;
 }
 
-void Screen::Say(std::string_view text) { WriteLine(text, false); }
+void Screen::Say(std::string_view text) {
+  if (!quiet_) WriteLine(text, false);
+}
 void Screen::SayError(std::string_view text) { WriteLine(text, true); }
 
 void Screen::ShowBar(std::string_view text) {

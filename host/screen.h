@@ -20,6 +20,8 @@ class Screen {
   Screen(const Screen&) = delete;
   Screen& operator=(const Screen&) = delete;
 
+  // From now on only errors are shown.
+  void BeQuiet() { quiet_ = true; }
   // A line of the form `wbimport: text`. Secrets are scrubbed here, for every kind of line.
   void Say(std::string_view text);
   // The same in the colour of errors, where there are colours.
@@ -36,6 +38,7 @@ class Screen {
   const Secrets& secrets_;
   const bool terminal_;
   const bool colour_;
+  bool quiet_ = false;
   bool bar_shown_ = false;
 };
 

@@ -105,31 +105,33 @@ class InstalledServices::Log : public platform::CallLog {
   void OnCall(const platform::DriverCall& call) override {
     if (recorder_ != nullptr) recorder_->OnCall(call);
     if (call.result != kSqlError) return;
-    reports_.log.WriteScrubbed(fmt::format("{}: {}", call.function, DiagnosticsOfCall(call)));
+    last_failure_ = fmt::format("{}: {}", call.function, DiagnosticsOfCall(call));
+    reports_.log.WriteScrubbed(last_failure_);
   }
+  const std::string& last_failure() const { return last_failure_; }
 
  private:
   static constexpr short kSqlError = -1;
   Reports& reports_;
   std::shared_ptr<platform::CallLog> recorder_;
+  std::string last_failure_;
 };
 
 InstalledServices::InstalledServices(const Settings& settings, Screen& screen, Reports& reports,
                                      RunRecording& recording, const ReplayNotes* notes)
     : box_(std::make_shared<Box>(screen, reports)),
+      log_(std::make_shared<Log>(reports, recording.recorder())),
       saved_(std::make_unique<platform::Services>(platform::GetServices())) {
   platform::Services& services = platform::GetServices();
   services.message_box = box_;
   services.settings = std::make_shared<Store>(settings, saved_->settings, recording, notes);
   services.database = std::make_shared<Database>(saved_->database, recording, notes);
-  services.call_log = recording.recorder();
-  if (reports.log.IsOpen()) {
-    services.call_log = std::make_shared<Log>(reports, recording.recorder());
-  }
+  services.call_log = log_;
 }
 
 InstalledServices::~InstalledServices() { platform::GetServices() = *saved_; }
 
 std::uint32_t InstalledServices::ErrorsShown() const { return box_->count(); }
+const std::string& InstalledServices::LastFailure() const { return log_->last_failure(); }
 
 }  // namespace wbhost

@@ -27,6 +27,8 @@ class InstalledServices {
 
   // Message boxes shown so far.
   std::uint32_t ErrorsShown() const;
+  // The driver's last call that failed, with its diagnostics; empty while none did.
+  const std::string& LastFailure() const;
 
  private:
   class Box;
@@ -34,6 +36,7 @@ class InstalledServices {
   class Log;
   class Database;
   std::shared_ptr<Box> box_;
+  std::shared_ptr<Log> log_;
   std::unique_ptr<platform::Services> saved_;
 };
 

@@ -9,7 +9,7 @@ const TABS = [
   ["#/types", "Types", data.dataTypes.length],
   ["#/functions", "Functions", functions.length],
   ["#/boolean-functions", "Boolean functions", booleanFunctions.length],
-  ["#/procedures", "Procedures", data.procedures.length],
+  ["#/procedures", "Procedures", data.procedures.length + data.systemProcedures],
   ["#/operators", "Operators", data.operators.length + data.aggregates.length],
 ].filter(([, , number]) => number !== 0);
 

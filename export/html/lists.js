@@ -122,6 +122,13 @@ function functionsPage(title, list, name) {
 function proceduresPage(name) {
   return [
     heading("Procedures"),
+    data.systemProcedures > 0 &&
+      h(
+        "p",
+        {class: "muted"},
+        `${NUMBER.format(data.systemProcedures)} of the server's own are left out; ` +
+          "wbimport lists them with --system.",
+      ),
     filtered(
       data.procedures,
       ([owner, own]) => `${owner} ${own}`,

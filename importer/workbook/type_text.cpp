@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 
+#include "base/ascii.h"
+
 namespace {
 
 // A driver's length without a limit, cut to 16 bits.
@@ -26,8 +28,7 @@ std::u16string Digits(unsigned long number) {
 // The lists of types call these not size modifiable, but a column's size is part of its type.
 bool IsSizedBinary(const LcWorkbookDatatype& type) {
   constexpr std::u16string_view kNames[] = {u"binary", u"varbinary", u"raw"};
-  std::u16string name = type.GetTypeName();
-  for (char16_t& c : name) c = c >= 'A' && c <= 'Z' ? static_cast<char16_t>(c - 'A' + 'a') : c;
+  const std::u16string name = base::LowerAscii(std::u16string_view(type.GetTypeName()));
   return std::find(std::begin(kNames), std::end(kNames), name) != std::end(kNames);
 }
 

@@ -46,7 +46,7 @@ class ManPage(unittest.TestCase):
         with tempfile.TemporaryDirectory() as folder:
             file = pathlib.Path(folder, "config.toml")
             file.write_text("\n".join(line.strip() for line in shown.splitlines()))
-            result = run(WBIMPORT, "import", "--config", file)
+            result = run(WBIMPORT, "import", "--sample", "sqlite", "--config", file)
         self.assertEqual((result.returncode, result.stderr), (0, ""))
         self.assertIn("branch\n", result.stdout)
 

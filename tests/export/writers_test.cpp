@@ -55,8 +55,7 @@ std::vector<std::string> Query(sqlite3* db, const std::string& sql) {
 TEST(Sql, LoadsWithReferencesToLaterTablesAndNamesThatNeedQuotes) {
   LcWorkbook workbook;
   LcWorkbookDatatype text;
-  text.SetTypeName(u"VARCHAR");
-  text.SetSizeModifiable(true);
+  text.SetTypeName(u"VARBINARY");
   LcWorkbookTable* child = AddTable(workbook, u"", u"a \"child\"; DROP TABLE x; --\n");
   AddColumn(child, u"select", &text, true)->SetPrecision(20);
   AddColumn(child, u"up 2");
@@ -81,7 +80,7 @@ TEST(Sql, LoadsWithReferencesToLaterTablesAndNamesThatNeedQuotes) {
   EXPECT_THAT(Query(db,
                     "SELECT name, type, \"notnull\", pk FROM pragma_table_info((SELECT name "
                     "FROM sqlite_schema LIMIT 1))"),
-              ElementsAre("select|VARCHAR(20)|1|1", "up 2||0|0", "up 1||0|0"));
+              ElementsAre("select|VARBINARY(20)|1|1", "up 2||0|0", "up 1||0|0"));
   EXPECT_THAT(Query(db, "SELECT name, pk FROM pragma_table_info('parent')"),
               ElementsAre("k1|2", "k2|1"));
   EXPECT_THAT(Query(db,
@@ -163,6 +162,25 @@ TEST(Diagrams, ShowTheSurroundingsOfATable) {
   EXPECT_THAT(notes, ElementsAre(HasSubstr("no table \"ann.t1\"")));
 }
 
+TEST(FormatsForPeople, CountTheServersOwnProceduresUnlessAskedForThem) {
+  LcWorkbook workbook;
+  LcWorkbookFileInfo info;
+  info.dbms_name = u"PostgreSQL";
+  for (const char16_t* owner : {u"pg_catalog", u"sales"}) {
+    workbook.procedures.Append(std::make_unique<LcWorkbookProcedure>(owner, u"f"));
+  }
+  Options all;
+  all.system = true;
+  for (const char* format : {"text", "markdown", "html"}) {
+    const std::string few = Write(format, workbook, {}, nullptr, info);
+    EXPECT_THAT(few, testing::AllOf(HasSubstr("sales"), Not(HasSubstr("pg_catalog")))) << format;
+    EXPECT_THAT(few, testing::ContainsRegex("\n  and 1 of|\n1 of the|\"systemProcedures\":1"));
+    EXPECT_THAT(Write(format, workbook, all, nullptr, info),
+                testing::ContainsRegex("pg.*_catalog"));
+  }
+  EXPECT_THAT(Write("json", workbook, {}, nullptr, info), HasSubstr("pg_catalog"));
+}
+
 TEST(Mermaid, GivesNamesThatLookAlikeIdentifiersOfTheirOwn) {
   LcWorkbook workbook;
   for (const char16_t* name : {u"a b", u"a_b", u"a_b_2", u"ä", u"title"}) {
@@ -221,7 +239,8 @@ TEST(Markdown, AsAFolderHasAPageForEachTable) {
   const fs::path folder = fs::path(testing::TempDir()) / "wb_markdown_folder_test";
   fs::remove_all(folder);
   std::vector<std::string> notes;
-  ASSERT_TRUE(WriteMarkdownFolder({workbook, {}}, folder.string(), notes));
+  const auto write_folder = FindFormat("markdown")->write_folder;
+  ASSERT_TRUE(write_folder({workbook, {}}, {}, folder.string(), notes));
   std::vector<std::string> pages;
   for (const auto& page : fs::directory_iterator(folder / "tables")) {
     pages.push_back(page.path().filename().string());
@@ -233,7 +252,7 @@ TEST(Markdown, AsAFolderHasAPageForEachTable) {
   EXPECT_THAT(text, HasSubstr("](joe...-rsprung.md) (id)"));
   fs::remove_all(folder / "tables");
   std::ofstream(folder / "tables") << "in the way";
-  EXPECT_FALSE(WriteMarkdownFolder({workbook, {}}, folder.string(), notes));
+  EXPECT_FALSE(write_folder({workbook, {}}, {}, folder.string(), notes));
   EXPECT_THAT(notes, ElementsAre(HasSubstr("tables")));
   fs::remove_all(folder);
 }

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "host/choices.h"
+#include "host/nearest.h"
 #include "host/outcome.h"
 #include "host/progress.h"
 #include "host/text.h"
@@ -99,21 +100,92 @@ TEST(ExitCode, IsTheGravestOfSeveral) {
   EXPECT_EQ(Outcome().Code(), ExitCode::kOk);
 }
 
-TEST(ProgressBar, ShowsPhaseCountRateAndTimeLeft) {
-  ProgressState state;
-  state.phase = "foreign keys";
-  state.total = 100;
-  state.done = 25;
-  state.seconds = 0.1;
-  EXPECT_EQ(DescribeProgress(state), "25 of 100");  // too early for a rate
-  state.seconds = 10;
-  EXPECT_EQ(DescribeProgress(state), "25 of 100, 2.5/s, 0:30 left");
-  state.item = "joe.Größe\n";
-  EXPECT_EQ(DrawBar(state, 200),
-            "[#####...............] foreign keys 25 of 100, 2.5/s, 0:30 left  joe.Größe ");
-  EXPECT_EQ(DrawBar(state, 12), "[#####.....");
-  state.done = 150;  // more items than were announced
-  EXPECT_EQ(DescribeProgress(state), "150 of 100, 15/s");
+TEST(NamePatterns, TakeWildcardsOutsideOfQuotes) {
+  const struct {
+    const char* pattern;
+    const char16_t* owner;
+    const char16_t* name;
+    bool matches;
+    bool ignoring_case;
+  } cases[] = {
+      {"sales.*", u"sales", u"orders", true, true},
+      {"sales.*", u"sale", u"orders", false, false},
+      {"Ord?rs", u"x", u"orders", false, true},
+      {"\"Orders\"", u"", u"orders", false, false},
+      {"a*", u"", u"a.b/c", true, true},
+      {"\"a*\"", u"", u"ab", false, false},
+      {"\"a*\".b*", u"a*", u"bc", true, true},
+      {"[ab]\\*", u"", u"[ab]\\x", true, true},
+      {"[ab]", u"", u"a", false, false},
+  };
+  for (const auto& c : cases) {
+    const NamePattern pattern = NamePattern::OfTable(c.pattern, "--select-table");
+    EXPECT_EQ(pattern.Matches(c.owner, c.name, false), c.matches) << c.pattern;
+    EXPECT_EQ(pattern.Matches(c.owner, c.name, true), c.ignoring_case) << c.pattern;
+  }
+}
+
+TEST(NearestNames, AreThoseOfFewSlips) {
+  const std::vector<std::string> names = {"import", "list", "info", "Orders", "order_lines", "xy"};
+  const std::pair<const char*, const char*> cases[] = {
+      {"imprt", "; did you mean 'import'?"},
+      {"ifno", "; did you mean 'info'?"},
+      {"order", "; did you mean 'Orders' or 'order_lines'?"},
+      {"zz", "; there are import, list, info, Orders, order_lines, xy"},
+  };
+  for (const auto& [word, text] : cases) EXPECT_EQ(DidYouMean(word, names), text);
+}
+
+// An import through the catalog functions: a loop of tables, told of column by column, and one of
+// their foreign keys.
+TEST(Progress, CountsTablesAndEstimatesWhatFollows) {
+  ProgressCount count(true, true);
+  LcImpProgStartInfo start;
+  start.item_type = iiTablesAndViews;
+  count.Notify(inPhaseStart, &start, 0);
+  start.count = 100;
+  count.Notify(inLoopStart, &start, 0);
+  LcImpItemInfo item;
+  for (int table = 0; table < 50; ++table) {
+    item.text2 = u"t" + std::u16string(1, static_cast<char16_t>(u'A' + table));
+    for (int column = 0; column < 9; ++column) count.Notify(inTableItem, &item, table / 5.0);
+    count.Notify(inItemDone, nullptr, (table + 1) / 5.0);
+  }
+  ProgressState state = count.State(10);
+  // 50 tables in 10 seconds: as long again, and as long as both for the foreign keys.
+  EXPECT_EQ(DescribeProgress(state), "50 of 100 tables, 5.0/s, 0:30 left");
+  EXPECT_EQ(DrawBar(state, 60), "[#####...............] tables and views 50 of 100 tables, 5");
+  count.Notify(inLoopEnd, nullptr, 20);
+  state = count.State(20);
+  EXPECT_STREQ(state.phase, "foreign keys");
+  EXPECT_EQ(DrawBar(state, 36), "[##########..........] foreign keys");
+  start.item_type = iiForeignKeys;
+  count.Notify(inLoopStart, &start, 20);
+  for (int i = 0; i < 150; ++i) {  // more than were announced
+    item.text2 = i % 2 == 0 ? u"a" : u"b";
+    count.Notify(inTableItem, &item, 20);
+  }
+  EXPECT_EQ(DescribeProgress(count.State(30)), "100 of 100, 10/s, 0:00 left");
+}
+
+// An import by own SQL: a loop of columns, and no word before the keys are read.
+TEST(Progress, CountsColumnsAndNamesThePhaseThatHasBegun) {
+  ProgressCount count(true, true);
+  LcImpProgStartInfo start;
+  start.item_type = iiTablesAndViews;
+  start.count = 40;
+  count.Notify(inLoopStart, &start, 0);
+  LcImpItemInfo item;
+  for (int i = 0; i < 21; ++i) {
+    item.text2 = i < 10 ? u"a" : u"b";
+    item.text3 = u"column";
+    count.Notify(inTableItem, &item, i);
+    EXPECT_EQ(count.State(i).done, i < 10 ? 0u : static_cast<std::uint32_t>(i));
+  }
+  EXPECT_EQ(DescribeProgress(count.State(20)), "20 of 40 columns, 1.0/s, 1:40 left");
+  count.Notify(inLoopEnd, nullptr, 40);
+  EXPECT_STREQ(count.State(40).phase, "primary keys");
+  EXPECT_EQ(count.State(40).left, 80);
 }
 
 }  // namespace

@@ -30,7 +30,7 @@ struct Pipe {
   setenv("XDG_CONFIG_DIRS", no_configuration.path().c_str(), 1);
   setenv("TERM", "xterm", 1);
   for (const auto& [name, value] : call.environment) setenv(name.c_str(), value.c_str(), 1);
-  std::vector<std::string> words = {WB_BUILD_DIR "/host/wbimport"};
+  std::vector<std::string> words = {ProgramPath()};
   words.insert(words.end(), call.arguments.begin(), call.arguments.end());
   std::vector<char*> argv;
   argv.reserve(words.size() + 1);
@@ -116,6 +116,8 @@ ProgramResult RunProgram(const ProgramCall& call) {
   result.exit_code = WaitFor(pid);
   return result;
 }
+
+std::string ProgramPath() { return WB_BUILD_DIR "/host/wbimport"; }
 
 std::string SimulatorString(const std::string& keywords) {
   return "Driver=" WB_BUILD_DIR "/lib/libcatalogsim.so;" + keywords;

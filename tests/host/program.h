@@ -33,6 +33,8 @@ inline ProgramResult RunProgram(std::vector<std::string> arguments) {
   return RunProgram(ProgramCall{.arguments = std::move(arguments)});
 }
 
+std::string ProgramPath();
+
 // The connection string of a practice server with further keywords.
 std::string SimulatorString(const std::string& keywords);
 

@@ -9,7 +9,10 @@
 #include <csignal>
 #include <cstdlib>
 #include <filesystem>
+#include <iterator>
 #include <nlohmann/json.hpp>
+#include <set>
+#include <sstream>
 
 namespace wbtest {
 namespace {
@@ -43,7 +46,10 @@ TEST(Failures, AreOneLineThatSaysWhatWasTriedAndWhy) {
   const std::string text_file = folder.Write("notes.txt", "just some text, no database at all");
   const std::vector<BadCall> calls = {
       {{}, 2, "subcommand"},
-      {{"import", "--colour"}, 2, "--colour"},
+      {{"imprt"}, 2, "did you mean 'import'?"},
+      {{"import", "--formt", "html"}, 2, "did you mean '--format'?"},
+      {{"info", "--select-table", "x"}, 2, "no option of info"},
+      {{"import", "--format", "text", "--around", "book"}, 2, "text has no diagram"},
       {{"import", "--items", "tables,indexes"}, 2, "'indexes'"},
       {{"import", "--format", "pdf"}, 2, "'pdf'"},
       {{"import", "--sample", "ingres"}, 2, "'ingres'"},
@@ -52,13 +58,21 @@ TEST(Failures, AreOneLineThatSaysWhatWasTriedAndWhy) {
       {{"import", "--items", "column-names"}, 2, "--table"},
       {{"list", "columns"}, 2, "--table"},
       {{"import", "--select-synonym", "joe.nothing"}, 2, "joe.nothing"},
+      {{"import", "--select-table", "memer"}, 2, "did you mean 'member'?"},
+      {{"import", "--sample", "db2", "--exclude", "NORTH.MEMBR"}, 2, "'NORTH.MEMBER'"},
+      {{"import", "--sample", "db2", "--owner", "NRTH"}, 2, "did you mean 'NORTH'?"},
+      {{"import", "--sample", "db2", "--owner", "*R*"}, 2, "LIBRARY, NORTH"},
+      {{"import", "--sample", "db2", "--select-owner", "x"}, 2, "there are LIBRARY, NORTH"},
+      {{"import", "--catalog", "nosuch"}, 2, "the server has no catalogs"},
+      {{"list", "columns", "--table", "loans"}, 2, "did you mean 'loan'"},
       {{"import", "--dsn", "x", "--password-env", "WB_NO_SUCH"}, 2, "WB_NO_SUCH"},
       {{"import", "--request", "-"}, 2, "field item", R"({"item": []})"},
       {{"import", "--request", "-"}, 2, "line 1, column 12", "{\"items\": [}"},
       {{"import", "--request", no_file}, 2, "/none/x"},
       {{"import", "--request", folder.path()}, 2, "request file"},
       {{"render", text_file}, 2, "notes.txt"},
-      {{"import", "--format", "dot", "--around", "nowhere"}, 2, "nowhere"},
+      {{"import", "--format", "dot", "--around", "nowhere"}, 2, "among those to import"},
+      {{"import", "-f", "dot", "--around", "book", "--exclude", "book"}, 2, "among those to"},
       {{"import", "--sqlite", folder.path()}, 5, "regular file"},
       {{"import", "--sqlite", text_file}, 5, "no SQLite database"},
       {{"import", "--connect", "Driver=MySQL;Server=x"}, 5, "odbc-mariadb"},
@@ -72,7 +86,7 @@ TEST(Failures, AreOneLineThatSaysWhatWasTriedAndWhy) {
       {{"import", "-o", no_file}, 6, "/none/x"},
       {{"import", "-o", folder.path(), "--format", "json"}, 6, "directory"},
       {{"import", "--progress", "none", "-o", "/dev/full"}, 6, "No space"},
-      {{"info", "--trace", no_file}, 6, "/none/x"},
+      {{"import", "--trace", no_file}, 6, "/none/x"},
   };
   for (const BadCall& bad : calls) {
     SCOPED_TRACE(testing::PrintToString(bad.arguments));
@@ -90,13 +104,17 @@ TEST(ExitCodes, TellHowTheImportEnded) {
     const char* keywords;
     const char* items;
     int exit_code;
+    const char* line;
   } cases[] = {
-      {"Server=db2", "tables", 0},
-      {"Server=db2;Fail=SQLExecDirect:1", "tables", 3},
-      {"Server=generic;Fail=SQLColumns:2", "tables", 1},
-      {"Server=generic;Fail=SQLPrimaryKeys:2", "tables", 0},  // consumed
-      {"Server=db2;DropConnection=30", "tables", 5},
-      {"Server=access", "owner-names", 1},
+      {"Server=db2", "tables", 0, "read "},
+      {"Server=db2;Fail=SQLExecDirect:1", "tables", 3,
+       "but for a database error shown above; --log"},
+      {"Server=generic;Fail=SQLColumns:2", "tables", 1,
+       "returned false: SQLColumnsW: [catalogsim]"},
+      {"Server=generic;Fail=SQLPrimaryKeys:2", "tables", 0, "read "},  // consumed
+      {"Server=db2;DropConnection=30", "tables", 5, "the connection was lost: incomplete"},
+      {"Server=access", "owner-names", 1, "found no owner-names; docs/servers.md"},
+      {"Server=redbrick", "procedures,tables", 1, "found no procedures; docs/servers.md"},
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.keywords);
@@ -104,6 +122,7 @@ TEST(ExitCodes, TellHowTheImportEnded) {
         RunProgram({"import", "--connect", SimulatorString(c.keywords), "--items", c.items});
     EXPECT_EQ(result.exit_code, c.exit_code) << result.err;
     EXPECT_EQ(json::parse(result.out)["format"], "workbook");
+    EXPECT_THAT(result.err, HasSubstr(c.line));
   }
 }
 
@@ -188,8 +207,22 @@ TEST(Output, OfASavedWorkbookIsTheSameWorkbook) {
   const TemporaryFolder folder;
   const std::string file = folder.path() + "/book.json";
   RunProgram({"import", "--sample", "informix", "-o", file});
-  EXPECT_EQ(RunProgram({"render", file}).out, ReadFile(file));
-  EXPECT_THAT(RunProgram({"render", file, "--format", "markdown"}).out, HasSubstr("joe"));
+  EXPECT_EQ(RunProgram({.arguments = {"render", "-"}, .input = ReadFile(file)}).out,
+            ReadFile(file));
+  // The format goes by the file's name, but for one that is given.
+  const std::string page = folder.path() + "/book.HTML";
+  EXPECT_EQ(RunProgram({"render", file, "-o", page}).exit_code, 0);
+  EXPECT_THAT(ReadFile(page), testing::StartsWith("<!doctype html>"));
+  EXPECT_EQ(RunProgram({"render", file, "-o", page, "-f", "markdown"}).exit_code, 0);
+  EXPECT_THAT(ReadFile(page), testing::StartsWith("# Schema"));
+}
+
+TEST(Output, IntoAPipeThatIsClosedEndsQuietly) {
+  // The page is longer than what a pipe takes unread.
+  const std::string command = "bash -c '" + ProgramPath() +
+                              " import --sample sqlite -q -f html | head -c 9 | wc -c; "
+                              "exit ${PIPESTATUS[0]}' >/dev/null";
+  EXPECT_EQ(std::system(command.c_str()), 0);
 }
 
 // Names with everything that breaks naive quoting, told apart from one another.
@@ -248,6 +281,7 @@ TEST(Lists, FindNamesOnEveryRoute) {
       {"db2", "types", "INTEGER\n"},
       {"oracle", "operators", "="},
       {"sqlserver", "procedures", "."},
+      {"generic", "catalogs", ""},
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(std::string(c.sample) + " " + c.list);
@@ -295,6 +329,41 @@ TEST(Choices, OfOptionsGoBeforeThoseOfTheFile) {
   EXPECT_EQ(replaced[0]["primaryKey"].size(), 1u);
 }
 
+TEST(Choices, TakeNamesByPatternsAndLeaveSomeOut) {
+  const struct {
+    std::vector<std::string> options;
+    const char* names;
+  } cases[] = {
+      {{"--select-table", "book*", "--exclude", "*_genre"}, "[\"book\",\"book_author\"]"},
+      {{"--select-table", "LOAN", "--select-table", "fin?"}, "[\"fine\",\"loan\"]"},
+      {{"--select-view", "*"}, "[\"overdue_loan\",\"shelf\"]"},
+      {{"--exclude", "[!b]*", "--exclude", "*e*", "--exclude", "*o*"}, "[]"},
+      {{"--items", "tables", "--exclude", "*e*", "--exclude", "*o*"}, "[\"branch\",\"staff\"]"},
+      {{"--select-table", "\"book*\""}, "[]"},
+  };
+  for (const auto& [options, names] : cases) {
+    ProgramCall call;
+    call.arguments = {"import", "--sample", "sqlite", "--no-keys"};
+    call.arguments.insert(call.arguments.end(), options.begin(), options.end());
+    const ProgramResult result = RunProgram(call);
+    const json workbook = result.out.empty() ? json() : json::parse(result.out);
+    std::set<std::string> found;
+    if (!workbook.is_null()) {
+      for (const json& table : workbook["tables"]) found.insert(table["name"]);
+    }
+    EXPECT_EQ(json(found).dump(), names) << result.err;
+  }
+}
+
+TEST(Choices, OfAFileThatMatchNothingAreWarnedOf) {
+  const ProgramResult result =
+      RunProgram({.arguments = {"import", "--sample", "sqlite", "--request", "-"},
+                  .input = R"({"selectedTables": [{"name": "memer"}, {"name": "loan"}]})"});
+  EXPECT_EQ(result.exit_code, 0);
+  EXPECT_THAT(result.err, HasSubstr("standard input: there is no table 'memer'; did you mean"));
+  EXPECT_EQ(json::parse(result.out)["tables"].size(), 1u);
+}
+
 TEST(Choices, CompleteASelectedSynonymFromTheServer) {
   const ProgramResult result = RunProgram({"import", "--sample", "informix", "--select-synonym",
                                            FirstOf("synonyms", "informix"), "--items", "synonyms"});
@@ -325,10 +394,15 @@ TEST(Interrupts, StopThenCancelAndWriteWhatWasReadOrNothingAtTheThird) {
             },
     });
     EXPECT_EQ(result.exit_code, code) << result.err;
+    EXPECT_THAT(result.err, HasSubstr(signals[0] == SIGTERM ? "cancelling\n"
+                                                            : "stopping after the table in hand"));
     if (code == 130) {
       EXPECT_THAT(Files(folder.path()), testing::IsEmpty());
       continue;
     }
+    EXPECT_THAT(result.err, HasSubstr((code == 9 ? "stopped, incomplete, wrote "
+                                                 : "cancelled, incomplete, wrote ") +
+                                      file));
     const json workbook = json::parse(ReadFile(file));
     EXPECT_EQ(workbook["status"], code);
     EXPECT_EQ(workbook["incomplete"], true);
@@ -337,15 +411,20 @@ TEST(Interrupts, StopThenCancelAndWriteWhatWasReadOrNothingAtTheThird) {
   }
 }
 
-TEST(Progress, IsABarOnATerminalLinesElsewhereAndNothingWhenAsked) {
+TEST(Progress, IsABarOnATerminalALineElsewhereLinesOrNothingWhenAsked) {
   const std::string bar =
       RunProgram({.arguments = {"import", "--sample", "informix", "--items", "tables"},
                   .on_terminal = true})
           .out;
   EXPECT_THAT(bar, HasSubstr("\x1b[K"));
   EXPECT_THAT(bar, HasSubstr("tables and views"));
-  EXPECT_THAT(RunProgram({"import"}).err, HasSubstr("reading tables and views: 18\n"));
-  EXPECT_EQ(RunProgram({"import", "--progress", "none"}).err, "");
+  EXPECT_THAT(RunProgram({"import", "--progress", "plain"}).err,
+              HasSubstr("reading tables and views: 18\n"));
+  const std::string lines = RunProgram({"import"}).err;
+  EXPECT_EQ(CountLines(lines), 2u) << lines;
+  EXPECT_THAT(lines, HasSubstr("no connection is given"));
+  EXPECT_THAT(lines, HasSubstr("read 16 tables, 2 views in "));
+  EXPECT_EQ(RunProgram({"import", "--quiet"}).err, "");
 }
 
 TEST(Configuration, FillsWhatTheCommandLineLeavesOpen) {
@@ -369,8 +448,18 @@ TEST(Help, HasExamplesOnEveryCommand) {
     const ProgramResult result = RunProgram({command, "--help"});
     EXPECT_EQ(result.exit_code, 0);
     EXPECT_THAT(result.out, HasSubstr(std::string("Examples:\n  wbimport ") + command));
+    EXPECT_THAT(result.out, HasSubstr("Exit codes:\n  0 "));
+    // The examples that name nothing of the user's find something.
+    std::istringstream lines(result.out);
+    for (std::string line; std::getline(lines, line);) {
+      if (line.find("wbimport") > 2 || line.find("--sample") == std::string::npos) continue;
+      std::istringstream words(line.substr(line.find("wbimport") + 9));
+      const ProgramResult example = RunProgram({std::istream_iterator<std::string>(words), {}});
+      EXPECT_EQ(example.exit_code, 0) << line << example.err;
+      EXPECT_NE(example.out, "") << line;
+    }
   }
-  EXPECT_THAT(RunProgram({"--version"}).out, testing::StartsWith("wbimport "));
+  EXPECT_EQ(RunProgram({"-V"}).out, RunProgram({"--version"}).out);
 }
 
 }  // namespace
