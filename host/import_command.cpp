@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 #include <unistd.h>
 
+#include <filesystem>
 #include <iostream>
 #include <iterator>
 
@@ -56,6 +57,11 @@ class Sheet {
                     notes.empty() ? "nothing could be written" : notes.back());
     }
     for (const std::string& note : notes) screen.Say(note);
+    const bool has_extension = !std::filesystem::path(options_.file).extension().empty();
+    if (!options_.format && has_extension) {
+      screen.Say(fmt::format("no format has the extension of {}: it holds {}", options_.file,
+                             format_.name));
+    }
   }
 
  private:

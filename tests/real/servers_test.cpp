@@ -1,12 +1,14 @@
 // PostgreSQL and MariaDB through their own drivers, against their information_schema. Each runs
 // under a script, scripts/with_postgres or scripts/with_mariadb, which tells where the server
 // listens.
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <cstdlib>
 #include <map>
 #include <memory>
 
+#include "tests/host/program.h"
 #include "tests/real/schema.h"
 #include "tests/real/server.h"
 
@@ -211,6 +213,26 @@ TEST_P(RealServer, GoesAwayInTheMiddle) {
     EXPECT_EQ(import.status, 0) << loss.event;
     EXPECT_GE(last, loss.event);
   }
+}
+
+// What the program says of a server that shows nothing to a connection without a database, and of
+// one that lets nobody in, whose own words it keeps.
+TEST_P(RealServer, TellsTheProgramWhyNothingIsRead) {
+  const wbtest::ProgramResult wrong = wbtest::RunProgram(
+      {"info", "--connect", ConnectionString(kind_.database, "nobody") + ";PWD=tell-no-1"});
+  EXPECT_EQ(wrong.exit_code, 5);
+  EXPECT_THAT(wrong.err, testing::MatchesRegex("[^\n]*PWD=\\*\\*\\*': [^\n]*nobody[^\n]*\n"));
+  const wbtest::ProgramResult none =
+      wbtest::RunProgram({"list", "tables", "--connect", ConnectionString("", kind_.user)});
+  EXPECT_EQ(none.exit_code, kind_.databases_are_catalogs ? 2 : 0);
+  EXPECT_EQ(none.err.find("in no database: choose one with --catalog") != std::string::npos,
+            kind_.databases_are_catalogs);
+  const std::string database = kind_.databases_are_catalogs ? "" : kind_.database;
+  const wbtest::ProgramResult chosen =
+      wbtest::RunProgram({"list", "tables", "--connect", ConnectionString(database, kind_.user),
+                          "--catalog", kind_.database, "--select-table", "t00?"});
+  EXPECT_EQ(chosen.exit_code, 0) << chosen.err;
+  EXPECT_NE(chosen.out.find("t000\n"), std::string::npos);
 }
 
 INSTANTIATE_TEST_SUITE_P(, RealServer, testing::Values(&kPostgreSQL, &kMariaDB),
