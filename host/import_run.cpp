@@ -97,7 +97,7 @@ ImportResult ImportRunner::Run(const LcImportChoices& choices, std::uint32_t ite
   ImportResult result;
   result.workbook = std::make_unique<LcWorkbook>();
   result.items = item_mask;
-  const std::string failure_before = services_.LastFailure();
+  const std::size_t failures_before = services_.Failures();
   Progress progress(progress_mode_, screen_, choices.keys, choices.foreign_keys);
   {
     Importer importer(*this, choices, result.workbook.get());
@@ -121,7 +121,7 @@ ImportResult ImportRunner::Run(const LcImportChoices& choices, std::uint32_t ite
   result.seconds = progress.Finish();
   result.info.errors_shown = services_.ErrorsShown();
   result.connection_lost = connection_.IsDead();
-  if (services_.LastFailure() != failure_before) result.last_failure = services_.LastFailure();
+  if (services_.Failures() != failures_before) result.last_failure = services_.LastFailure();
   result.info.incomplete = result.info.status != 0 || result.connection_lost;
   return result;
 }

@@ -105,15 +105,19 @@ class InstalledServices::Log : public platform::CallLog {
   void OnCall(const platform::DriverCall& call) override {
     if (recorder_ != nullptr) recorder_->OnCall(call);
     if (call.result != kSqlError) return;
+    ++failures_;
     last_failure_ = fmt::format("{}: {}", call.function, DiagnosticsOfCall(call));
     reports_.log.WriteScrubbed(last_failure_);
   }
+  std::size_t failures() const { return failures_; }
   const std::string& last_failure() const { return last_failure_; }
 
  private:
   static constexpr short kSqlError = -1;
   Reports& reports_;
   std::shared_ptr<platform::CallLog> recorder_;
+  std::size_t failures_ = 0;
+  std::string last_failure_;
   std::string last_failure_;
 };
 
@@ -132,6 +136,7 @@ InstalledServices::InstalledServices(const Settings& settings, Screen& screen, R
 InstalledServices::~InstalledServices() { platform::GetServices() = *saved_; }
 
 std::uint32_t InstalledServices::ErrorsShown() const { return box_->count(); }
+std::size_t InstalledServices::Failures() const { return log_->failures(); }
 const std::string& InstalledServices::LastFailure() const { return log_->last_failure(); }
 
 }  // namespace wbhost

@@ -27,7 +27,9 @@ class InstalledServices {
 
   // Message boxes shown so far.
   std::uint32_t ErrorsShown() const;
-  // The driver's last call that failed, with its diagnostics; empty while none did.
+  // How many of the driver's calls failed so far.
+  std::size_t Failures() const;
+  // The last of them with its diagnostics; empty while none did.
   const std::string& LastFailure() const;
 
  private:
