@@ -118,7 +118,6 @@ class InstalledServices::Log : public platform::CallLog {
   std::shared_ptr<platform::CallLog> recorder_;
   std::size_t failures_ = 0;
   std::string last_failure_;
-  std::string last_failure_;
 };
 
 InstalledServices::InstalledServices(const Settings& settings, Screen& screen, Reports& reports,
