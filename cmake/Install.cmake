@@ -37,6 +37,7 @@ endforeach()
 # The public headers. Everything else is the module's own.
 set(WB_PUBLIC_HEADERS
   catalogues/type_lists.h
+  importer/dialects.h
   importer/odbc_workbook_import.h
   importer/workbook/datatype.h
   importer/workbook/details.h

@@ -77,6 +77,12 @@ void ApplyOptions(const ChoiceOptions& options, Choices& choices) {
   if (options.foreign_keys) importer.foreign_keys = *options.foreign_keys;
   if (options.dbms_type) importer.dbms_type = static_cast<LeDBMSType>(*options.dbms_type);
   if (options.generic) choices.settings[u"GenericWorkbookImport"] = std::uint32_t{1};
+  if (options.reading) choices.reading = *FindReading(*options.reading);
+  if (options.dialect) {
+    // Who names a dialect means it to be used.
+    if (!options.reading) choices.reading = Choices::Reading::kExact;
+    choices.dialect_file = options.dialect;
+  }
   ApplyNames(options, choices);
 }
 
@@ -107,6 +113,13 @@ const std::vector<Item>& AllItems() {
       {"column-names", ibColumnNames},
   };
   return items;
+}
+
+std::optional<Choices::Reading> FindReading(std::string_view name) {
+  if (name == "auto") return Choices::Reading::kAuto;
+  if (name == "exact") return Choices::Reading::kExact;
+  if (name == "compatible") return Choices::Reading::kCompatible;
+  return std::nullopt;
 }
 
 std::optional<LeItemBit> FindItem(std::string_view name) {
@@ -141,6 +154,8 @@ Choices ReadChoices(const ChoiceOptions& options) {
     choices.request = name;
   }
   ApplyOptions(options, choices);
+  choices.importer.reading =
+      choices.reading == Choices::Reading::kCompatible ? rdCompatible : rdExact;
   return choices;
 }
 

@@ -48,6 +48,10 @@ struct Choices {
   LcImportChoices importer;            // all but the item mask, which ItemMask() gives
   std::optional<std::uint32_t> items;  // empty: left to the default
   Settings settings;
+  // How the catalog is read; importer.reading is what it comes to.
+  enum class Reading { kAuto, kExact, kCompatible };
+  Reading reading = Reading::kAuto;
+  std::optional<std::string> dialect_file;  // its text goes into importer.dialect
   NamePatterns names;
   std::string request;  // the request file's name, for messages; empty: none was given
 
@@ -57,10 +61,17 @@ struct Choices {
   std::uint32_t ItemMask() const;
 };
 
+// Empty when there is no reading of that name.
+std::optional<Choices::Reading> FindReading(std::string_view name);
+
 // Reads a request file (JSON). Throws a Failure that names the file and the field.
 Choices ParseRequest(std::string_view json, const std::string& file_name);
 
 // The request file, if any, with the options over it. Throws a Failure.
 Choices ReadChoices(const ChoiceOptions& options);
+
+// The choices in the form of a request file: a JSON object that asks for the same import. Choices
+// that are as they are without a file are left out.
+std::string WriteRequest(const Choices& choices);
 
 }  // namespace wbhost

@@ -18,6 +18,7 @@ struct Run {
 void RunImport(Run& run, Outcome& outcome);
 void RunList(Run& run, Outcome& outcome);
 void RunInfo(Run& run, Outcome& outcome);
+void RunDialects(Run& run, Outcome& outcome);
 void RunDrivers(Run& run);
 void RunRender(Run& run);
 

@@ -21,7 +21,12 @@ ProgressMode ChooseProgress(const Options& options, const Screen& screen) {
 // A replay repeats the choices of the recorded run, unless the user has own ones.
 Choices& Settle(Choices& choices, const ChoiceOptions& options,
                 const std::optional<ReplayNotes>& notes) {
-  if (notes && notes->choices && options == ChoiceOptions()) choices = *notes->choices;
+  if (!notes || !notes->choices) return choices;
+  if (options == ChoiceOptions()) {
+    choices = *notes->choices;
+  } else if (!options.reading) {
+    choices.importer.reading = notes->choices->importer.reading;
+  }
   return choices;
 }
 

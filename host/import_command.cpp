@@ -9,6 +9,7 @@
 
 #include "export/writer.h"
 #include "host/commands.h"
+#include "host/dialect_file.h"
 #include "host/host_session.h"
 #include "host/resolve_names.h"
 #include "host/text.h"
@@ -100,11 +101,18 @@ std::string Summary(const ImportResult& result) {
 
 std::string ReadStandardInput() { return {std::istreambuf_iterator<char>(std::cin), {}}; }
 
+// Who asks for the exact reading learns that it is another one.
+void SayWhyNotExact(Run& run, const Choices& choices, const ImportResult& result) {
+  if (choices.reading != Choices::Reading::kExact || result.why_not_exact.empty()) return;
+  run.screen.Say("the exact reading is not possible: " + result.why_not_exact);
+}
+
 }  // namespace
 
 void RunImport(Run& run, Outcome& outcome) {
   const OutputOptions& wanted = run.options.output;
   Choices choices = ReadChoices(run.options.choices);
+  TakeDialectFile(choices);
   if ((choices.ItemMask() & ibColumnNames) != 0 && !choices.HasSingleTable()) {
     throw Failure(ExitCode::kUsage,
                   "column-names needs a single table: --table [OWNER.]NAME, or singleTable in the "
@@ -116,7 +124,9 @@ void RunImport(Run& run, Outcome& outcome) {
   ResolveNames(choices, items, wanted.around, session.runner(), run.screen);
   choices.items = items;
   session.NoteChoices(choices);
-  const ImportResult result = session.runner().Run(choices.importer, items);
+  ImportResult result = session.runner().Run(choices.importer, items);
+  result.info.choices = WriteRequest(choices);
+  SayWhyNotExact(run, choices, result);
   session.runner().Judge(result, outcome);
   session.Finish(outcome);
   sheet.Write(*result.workbook, result.info, choices.importer.include_system, run.screen);

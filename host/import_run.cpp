@@ -23,6 +23,7 @@ void FillServerFacts(const LcODBCWorkbookImport::RouteDecision& decision,
   info.dbms_version = decision.dbms_version;
   info.dbms_type = decision.dbms_type;
   info.route = LcODBCWorkbookImport::GetRoute(decision.route).name;
+  info.dialect = ToUtf16(decision.dialect);
 }
 
 }  // namespace
@@ -114,7 +115,10 @@ ImportResult ImportRunner::Run(const LcImportChoices& choices, std::uint32_t ite
     result.info.result = importer.ImportItems(status);
     active_ = nullptr;
     result.info.status = status;
-    if (const auto* taken = importer.GetRouteTaken()) FillServerFacts(*taken, result.info);
+    if (const auto* taken = importer.GetRouteTaken()) {
+      FillServerFacts(*taken, result.info);
+      result.why_not_exact = taken->why_not_exact;
+    }
     importer_ = nullptr;
     progress_ = nullptr;
   }
@@ -154,6 +158,18 @@ void ImportRunner::Judge(const ImportResult& result, Outcome& outcome) const {
         fmt::format("the import ended well but for {} shown above",
                     shown == 1 ? "a database error" : fmt::format("{} database errors", shown)),
         log);
+  }
+  SayWhatIsMissing(result, outcome);
+}
+
+void ImportRunner::SayWhatIsMissing(const ImportResult& result, Outcome& outcome) {
+  for (const LcNotRead& missing : result.workbook->details.not_read) {
+    std::string what = ToUtf8(missing.kind.View());
+    const std::string name = DisplayName(missing.owner.Text(), missing.name.Text());
+    if (!name.empty()) what += " of " + name;
+    screen_.Say(fmt::format("not read: {}: {}", what, ToUtf8(missing.reason.View())));
+    if (!missing.withheld)
+      outcome.Add(ExitCode::kErrorsShown, "not all was read", "each is told above");
   }
 }
 

@@ -27,7 +27,8 @@ class StartedModule {
 struct ImportResult {
   std::unique_ptr<LcWorkbook> workbook;
   LcWorkbookFileInfo info;
-  std::uint32_t items = 0;  // that were asked for
+  std::uint32_t items = 0;    // that were asked for
+  std::string why_not_exact;  // where the exact reading was wanted and not possible
   bool connection_lost = false;
   std::string last_failure;  // the driver's last call that failed, however it was taken; or empty
   double seconds = 0;
@@ -55,6 +56,8 @@ class ImportRunner {
   class Importer;
   static void OnNotify(enumImpNotify notify, void* record);
   void Notify(enumImpNotify notify, void* record);
+  // A line for everything that was not read; what failed counts for the exit code.
+  void SayWhatIsMissing(const ImportResult& result, Outcome& outcome);
 
   const Connection& connection_;
   const InstalledServices& services_;

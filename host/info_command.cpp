@@ -4,6 +4,7 @@
 #include <nlohmann/json.hpp>
 
 #include "host/commands.h"
+#include "host/dialect_file.h"
 #include "host/host_session.h"
 #include "host/text.h"
 
@@ -59,6 +60,7 @@ std::string FactsAsText(const Facts& facts) {
        fmt::format("{} ({})", static_cast<int>(server.dbms_type), TypeName(server.dbms_type)));
   line("driver", facts.driver);
   line("route", fmt::format("{}: {}", facts.route, server.reason));
+  if (!server.dialect.empty()) line("dialect", server.dialect);
   line("owners", facts.owners ? "supported" : "not supported");
   if (!facts.catalog.empty()) line("current catalog", ToUtf8(facts.catalog));
   text += "functions of the driver\n";
@@ -78,6 +80,7 @@ std::string FactsAsJson(const Facts& facts) {
   json["driver"] = facts.driver;
   json["route"] = facts.route;
   json["reason"] = facts.server.reason;
+  json["dialect"] = facts.server.dialect;
   json["owners"] = facts.owners;
   json["catalog"] = ToUtf8(facts.catalog);
   json["functions"] = nlohmann::ordered_json::object();
@@ -116,6 +119,7 @@ std::string InstalledAsJson(const std::vector<Installed>& drivers,
 
 void RunInfo(Run& run, Outcome& outcome) {
   Choices choices = ReadChoices(run.options.choices);
+  TakeDialectFile(choices);
   const OutputFile output(run.options.output.file);
   HostSession session(run, choices, output);
   session.NoteChoices(choices);

@@ -1,5 +1,6 @@
 // `wbimport list`: names only.
 #include "host/commands.h"
+#include "host/dialect_file.h"
 #include "host/host_session.h"
 #include "host/lists.h"
 #include "host/resolve_names.h"
@@ -9,6 +10,7 @@ namespace wbhost {
 void RunList(Run& run, Outcome& outcome) {
   const std::string& kind = run.options.list_kind;
   Choices choices = ReadChoices(run.options.choices);
+  TakeDialectFile(choices);
   const OutputFile output(run.options.output.file);
   HostSession session(run, choices, output);
   ResolveNames(choices, ItemsOfList(kind), {}, session.runner(), run.screen);

@@ -51,6 +51,11 @@ constexpr const char* kInfoExamples =
     "  wbimport info --sqlite shop.db\n"
     "  wbimport info --sample db2 --generic";
 
+constexpr const char* kDialectsExamples =
+    "Examples:\n"
+    "  wbimport dialects show postgresql\n"
+    "  wbimport dialects check shelf.sql --dsn shelf";
+
 constexpr const char* kDriversExamples =
     "Examples:\n"
     "  wbimport drivers\n"
@@ -178,6 +183,12 @@ void AddChoices(CLI::App& app, ChoiceOptions& options) {
       ->group(group);
   AddText(app, "--catalog", options.catalog,
           "Catalog (database) that the generic route reads; list catalogs shows them", "NAME")
+      ->group(group);
+  AddText(app, "--reading", options.reading,
+          "exact, compatible, or auto: exact where a dialect fits the server", "MODE")
+      ->check(CLI::IsMember({"exact", "compatible", "auto"}))
+      ->group(group);
+  AddText(app, "--dialect", options.dialect, "Dialect file for the exact reading", "FILE")
       ->group(group);
   AddSwitch(app, "system", options.system, "Read system tables too", "Undo a file's includeSystem");
   AddSwitch(app, "keys", options.keys, "Read primary keys (the default)", "Read no primary keys");
@@ -396,6 +407,10 @@ void DeclareCommandLine(CLI::App& app, Options& options, std::optional<std::stri
   CLI::App* render = add_command("render", Command::kRender,
                                  "Write a saved workbook file in another format", kRenderExamples);
 
+  CLI::App* dialects =
+      add_command("dialects", Command::kDialects,
+                  "List, show and try out dialects of the exact reading", kDialectsExamples);
+
   for (CLI::App* command : {import, list, info}) {
     AddConnection(*command, options.connection);
     AddRouteChoices(*command, options.choices);
@@ -413,6 +428,12 @@ void DeclareCommandLine(CLI::App& app, Options& options, std::optional<std::stri
   AddTextOrJson(*list, options.output);
   AddTextOrJson(*info, options.output);
   AddTextOrJson(*drivers, options.output);
+  dialects->add_option("ACTION", options.dialect_action, "list, show or check")
+      ->check(CLI::IsMember({"list", "show", "check"}));
+  dialects->add_option("OPERAND", options.dialect_operand, "A name to show, a file to check");
+  AddConnection(*dialects, options.connection);
+  AddReports(*dialects, options.report);
+  AddTextOrJson(*dialects, options.output);
   render
       ->add_option("FILE", options.render_file,
                    "A workbook file, as --format json writes it; - reads it from standard input")

@@ -7,7 +7,7 @@
 
 namespace wbhost {
 
-enum class Command { kImport, kList, kInfo, kDrivers, kRender };
+enum class Command { kImport, kList, kInfo, kDrivers, kRender, kDialects };
 
 // Where to connect to. At most one of connect, dsn, sqlite, sample and replay is given.
 struct ConnectionOptions {
@@ -37,6 +37,8 @@ struct ChoiceOptions {
   std::optional<std::string> table;
   std::optional<int> dbms_type;
   bool generic = false;
+  std::optional<std::string> reading;  // exact, compatible or auto
+  std::optional<std::string> dialect;  // a dialect file
 
   bool operator==(const ChoiceOptions&) const = default;
 };
@@ -71,6 +73,8 @@ struct Options {
   ReportOptions report;
   std::string list_kind;
   std::string render_file;
+  std::string dialect_action = "list";  // list, show or check
+  std::string dialect_operand;          // a name to show, a file to check
 };
 
 // The options; or, when there is nothing left to do (help, version), an exit code of 0 after the

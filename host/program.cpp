@@ -20,6 +20,8 @@ void RunCommand(Run& run, Outcome& outcome) {
       return RunList(run, outcome);
     case Command::kInfo:
       return RunInfo(run, outcome);
+    case Command::kDialects:
+      return RunDialects(run, outcome);
     case Command::kDrivers:
       return RunDrivers(run);
     case Command::kRender:

@@ -27,6 +27,8 @@ Choices ReadChoices(const Json& note) {
   importer.owner_restriction = Text(note, "owner");
   importer.catalog = Text(note, "catalog");
   importer.include_system = note.at("includeSystem").get<int>() != 0;
+  // Older recordings know one reading only.
+  importer.reading = static_cast<LeReading>(note.value("reading", int{rdCompatible}));
   importer.keys = note.at("keys").get<int>() != 0;
   importer.foreign_keys = note.at("foreignKeys").get<int>() != 0;
   importer.single_item_owner = Text(note, "itemOwner");

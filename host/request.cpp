@@ -111,6 +111,12 @@ enumTableType ReadTableType(const json& value, const Place& place) {
   place.Fail(fmt::format("must be table or view, not '{}'", ToUtf8(text)));
 }
 
+Choices::Reading ReadReading(const json& value, const Place& place) {
+  const std::string text = ToUtf8(ReadText(value, place));
+  if (const std::optional<Choices::Reading> reading = FindReading(text)) return *reading;
+  place.Fail(fmt::format("must be exact, compatible or auto, not '{}'", text));
+}
+
 std::unique_ptr<LcTableInfo> ReadTable(const json& value, const Place& place) {
   auto entry = std::make_unique<LcTableInfo>();
   bool named = false;
@@ -158,10 +164,11 @@ Setting ReadSetting(const json& value, const Place& place) {
       ReadInteger(value, place, 0, std::numeric_limits<std::uint32_t>::max()));
 }
 
-// The two settings that the importer reads.
+// The settings that the importer reads.
 FieldReaders SettingReaders(Settings& settings) {
   FieldReaders readers;
-  for (const char* name : {"GenericWorkbookImport", "GenericDB2WorkbookImport"}) {
+  for (const char* name :
+       {"GenericWorkbookImport", "GenericDB2WorkbookImport", "ExactWorkbookImport"}) {
     readers[name] = [&settings, name](const json& v, const Place& at) {
       settings[ToUtf16(name)] = ReadSetting(v, at);
     };
@@ -180,6 +187,8 @@ Choices ParseRequest(std::string_view text, const std::string& file_name) {
     top.Fail(fmt::format("is no JSON: {}", error.what()));
   }
   Choices choices;
+  // Who has kept a file gets what it always gave.
+  choices.reading = Choices::Reading::kCompatible;
   LcImportChoices& importer = choices.importer;
   ReadFields(
       document, top,
@@ -218,6 +227,7 @@ Choices ParseRequest(std::string_view text, const std::string& file_name) {
             importer.selected_synonyms.Append(ReadSynonym(element, place));
           });
         }},
+       {"reading", [&](auto& v, auto& at) { choices.reading = ReadReading(v, at); }},
        {"settings",
         [&](auto& v, auto& at) { ReadFields(v, at, SettingReaders(choices.settings)); }}});
   return choices;

@@ -115,6 +115,7 @@ void RunRecording::NoteChoices(const Choices& choices) {
                    {"foreignKeys", importer.foreign_keys},
                    {"owner", importer.owner_restriction.c_str()},
                    {"catalog", importer.catalog.c_str()},
+                   {"reading", importer.reading},
                    {"itemOwner", importer.single_item_owner.c_str()},
                    {"table", importer.single_table_name.c_str()}});
   for (const LcOwnerInfo* owner : importer.selected_owners)

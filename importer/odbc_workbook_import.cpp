@@ -71,8 +71,8 @@ const LcODBCWorkbookImport::Route& LcODBCWorkbookImport::GetRoute(RouteKind kind
 
 LcODBCWorkbookImport::RouteDecision LcODBCWorkbookImport::DecideRoute() const try {
   odbcimport::ServerFacts server = *server_;
-  return odbcimport::DecideRoute({choices, hdbc, login != nullptr ? &login->connect_text : nullptr},
-                                 server);
+  return odbcimport::DecideRoute(
+      {choices, henv, hdbc, login != nullptr ? &login->connect_text : nullptr}, server);
 } catch (...) {
   return {};
 }
@@ -80,7 +80,7 @@ LcODBCWorkbookImport::RouteDecision LcODBCWorkbookImport::DecideRoute() const tr
 bool LcODBCWorkbookImport::ImportItems(unsigned short& status) try {
   route_taken_ = nullptr;
   const RouteDecision decision = odbcimport::DecideRoute(
-      {choices, hdbc, login != nullptr ? &login->connect_text : nullptr}, *server_);
+      {choices, henv, hdbc, login != nullptr ? &login->connect_text : nullptr}, *server_);
   choices.dbms_type = decision.dbms_type;
   route_taken_ = std::make_unique<RouteDecision>(decision);
   ImportSession session(*this, workbook_, *server_, types_, callback_, current_item_);

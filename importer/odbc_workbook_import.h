@@ -40,7 +40,7 @@ class LC_EXPORT LcODBCWorkbookImport : public LcWorkbookImport {
   const std::u16string& GetDBMSName() const;  // empty until known
 
   // The ways of reading a catalog, and what a host may want to know of each.
-  enum class RouteKind { kODBC, kInformix, kNative };
+  enum class RouteKind { kODBC, kInformix, kNative, kExact };
   struct Route {
     RouteKind kind;
     const char16_t* name;         // in the workbook file
@@ -53,13 +53,16 @@ class LC_EXPORT LcODBCWorkbookImport : public LcWorkbookImport {
   // A route, why it is taken, and what was known of the server when it was decided.
   struct RouteDecision {
     RouteKind route = RouteKind::kODBC;
-    std::string reason;  // one English sentence part, UTF-8
+    std::string reason;         // one English sentence part, UTF-8
+    std::string dialect;        // the name of the exact route's, UTF-8; empty on the others
+    std::string why_not_exact;  // where that was wanted and is not possible: a part of the reason
     std::u16string dbms_name;
     int dbms_version = 0;
     LeDBMSType dbms_type = dbmsUnknown;
   };
   // The route that ImportItems would take now, for a host that wants to show it. Asks the driver
-  // for the server's name where it is not known, as ImportItems does, and changes nothing.
+  // for the server's name where it is not known, and the server whether a dialect fits where the
+  // exact reading is wanted, as ImportItems does, and changes nothing.
   RouteDecision DecideRoute() const;
   // The route that the last ImportItems took; null before the first.
   const RouteDecision* GetRouteTaken() const { return route_taken_.get(); }

@@ -7,6 +7,7 @@
 #include "base/utf.h"
 #include "importer/settings.h"
 #include "odbc/database_utilities.h"
+#include "routes/exact/exact_import.h"
 
 namespace odbcimport {
 namespace {
@@ -96,12 +97,30 @@ constexpr RouteOfType kRoutesOfTypes[] = {
 };
 // clang-format on
 
-void PickRoute(const RouteQuestion& question, LeDBMSType type, RouteDecision& decision) {
+bool WantsExactReading(const LcImportChoices& choices) {
+  return choices.reading == rdExact || IsSet(u"ExactWorkbookImport");
+}
+
+// Asks the server whether a dialect fits it.
+void PickExactRoute(const RouteQuestion& question, ServerFacts& server, RouteDecision& decision) {
+  const std::string dialect = exact::FindDialectFor(question.henv, question.hdbc, question.choices,
+                                                    server, decision.why_not_exact);
+  if (dialect.empty()) {
+    decision.reason += "; the exact reading is not possible: " + decision.why_not_exact;
+    return;
+  }
+  decision.route = RouteKind::kExact;
+  decision.reason = "the dialect " + dialect + " fits the server";
+  decision.dialect = dialect;
+}
+
+// True: nothing goes before it.
+bool PickRoute(const RouteQuestion& question, LeDBMSType type, RouteDecision& decision) {
   for (const Rule& rule : kRules) {
     if (const Reason reason = rule.applies(question, type)) {
       decision.route = rule.route;
       decision.reason = *reason;
-      return;
+      return true;
     }
   }
   decision.reason = "the kind of server is not known";
@@ -110,6 +129,7 @@ void PickRoute(const RouteQuestion& question, LeDBMSType type, RouteDecision& de
     decision.route = row.route;
     decision.reason = row.reason;
   }
+  return false;
 }
 
 }  // namespace
@@ -120,7 +140,9 @@ RouteDecision DecideRoute(const RouteQuestion& question, ServerFacts& server) {
   decision.dbms_name = server.dbms_name;
   decision.dbms_version = server.dbms_version;
   decision.dbms_type = server.dbms_type;
-  PickRoute(question, server.dbms_type, decision);
+  server.finding = nullptr;
+  const bool asked_for = PickRoute(question, server.dbms_type, decision);
+  if (!asked_for && WantsExactReading(question.choices)) PickExactRoute(question, server, decision);
   return decision;
 }
 

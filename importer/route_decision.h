@@ -9,6 +9,7 @@ namespace odbcimport {
 // What a decision rests on.
 struct RouteQuestion {
   const LcImportChoices& choices;
+  void* henv;
   void* hdbc;                          // null: nobody to ask
   const std::u16string* connect_text;  // of the host's log-in; null when there is none
 };

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "odbc/driver.h"
+#include "odbc/query.h"
 #include "platform/platform.h"
 
 namespace odbc {
@@ -68,14 +69,26 @@ std::u16string FormatErrorText(std::u16string_view format, long number, std::u16
   return out;
 }
 
-void PostError(void* henv, void* hdbc, void* hstmt) {
-  Diagnostic diagnostic;
-  // Shown even when the driver has no diagnostic: the user must learn that something failed.
-  TakeDiagnostic(henv, hdbc, hstmt, &diagnostic, kShownCharacters);
+namespace {
+
+void Show(const Diagnostic& diagnostic) {
   platform::GetServices().message_box->Show(
       FormatErrorText(TextOrDefault(kDatabaseErrorText, u"%d %s %s"), diagnostic.native_error,
                       diagnostic.state, diagnostic.message),
       kDatabaseErrorHelp);
+}
+
+}  // namespace
+
+void PostError(void* henv, void* hdbc, void* hstmt) {
+  Diagnostic diagnostic;
+  // Shown even when the driver has no diagnostic: the user must learn that something failed.
+  TakeDiagnostic(henv, hdbc, hstmt, &diagnostic, kShownCharacters);
+  Show(diagnostic);
+}
+
+void PostFailure(const QueryFailure& failure) {
+  Show(failure.diagnostics.empty() ? Diagnostic() : failure.diagnostics.front());
 }
 
 void PostOtherError(OtherError /*error*/) {

@@ -6,6 +6,8 @@
 
 namespace odbc {
 
+struct QueryFailure;
+
 // What can go wrong besides the driver's own errors. The numbers are not shown.
 enum class OtherError {
   kNone = 0,
@@ -18,6 +20,8 @@ enum class OtherError {
 // Shows the first pending diagnostic of the statement (of the connection when `hstmt` is null) with
 // text 30003.
 void PostError(void* henv, void* hdbc, void* hstmt);
+// Shows the first diagnostic of a failure that was taken already, in the same way.
+void PostFailure(const QueryFailure& failure);
 // Shows text 30004, which is the same for all.
 void PostOtherError(OtherError error);
 

@@ -15,4 +15,8 @@ bool SupportsOwners(void* hdbc) {
   return Succeeded(result) && (usage & SQL_OU_DML_STATEMENTS) != 0;
 }
 
+bool IsAutocommitOn(void* hdbc) {
+  return GetConnectOption(hdbc, SQL_AUTOCOMMIT, SQL_AUTOCOMMIT_ON) == SQL_AUTOCOMMIT_ON;
+}
+
 }  // namespace odbc

@@ -12,5 +12,7 @@ std::u16string GetDBMSVersion(void* hdbc);
 std::u16string GetDataSourceName(void* hdbc);
 // Whether statements may name an owner in front of a table; false when the driver has no answer.
 bool SupportsOwners(void* hdbc);
+// Whether each statement is a transaction of its own; true when the driver has no answer.
+bool IsAutocommitOn(void* hdbc);
 
 }  // namespace odbc

@@ -15,6 +15,11 @@ namespace odbcimport {
 
 using NotifyCallback = void (*)(enumImpNotify, void*);
 
+// What a route found out about the server when it was decided on; each route that asks has its own.
+struct RouteFinding {
+  virtual ~RouteFinding() = default;
+};
+
 // Facts about the server that persist between runs of one importer.
 struct ServerFacts {
   std::u16string dbms_name;            // SQL_DBMS_NAME; empty until asked
@@ -25,6 +30,7 @@ struct ServerFacts {
   bool owner_support_known = false;
   bool owner_supported = false;
   std::uint16_t foreign_key_counter = 0;
+  std::shared_ptr<const RouteFinding> finding;  // of the last decision; null: there was none
 };
 
 class ImportSession {

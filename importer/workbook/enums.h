@@ -17,6 +17,12 @@ enum LeDBMSType : std::int32_t {
   dbmsRedBrick = 8,
 };
 
+// How a catalog is read.
+enum LeReading : std::int32_t {
+  rdCompatible = 0,  // as hosts have always had it
+  rdExact = 1,       // what the server says, whole, where a dialect fits the server
+};
+
 // First argument of the host's callback. The value 7 is not sent.
 enum enumImpNotify : std::int32_t {
   inImportStart = 0,

@@ -69,6 +69,8 @@ constexpr std::array<KindRow, kKinds> kKindRows = {{
      "table_id/schema+table* name* column_positions/position+column* target_id+target_positions/target_table* "
      "target_schema target_column key_id on_update on_delete match deferrable enforced set_positions constraint_id "
      "comment option:"},
+    {"foreign_key_rules",
+     "table_id/schema+table* name* on_update on_delete match deferrable enforced comment option:"},
     {"checks", "table_id/type_id/schema+table* name* expression* column kind enforced constraint_id comment option:"},
     {"indexes",
      "table_id/schema+table* name* unique* column_positions/position* column expression descending included prefix "
@@ -76,7 +78,7 @@ constexpr std::array<KindRow, kKinds> kKindRows = {{
      "predicate key definition comment option:"},
     {"triggers", "table_id/schema+table* name* timing events text definition trigger_id comment option:"},
     {"types",
-     "schema/schema_id* name* kind* type_id base_type nullable not_null default check collation collation_id table_id "
+     "schema/schema_id* name* kind* type_id base_type nullable not_null default check collation collation_id "
      "position label attribute attribute_type comment option:"},
     {"sequences",
      "schema/schema_id* name* sequence_id type start increment minimum maximum cycle cache owner_schema owner_table "

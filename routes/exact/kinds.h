@@ -29,6 +29,7 @@ enum class Kind : std::uint8_t {
   kConstraints,
   kKeys,
   kForeignKeys,
+  kForeignKeyRules,
   kChecks,
   kIndexes,
   kTriggers,

@@ -1,0 +1,25 @@
+#include "host/dialect_file.h"
+
+#include <fmt/format.h>
+
+#include "host/outcome.h"
+#include "importer/dialects.h"
+
+namespace wbhost {
+
+std::string ReadDialectFile(const std::string& file) {
+  const std::optional<std::string> text = ReadWholeFile(file);
+  if (!text) throw Failure(ExitCode::kUsage, fmt::format("cannot read the dialect file {}", file));
+  return *text;
+}
+
+void TakeDialectFile(Choices& choices) {
+  if (!choices.dialect_file) return;
+  choices.importer.dialect = ReadDialectFile(*choices.dialect_file);
+  const std::vector<LcDialectProblem> problems = OdbcImportCheckDialect(choices.importer.dialect);
+  if (problems.empty()) return;
+  throw Failure(ExitCode::kUsage, fmt::format("{}:{}: {}", *choices.dialect_file,
+                                              problems.front().line, problems.front().text));
+}
+
+}  // namespace wbhost

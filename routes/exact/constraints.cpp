@@ -1,0 +1,408 @@
+// Constraints into the workbook.
+#include "routes/exact/constraints.h"
+
+#include <algorithm>
+#include <memory>
+#include <tuple>
+#include <utility>
+
+namespace odbcimport::exact {
+namespace {
+
+std::vector<LcWorkbookColumn*> AsSet(std::vector<LcWorkbookColumn*> columns) {
+  std::sort(columns.begin(), columns.end());
+  columns.erase(std::unique(columns.begin(), columns.end()), columns.end());
+  return columns;
+}
+
+std::unique_ptr<LcWorkbookKeyList> ListOf(const std::vector<LcWorkbookColumn*>& columns) {
+  auto list = std::make_unique<LcWorkbookKeyList>();
+  for (LcWorkbookColumn* column : columns) list->AddKeyColumn(column);
+  return list;
+}
+
+bool IsWhole(const std::vector<LcWorkbookColumn*>& columns, std::size_t parts) {
+  return columns.size() == parts &&
+         std::find(columns.begin(), columns.end(), nullptr) == columns.end();
+}
+
+}  // namespace
+
+std::string Constraints::KeyOf(Constraint::Sort sort, std::uint32_t table, std::string_view name,
+                               std::string_view id) const {
+  std::string key = std::to_string(table);
+  key += static_cast<char>('a' + static_cast<int>(sort));
+  key.append(name) += '\0';
+  return key.append(id);
+}
+
+Constraint& Constraints::Find(Constraint::Sort sort, std::uint32_t table, std::string_view name,
+                              std::string_view id) {
+  if (!all_.empty()) {
+    Constraint& last = all_.back();
+    if (last.table == table && last.sort == sort && last.name == name && last.id == id) return last;
+  }
+  const auto [found, is_new] = places_.emplace(KeyOf(sort, table, name, id), all_.size());
+  if (!is_new) return all_[found->second];
+  Constraint& made = all_.emplace_back();
+  made.sort = sort;
+  made.table = table;
+  made.name = name;
+  made.id = id;
+  return made;
+}
+
+Constraint* Constraints::FindForeignKey(std::uint32_t table, std::string_view name) {
+  const auto found = places_.find(KeyOf(Constraint::Sort::kForeign, table, name, ""));
+  return found != places_.end() ? &all_[found->second] : nullptr;
+}
+
+void Constraints::Forget(std::size_t size) {
+  all_.resize(size);
+  for (auto at = places_.begin(); at != places_.end();) {
+    at = at->second >= size ? places_.erase(at) : std::next(at);
+  }
+}
+
+std::vector<LcWorkbookColumn*> Constraints::ColumnsOf(const Constraint& constraint) {
+  std::vector<LcWorkbookColumn*> columns;
+  columns.reserve(constraint.parts.size());
+  for (const Constraint::Part& part : constraint.parts) {
+    columns.push_back(part.position != 0 ? model_.FindColumn(constraint.table, part.position)
+                                         : model_.FindColumn(constraint.table, part.column));
+  }
+  return columns;
+}
+
+// A key that names no target columns means the primary key, in its order.
+std::vector<LcWorkbookColumn*> Constraints::TargetColumnsOf(const Constraint& constraint,
+                                                            std::uint32_t target) {
+  std::vector<LcWorkbookColumn*> columns;
+  columns.reserve(constraint.parts.size());
+  for (const Constraint::Part& part : constraint.parts) {
+    if (part.target_position != 0) {
+      columns.push_back(model_.FindColumn(target, part.target_position));
+    } else if (!part.target_column.empty()) {
+      columns.push_back(model_.FindColumn(target, part.target_column));
+    }
+  }
+  if (columns.empty()) return model_.tables[target].table->GetPrimaryKey().GetColumns();
+  return columns;
+}
+
+void Constraints::FinishKeys() {
+  for (Constraint& constraint : all_) {
+    std::sort(constraint.parts.begin(), constraint.parts.end(),
+              [](const auto& a, const auto& b) { return a.order < b.order; });
+  }
+  std::stable_sort(all_.begin(), all_.end(), [](const Constraint& a, const Constraint& b) {
+    return std::tie(a.table, a.sort, a.name) < std::tie(b.table, b.sort, b.name);
+  });
+  places_.clear();
+  for (Constraint& constraint : all_) {
+    if (constraint.sort == Constraint::Sort::kPrimary ||
+        constraint.sort == Constraint::Sort::kUnique) {
+      FinishKey(constraint);
+    }
+  }
+  PrimaryKeysFromColumns();
+}
+
+void Constraints::FinishKey(Constraint& constraint) {
+  if (constraint.table == kNoTable || !model_.tables[constraint.table].wanted) return;
+  LcWorkbookTable& table = *model_.tables[constraint.table].table;
+  const std::vector<LcWorkbookColumn*> columns = ColumnsOf(constraint);
+  if (!IsWhole(columns, constraint.parts.size())) return;
+  LcKeyDetails key;
+  key.name = model_.catalog.texts().Get(constraint.name);
+  key.columns = columns;
+  key.comment = std::move(constraint.comment);
+  key.options = std::move(constraint.options);
+  key.deferrable = constraint.deferrable;
+  if (constraint.sort == Constraint::Sort::kUnique) {
+    key.kind = kkUnique;
+    table.ChangeDetails().unique_keys.push_back(std::move(key));
+    return;
+  }
+  for (LcWorkbookColumn* column : columns) {
+    table.GetPrimaryKey().AddKeyColumn(column);
+    column->SetPrimaryKey(true);
+  }
+  table.ChangeDetails().primary_key = std::make_unique<LcKeyDetails>(std::move(key));
+}
+
+void Constraints::PrimaryKeysFromColumns() {
+  for (const TableEntry& entry : model_.tables) {
+    if (!entry.wanted || !entry.table->GetPrimaryKey().IsEmpty()) continue;
+    std::vector<const ColumnEntry*> key;
+    for (std::uint32_t i = entry.first_column; i < entry.first_column + entry.columns; ++i) {
+      if (model_.columns[i].key_position > 0) key.push_back(&model_.columns[i]);
+    }
+    if (key.empty()) continue;
+    std::sort(key.begin(), key.end(), [](const ColumnEntry* a, const ColumnEntry* b) {
+      return a->key_position < b->key_position;
+    });
+    auto details = std::make_unique<LcKeyDetails>();
+    for (const ColumnEntry* column : key) {
+      entry.table->GetPrimaryKey().AddKeyColumn(column->column);
+      column->column->SetPrimaryKey(true);
+      details->columns.push_back(column->column);
+    }
+    entry.table->ChangeDetails().primary_key = std::move(details);
+  }
+}
+
+LcCheckDetails Constraints::CheckOf(const Constraint& constraint) const {
+  LcCheckDetails check;
+  check.name = model_.catalog.texts().Get(constraint.name);
+  check.expression = constraint.expression;
+  check.comment = constraint.comment;
+  check.options = constraint.options;
+  if (!constraint.enforced) check.options.Set(u"enforced", u"no");
+  if (constraint.deferrable != dfNot) {
+    check.options.Set(u"deferrable", LcNameOf(constraint.deferrable));
+  }
+  return check;
+}
+
+std::vector<LcCheckDetails> Constraints::ChecksOf(std::int64_t type_id) const {
+  std::vector<LcCheckDetails> checks;
+  for (const Constraint& constraint : all_) {
+    if (constraint.type_id == type_id && type_id != 0) checks.push_back(CheckOf(constraint));
+  }
+  return checks;
+}
+
+void Constraints::FinishChecks() {
+  for (const Constraint& constraint : all_) {
+    const bool is_check = constraint.sort == Constraint::Sort::kCheck ||
+                          constraint.sort == Constraint::Sort::kExclusion;
+    if (!is_check || constraint.table == kNoTable || !model_.tables[constraint.table].wanted) {
+      continue;
+    }
+    model_.tables[constraint.table].table->ChangeDetails().checks.push_back(CheckOf(constraint));
+  }
+}
+
+void Constraints::ListOutsideTargets(std::vector<std::string>& ids) const {
+  NumberMap seen;
+  for (const Constraint& constraint : all_) {
+    if (constraint.sort != Constraint::Sort::kForeign || !constraint.target_by_id) continue;
+    if (constraint.table == kNoTable || !model_.tables[constraint.table].wanted) continue;
+    const std::uint32_t target = model_.FindTable(constraint.target_id);
+    if (target != kNoTable && model_.tables[target].wanted) continue;
+    if (seen.Get(constraint.target_id) != NumberMap::kNone) continue;
+    seen.Add(constraint.target_id, 0);
+    ids.push_back(std::to_string(constraint.target_id));
+  }
+}
+
+void Constraints::FinishForeignKeys() {
+  for (Constraint& constraint : all_) {
+    if (constraint.sort == Constraint::Sort::kForeign) FinishForeignKey(constraint);
+  }
+}
+
+LcForeignKeyDetails Constraints::DetailsOf(Constraint& constraint) const {
+  LcForeignKeyDetails details;
+  details.name = model_.catalog.texts().Get(constraint.name);
+  details.on_update = std::move(constraint.on_update);
+  details.on_delete = std::move(constraint.on_delete);
+  details.match = std::move(constraint.match);
+  details.comment = std::move(constraint.comment);
+  details.options = std::move(constraint.options);
+  details.deferrable = constraint.deferrable;
+  details.enforced = constraint.enforced;
+  std::u16string set_columns;
+  for (const std::int64_t position : constraint.set_positions) {
+    const LcWorkbookColumn* column = model_.FindColumn(constraint.table, position);
+    if (column == nullptr) continue;
+    if (!set_columns.empty()) set_columns += u", ";
+    set_columns += column->GetName();
+  }
+  if (!set_columns.empty()) details.options.Set(u"on delete columns", set_columns);
+  return details;
+}
+
+bool Constraints::IsUnique(const LcWorkbookTable& table,
+                           std::vector<LcWorkbookColumn*> columns) const {
+  columns = AsSet(std::move(columns));
+  if (columns == AsSet(table.GetPrimaryKey().GetColumns())) return true;
+  const LcTableDetails* details = table.GetDetails();
+  return details != nullptr &&
+         std::any_of(details->unique_keys.begin(), details->unique_keys.end(),
+                     [&](const LcKeyDetails& key) { return AsSet(key.columns) == columns; });
+}
+
+void Constraints::FinishForeignKey(Constraint& constraint) {
+  if (constraint.table == kNoTable || !model_.tables[constraint.table].wanted) return;
+  LcWorkbookTable& from = *model_.tables[constraint.table].table;
+  const std::vector<LcWorkbookColumn*> columns = ColumnsOf(constraint);
+  if (!IsWhole(columns, constraint.parts.size())) return;
+  const std::uint32_t target =
+      constraint.target_by_id ? model_.FindTable(constraint.target_id)
+                              : model_.FindTable(constraint.target_schema, constraint.target_table);
+  std::vector<LcWorkbookColumn*> target_columns;
+  if (target != kNoTable && model_.tables[target].wanted) {
+    target_columns = TargetColumnsOf(constraint, target);
+  }
+  if (!IsWhole(target_columns, columns.size()) || columns.empty()) {
+    AddOutsideKey(constraint, columns);
+    return;
+  }
+  LcWorkbookTable& to = *model_.tables[target].table;
+  auto forward = std::make_unique<LcWorkbookForeignKey>();
+  auto mirror = std::make_unique<LcWorkbookForeignKey>();
+  forward->SetKey(ListOf(target_columns).release());
+  forward->SetForeignKey(ListOf(columns).release());
+  mirror->SetKey(ListOf(columns).release());
+  mirror->SetForeignKey(ListOf(target_columns).release());
+  LcWorkbookForeignKey::Pair(forward.get(), mirror.get());
+  const auto details = std::make_shared<const LcForeignKeyDetails>(DetailsOf(constraint));
+  forward->SetDetails(details);
+  mirror->SetDetails(details);
+  // A row that refers meets one row that is referred to; the other way round only where the
+  // referring columns are a key of their table.
+  forward->SetOneToOne(IsUnique(from, columns));
+  mirror->SetOneToOne(true);
+  to.AddForeignKey(forward.release());
+  from.AddForeignKey(mirror.release());
+}
+
+void Constraints::AddOutsideKey(Constraint& constraint,
+                                const std::vector<LcWorkbookColumn*>& columns) {
+  TextStore& texts = model_.catalog.texts();
+  LcOutsideKey key;
+  key.details = DetailsOf(constraint);
+  key.columns = columns;
+  const Model& known = outside_ != nullptr ? *outside_ : model_;
+  const std::uint32_t target =
+      constraint.target_by_id ? known.FindTable(constraint.target_id) : kNoTable;
+  if (target != kNoTable) {
+    key.target_owner = texts.Get(known.tables[target].schema);
+    key.target_table = texts.Get(known.tables[target].name);
+  } else if (!constraint.target_table.empty()) {
+    key.target_owner = texts.Get(constraint.target_schema);
+    key.target_table = texts.Get(constraint.target_table);
+  }
+  for (const Constraint::Part& part : constraint.parts) {
+    const LcWorkbookColumn* column =
+        part.target_position != 0 ? known.FindColumn(target, part.target_position) : nullptr;
+    if (column != nullptr) {
+      key.target_columns.emplace_back(column->GetName());
+    } else if (!part.target_column.empty()) {
+      key.target_columns.push_back(texts.Get(part.target_column));
+    }
+  }
+  model_.tables[constraint.table].table->ChangeDetails().outside_keys.push_back(std::move(key));
+}
+
+bool ConstraintReader::SortOf(const Row& row, Constraint::Sort& sort) const {
+  struct Name {
+    std::string_view name;
+    Constraint::Sort sort;
+  };
+  static constexpr Name kNames[] = {{"primary", Constraint::Sort::kPrimary},
+                                    {"unique", Constraint::Sort::kUnique},
+                                    {"foreign", Constraint::Sort::kForeign},
+                                    {"check", Constraint::Sort::kCheck},
+                                    {"exclusion", Constraint::Sort::kExclusion}};
+  if (kind_ == Kind::kForeignKeys) {
+    sort = Constraint::Sort::kForeign;
+    return true;
+  }
+  const std::string_view kind = row.Text(Field::kKind);
+  if (kind_ == Kind::kChecks && kind.empty()) {
+    sort = Constraint::Sort::kCheck;
+    return true;
+  }
+  for (const Name& name : kNames) {
+    if (name.name != kind) continue;
+    sort = name.sort;
+    return true;
+  }
+  return false;
+}
+
+void ConstraintReader::Read(const Row& row) {
+  Constraint::Sort sort{};
+  if (!SortOf(row, sort)) return;
+  const std::int64_t type_id = row.Number(Field::kTypeId);
+  const std::uint32_t table = model_.FindTable(row);
+  if (type_id == 0 && (table == kNoTable || !model_.tables[table].wanted)) return;
+  // What numbers tell apart has no name in common with anything.
+  std::string id(row.Text(Field::kKeyId));
+  if (id.empty() && type_id != 0) id = row.Text(Field::kConstraintId);
+  const std::size_t before = constraints_.all().size();
+  Constraint& constraint = constraints_.Find(sort, table, row.Text(Field::kName), id);
+  if (constraints_.all().size() != before) {
+    constraint.type_id = type_id;
+    ReadFacts(row, constraint);
+    if (sort == Constraint::Sort::kForeign) ReadTarget(row, constraint);
+  }
+  ReadParts(row, constraint);
+}
+
+void ConstraintReader::ReadFacts(const Row& row, Constraint& constraint) {
+  TextStore& texts = model_.catalog.texts();
+  constraint.expression = texts.Get(row.Text(Field::kExpression));
+  constraint.comment = texts.Get(row.Text(Field::kComment));
+  if (!constraint.comment && row.Has(Field::kConstraintId)) {
+    constraint.comment =
+        model_.comments.Find(Comments::Of::kConstraint, row.Number(Field::kConstraintId));
+  }
+  LcFindByName(texts.Wide(row.Text(Field::kDeferrable)), constraint.deferrable);
+  constraint.enforced = !row.Has(Field::kEnforced) || row.Flag(Field::kEnforced);
+  model_.TakeOptions(row, constraint.options);
+}
+
+void ConstraintReader::ReadTarget(const Row& row, Constraint& constraint) {
+  TextStore& texts = model_.catalog.texts();
+  constraint.target_by_id = row.Has(Field::kTargetId);
+  constraint.target_id = row.Number(Field::kTargetId);
+  constraint.target_schema =
+      row.Has(Field::kTargetSchema) ? row.Text(Field::kTargetSchema) : model_.catalog.SchemaOf(row);
+  constraint.target_table = row.Text(Field::kTargetTable);
+  constraint.on_update = texts.Get(row.Text(Field::kOnUpdate));
+  constraint.on_delete = texts.Get(row.Text(Field::kOnDelete));
+  constraint.match = texts.Get(row.Text(Field::kMatch));
+  if (row.Has(Field::kSetPositions)) {
+    ReadNumbers(row.Text(Field::kSetPositions), constraint.set_positions);
+  }
+}
+
+void ConstraintReader::ReadParts(const Row& row, Constraint& constraint) {
+  if (row.Has(Field::kColumnPositions)) {
+    ReadNumbers(row.Text(Field::kColumnPositions), numbers_);
+    for (const std::int64_t number : numbers_) {
+      Constraint::Part& part = constraint.parts.emplace_back();
+      part.order = static_cast<std::int64_t>(constraint.parts.size());
+      part.position = number;
+    }
+    ReadNumbers(row.Text(Field::kTargetPositions), numbers_);
+    const std::size_t targets = std::min(numbers_.size(), constraint.parts.size());
+    for (std::size_t i = 0; i < targets; ++i) constraint.parts[i].target_position = numbers_[i];
+    return;
+  }
+  if (!row.Has(Field::kColumn)) return;
+  Constraint::Part& part = constraint.parts.emplace_back();
+  part.order = row.Number(Field::kPosition);
+  part.column = row.Text(Field::kColumn);
+  part.target_column = row.Text(Field::kTargetColumn);
+}
+
+void ForeignKeyRuleReader::Read(const Row& row) {
+  Constraint* constraint =
+      constraints_.FindForeignKey(model_.FindTable(row), row.Text(Field::kName));
+  if (constraint == nullptr) return;
+  TextStore& texts = model_.catalog.texts();
+  constraint->on_update = texts.Get(row.Text(Field::kOnUpdate));
+  constraint->on_delete = texts.Get(row.Text(Field::kOnDelete));
+  constraint->match = texts.Get(row.Text(Field::kMatch));
+  LcFindByName(texts.Wide(row.Text(Field::kDeferrable)), constraint->deferrable);
+  constraint->enforced = !row.Has(Field::kEnforced) || row.Flag(Field::kEnforced);
+  constraint->comment = texts.Get(row.Text(Field::kComment));
+  model_.TakeOptions(row, constraint->options);
+}
+
+}  // namespace odbcimport::exact

@@ -1,0 +1,124 @@
+// Keys, foreign keys and checks: gathered from rows (one a key with lists of column numbers, or one
+// a column), and put into the workbook when all of them are known.
+#pragma once
+
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "routes/exact/model.h"
+
+namespace odbcimport::exact {
+
+// A constraint as rows told of it.
+struct Constraint {
+  enum class Sort { kPrimary, kUnique, kForeign, kCheck, kExclusion };
+  struct Part {
+    std::int64_t order = 0;     // of the key
+    std::int64_t position = 0;  // of the column; 0: by name
+    std::string column;
+    std::int64_t target_position = 0;
+    std::string target_column;
+  };
+
+  Sort sort = Sort::kPrimary;
+  std::uint32_t table = kNoTable;
+  std::int64_t type_id = 0;  // of a domain's check
+  std::string name;
+  std::string id;  // tells constraints of one name apart
+  std::vector<Part> parts;
+  bool target_by_id = false;
+  std::int64_t target_id = 0;
+  std::string target_schema;
+  std::string target_table;
+  std::vector<std::int64_t> set_positions;
+  LcText on_update;
+  LcText on_delete;
+  LcText match;
+  LcText expression;
+  LcText comment;
+  LcOptions options;
+  LeDeferrable deferrable = dfNot;
+  bool enforced = true;
+};
+
+class Constraints {
+ public:
+  explicit Constraints(Model& model) : model_(model) {}
+
+  std::vector<Constraint>& all() { return all_; }
+  // The constraint that a row belongs to, made where the row is its first one.
+  Constraint& Find(Constraint::Sort sort, std::uint32_t table, std::string_view name,
+                   std::string_view id);
+  Constraint* FindForeignKey(std::uint32_t table, std::string_view name);
+
+  // Primary and unique keys into tables and details; what columns said of a primary key counts
+  // where no row told of one.
+  void FinishKeys();
+  void FinishChecks();
+  // One relationship a foreign key, on both tables. The referenced tables that the workbook does
+  // not hold have to be known by then (see ListOutsideTargets).
+  void FinishForeignKeys();
+  // The numbers of tables that foreign keys refer to and that were not read.
+  void ListOutsideTargets(std::vector<std::string>& ids) const;
+
+  // What was read of tables outside of the workbook, for their names.
+  void SetOutside(const Model* outside) { outside_ = outside; }
+  // The checks of a domain.
+  std::vector<LcCheckDetails> ChecksOf(std::int64_t type_id) const;
+  void Forget(std::size_t size);
+
+ private:
+  void FinishKey(Constraint& constraint);
+  void FinishForeignKey(Constraint& constraint);
+  void AddOutsideKey(Constraint& constraint, const std::vector<LcWorkbookColumn*>& columns);
+  void PrimaryKeysFromColumns();
+  LcForeignKeyDetails DetailsOf(Constraint& constraint) const;
+  LcCheckDetails CheckOf(const Constraint& constraint) const;
+  std::vector<LcWorkbookColumn*> ColumnsOf(const Constraint& constraint);
+  std::vector<LcWorkbookColumn*> TargetColumnsOf(const Constraint& constraint,
+                                                 std::uint32_t target);
+  bool IsUnique(const LcWorkbookTable& table, std::vector<LcWorkbookColumn*> columns) const;
+  std::string KeyOf(Constraint::Sort sort, std::uint32_t table, std::string_view name,
+                    std::string_view id) const;
+
+  Model& model_;
+  const Model* outside_ = nullptr;
+  std::vector<Constraint> all_;
+  std::unordered_map<std::string, std::size_t> places_;
+};
+
+// Reads `keys`, `foreign_keys`, `checks`, or all of them as `constraints`.
+class ConstraintReader : public RowReader {
+ public:
+  ConstraintReader(Model& model, Constraints& constraints, Kind kind)
+      : model_(model), constraints_(constraints), kind_(kind) {}
+  void Mark() override { mark_ = constraints_.all().size(); }
+  void Undo() override { constraints_.Forget(mark_); }
+  void Read(const Row& row) override;
+
+ private:
+  bool SortOf(const Row& row, Constraint::Sort& sort) const;
+  void ReadFacts(const Row& row, Constraint& constraint);
+  void ReadTarget(const Row& row, Constraint& constraint);
+  void ReadParts(const Row& row, Constraint& constraint);
+
+  Model& model_;
+  Constraints& constraints_;
+  Kind kind_;
+  std::size_t mark_ = 0;
+  std::vector<std::int64_t> numbers_;
+};
+
+class ForeignKeyRuleReader : public RowReader {
+ public:
+  ForeignKeyRuleReader(Model& model, Constraints& constraints)
+      : model_(model), constraints_(constraints) {}
+  void Read(const Row& row) override;
+
+ private:
+  Model& model_;
+  Constraints& constraints_;
+};
+
+}  // namespace odbcimport::exact

@@ -1,0 +1,74 @@
+// Readers of tables and views: the objects themselves, names for a selection dialog, and what is
+// asked apart because it is dear.
+#pragma once
+
+#include "routes/exact/model.h"
+#include "routes/exact/selection.h"
+
+namespace odbcimport::exact {
+
+class TableReader : public RowReader {
+ public:
+  TableReader(Model& model, const Selection& selection) : model_(model), selection_(selection) {}
+  void Mark() override { mark_ = model_.tables.size(); }
+  void Undo() override { model_.tables.resize(mark_); }
+  void Read(const Row& row) override;
+  // The numbers of parents that were not read.
+  void ListOutsideParents(std::vector<std::string>& ids) const;
+  // Resolves parents, once all tables are read and can be found. `outside`: those that the host did
+  // not choose.
+  void SettleParents(const Model& outside);
+
+ private:
+  struct Parents {
+    std::int64_t table_id = 0;
+    std::vector<std::int64_t> ids;
+  };
+  bool IsWanted(LeTableKind kind, const TableEntry& entry) const;
+  void ReadDetails(const Row& row, LeTableKind kind, TableEntry& entry);
+  static void ReadSynonym(const Row& row, TextStore& texts, LcWorkbookTable& table);
+
+  Model& model_;
+  const Selection& selection_;
+  std::size_t mark_ = 0;
+  std::vector<Parents> parents_;
+};
+
+// Fills the list of names: tables, views and synonyms, as far as the items ask for them.
+class TableNameReader : public RowReader {
+ public:
+  TableNameReader(Model& model, const Selection& selection, std::uint32_t items)
+      : model_(model), selection_(selection), items_(items) {}
+  void Mark() override { mark_ = found_.size(); }
+  void Undo() override { found_.resize(mark_); }
+  void Read(const Row& row) override;
+  // Appends what was found, in order.
+  void Append(LcTableInfoList& list);
+
+ private:
+  Model& model_;
+  const Selection& selection_;
+  std::uint32_t items_;
+  std::vector<std::unique_ptr<LcTableInfo>> found_;
+  std::size_t mark_ = 0;
+};
+
+class ViewTextReader : public RowReader {
+ public:
+  explicit ViewTextReader(Model& model) : model_(model) {}
+  void Read(const Row& row) override;
+
+ private:
+  Model& model_;
+};
+
+class TableOptionReader : public RowReader {
+ public:
+  explicit TableOptionReader(Model& model) : model_(model) {}
+  void Read(const Row& row) override;
+
+ private:
+  Model& model_;
+};
+
+}  // namespace odbcimport::exact

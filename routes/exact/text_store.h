@@ -1,0 +1,31 @@
+// Texts of a catalog on their way into the workbook: UTF-8 in, UTF-16 out, and what repeats
+// ("now()", a type's spelling, a collation) shares its characters.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <unordered_map>
+
+#include "importer/workbook/text.h"
+
+namespace odbcimport::exact {
+
+class TextStore {
+ public:
+  // Absent for a view without data.
+  LcText Get(std::string_view utf8);
+  // The same characters, valid until the next call.
+  const std::u16string& Wide(std::string_view utf8);
+
+ private:
+  struct Hash {
+    using is_transparent = void;
+    std::size_t operator()(std::string_view text) const {
+      return std::hash<std::string_view>()(text);
+    }
+  };
+  std::unordered_map<std::string, LcText, Hash, std::equal_to<>> shared_;
+  std::u16string wide_;
+};
+
+}  // namespace odbcimport::exact
