@@ -162,7 +162,7 @@ void ImportRunner::Judge(const ImportResult& result, Outcome& outcome) const {
   SayWhatIsMissing(result, outcome);
 }
 
-void ImportRunner::SayWhatIsMissing(const ImportResult& result, Outcome& outcome) {
+void ImportRunner::SayWhatIsMissing(const ImportResult& result, Outcome& outcome) const {
   for (const LcNotRead& missing : result.workbook->details.not_read) {
     std::string what = ToUtf8(missing.kind.View());
     const std::string name = DisplayName(missing.owner.Text(), missing.name.Text());

@@ -57,7 +57,7 @@ class ImportRunner {
   static void OnNotify(enumImpNotify notify, void* record);
   void Notify(enumImpNotify notify, void* record);
   // A line for everything that was not read; what failed counts for the exit code.
-  void SayWhatIsMissing(const ImportResult& result, Outcome& outcome);
+  void SayWhatIsMissing(const ImportResult& result, Outcome& outcome) const;
 
   const Connection& connection_;
   const InstalledServices& services_;

@@ -2,6 +2,7 @@
 #include <nlohmann/json.hpp>
 
 #include "host/choices.h"
+#include "host/text.h"
 
 namespace wbhost {
 namespace {
