@@ -95,6 +95,7 @@ struct Connection::Handles {
 
 Connection::Connection(const Target& target, platform::CallLog* log)
     : connect_text_(base::WithoutSecrets(target.connect_string)),
+      is_replay_(!target.recording.empty()),
       sample_(target.is_sample_database ? std::make_unique<SampleDatabase>() : nullptr),
       handles_(std::make_unique<Handles>()) {
   SQLAllocHandle(SQL_HANDLE_DBC, handles_->environment.Get(), &handles_->connection);
@@ -136,6 +137,7 @@ std::optional<std::u16string> Connection::AskCurrentCatalog() const {
 }
 
 bool Connection::LacksCatalog() const {
+  if (is_replay_) return false;  // an import of no database made no recording
   const std::optional<std::u16string> catalog = AskCurrentCatalog();
   return catalog && catalog->empty() && !SupportsOwners();
 }

@@ -77,6 +77,7 @@ class Connection {
 
   struct Handles;
   std::string connect_text_;
+  const bool is_replay_;  // the questions before an import are not asked of a recording again
   std::unique_ptr<SampleDatabase> sample_;  // outlives the connection to it
   std::unique_ptr<Handles> handles_;
   std::unique_ptr<DriverCalls> calls_;
