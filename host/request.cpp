@@ -113,8 +113,9 @@ enumTableType ReadTableType(const json& value, const Place& place) {
 
 Choices::Reading ReadReading(const json& value, const Place& place) {
   const std::string text = ToUtf8(ReadText(value, place));
-  if (const std::optional<Choices::Reading> reading = FindReading(text)) return *reading;
-  place.Fail(fmt::format("must be exact, compatible or auto, not '{}'", text));
+  const std::optional<Choices::Reading> reading = FindReading(text);
+  if (!reading) place.Fail(fmt::format("must be exact, compatible or auto, not '{}'", text));
+  return *reading;
 }
 
 std::unique_ptr<LcTableInfo> ReadTable(const json& value, const Place& place) {

@@ -69,12 +69,14 @@ const LcODBCWorkbookImport::Route& LcODBCWorkbookImport::GetRoute(RouteKind kind
   return odbcimport::FindRoute(kind);
 }
 
-LcODBCWorkbookImport::RouteDecision LcODBCWorkbookImport::DecideRoute() const try {
-  odbcimport::ServerFacts server = *server_;
-  return odbcimport::DecideRoute(
-      {choices, henv, hdbc, login != nullptr ? &login->connect_text : nullptr}, server);
-} catch (...) {
-  return {};
+LcODBCWorkbookImport::RouteDecision LcODBCWorkbookImport::DecideRoute() const {
+  try {
+    odbcimport::ServerFacts server = *server_;
+    return odbcimport::DecideRoute(
+        {choices, henv, hdbc, login != nullptr ? &login->connect_text : nullptr}, server);
+  } catch (...) {
+    return {};
+  }
 }
 
 bool LcODBCWorkbookImport::ImportItems(unsigned short& status) try {

@@ -21,9 +21,9 @@ struct LcImportChoices {
   LcOwnerInfoList selected_owners;
   LcTableInfoList selected_tables;  // tables and views
   LcTableInfoList selected_synonyms;
-  // The catalog (database) that is read: by the generic route, where empty means whatever the driver
-  // takes for null, and by the exact reading of a server whose owners are its databases, where it
-  // means the current one.
+  // The catalog (database) that is read: by the generic route, where empty means whatever the
+  // driver takes for null, and by the exact reading of a server whose owners are its databases,
+  // where it means the current one.
   std::u16string catalog;
   // Where the exact reading is asked for and not possible, the import is the compatible one.
   LeReading reading = rdCompatible;

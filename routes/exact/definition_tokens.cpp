@@ -8,14 +8,15 @@ namespace {
 
 bool IsBlank(char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
 
-constexpr std::array<bool, 256> kIsWordCharacter = [] {
+constexpr std::array<bool, 256> WordCharacters() {
   std::array<bool, 256> is{};
   for (unsigned c = 0; c < is.size(); ++c) {
     is[c] = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') ||
             c == '_' || c == '$' || c >= 0x80;
   }
   return is;
-}();
+}
+constexpr std::array<bool, 256> kIsWordCharacter = WordCharacters();
 
 bool IsWordCharacter(char c) { return kIsWordCharacter[static_cast<unsigned char>(c)]; }
 
