@@ -95,7 +95,6 @@ struct Connection::Handles {
 
 Connection::Connection(const Target& target, platform::CallLog* log)
     : connect_text_(base::WithoutSecrets(target.connect_string)),
-      is_replay_(!target.recording.empty()),
       sample_(target.is_sample_database ? std::make_unique<SampleDatabase>() : nullptr),
       handles_(std::make_unique<Handles>()) {
   SQLAllocHandle(SQL_HANDLE_DBC, handles_->environment.Get(), &handles_->connection);
@@ -121,7 +120,16 @@ bool Connection::IsDead() const {
 }
 
 bool Connection::SupportsOwners() const {
-  return (calls_->InfoNumber(SQL_OWNER_USAGE).value_or(0) & SQL_OU_DML_STATEMENTS) != 0;
+  if (!supports_owners_) {
+    supports_owners_ =
+        (calls_->InfoNumber(SQL_OWNER_USAGE).value_or(0) & SQL_OU_DML_STATEMENTS) != 0;
+  }
+  return *supports_owners_;
+}
+
+const std::optional<std::u16string>& Connection::KnownCatalog() const {
+  if (!catalog_) catalog_ = AskCurrentCatalog();
+  return *catalog_;
 }
 
 std::optional<std::u16string> Connection::AskCurrentCatalog() const {
@@ -137,9 +145,9 @@ std::optional<std::u16string> Connection::AskCurrentCatalog() const {
 }
 
 bool Connection::LacksCatalog() const {
-  if (is_replay_) return false;  // an import of no database made no recording
-  const std::optional<std::u16string> catalog = AskCurrentCatalog();
-  return catalog && catalog->empty() && !SupportsOwners();
+  if (SupportsOwners()) return false;
+  const std::optional<std::u16string>& catalog = KnownCatalog();
+  return catalog && catalog->empty();
 }
 
 std::optional<std::vector<std::u16string>> Connection::Catalogs() const {

@@ -54,7 +54,7 @@ class Connection {
   // Whether statements may name an owner in front of a table.
   bool SupportsOwners() const;
   // The catalog that the connection is in, where catalogs mean something to the driver; else empty.
-  std::u16string CurrentCatalog() const { return AskCurrentCatalog().value_or(u""); }
+  std::u16string CurrentCatalog() const { return KnownCatalog().value_or(u""); }
   // Whether the connection is in no catalog although the server has catalogs instead of owners.
   bool LacksCatalog() const;
   // The catalogs of the server, as its driver lists them; nothing where it does not.
@@ -73,14 +73,17 @@ class Connection {
 
  private:
   // Nothing where catalogs mean nothing or the driver does not tell.
+  const std::optional<std::u16string>& KnownCatalog() const;
   std::optional<std::u16string> AskCurrentCatalog() const;
 
   struct Handles;
   std::string connect_text_;
-  const bool is_replay_;  // the questions before an import are not asked of a recording again
   std::unique_ptr<SampleDatabase> sample_;  // outlives the connection to it
   std::unique_ptr<Handles> handles_;
   std::unique_ptr<DriverCalls> calls_;
+  // Asked once: a recording holds an answer once, whoever wants to know it.
+  mutable std::optional<bool> supports_owners_;
+  mutable std::optional<std::optional<std::u16string>> catalog_;
 };
 
 // The diagnostics of a call that was just made, in one line; they stay with the handle.
