@@ -13,10 +13,12 @@
 
 class JsonPieces : public nlohmann::json_sax<nlohmann::json> {
  public:
-  // Throws JsonRefusal with line and column, or with the field, when `text` is not one JSON object
-  // or is nested too deep; lets through what OnMember and OnElement throw.
-  void Parse(std::string_view text) {
-    nlohmann::json::sax_parse(text, static_cast<nlohmann::json_sax<nlohmann::json>*>(this));
+  // `input` is a text or a stream. Throws JsonRefusal with line and column, or with the field, when
+  // it is not one JSON object or is nested too deep; lets through what OnMember and OnElement
+  // throw.
+  template <class Input>
+  void Parse(Input& input) {
+    nlohmann::json::sax_parse(input, static_cast<nlohmann::json_sax<nlohmann::json>*>(this));
   }
 
  protected:

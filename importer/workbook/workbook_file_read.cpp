@@ -1,4 +1,5 @@
 // Reads the workbook file.
+#include <istream>
 #include <map>
 #include <memory>
 #include <utility>
@@ -392,13 +393,11 @@ void EmptyWorkbook(LcWorkbook& workbook) {
   workbook.details = {};
 }
 
-}  // namespace
-
-bool ReadWorkbookFile(std::string_view text, LcWorkbook& workbook, LcWorkbookFileInfo& info,
-                      std::string& why) {
+template <class Input>
+bool Read(Input& input, LcWorkbook& workbook, LcWorkbookFileInfo& info, std::string& why) {
   try {
     Reader reader(workbook, info);
-    reader.Parse(text);
+    reader.Parse(input);
     reader.Finish();
     return true;
   } catch (const JsonRefusal& refusal) {
@@ -407,5 +406,19 @@ bool ReadWorkbookFile(std::string_view text, LcWorkbook& workbook, LcWorkbookFil
     why = error.what();
   }
   EmptyWorkbook(workbook);
+  return false;
+}
+
+}  // namespace
+
+bool ReadWorkbookFile(std::string_view text, LcWorkbook& workbook, LcWorkbookFileInfo& info,
+                      std::string& why) {
+  return Read(text, workbook, info, why);
+}
+
+bool ReadWorkbookFile(std::istream& in, LcWorkbook& workbook, LcWorkbookFileInfo& info,
+                      std::string& why) {
+  if (Read(in, workbook, info, why)) return true;
+  if (in.bad()) why = "it cannot be read to its end";
   return false;
 }
