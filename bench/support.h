@@ -10,6 +10,9 @@
 
 namespace bench {
 
+// Ends the program with a sentence.
+[[noreturn]] void Die(const std::string& why);
+
 // Seconds that one call takes, on the monotonic clock.
 double Seconds(const std::function<void()>& work);
 // The value that `share` (0 to 1) of a non-empty list lies below.
