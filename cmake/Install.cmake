@@ -20,7 +20,7 @@ install(FILES ${WB_DOCUMENTS}/wbimport.zsh
   DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/vendor-completions RENAME _wbimport COMPONENT program)
 install(FILES ${WB_DOCUMENTS}/wbimport.fish
   DESTINATION ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d COMPONENT program)
-install(FILES docs/schemas/request.schema.json docs/schemas/workbook.schema.json
+install(FILES docs/schemas/request.schema.json docs/schemas/workbook.schema.json docs/schemas/diff.schema.json
   DESTINATION ${CMAKE_INSTALL_DATADIR}/odbcimport/schemas COMPONENT program)
 foreach(component library dev program)
   if(component STREQUAL "library")

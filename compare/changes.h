@@ -196,14 +196,18 @@ struct Options {
   bool server_names = false;        // count the names that a server makes itself
   bool spellings = false;           // count what is only spelled differently by a server's versions
   std::vector<std::string> ignore;  // words that IsIgnorable() knows
-  // Whether a name is left out; called with owner and name of what has an owner, and with table and
-  // name of what is part of a table. May be empty.
-  std::function<bool(std::u16string_view, std::u16string_view)> leaves_out;
+  // Whether something is left out: what has an owner by owner and name, what is part of a table by
+  // the names of both. May be empty.
+  using LeavesOut = std::function<bool(std::u16string_view, std::u16string_view)>;
+  LeavesOut leaves_out;
+  LeavesOut leaves_out_part;
 };
 
 // A kind of object ("index"), a property ("comment"), both ("column.default"), or an object with an
 // action ("table.added"). "key" stands for primary and unique keys.
 bool IsIgnorable(std::string_view word);
+// Those words as a list, for people.
+std::string IgnorableWords();
 
 // Compares. The time is that of a few walks over both workbooks. False, with a sentence in `why`,
 // where a rename names something that is not there.

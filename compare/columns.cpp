@@ -179,7 +179,7 @@ class ColumnComparison {
       change.action = Action::kRenamed;
       change.guess = renamed.guess;
       change.evidence = renamed.evidence;
-      Tell(std::move(change));
+      context_.Add(std::move(change));
     }
   }
   void TellMoved(const ColumnMatch& match) {
@@ -187,7 +187,7 @@ class ColumnComparison {
     for (const auto& [a, b] : FindMoved(before_, after_, match.pairs)) {
       Change change = Start(a, b);
       change.property = Property::kPlace;
-      Tell(std::move(change));
+      context_.Add(std::move(change));
     }
   }
   void TellOneSided(const ColumnMatch& match) {
@@ -205,25 +205,14 @@ class ColumnComparison {
     change.after = static_cast<const LcWorkbookColumn*>(after_.GetColumn(b));
     return change;
   }
-  bool IsLeftOut(const LcWorkbookColumn& column) const {
-    const LcWorkbookTable& table = *column.GetParentTable();
-    return context_.LeavesOut(table.GetName(), column.GetName());
-  }
-  void Tell(Change change) {
-    const auto* column = std::get<const LcWorkbookColumn*>(change.before);
-    if (!IsLeftOut(*column)) context_.Add(std::move(change));
-  }
   void TellOneSided(const LcWorkbookColumn& column, bool is_old) {
-    if (!IsLeftOut(column)) {
-      context_.AddOneSided(Object::kColumn, &column, is_old, &before_, &after_);
-    }
+    context_.AddOneSided(Object::kColumn, &column, is_old, &before_, &after_);
   }
   void ComparePair(int a, int b) {
     const LcWorkbookColumn& before = *before_.GetColumn(a);
     const LcWorkbookColumn& after = *after_.GetColumn(b);
     const bool one_spelling = before.GetName() == after.GetName();
     if (one_spelling && AreEqual(before, after)) return;
-    if (IsLeftOut(before)) return;
     if (!one_spelling && HaveOneName(context_, before, after)) {
       Change change = Start(a, b);
       change.action = Action::kRenamed;

@@ -103,8 +103,17 @@ bool Context::Ignores(const Change& change) const {
   });
 }
 
+bool Context::LeavesOutPart(const Change& change) const {
+  if (!options.leaves_out_part || !IsInTable(change.object)) return false;
+  const auto leaves_out = [&](const ObjectRef& ref, const LcWorkbookTable* table) {
+    return ref.index() != 0 && table != nullptr &&
+           options.leaves_out_part(table->GetName(), base::ToUtf16(NameOf(ref, ShownNames())));
+  };
+  return leaves_out(change.before, change.old_table) || leaves_out(change.after, change.new_table);
+}
+
 void Context::Add(Change change) {
-  if (Ignores(change)) return;
+  if (Ignores(change) || LeavesOutPart(change)) return;
   change.severity = SeverityOf(change);
   result.changes.push_back(std::move(change));
 }
@@ -141,6 +150,7 @@ void Context::AddOneSided(Object object, const ObjectRef& ref, bool is_old,
   change.old_table = old_table;
   change.new_table = new_table;
   (is_old ? change.before : change.after) = ref;
+  if (LeavesOutPart(change)) return;
   if (const std::string* why = WhyMissing(change, !is_old); why != nullptr) {
     AddUnknown(object, !is_old, *why, FullName(object, ref, is_old ? old_table : new_table));
     return;
@@ -160,6 +170,7 @@ bool Context::AreEqual(const Change& change, const Fact& a, const Fact& b) const
 }
 
 void Context::AddChanged(const Change& change, bool old_missing, bool new_missing) {
+  if (LeavesOutPart(change)) return;
   for (const bool old_side : {true, false}) {
     if (!(old_side ? old_missing : new_missing)) continue;
     if (const std::string* why = WhyMissing(change, old_side); why != nullptr) {

@@ -47,6 +47,8 @@ class Context {
   bool LeavesOut(std::u16string_view owner, std::u16string_view name) const {
     return options.leaves_out && options.leaves_out(owner, name);
   }
+  // Whether either name of a part of a table is to be left out.
+  bool LeavesOutPart(const Change& change) const;
   void AddUnknown(Object object, bool old_side, const std::string& reason, const std::string& name);
 
  private:

@@ -50,4 +50,13 @@ bool IsIgnorable(std::string_view word) {
   return Holds(kProperties, rest) || Holds(kActions, rest);
 }
 
+std::string IgnorableWords() {
+  std::string words = "key";
+  for (const char* word : kObjects) words += std::string(", ") + word;
+  for (const char* word : kProperties) {
+    if (*word != '\0') words += std::string(", ") + word;
+  }
+  return words + ", and an object with a property or an action behind a dot";
+}
+
 }  // namespace wbcompare

@@ -146,8 +146,10 @@ std::uint32_t Choices::ItemMask() const {
                                            : kDefaultItems;
 }
 
-Choices ReadChoices(const ChoiceOptions& options) {
-  Choices choices;
+Choices ReadChoices(const ChoiceOptions& options) { return ReadChoices(options, {}); }
+
+Choices ReadChoices(const ChoiceOptions& options, Choices otherwise) {
+  Choices choices = std::move(otherwise);
   if (options.request) {
     const std::string name = *options.request == "-" ? "standard input" : *options.request;
     choices = ParseRequest(ReadRequestText(*options.request), name);

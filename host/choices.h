@@ -69,6 +69,8 @@ Choices ParseRequest(std::string_view json, const std::string& file_name);
 
 // The request file, if any, with the options over it. Throws a Failure.
 Choices ReadChoices(const ChoiceOptions& options);
+// The same with other choices than the usual ones where no request file is given.
+Choices ReadChoices(const ChoiceOptions& options, Choices otherwise);
 
 // The choices in the form of a request file: a JSON object that asks for the same import. Choices
 // that are as they are without a file are left out.

@@ -80,8 +80,9 @@ toml::table ParseFile(const fs::path& file) {
 void ApplyTable(const toml::table& table, const std::string& path, const fs::path& file,
                 Options& options) {
   const ConnectionOptions& connection = options.connection;
-  const bool connection_given = connection.connect || connection.dsn || connection.sqlite ||
-                                connection.sample || connection.replay;
+  // Two files to compare need none.
+  const bool connection_given = options.diff.new_file || connection.connect || connection.dsn ||
+                                connection.sqlite || connection.sample || connection.replay;
   const std::vector<Key> keys = Keys(options);
   for (const auto& [name, node] : table) {
     const std::string field = path + std::string(name.str());

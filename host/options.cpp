@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <iostream>
 
+#include "compare/writer.h"
 #include "export/writer.h"
 #include "host/choices.h"
 #include "host/config_file.h"
@@ -65,6 +66,14 @@ constexpr const char* kRenderExamples =
     "Examples:\n"
     "  wbimport render stock.json --format html -o stock.html\n"
     "  wbimport render stock.json --format svg --around joe.orders --distance 2 -o orders.svg";
+
+constexpr const char* kDiffExamples =
+    "Examples:\n"
+    "  wbimport diff shop.json --sqlite shop.db\n"
+    "  wbimport diff released.json next.json --fail-on breaking --ignore comment,place\n"
+    "  wbimport diff shop.json --dsn shop --rename client=customer --format markdown -o drift.md\n"
+    "The choices and the reading of OLD, which its file keeps, hold for the import unless others "
+    "are given.";
 
 // A text option that may be left out; the last one given counts. It takes any text as it stands,
 // the empty one and `[a,b]` too, since names in a database look like anything.
@@ -135,8 +144,8 @@ std::string Names(const Entries& entries) {
   return fmt::format("{}", fmt::join(NamesOf(entries), ", "));
 }
 
-void AddConnection(CLI::App& app, ConnectionOptions& options) {
-  const char* group = "Connection (the sample database when none is given)";
+void AddConnection(CLI::App& app, ConnectionOptions& options,
+                   const char* group = "Connection (the sample database when none is given)") {
   AddText(app, "--connect", options.connect, "ODBC connection string, passed on as it stands")
       ->group(group);
   AddText(app, "--dsn", options.dsn, "Data source of odbc.ini", "NAME")->group(group);
@@ -173,7 +182,7 @@ void AddRouteChoices(CLI::App& app, ChoiceOptions& options) {
 }
 
 // What is read.
-void AddChoices(CLI::App& app, ChoiceOptions& options) {
+void AddChoices(CLI::App& app, ChoiceOptions& options, bool with_exclude = true) {
   const char* group = "Choices";
   AddTexts(app, "--items", options.items, "What to import, parted by commas: " + Names(AllItems()),
            "LIST")
@@ -205,10 +214,12 @@ void AddChoices(CLI::App& app, ChoiceOptions& options) {
   AddTexts(app, "--select-synonym", options.select_synonym, "Select a synonym; may be repeated",
            "[OWNER.]NAME")
       ->group(group);
-  AddTexts(app, "--exclude", options.exclude,
-           "Leave out a table or view of those selected, or of all; may be repeated",
-           "[OWNER.]NAME")
-      ->group(group);
+  if (with_exclude) {
+    AddTexts(app, "--exclude", options.exclude,
+             "Leave out a table or view of those selected, or of all; may be repeated",
+             "[OWNER.]NAME")
+        ->group(group);
+  }
   AddText(app, "--table", options.table, "The single table whose column names are read",
           "[OWNER.]NAME")
       ->group(group);
@@ -286,6 +297,47 @@ void AddTextOrJson(CLI::App& app, OutputOptions& options) {
   AddFile(app, options);
 }
 
+void AddDiff(CLI::App& app, Options& options) {
+  DiffOptions& diff = options.diff;
+  app.add_option("OLD", diff.old_file, "A workbook file, as --format json writes it")->required();
+  AddText(app, "NEW", diff.new_file, "Another one; without it the schema of the connection",
+          "FILE");
+  const char* group = "Comparison";
+  AddTexts(app, "--rename", diff.renames,
+           "An owner, [OWNER.]TABLE or [OWNER.]TABLE.COLUMN and its name now; may be repeated",
+           "OLD=NEW")
+      ->group(group);
+  AddTexts(app, "--ignore", diff.ignore,
+           "Kinds of changes to leave out, parted by commas: an object (index), a property "
+           "(comment), both (column.default), or an object with what became of it (table.added)",
+           "KIND")
+      ->delimiter(',')
+      ->group(group);
+  AddTexts(app, "--exclude", options.choices.exclude,
+           "Leave out what has this name, * and ? standing for anything; may be repeated",
+           "[OWNER.]NAME|TABLE.NAME")
+      ->group(group);
+  AddText(app, "--fail-on", diff.fail_on,
+          "breaking, careful or any (the default): from which changes on the exit code is 10",
+          "SEVERITY")
+      ->check(OneOf({"breaking", "careful", "any"}))
+      ->group(group);
+  app.add_flag("--no-guess", diff.no_guess, "Guess no renames")->group(group);
+  app.add_flag("--server-names", diff.server_names,
+               "Count names that the server made, such as SYS_C0012345, too")
+      ->group(group);
+  app.add_flag("--spellings", diff.spellings,
+               "Count what only a server's versions spell differently, too")
+      ->group(group);
+  AddText(app, "-f,--format", options.output.format,
+          Names(wbcompare::AllFormats()) +
+              "; the default goes by the output file, else text on a terminal and json elsewhere",
+          "NAME")
+      ->check(OneOf(NamesOf(wbcompare::AllFormats())))
+      ->group("Output");
+  AddFile(app, options.output);
+}
+
 // The format that the output file's extension says, where the command has it.
 std::optional<std::string> FormatOfFile(const Options& options) {
   const wbexport::Format* format = wbexport::FindFormatOfFile(options.output.file);
@@ -293,6 +345,9 @@ std::optional<std::string> FormatOfFile(const Options& options) {
   const bool of_workbooks =
       options.command == Command::kImport || options.command == Command::kRender;
   const std::string name = format->name;
+  if (options.command == Command::kDiff) {
+    return wbcompare::FindFormat(name) != nullptr ? std::optional(name) : std::nullopt;
+  }
   const auto& answers = AnswerFormats();
   if (!of_workbooks && std::find(answers.begin(), answers.end(), name) == answers.end()) {
     return std::nullopt;
@@ -342,6 +397,23 @@ std::optional<std::string> ExplainUnknown(const CLI::App& app,
   return fmt::format("there is no option '{}'{}", name, DidYouMean(name, known));
 }
 
+// A comparison is with a file or with a connection that somebody chose; never with the sample.
+void CheckDiff(const Options& options, bool connected) {
+  ChoiceOptions choices = options.choices;
+  choices.exclude.clear();  // of the comparison
+  if (!options.diff.new_file && !connected) {
+    throw Failure(ExitCode::kUsage, "diff takes a second workbook file or a connection");
+  }
+  if (options.diff.new_file && connected) {
+    throw Failure(ExitCode::kUsage, "diff takes a second workbook file or a connection, not both");
+  }
+  if (options.diff.new_file && !(choices == ChoiceOptions())) {
+    throw Failure(ExitCode::kUsage,
+                  "the choices of an import go with a connection, not with a second file; "
+                  "--exclude and --ignore leave out");
+  }
+}
+
 void CheckTogether(const Options& options) {
   const ConnectionOptions& connection = options.connection;
   const int ways = (connection.connect ? 1 : 0) + (connection.dsn ? 1 : 0) +
@@ -352,6 +424,7 @@ void CheckTogether(const Options& options) {
                   "give only one of --connect, --dsn, --sqlite, --sample and --replay: one "
                   "connection a run");
   }
+  if (options.command == Command::kDiff) CheckDiff(options, ways != 0);
   if (options.report.record_names && !options.report.record) {
     throw Failure(ExitCode::kUsage, "--record-names goes with --record");
   }
@@ -370,6 +443,7 @@ void CheckTogether(const Options& options) {
                   fmt::format("--sample: there is no sample '{}'{}", *connection.sample,
                               DidYouMean(*connection.sample, NamesOf(AllSamples()))));
   }
+  if (options.command == Command::kDiff) return;  // which has formats of its own
   if (options.output.format && wbexport::FindFormat(*options.output.format) == nullptr) {
     throw Failure(ExitCode::kUsage,
                   fmt::format("--format: there is no format '{}'{}", *options.output.format,
@@ -411,6 +485,15 @@ void DeclareCommandLine(CLI::App& app, Options& options, std::optional<std::stri
       add_command("dialects", Command::kDialects,
                   "List, show and try out dialects of the exact reading", kDialectsExamples);
 
+  CLI::App* diff =
+      add_command("diff", Command::kDiff, "Tell what differs between two schemas", kDiffExamples);
+  AddDiff(*diff, options);
+  AddConnection(*diff, options.connection, "Connection (in place of NEW)");
+  AddRouteChoices(*diff, options.choices);
+  AddChoices(*diff, options.choices, false);
+  AddProgress(*diff, options.report);
+  AddReports(*diff, options.report);
+
   for (CLI::App* command : {import, list, info}) {
     AddConnection(*command, options.connection);
     AddRouteChoices(*command, options.choices);
@@ -420,7 +503,7 @@ void DeclareCommandLine(CLI::App& app, Options& options, std::optional<std::stri
     }
     AddReports(*command, options.report);
   }
-  for (CLI::App* command : {import, list, info, render}) AddQuiet(*command, options.report);
+  for (CLI::App* command : {import, list, info, render, diff}) AddQuiet(*command, options.report);
   AddOutput(*import, options.output);
   list->add_option("KIND", options.list_kind, fmt::format("{}", fmt::join(ListNames(), ", ")))
       ->required()
@@ -470,7 +553,13 @@ ParsedCommandLine ParseCommandLine(const std::vector<std::string>& arguments) {
   for (const CLI::App* command : app.get_subcommands([](CLI::App*) { return true; })) {
     commands.push_back(command->get_name());
   }
+  const bool own_format = options.output.format.has_value();
   ApplyConfigFile(config, commands, app.get_subcommands().front()->get_name(), options);
+  // A format for all commands may be one that a comparison does not have.
+  if (options.command == Command::kDiff && !own_format && options.output.format &&
+      wbcompare::FindFormat(*options.output.format) == nullptr) {
+    options.output.format.reset();
+  }
   CheckTogether(options);
   return parsed;
 }

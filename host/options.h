@@ -7,7 +7,7 @@
 
 namespace wbhost {
 
-enum class Command { kImport, kList, kInfo, kDrivers, kRender, kDialects };
+enum class Command { kImport, kList, kInfo, kDrivers, kRender, kDiff, kDialects };
 
 // Where to connect to. At most one of connect, dsn, sqlite, sample and replay is given.
 struct ConnectionOptions {
@@ -65,6 +65,18 @@ struct ReportOptions {
   bool quiet = false;
 };
 
+// Of `diff`, beside the choices of its import.
+struct DiffOptions {
+  std::string old_file;
+  std::optional<std::string> new_file;  // empty: the schema comes from the connection
+  std::vector<std::string> renames;     // OLD=NEW
+  std::vector<std::string> ignore;
+  std::optional<std::string> fail_on;  // breaking, careful or any; empty: any
+  bool no_guess = false;
+  bool server_names = false;
+  bool spellings = false;
+};
+
 struct Options {
   Command command = Command::kImport;
   ConnectionOptions connection;
@@ -73,6 +85,7 @@ struct Options {
   ReportOptions report;
   std::string list_kind;
   std::string render_file;
+  DiffOptions diff;
   std::string dialect_action = "list";  // list, show or check
   std::string dialect_operand;          // a name to show, a file to check
 };

@@ -19,6 +19,7 @@ constexpr Meaning kMeanings[] = {
     {5, "no connection, no driver, the connection lost, the module did not start"},
     {6, "the output could not be written"},
     {9, "stopped (first interrupt); what was read is written"},
+    {10, "diff found differences"},
     {kEndedAtOnce, "ended at once (third interrupt); nothing is written"},
 };
 
@@ -37,9 +38,9 @@ void Outcome::Add(ExitCode code, const std::string& what, const std::string& whe
 }
 
 ExitCode Outcome::Code() const {
-  for (const ExitCode code :
-       {ExitCode::kConnection, ExitCode::kOutput, ExitCode::kUsage, ExitCode::kCancelled,
-        ExitCode::kStopped, ExitCode::kImportFalse, ExitCode::kErrorsShown}) {
+  for (const ExitCode code : {ExitCode::kConnection, ExitCode::kOutput, ExitCode::kUsage,
+                              ExitCode::kCancelled, ExitCode::kStopped, ExitCode::kImportFalse,
+                              ExitCode::kErrorsShown, ExitCode::kDifferences}) {
     if (Has(code)) return code;
   }
   return ExitCode::kOk;

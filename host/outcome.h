@@ -19,6 +19,7 @@ enum class ExitCode {
   kConnection = 5,   // no connection, no driver, the connection lost, the module did not start
   kOutput = 6,       // the output could not be written
   kStopped = 9,      // first interrupt
+  kDifferences = 10  // a comparison found some
 };
 constexpr int kEndedAtOnce = 130;  // third interrupt: no way back, so no part of an Outcome
 
@@ -36,7 +37,7 @@ class Outcome {
   void SetWritten(const std::string& file) { written_ = file; }
   bool Has(ExitCode code) const { return reasons_.count(code) != 0; }
   bool IsOk() const { return reasons_.empty(); }
-  // The code to end with: of several the first of 5, 6, 2, 4, 9, 1, 3.
+  // The code to end with: of several the first of 5, 6, 2, 4, 9, 1, 3, 10.
   ExitCode Code() const;
   // The line about that code; empty where there is nothing to say.
   std::string Line() const;

@@ -11,7 +11,8 @@ namespace {
 
 void RunCommand(Run& run, Outcome& outcome) {
   const Command command = run.options.command;
-  const bool imports = command == Command::kImport || command == Command::kList;
+  const bool imports = command == Command::kImport || command == Command::kList ||
+                       (command == Command::kDiff && !run.options.diff.new_file);
   InstallInterruptHandlers(imports);
   switch (command) {
     case Command::kImport:
@@ -26,6 +27,8 @@ void RunCommand(Run& run, Outcome& outcome) {
       return RunDrivers(run);
     case Command::kRender:
       return RunRender(run);
+    case Command::kDiff:
+      return RunDiff(run, outcome);
   }
 }
 

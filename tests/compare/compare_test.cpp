@@ -457,7 +457,10 @@ TEST(Ignoring, LeavesOutKindsAndNames) {
   }
   Options options;
   options.leaves_out = [](std::u16string_view, std::u16string_view name) {
-    return name.substr(0, 4) == u"tmp_" || name == u"a";
+    return name.substr(0, 4) == u"tmp_";
+  };
+  options.leaves_out_part = [](std::u16string_view table, std::u16string_view name) {
+    return table == u"t" && name == u"a";
   };
   EXPECT_EQ(Differences(before, after, options).size(), 2U);
 }

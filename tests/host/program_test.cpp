@@ -40,6 +40,37 @@ struct BadCall {
   std::string input = {};
 };
 
+TEST(Differences, AreThoseOfAnImportLikeTheOldFile) {
+  const TemporaryFolder folder;
+  const std::string database = folder.path() + "/shop.db";
+  const std::string file = folder.path() + "/shop.json";
+  const std::string dialect = WB_SOURCE_DIR "/routes/exact/dialects/sqlite.sql";
+  const auto diff = [&](std::vector<std::string> more) {
+    more.insert(more.begin(), {"diff", file, "--sqlite", database, "--dialect", dialect});
+    return RunProgram(more);
+  };
+  MakeSqliteFile(database,
+                 "CREATE TABLE a(id INTEGER PRIMARY KEY, n TEXT); CREATE TABLE b(x INT);");
+  RunProgram(
+      {"import", "--sqlite", database, "--dialect", dialect, "--select-table", "a", "-o", file});
+  EXPECT_EQ(diff({}).exit_code, 0);
+  // What was not selected does not count; what was does, however it is called now.
+  MakeSqliteFile(database, "DROP TABLE b; CREATE TABLE c(y INT)");
+  EXPECT_EQ(diff({}).exit_code, 0);
+  MakeSqliteFile(database, "ALTER TABLE a ADD COLUMN price NUMERIC");
+  const ProgramResult added = diff({"--format", "text"});
+  EXPECT_EQ(added.exit_code, 10);
+  EXPECT_THAT(added.out, HasSubstr("column price added"));
+  EXPECT_EQ(diff({"--fail-on", "careful"}).exit_code, 0);
+  EXPECT_EQ(diff({"--exclude", "a.pr*"}).exit_code, 0);
+  EXPECT_EQ(diff({"--ignore", "column.added"}).exit_code, 0);
+  // Another reading is said to be one.
+  const ProgramResult other = diff({"--reading", "compatible", "--format", "text"});
+  EXPECT_THAT(other.out, HasSubstr("The old side was read exactly"));
+  MakeSqliteFile(database, "DROP TABLE a");
+  EXPECT_THAT(diff({"--format", "text"}).out, HasSubstr("table removed"));
+}
+
 TEST(Failures, AreOneLineThatSaysWhatWasTriedAndWhy) {
   const TemporaryFolder folder;
   const std::string no_file = folder.path() + "/none/x";
@@ -56,6 +87,15 @@ TEST(Failures, AreOneLineThatSaysWhatWasTriedAndWhy) {
       {{"import", "--sample", "db2", "--dsn", "x"}, 2, "only one"},
       {{"import", "--request", "-", "--password-stdin"}, 2, "standard input"},
       {{"import", "--items", "column-names"}, 2, "--table"},
+      {{"diff", text_file}, 2, "a second workbook file or a connection"},
+      {{"diff", text_file, text_file, "--sample", "db2"}, 2, "not both"},
+      {{"diff", text_file, text_file, "--owner", "joe"}, 2, "go with a connection"},
+      {{"diff", text_file, text_file, "--ignore", "indices"}, 2, "'indices'"},
+      {{"diff", text_file, text_file, "--rename", "a"}, 2, "OLD=NEW"},
+      {{"diff", text_file, text_file, "--format", "svg"}, 2, "'svg'"},
+      {{"diff", text_file, text_file}, 2, "no workbook file"},
+      {{"diff", folder.path(), text_file}, 2, "no workbook file"},
+      {{"diff", no_file, text_file}, 2, "cannot read"},
       {{"list", "columns"}, 2, "--table"},
       {{"import", "--select-synonym", "joe.nothing"}, 2, "joe.nothing"},
       {{"import", "--select-table", "memer"}, 2, "did you mean 'member'?"},
