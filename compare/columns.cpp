@@ -113,11 +113,7 @@ void GuessRenames(const LcWorkbookTable& before, const LcWorkbookTable& after,
 
 // A sum over the columns of an order that can be compared: how many there are, then a number of
 // their names, so that of several orders of one length both sides choose the same.
-struct Weight {
-  std::uint64_t count = 0;
-  std::uint64_t names = 0;
-  friend auto operator<=>(const Weight&, const Weight&) = default;
-};
+using Weight = std::pair<std::uint64_t, std::uint64_t>;
 
 std::uint64_t NumberOf(const std::string& name) {
   return std::hash<std::string>()(name) >> 20;  // so that sums do not run over
@@ -143,9 +139,9 @@ std::vector<std::pair<int, int>> FindMoved(const LcWorkbookTable& before,
       if (tree[at].weight > best.weight) best = tree[at];
     }
     previous[i + 1] = best.end;
-    ++best.weight.count;
-    best.weight.names += NumberOf(base::ToUtf8(before.GetColumn(pairs[i].first)->GetName())) +
-                         NumberOf(base::ToUtf8(after.GetColumn(pairs[i].second)->GetName()));
+    ++best.weight.first;
+    best.weight.second += NumberOf(base::ToUtf8(before.GetColumn(pairs[i].first)->GetName())) +
+                          NumberOf(base::ToUtf8(after.GetColumn(pairs[i].second)->GetName()));
     best.end = i + 1;
     for (std::size_t at = place; at < tree.size(); at += at & (~at + 1)) {
       if (best.weight > tree[at].weight) tree[at] = best;

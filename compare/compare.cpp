@@ -10,74 +10,19 @@
 #include "base/utf.h"
 #include "compare/context.h"
 #include "compare/items.h"
+#include "compare/pairs.h"
 #include "compare/tables.h"
 
 namespace wbcompare {
 
 namespace {
 
-// The foreign keys that a table holds as the referencing one. A key whose referencing side was
-// never told to that table is found at the table that it refers to.
-class ForeignKeys {
- public:
-  explicit ForeignKeys(const LcWorkbook& workbook) {
-    for (const LcWorkbookTable* table : workbook.tables.Present()) {
-      for (const auto& key : table->GetForeignKeys()) {
-        if (key->GetRole() != fkForward || key->GetPartner() != nullptr) continue;
-        const LcWorkbookKeyList* side = key->GetForeignKey();
-        if (side == nullptr || side->IsEmpty()) continue;
-        lone_[side->GetColumns().front()->GetParentTable()].push_back(key.get());
-      }
-    }
-  }
-
-  // `in_pairs`: a key of several columns as the pairs that the generic route makes of it.
-  template <class Use>
-  void ForEach(const LcWorkbookTable& table, bool in_pairs, Use use) const {
-    const auto tell = [&](const LcWorkbookForeignKey* key) {
-      const LcWorkbookKeyList* side = key->GetKey();
-      const int columns = side == nullptr ? 0 : side->GetCount();
-      if (!in_pairs || columns < 2) {
-        use(ForeignKeyRef{key, nullptr, -1});
-        return;
-      }
-      for (int i = 0; i < columns; ++i) use(ForeignKeyRef{key, nullptr, i});
-    };
-    for (const auto& key : table.GetForeignKeys()) {
-      if (key->GetRole() == fkMirror) tell(key.get());
-    }
-    const auto lone = lone_.find(&table);
-    if (lone != lone_.end()) {
-      for (const LcWorkbookForeignKey* key : lone->second) tell(key);
-    }
-    if (table.GetDetails() == nullptr) return;
-    for (const LcOutsideKey& key : table.GetDetails()->outside_keys) {
-      use(ForeignKeyRef{nullptr, &key, -1});
-    }
-  }
-
- private:
-  std::unordered_map<const LcWorkbookTable*, std::vector<const LcWorkbookForeignKey*>> lone_;
-};
-
-bool IsGeneric(const LcWorkbookFileInfo& info) { return info.route == u"odbc"; }
-
-bool HasKeys(const LcWorkbook& workbook) {
-  for (const LcWorkbookTable* table : workbook.tables) {
-    if (table != nullptr && !table->GetPrimaryKey().IsEmpty()) return true;
-  }
-  return false;
-}
+const std::string kServersOwn = "is the server's own, which the exact reading leaves out";
 
 class Comparing {
  public:
   Comparing(const Side& before, const Side& after, const Options& options, Comparison& result)
-      : context_(before, after, options, result),
-        result_(result),
-        old_foreign_keys_(before.workbook),
-        new_foreign_keys_(after.workbook),
-        in_pairs_(context_.mixed && (IsGeneric(before.info) || IsGeneric(after.info))),
-        keys_known_(!context_.mixed || (HasKeys(before.workbook) && HasKeys(after.workbook))) {}
+      : context_(before, after, options, result), result_(result), pairs_(context_) {}
 
   bool Run(std::string& why) {
     TellReading();
@@ -145,7 +90,7 @@ class Comparing {
           "The old side was read through the {} route, the new one through the {} route.",
           base::ToUtf8(before.route), base::ToUtf8(after.route)));
     }
-    if (!keys_known_) {
+    if (!pairs_.ComparesKeys()) {
       result_.notes.emplace_back("One side has no primary keys at all, so that none are compared.");
     }
     if (before.dbms_name != after.dbms_name) {
@@ -279,7 +224,7 @@ class Comparing {
       if (pair.before == nullptr || pair.after == nullptr) {
         TellOneSided(pair);
       } else {
-        ComparePair(pair);
+        pairs_.Compare(pair);
       }
     });
   }
@@ -290,6 +235,10 @@ class Comparing {
     const Knowledge& knows = is_old ? context_.new_knows : context_.old_knows;
     const Knowledge& other = is_old ? context_.old_knows : context_.new_knows;
     const Object object = ObjectOf(pair.before, pair.after);
+    if (context_.mixed && IsServersTable(context_.product, *table)) {
+      context_.AddUnknown(object, !is_old, kServersOwn, ShownNames().Table(*table));
+      return;
+    }
     if (const std::string* why = knows.WhyMissing(*table, other.ReadsSystem()); why != nullptr) {
       context_.AddUnknown(object, !is_old, *why, ShownNames().Table(*table));
       return;
@@ -303,77 +252,9 @@ class Comparing {
     context_.Add(std::move(change));
   }
 
-  void ComparePair(const TablePair& pair) {
-    const LcWorkbookTable& before = *pair.before;
-    const LcWorkbookTable& after = *pair.after;
-    context_.old_names.TakeInHand(&before);
-    if (pair.renamed.action == Action::kRenamed) context_.Add(pair.renamed);
-    context_.ComparePair(ObjectOf(&before, &after), &before, &after, &before, &after);
-    CompareColumns(context_, before, after, pair.columns.get());
-    CompareKeys(before, after);
-    CompareForeignKeys(before, after);
-    CompareMembers(before, after);
-    context_.old_names.TakeInHand(nullptr);
-  }
-
-  void CompareKeys(const LcWorkbookTable& before, const LcWorkbookTable& after) {
-    if (keys_known_) {
-      ItemMatcher matcher(context_, Object::kPrimaryKey, &before, &after);
-      if (const auto key = PrimaryKeyOf(before); key.index() != 0) matcher.AddBefore(key);
-      if (const auto key = PrimaryKeyOf(after); key.index() != 0) matcher.AddAfter(key);
-      matcher.Compare();
-    }
-    CompareLists(Object::kUniqueKey, before, after, &LcTableDetails::unique_keys);
-  }
-  static ObjectRef PrimaryKeyOf(const LcWorkbookTable& table) {
-    const LcTableDetails* details = table.GetDetails();
-    if (details != nullptr && details->primary_key) {
-      return static_cast<const LcKeyDetails*>(details->primary_key.get());
-    }
-    if (table.GetPrimaryKey().IsEmpty()) return {};
-    return PlainKey{&table};
-  }
-
-  void CompareForeignKeys(const LcWorkbookTable& before, const LcWorkbookTable& after) {
-    ItemMatcher matcher(context_, Object::kForeignKey, &before, &after);
-    old_foreign_keys_.ForEach(before, in_pairs_,
-                              [&](const ForeignKeyRef& key) { matcher.AddBefore(key); });
-    new_foreign_keys_.ForEach(after, in_pairs_,
-                              [&](const ForeignKeyRef& key) { matcher.AddAfter(key); });
-    matcher.Compare();
-  }
-
-  void CompareMembers(const LcWorkbookTable& before, const LcWorkbookTable& after) {
-    CompareLists(Object::kIndex, before, after, &LcTableDetails::indexes);
-    CompareLists(Object::kCheck, before, after, &LcTableDetails::checks);
-    CompareLists(Object::kTrigger, before, after, &LcTableDetails::triggers);
-  }
-
-  template <class Entry>
-  void CompareLists(Object object, const LcWorkbookTable& before, const LcWorkbookTable& after,
-                    std::vector<Entry> LcTableDetails::*list) {
-    if (!context_.Compares(object)) return;
-    const LcTableDetails* old_details = before.GetDetails();
-    const LcTableDetails* new_details = after.GetDetails();
-    const bool old_has = old_details != nullptr && !(old_details->*list).empty();
-    const bool new_has = new_details != nullptr && !(new_details->*list).empty();
-    if (!old_has && !new_has) return;
-    ItemMatcher matcher(context_, object, &before, &after);
-    if (old_has) {
-      for (const Entry& entry : old_details->*list) matcher.AddBefore(&entry);
-    }
-    if (new_has) {
-      for (const Entry& entry : new_details->*list) matcher.AddAfter(&entry);
-    }
-    matcher.Compare();
-  }
-
   Context context_;
   Comparison& result_;
-  const ForeignKeys old_foreign_keys_;
-  const ForeignKeys new_foreign_keys_;
-  const bool in_pairs_;
-  const bool keys_known_;
+  PairComparison pairs_;
   bool found_ = false;
   // Tables and columns of one side, by the spelling of their names.
   std::unordered_set<std::string> gone_;

@@ -40,6 +40,19 @@ bool IsKnownToAll(Object object, Property property) {
   }
 }
 
+const std::string kHidden = "drivers do not tell of every generated column";
+
+bool IsGenerated(const ObjectRef& ref) {
+  const auto* const* column = std::get_if<const LcWorkbookColumn*>(&ref);
+  return column != nullptr && (*column)->GetDetails() != nullptr &&
+         (*column)->GetDetails()->generated != gnNone;
+}
+
+bool IsInKey(const ObjectRef& ref) {
+  const auto* const* column = std::get_if<const LcWorkbookColumn*>(&ref);
+  return column != nullptr && (*column)->IsPrimaryKey();
+}
+
 bool IsInTable(Object object) { return object >= Object::kColumn; }
 
 // "table", "view" or "synonym", which every reading tells.
@@ -151,6 +164,10 @@ void Context::AddOneSided(Object object, const ObjectRef& ref, bool is_old,
   change.new_table = new_table;
   (is_old ? change.before : change.after) = ref;
   if (LeavesOutPart(change)) return;
+  if (mixed && IsGenerated(ref)) {
+    AddUnknown(object, !is_old, kHidden, FullName(object, ref, is_old ? old_table : new_table));
+    return;
+  }
   if (const std::string* why = WhyMissing(change, !is_old); why != nullptr) {
     AddUnknown(object, !is_old, *why, FullName(object, ref, is_old ? old_table : new_table));
     return;
@@ -164,6 +181,11 @@ bool Context::AreEqual(const Change& change, const Fact& a, const Fact& b) const
       std::holds_alternative<const LcWorkbookTable*>(change.before) &&
       (!KnowsKind(change.before) || !KnowsKind(change.after))) {
     return std::string_view(PlainKind(change.before)) == PlainKind(change.after);
+  }
+  // MariaDB's driver 3.1 tells of a numbered key column that it may be null.
+  if (mixed && change.property == Property::kNullable &&
+      (IsInKey(change.before) || IsInKey(change.after))) {
+    return true;
   }
   if (mixed && change.property == Property::kDataType) return !a || !b || CanBeSameType(*a, *b);
   return !options.spellings && AreSpellingsOfOne(product, change.object, change.property, a, b);
@@ -198,6 +220,8 @@ void Context::ComparePair(Object object, const ObjectRef& old_ref, const ObjectR
     const Fact a = FactOf(old_ref, property, old_names);
     const Fact b = FactOf(new_ref, property, new_names);
     if (AreEqual(change, a, b)) continue;
+    // What comes or goes with a generated column is told by that.
+    if (object == Object::kColumn && property == Property::kExpression && (!a || !b)) continue;
     AddChanged(change, !a, !b);
   }
   if (!mixed) CompareOptions(change);

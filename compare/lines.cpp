@@ -77,6 +77,9 @@ void FillNames(const Change& change, Line& line) {
   }
   if (before != nullptr && after != nullptr) {
     line.new_owner = base::ToUtf8(after->GetOwner(false));
+    // The compatible reading may tell no owners.
+    if (line.new_owner.empty()) line.new_owner = line.owner;
+    if (line.owner.empty()) line.owner = line.new_owner;
     line.new_table = base::ToUtf8(after->GetName());
   }
 }
@@ -173,8 +176,13 @@ std::string Heading(const Group& group, const Comparison& comparison) {
   const auto shown = [](const LcWorkbookTable* table) {
     return table == nullptr ? std::string() : Shown(ShownNames().Table(*table));
   };
-  const std::string before = shown(group.old_table);
-  const std::string after = shown(group.new_table);
+  std::string before = shown(group.old_table);
+  std::string after = shown(group.new_table);
+  if (group.old_table != nullptr && group.new_table != nullptr &&
+      group.old_table->GetName() == group.new_table->GetName() &&
+      (group.old_table->GetOwner(false).empty() || group.new_table->GetOwner(false).empty())) {
+    return before.size() > after.size() ? before : after;
+  }
   if (before.empty() || before == after) return after;
   return after.empty() ? before : before + " -> " + after;
 }

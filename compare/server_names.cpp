@@ -107,24 +107,27 @@ constexpr std::array kEndings = {
 };
 
 bool IsMadeOf(const std::string& name, const std::string& table,
-              const std::vector<std::string>& columns, std::string ending) {
+              const std::vector<std::string>& columns, const std::string& ending) {
   constexpr std::size_t kLongest = 63;
   std::size_t digits = 0;
   while (digits < name.size() && name[name.size() - 1 - digits] >= '0' &&
          name[name.size() - 1 - digits] <= '9') {
     ++digits;
   }
-  std::string first = table;
   std::string second;
-  for (const std::string& column : columns) second += (second.empty() ? "" : "_") + column;
+  for (const std::string& column : columns) {
+    if (!second.empty()) second += '_';
+    second += column;
+  }
   // The number counts as part of the ending where the rest is cut.
   for (const std::size_t with : {std::size_t{0}, digits}) {
     const std::string whole = ending + name.substr(name.size() - with);
-    std::string a = first;
+    std::string a = table;
     std::string b = second;
     const std::size_t room = kLongest - std::min(kLongest, whole.size() + (b.empty() ? 0 : 1));
     while (a.size() + b.size() > room) (a.size() > b.size() ? a : b).pop_back();
-    if (name == a + (b.empty() ? "" : "_" + b) + whole) return true;
+    if (!b.empty()) a += '_';
+    if (name == a.append(b).append(whole)) return true;
   }
   return false;
 }
@@ -172,6 +175,10 @@ Product FindProduct(const LcWorkbookFileInfo& info) {
     if (name.find(row.part) != std::string::npos) return row.product;
   }
   return Product::kOther;
+}
+
+bool IsServersTable(Product product, const LcWorkbookTable& table) {
+  return product == Product::kSQLite && table.GetName().starts_with(u"sqlite_");
 }
 
 bool IsServerMade(Product product, Object object, const ObjectRef& ref, const std::string& name,

@@ -28,4 +28,7 @@ Product FindProduct(const LcWorkbookFileInfo& info);
 bool IsServerMade(Product product, Object object, const ObjectRef& ref, const std::string& name,
                   const LcWorkbookTable* table);
 
+// Whether a table is the server's own, which the exact reading leaves out and a driver may list.
+bool IsServersTable(Product product, const LcWorkbookTable& table);
+
 }  // namespace wbcompare

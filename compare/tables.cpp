@@ -252,13 +252,11 @@ bool MatchTables(Context& context, std::vector<TablePair>& pairs, std::string& w
 }
 
 Object ObjectOf(const LcWorkbookTable* before, const LcWorkbookTable* after) {
-  const LcWorkbookTable& one = before != nullptr ? *before : *after;
-  if (before != nullptr && after != nullptr && before->GetType() != after->GetType()) {
-    return Object::kTable;
-  }
-  return one.GetType() == ttView      ? Object::kView
-         : one.GetType() == ttSynonym ? Object::kSynonym
-                                      : Object::kTable;
+  const enumTableType type = before != nullptr  ? before->GetType()
+                             : after != nullptr ? after->GetType()
+                                                : ttTable;
+  if (after != nullptr && after->GetType() != type) return Object::kTable;
+  return type == ttView ? Object::kView : type == ttSynonym ? Object::kSynonym : Object::kTable;
 }
 
 }  // namespace wbcompare

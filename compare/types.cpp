@@ -239,7 +239,6 @@ TypeChange CompareTypes(std::string_view from_text, std::string_view to_text) {
     case Family::kDecimal:
       return CompareDecimals(from, to);
     case Family::kFloat:
-      return ByOrder(from.size, to.size);
     case Family::kChar:
     case Family::kBinary:
       return ByOrder(from.size, to.size);
@@ -260,15 +259,29 @@ TypeChange CompareTypes(std::string_view from_text, std::string_view to_text) {
   return ByOrder(from.sizes[0], to.sizes[0]);
 }
 
-bool CanBeSameType(std::string_view a_text, std::string_view b_text) {
-  const ParsedType a = Parse(a_text);
-  const ParsedType b = Parse(b_text);
-  if (a.family == Family::kUnknown || b.family == Family::kUnknown) return true;
-  if (a.family != b.family) return false;
-  if (a.family == Family::kInteger || a.family == Family::kFloat) return a.size == b.size;
-  if (a.family == Family::kTime)
-    return a.size == b.size || a.name == "datetime" || b.name == "datetime";
-  return a.sizes.empty() || b.sizes.empty() || a.sizes[0] == b.sizes[0];
+bool CanBeSameType(std::string_view a, std::string_view b) {
+  enum class Kind { kUnknown, kNumber, kText, kBytes, kTime };
+  const auto kind_of = [](std::string_view text) {
+    switch (Parse(text).family) {
+      case Family::kInteger:
+      case Family::kDecimal:
+      case Family::kFloat:
+        return Kind::kNumber;
+      case Family::kChar:
+      case Family::kText:
+        return Kind::kText;
+      case Family::kBinary:
+      case Family::kBlob:
+        return Kind::kBytes;
+      case Family::kTime:
+        return Kind::kTime;
+      case Family::kUnknown:
+        break;
+    }
+    return Kind::kUnknown;
+  };
+  const Kind kind = kind_of(a);
+  return kind == Kind::kUnknown || kind_of(b) == Kind::kUnknown || kind == kind_of(b);
 }
 
 }  // namespace wbcompare

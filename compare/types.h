@@ -17,8 +17,9 @@ enum class TypeChange {
 };
 TypeChange CompareTypes(std::string_view from, std::string_view to);
 
-// Whether a type as a driver tells it can be the one that the catalog tells, which is often more
-// exact: a size that one of them leaves out, and a name that is not known, speak against nothing.
+// Whether a type as a driver tells it can be the one that the catalog tells. Drivers have names and
+// sizes of their own: MariaDB's tells a varchar(40) as a CHAR of 160 bytes, SQLite's a NUMERIC as a
+// DOUBLE. So only numbers, texts, bytes and times are told apart, and unknown types are anything.
 bool CanBeSameType(std::string_view a, std::string_view b);
 
 }  // namespace wbcompare

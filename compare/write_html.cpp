@@ -171,7 +171,7 @@ class Page {
     }
     // What is gone is shown behind the column that it stood behind.
     const LcWorkbookColumn* behind = nullptr;
-    for (int i = 0; gone.size() != 0 && i < group.old_table->GetColumnCount(); ++i) {
+    for (int i = 0; !gone.empty() && i < group.old_table->GetColumnCount(); ++i) {
       const LcWorkbookColumn* column = group.old_table->GetColumn(i);
       if (gone.count(column) != 0) {
         changes.gone_behind[behind].push_back(column);
