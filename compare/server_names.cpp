@@ -1,145 +1,33 @@
 #include "compare/server_names.h"
 
-#include <algorithm>
-#include <array>
-
-#include "base/ascii.h"
 #include "base/utf.h"
 
 namespace wbcompare {
 
 namespace {
 
-struct ProductName {
-  const char* part;  // of the name that the driver gives, in small letters
-  Product product;
-};
-constexpr std::array kProducts = {
-    ProductName{"postgres", Product::kPostgreSQL},
-    ProductName{"mariadb", Product::kMySQL},
-    ProductName{"mysql", Product::kMySQL},
-    ProductName{"sqlite", Product::kSQLite},
-    ProductName{"oracle", Product::kOracle},
-    ProductName{"microsoft sql server", Product::kSQLServer},
-    ProductName{"sybase", Product::kSybase},
-    ProductName{"adaptive server", Product::kSybase},
-    ProductName{"db2", Product::kDB2},
-    ProductName{"informix", Product::kInformix},
-    ProductName{"firebird", Product::kFirebird},
-};
-
-// The form of made names: `#` stands for digits, `&` for hexadecimal ones, `*` for anything, `%`
-// for the table's name.
-struct Form {
-  Product product;
-  const char* pattern;
-};
-constexpr std::array kForms = {
-    // Constraints are numbered through the whole database, the sequences of identity columns and
-    // the indexes of large objects by the number of their table.
-    Form{Product::kOracle, "sys_c#"},
-    Form{Product::kOracle, "sys_nc#$$"},
-    Form{Product::kOracle, "sys_il#c#$$"},
-    Form{Product::kOracle, "iseq$$_#"},
-    // Numbers that count up each time such a constraint is made.
-    Form{Product::kMySQL, "%_ibfk_#"},
-    Form{Product::kMySQL, "%_chk_#"},
-    Form{Product::kMySQL, "constraint_#"},
-    Form{Product::kMySQL, "primary"},
-    // By place in the CREATE statement.
-    Form{Product::kSQLite, "sqlite_autoindex_*_#"},
-    // The first letters of table and column, then a number of the object.
-    Form{Product::kSQLServer, "pk__*__&"},
-    Form{Product::kSQLServer, "fk__*__&"},
-    Form{Product::kSQLServer, "uq__*__&"},
-    Form{Product::kSQLServer, "ck__*__&"},
-    Form{Product::kSybase, "%_#"},
-    // The time at which it was made.
-    Form{Product::kDB2, "sql#"},
-    // Number of the table, number of the constraint.
-    Form{Product::kInformix, "u#_#"},
-    Form{Product::kInformix, "r#_#"},
-    Form{Product::kInformix, "c#_#"},
-    Form{Product::kInformix, " #_#"},
-    Form{Product::kFirebird, "integ_#"},
-    Form{Product::kFirebird, "rdb$#"},
-    Form{Product::kFirebird, "rdb$primary#"},
-    Form{Product::kFirebird, "rdb$foreign#"},
-};
-
-bool IsDigit(char c, bool hexadecimal) {
-  return (c >= '0' && c <= '9') || (hexadecimal && c >= 'a' && c <= 'f');
-}
-
-bool Fits(std::string_view pattern, std::string_view name, std::string_view table) {
-  if (pattern.empty()) return name.empty();
-  const std::string_view rest = pattern.substr(1);
-  switch (pattern[0]) {
-    case '%':
-      return name.substr(0, table.size()) == table && Fits(rest, name.substr(table.size()), table);
-    case '*':
-      for (std::size_t at = 0; at <= name.size(); ++at) {
-        if (Fits(rest, name.substr(at), table)) return true;
-      }
-      return false;
-    case '#':
-    case '&':
-      for (std::size_t at = 0; at < name.size() && IsDigit(name[at], pattern[0] == '&'); ++at) {
-        if (Fits(rest, name.substr(at + 1), table)) return true;
-      }
-      return false;
+base::NamedKind KindOf(Object object) {
+  switch (object) {
+    case Object::kPrimaryKey:
+      return base::NamedKind::kPrimaryKey;
+    case Object::kUniqueKey:
+      return base::NamedKind::kUniqueKey;
+    case Object::kForeignKey:
+      return base::NamedKind::kForeignKey;
+    case Object::kIndex:
+      return base::NamedKind::kIndex;
+    case Object::kCheck:
+      return base::NamedKind::kCheck;
+    case Object::kSequence:
+      return base::NamedKind::kSequence;
     default:
-      return !name.empty() && name[0] == pattern[0] && Fits(rest, name.substr(1), table);
+      return base::NamedKind::kOther;
   }
 }
 
-// PostgreSQL makes names of table, columns and an ending, both cut until they fit into 63 bytes,
-// and appends a number where the name is taken.
-struct Ending {
-  Object object;
-  const char* ending;
-};
-constexpr std::array kEndings = {
-    Ending{Object::kPrimaryKey, "_pkey"}, Ending{Object::kUniqueKey, "_key"},
-    Ending{Object::kForeignKey, "_fkey"}, Ending{Object::kIndex, "_idx"},
-    Ending{Object::kCheck, "_check"},     Ending{Object::kCheck, "_excl"},
-    Ending{Object::kSequence, "_seq"},
-};
-
-bool IsMadeOf(const std::string& name, const std::string& table,
-              const std::vector<std::string>& columns, const std::string& ending) {
-  constexpr std::size_t kLongest = 63;
-  std::size_t digits = 0;
-  while (digits < name.size() && name[name.size() - 1 - digits] >= '0' &&
-         name[name.size() - 1 - digits] <= '9') {
-    ++digits;
-  }
-  std::string second;
-  for (const std::string& column : columns) {
-    if (!second.empty()) second += '_';
-    second += column;
-  }
-  // The number counts as part of the ending where the rest is cut.
-  for (const std::size_t with : {std::size_t{0}, digits}) {
-    const std::string whole = ending + name.substr(name.size() - with);
-    std::string a = table;
-    std::string b = second;
-    const std::size_t room = kLongest - std::min(kLongest, whole.size() + (b.empty() ? 0 : 1));
-    while (a.size() + b.size() > room) (a.size() > b.size() ? a : b).pop_back();
-    if (!b.empty()) a += '_';
-    if (name == a.append(b).append(whole)) return true;
-  }
-  return false;
-}
-
-bool IsMadeByPostgreSQL(Object object, const ObjectRef& ref, const std::string& name,
-                        const LcWorkbookTable* table) {
-  if (const auto* sequence = std::get_if<const LcSequenceDetails*>(&ref); sequence != nullptr) {
-    return (*sequence)->owner_table.IsPresent() &&
-           IsMadeOf(name, base::ToUtf8((*sequence)->owner_table.View()),
-                    {base::ToUtf8((*sequence)->owner_column.View())}, "_seq");
-  }
-  if (table == nullptr) return false;
+// The columns that its server may have named the object after.
+std::vector<std::string> ColumnsOf(Object object, const ObjectRef& ref,
+                                   const LcWorkbookTable& table) {
   std::vector<std::string> columns;
   const auto add = [&](const LcWorkbookColumn* column) {
     columns.push_back(column == nullptr ? "expr" : base::ToUtf8(column->GetName()));
@@ -152,29 +40,16 @@ bool IsMadeByPostgreSQL(Object object, const ObjectRef& ref, const std::string& 
     for (const LcWorkbookColumn* column : PartsOf(*foreign, ShownNames()).columns) add(column);
   } else if (const auto* index = std::get_if<const LcIndexDetails*>(&ref); index != nullptr) {
     for (const LcIndexPart& part : (*index)->parts) add(part.column);
+  } else if (object == Object::kCheck) {
+    for (int i = 0; i < table.GetColumnCount(); ++i) add(table.GetColumn(i));
   }
-  const std::string of = base::ToUtf8(table->GetName());
-  for (const Ending& row : kEndings) {
-    if (row.object != object) continue;
-    if (IsMadeOf(name, of, columns, row.ending)) return true;
-    if (object != Object::kCheck) continue;
-    // A check of one column has it in its name; which one is not told.
-    for (int i = 0; i < table->GetColumnCount(); ++i) {
-      if (IsMadeOf(name, of, {base::ToUtf8(table->GetColumn(i)->GetName())}, row.ending))
-        return true;
-    }
-  }
-  return false;
+  return columns;
 }
 
 }  // namespace
 
 Product FindProduct(const LcWorkbookFileInfo& info) {
-  const std::string name = base::LowerAscii(base::ToUtf8(info.dbms_name));
-  for (const ProductName& row : kProducts) {
-    if (name.find(row.part) != std::string::npos) return row.product;
-  }
-  return Product::kOther;
+  return base::FindProduct(base::ToUtf8(info.dbms_name));
 }
 
 bool IsServersTable(Product product, const LcWorkbookTable& table) {
@@ -184,13 +59,19 @@ bool IsServersTable(Product product, const LcWorkbookTable& table) {
 bool IsServerMade(Product product, Object object, const ObjectRef& ref, const std::string& name,
                   const LcWorkbookTable* table) {
   if (name.empty()) return true;
-  if (product == Product::kPostgreSQL) return IsMadeByPostgreSQL(object, ref, name, table);
-  const std::string lower = base::LowerAscii(name);
-  const std::string of =
-      table == nullptr ? std::string() : base::LowerAscii(base::ToUtf8(table->GetName()));
-  return std::any_of(kForms.begin(), kForms.end(), [&](const Form& form) {
-    return form.product == product && Fits(form.pattern, lower, of);
-  });
+  const base::NamedKind kind = KindOf(object);
+  if (const auto* sequence = std::get_if<const LcSequenceDetails*>(&ref); sequence != nullptr) {
+    if (product == Product::kPostgreSQL && !(*sequence)->owner_table.IsPresent()) return false;
+    return base::IsMadeName(product, kind, name, base::ToUtf8((*sequence)->owner_table.View()),
+                            {base::ToUtf8((*sequence)->owner_column.View())});
+  }
+  if (table == nullptr) {
+    return product != Product::kPostgreSQL && base::IsMadeName(product, kind, name, "", {});
+  }
+  // Only PostgreSQL's names have columns in them.
+  return base::IsMadeName(product, kind, name, base::ToUtf8(table->GetName()),
+                          product == Product::kPostgreSQL ? ColumnsOf(object, ref, *table)
+                                                          : std::vector<std::string>());
 }
 
 }  // namespace wbcompare

@@ -3,24 +3,13 @@
 
 #include <string>
 
+#include "base/made_names.h"
 #include "compare/changes.h"
 #include "compare/objects.h"
 
 namespace wbcompare {
 
-// The products whose habits are known.
-enum class Product : std::uint8_t {
-  kOther,
-  kPostgreSQL,
-  kMySQL,  // and MariaDB
-  kSQLite,
-  kOracle,
-  kSQLServer,
-  kSybase,
-  kDB2,
-  kInformix,
-  kFirebird,
-};
+using base::Product;
 Product FindProduct(const LcWorkbookFileInfo& info);
 
 // Whether `name` is one that the server made for the object, or none at all. `table` is null for
