@@ -1,188 +1,23 @@
 // Markdown: one page, or a folder with a page for each table.
 #include <fmt/format.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <set>
 #include <sstream>
-#include <unordered_map>
 
 #include "base/ascii.h"
-#include "base/utf.h"
-#include "export/model.h"
+#include "export/markdown_pages.h"
 #include "export/writers.h"
 
 namespace wbexport {
 
 namespace {
 
-// Text that shows as it is, in a table's cell too.
-std::string Escape(const std::string& text) {
-  std::string escaped;
-  for (const char c : text) {
-    if (c == '&') {
-      escaped += "&amp;";
-    } else if (c == '<') {
-      escaped += "&lt;";
-    } else if (std::string_view("\\`*_{}[]#|~!>$^").find(c) != std::string_view::npos) {
-      escaped += '\\';
-      escaped += c;
-    } else {
-      escaped += c;
-    }
-  }
-  return escaped;
-}
-
-// Where the page or section of a table is.
-using Links = std::unordered_map<const LcWorkbookTable*, std::string>;
-
-class Pages {
- public:
-  Pages(const Document& document, const Options& options, const Links& links)
-      : workbook_(document.workbook),
-        info_(document.info),
-        options_(options),
-        links_(links),
-        relationships_(document.workbook) {}
-
-  void WriteHead(std::ostream& out) const {
-    out << "# Schema\n\n" << Escape(SourceText(info_)) << ": " << TableCounts(workbook_) << ".\n";
-    if (info_.incomplete) out << "\n**" << Escape(IncompleteText(info_)) << "**\n";
-  }
-
-  void WriteTableList(std::ostream& out) const {
-    bool any = false;
-    for (const LcWorkbookTable* table : workbook_.tables.Present()) {
-      if (!any) out << "\n| Table | Kind | Columns | Refers to |\n|---|---|--:|---|\n";
-      any = true;
-      std::string targets;
-      std::set<const LcWorkbookTable*> seen;
-      for (const std::size_t at : relationships_.From(*table)) {
-        const LcWorkbookTable* to = relationships_.All()[at].to;
-        if (!seen.insert(to).second) continue;
-        targets += (targets.empty() ? "" : ", ") + Link(*to);
-      }
-      out << fmt::format("| {} | {} | {} | {} |\n", Link(*table), KindName(table->GetType()),
-                         table->GetColumnCount(), targets);
-    }
-  }
-
-  void WriteTable(std::ostream& out, const LcWorkbookTable& table) const {
-    if (table.GetType() == ttView) out << "\nA view.\n";
-    if (table.GetType() == ttSynonym) {
-      out << "\nA synonym of " << Escape(SynonymTarget(table.GetSynonymDetails())) << ".\n";
-    }
-    if (table.GetColumnCount() == 0) {
-      out << "\nNo columns.\n";
-      return;
-    }
-    out << "\n| Column | Type | Nullable | Key | |\n|---|---|---|---|---|\n";
-    const std::vector<LcWorkbookColumn*> key = table.GetPrimaryKey().GetColumns();
-    for (int i = 0; i < table.GetColumnCount(); ++i) {
-      const LcWorkbookColumn& column = *table.GetColumn(i);
-      std::string mark = column.IsPrimaryKey() ? "key" : "";
-      for (std::size_t k = 0; k < key.size() && key.size() > 1; ++k) {
-        if (key[k] == &column) mark = fmt::format("key {}", k + 1);
-      }
-      std::string remarks = column.IsGeneratedKey() ? "generated" : "";
-      if (column.IsReadOnly()) remarks += remarks.empty() ? "read only" : ", read only";
-      out << fmt::format("| {} | {} | {} | {} | {} |\n", Escape(Display(column.GetName())),
-                         Escape(TypeText(column)), column.IsRequired() ? "no" : "yes", mark,
-                         remarks);
-    }
-    if (!relationships_.From(table).empty()) out << "\nRefers to:\n\n";
-    for (const std::size_t at : relationships_.From(table)) {
-      const Relationship& r = relationships_.All()[at];
-      WriteReference(out, r, r.from_columns, *r.to, r.to_columns);
-    }
-    if (!relationships_.To(table).empty()) out << "\nReferred to by:\n\n";
-    for (const std::size_t at : relationships_.To(table)) {
-      const Relationship& r = relationships_.All()[at];
-      WriteReference(out, r, r.to_columns, *r.from, r.from_columns);
-    }
-  }
-
-  void WriteRest(std::ostream& out) const {
-    bool any = false;
-    for (const LcWorkbookDatatype* type : workbook_.data_types.Present()) {
-      if (!any) out << "\n## Data types\n\n";
-      any = true;
-      const std::string other = Display(type->GetOtherTypeName());
-      out << "- " << Escape(TypeName(*type)) << (other.empty() ? "" : " (" + Escape(other) + ")")
-          << '\n';
-    }
-    WriteFunctions(out, "Boolean functions", workbook_.boolean_functions);
-    WriteFunctions(out, "Functions", workbook_.functions);
-    WriteDescribed(out, "Operators", workbook_.operators);
-    WriteDescribed(out, "Aggregates", workbook_.aggregates);
-    WriteProcedures(out);
-  }
-
-  std::string Link(const LcWorkbookTable& table) const {
-    const std::string name = Escape(DisplayName(table));
-    const auto link = links_.find(&table);
-    return link == links_.end() ? name : fmt::format("[{}]({})", name, link->second);
-  }
-
- private:
-  void WriteProcedures(std::ostream& out) const {
-    const ListedProcedures procedures = ProceduresToList({workbook_, info_}, options_);
-    if (procedures.listed.empty() && procedures.left_out == 0) return;
-    out << "\n## Procedures\n\n";
-    for (const LcWorkbookProcedure* procedure : procedures.listed) {
-      out << "- " << Escape(DisplayName(*procedure)) << '\n';
-    }
-    if (procedures.left_out == 0) return;
-    out << (procedures.listed.empty() ? "" : "\n") << procedures.left_out
-        << " of the server's own are left out; --system lists them.\n";
-  }
-
-  void WriteReference(std::ostream& out, const Relationship& r,
-                      const std::vector<LcWorkbookColumn*>& here, const LcWorkbookTable& other,
-                      const std::vector<LcWorkbookColumn*>& there) const {
-    out << fmt::format("- ({}): {} ({}){}\n", Escape(DisplayColumns(here)), Link(other),
-                       Escape(DisplayColumns(there)), r.one_to_one ? ", one to one" : "");
-  }
-
-  static void WriteFunctions(std::ostream& out, const char* title,
-                             const LcWorkbookFunctionList& functions) {
-    bool any = false;
-    for (const LcWorkbookFunction* function : functions.Present()) {
-      if (!any) out << "\n## " << title << "\n\n";
-      any = true;
-      const std::string owner = Display(function->GetOwner());
-      out << "- " << Escape((owner.empty() ? "" : owner + ".") + Display(function->GetName()))
-          << '\n';
-      for (const auto& overload : function->GetOverloads()) {
-        out << "  - " << Escape(Display(overload->GetText()));
-        if (!overload->GetResultType().empty()) {
-          out << ": " << Escape(Display(overload->GetResultType()));
-        }
-        out << '\n';
-      }
-    }
-  }
-
-  template <class List>
-  static void WriteDescribed(std::ostream& out, const char* title, const List& list) {
-    bool any = false;
-    for (const auto* entry : list.Present()) {
-      if (!any) out << "\n## " << title << "\n\n";
-      any = true;
-      const bool described =
-          !entry->GetDescription().empty() && entry->GetDescription() != entry->GetName();
-      out << "- " << Escape(Display(entry->GetName()))
-          << (described ? ": " + Escape(Display(entry->GetDescription())) : "") << '\n';
-    }
-  }
-
-  const LcWorkbook& workbook_;
-  const LcWorkbookFileInfo& info_;
-  const Options& options_;
-  const Links& links_;
-  const Relationships relationships_;
-};
+namespace fs = std::filesystem;
 
 // File names for tables: letters and digits stay, others become '-'. Names that then are alike,
 // also on a file system that ignores case, are told apart by a number.
@@ -213,19 +48,105 @@ class FileNames {
   std::unordered_map<std::string, int> last_number_;  // given to a stem
 };
 
+// A folder beside the wanted one, which takes its place or gives its files to it when it is whole;
+// removed with all that is still in it.
+class TemporaryFolder {
+ public:
+  explicit TemporaryFolder(const fs::path& wanted)
+      : path_((wanted.parent_path() / ".wbimport-XXXXXX").string()) {
+    std::error_code error;
+    fs::create_directories(wanted.parent_path(), error);
+    if (mkdtemp(path_.data()) == nullptr) path_.clear();
+    if (!path_.empty()) fs::permissions(path_, FolderPermissions(), error);
+  }
+  ~TemporaryFolder() {
+    std::error_code error;
+    if (!path_.empty()) fs::remove_all(path_, error);
+  }
+  TemporaryFolder(const TemporaryFolder&) = delete;
+  TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+
+  const std::string& path() const { return path_; }  // empty where it could not be made
+
+ private:
+  static fs::perms FolderPermissions() {
+    const mode_t mask = umask(0);
+    umask(mask);
+    return static_cast<fs::perms>(0777 & ~mask);
+  }
+  std::string path_;
+};
+
+// Moves the pages into a folder that is there already, over those of the same name.
+bool MovePages(const fs::path& from, const fs::path& folder, std::error_code& error) {
+  fs::create_directories(folder / "tables", error);
+  for (const auto& page : fs::directory_iterator(from / "tables", error)) {
+    if (error) return false;
+    fs::rename(page.path(), folder / "tables" / page.path().filename(), error);
+    if (error) return false;
+  }
+  if (!error) fs::rename(from / "README.md", folder / "README.md", error);
+  return !error;
+}
+
+bool WritePage(const fs::path& path, const std::string& text) {
+  std::ofstream out(path, std::ios::binary);
+  out << text;
+  out.close();
+  return !out.fail();
+}
+
+// All pages, into a folder that is there.
+bool WritePages(const Document& document, const Options& options, const fs::path& folder,
+                fs::path& failed) {
+  // Links as the start page sees them; from a table's page the others lie beside it.
+  MarkdownPages::Links from_start;
+  MarkdownPages::Links from_table;
+  const MarkdownPages start(document, options, from_start);
+  const MarkdownPages beside(document, options, from_table);
+  FileNames names;
+  for (const LcWorkbookTable* table : start.tables()) {
+    const std::string name = names.For(*table);
+    from_start.emplace(table, "tables/" + name);
+    from_table.emplace(table, name);
+  }
+  std::ostringstream page;
+  start.WriteHead(page);
+  start.WriteTableList(page);
+  start.WriteRest(page);
+  failed = folder / "README.md";
+  if (!WritePage(failed, page.str())) return false;
+  failed = folder / "tables";
+  std::error_code error;
+  if (!fs::create_directory(failed, error)) return false;
+  const std::string title =
+      document.info.title.empty() ? "All tables" : Display(document.info.title);
+  for (const LcWorkbookTable* table : beside.tables()) {
+    page.str("");
+    page << "# " << MarkdownPages::Escape(DisplayName(*table)) << "\n\n["
+         << MarkdownPages::Escape(title) << "](../README.md)\n";
+    beside.WriteMark(page);
+    beside.WriteTable(page, *table);
+    failed = folder / "tables" / from_table[table];
+    if (!WritePage(failed, page.str())) return false;
+  }
+  return true;
+}
+
 }  // namespace
 
 bool WriteMarkdown(const Document& document, const Options& options, std::ostream& out,
                    Notes& /*notes*/) {
-  Links links;
-  for (const LcWorkbookTable* table : document.workbook.tables.Present())
+  MarkdownPages::Links links;
+  const MarkdownPages pages(document, options, links);
+  for (const LcWorkbookTable* table : pages.tables()) {
     links.emplace(table, fmt::format("#table-{}", links.size() + 1));
-  const Pages pages(document, options, links);
+  }
   pages.WriteHead(out);
   pages.WriteTableList(out);
-  for (const LcWorkbookTable* table : document.workbook.tables.Present()) {
+  for (const LcWorkbookTable* table : pages.tables()) {
     out << fmt::format("\n<a id=\"{}\"></a>\n\n## {}\n", links[table].substr(1),
-                       Escape(DisplayName(*table)));
+                       MarkdownPages::Escape(DisplayName(*table)));
     pages.WriteTable(out, *table);
   }
   pages.WriteRest(out);
@@ -234,43 +155,23 @@ bool WriteMarkdown(const Document& document, const Options& options, std::ostrea
 
 bool WriteMarkdownFolder(const Document& document, const Options& options,
                          const std::string& folder, Notes& notes) {
-  namespace fs = std::filesystem;
-  const fs::path tables = fs::path(folder) / "tables";
   std::error_code error;
-  fs::create_directories(tables, error);
-  const auto write = [&](const fs::path& path, const std::string& text) {
-    std::ofstream out(path, std::ios::binary);
-    out << text;
-    out.close();
-    if (!out) notes.push_back("Cannot write " + path.string() + ".");
-    return !out.fail();
-  };
-  // Links as the start page sees them; from a table's page the others lie beside it.
-  Links from_start;
-  Links from_table;
-  FileNames names;
-  for (const LcWorkbookTable* table : document.workbook.tables.Present()) {
-    const std::string name = names.For(*table);
-    from_start.emplace(table, "tables/" + name);
-    from_table.emplace(table, name);
+  fs::path wanted = fs::absolute(folder, error);
+  if (!wanted.has_filename()) wanted = wanted.parent_path();
+  const TemporaryFolder temporary(wanted);
+  fs::path failed = wanted;
+  bool written =
+      !temporary.path().empty() && WritePages(document, options, temporary.path(), failed);
+  if (written && fs::exists(wanted, error)) {
+    failed = wanted / "tables";
+    written = MovePages(temporary.path(), wanted, error);
+  } else if (written) {
+    fs::rename(temporary.path(), wanted, error);
+    failed = wanted;
+    written = !error;
   }
-  const Pages start(document, options, from_start);
-  std::ostringstream page;
-  start.WriteHead(page);
-  start.WriteTableList(page);
-  start.WriteRest(page);
-  if (!write(fs::path(folder) / "README.md", page.str())) return false;
-  const Pages beside(document, options, from_table);
-  for (const LcWorkbookTable* table : document.workbook.tables.Present()) {
-    page.str("");
-    page << "# " << Escape(DisplayName(*table)) << "\n\n[All tables](../README.md)\n";
-    if (document.info.incomplete) {
-      page << "\n**" << Escape(IncompleteText(document.info)) << "**\n";
-    }
-    beside.WriteTable(page, *table);
-    if (!write(tables / from_table[table], page.str())) return false;
-  }
-  return true;
+  if (!written) notes.push_back("Cannot write " + failed.string() + ".");
+  return written;
 }
 
 }  // namespace wbexport

@@ -29,6 +29,12 @@ constexpr SystemOwner kSystemOwners[] = {
     {u"DB2", u"SYSPROC"},
 };
 
+char16_t Shown(char16_t c) {
+  if (c < 0x20) return static_cast<char16_t>(0x2400 + c);
+  if (c == 0x7F) return 0x2421;
+  return c > 0x7F && c < 0xA0 ? 0xFFFD : c;  // C1 controls have no pictures
+}
+
 bool IsSubsetOfPrimaryKey(const LcWorkbookTable& table,
                           const std::vector<LcWorkbookColumn*>& columns) {
   const std::vector<LcWorkbookColumn*> key = table.GetPrimaryKey().GetColumns();
@@ -46,17 +52,39 @@ bool IsPrimaryKey(const LcWorkbookTable& table, const std::vector<LcWorkbookColu
 
 std::string Display(std::u16string_view text) {
   std::u16string shown(text);
-  for (char16_t& c : shown) {
-    if (c < 0x20) c = static_cast<char16_t>(0x2400 + c);
-    if (c == 0x7F) c = 0x2421;
-    if (c > 0x7F && c < 0xA0) c = 0xFFFD;  // C1 controls have no pictures
+  for (char16_t& c : shown) c = Shown(c);
+  return base::ToUtf8(shown);
+}
+
+std::string DisplayLines(std::u16string_view text) {
+  std::u16string shown;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if (text[i] == u'\r' && i + 1 < text.size() && text[i + 1] == u'\n') continue;
+    shown += text[i] == u'\n' || text[i] == u'\t' ? text[i] : Shown(text[i]);
   }
   return base::ToUtf8(shown);
 }
 
+std::string DisplayLine(std::u16string_view text) {
+  std::u16string shown;
+  for (const char16_t c : text) {
+    const bool blank = c == u' ' || c == u'\n' || c == u'\t' || c == u'\r';
+    if (!blank) {
+      shown += Shown(c);
+    } else if (!shown.empty() && shown.back() != u' ') {
+      shown += u' ';
+    }
+  }
+  if (!shown.empty() && shown.back() == u' ') shown.pop_back();
+  return base::ToUtf8(shown);
+}
+
+std::string DisplayName(std::u16string_view owner, std::u16string_view name) {
+  return owner.empty() ? Display(name) : Display(owner) + "." + Display(name);
+}
+
 std::string DisplayName(const LcWorkbookTable& table) {
-  const std::string owner = Display(table.GetOwner(true));
-  return owner.empty() ? Display(table.GetName()) : owner + "." + Display(table.GetName());
+  return DisplayName(table.GetOwner(true), table.GetName());
 }
 
 std::string DisplayColumns(const std::vector<LcWorkbookColumn*>& columns) {
@@ -70,7 +98,13 @@ std::string DisplayColumns(const std::vector<LcWorkbookColumn*>& columns) {
 
 std::string TypeName(const LcWorkbookDatatype& type) { return Display(LcTypeName(type)); }
 
-std::string TypeText(const LcWorkbookColumn& column) { return Display(LcTypeText(column)); }
+std::string TypeText(const LcWorkbookColumn& column) {
+  const LcWorkbookDatatype* type = column.GetDataType();
+  if (type != nullptr && type->GetDatabaseType().IsPresent()) {
+    return Display(type->GetDatabaseType().View());
+  }
+  return Display(LcTypeText(column));
+}
 
 const char* KindName(enumTableType type) {
   switch (type) {
@@ -82,6 +116,12 @@ const char* KindName(enumTableType type) {
       return "synonym";
   }
   return "table";
+}
+
+std::string KindName(const LcWorkbookTable& table) {
+  const LcTableDetails* details = table.GetDetails();
+  const char16_t* name = details == nullptr ? nullptr : LcNameOf(details->kind);
+  return name == nullptr ? KindName(table.GetType()) : Display(name);
 }
 
 std::string SynonymTarget(const LcSynonymDetails& synonym) {
@@ -97,7 +137,8 @@ std::string SourceText(const LcWorkbookFileInfo& info) {
   std::string text = info.dbms_name.empty() ? "Unknown server" : Display(info.dbms_name);
   if (info.dbms_version != 0) text += fmt::format(" {}", info.dbms_version);
   if (!info.route.empty()) text += ", read through the " + Display(info.route) + " route";
-  return text;
+  if (!info.imported_at.empty()) text += " at " + Display(info.imported_at);
+  return info.title.empty() ? text : Display(info.title) + ": " + text;
 }
 
 std::string IncompleteText(const LcWorkbookFileInfo& info) {
@@ -132,8 +173,7 @@ ListedProcedures ProceduresToList(const Document& document, const Options& optio
 }
 
 std::string DisplayName(const LcWorkbookProcedure& procedure) {
-  const std::string owner = Display(procedure.GetOwner());
-  return (owner.empty() ? "" : owner + ".") + Display(procedure.GetName());
+  return DisplayName(procedure.GetOwner(), procedure.GetName());
 }
 
 std::string Count(std::size_t count, const char* one, const char* many) {
@@ -157,6 +197,7 @@ Relationships::Relationships(const LcWorkbook& workbook) {
         if (r.to == nullptr || r.from == nullptr) continue;
         r.one_to_one =
             role == fkForward ? key->IsOneToOne() : IsPrimaryKey(*r.from, r.from_columns);
+        r.details = key->GetDetails();
         r.required = std::all_of(r.from_columns.begin(), r.from_columns.end(),
                                  [](const LcWorkbookColumn* c) { return c->IsRequired(); });
         Add(std::move(r));

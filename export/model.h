@@ -14,18 +14,27 @@ namespace wbexport {
 // A name for people: control characters are shown as their pictures (U+2400 and on), so that no
 // name moves a terminal's cursor or breaks a line.
 std::string Display(std::u16string_view text);
+// The same, but line ends and tabs stay: for comments and the texts of views and routines.
+std::string DisplayLines(std::u16string_view text);
+// The same on one line: blanks and line ends in a row become one blank.
+std::string DisplayLine(std::u16string_view text);
 // "owner.name", or the name alone where there is no owner.
+std::string DisplayName(std::u16string_view owner, std::u16string_view name);
 std::string DisplayName(const LcWorkbookTable& table);
 // "a, b, c"
 std::string DisplayColumns(const std::vector<LcWorkbookColumn*>& columns);
-// The column's type as the server writes it: "DECIMAL(12,2)"; empty when it is not known.
+// The column's type as the server spells it, else as it is put together from what was read:
+// "DECIMAL(12,2)"; empty when it is not known.
 std::string TypeText(const LcWorkbookColumn& column);
 std::string TypeName(const LcWorkbookDatatype& type);
 // "table", "view" or "synonym".
 const char* KindName(enumTableType type);
+// The more exact kind where it was read: "materialized view", "foreign table", ...
+std::string KindName(const LcWorkbookTable& table);
 // What a synonym stands for: "owner.name", with "@database" or "@database@server" behind it.
 std::string SynonymTarget(const LcSynonymDetails& synonym);
-// "Handmade Server 3, read through the odbc route"; "Unknown server" without a name.
+// "Handmade Server 3, read through the odbc route"; "Unknown server" without a name. The title of
+// the database, where it has one, stands first, the time of the import last.
 std::string SourceText(const LcWorkbookFileInfo& info);
 // One sentence when the import was cut short, else empty.
 std::string IncompleteText(const LcWorkbookFileInfo& info);
@@ -51,6 +60,7 @@ struct Relationship {
   std::vector<LcWorkbookColumn*> to_columns;
   bool one_to_one = false;  // a row of `to` is met by one row of `from` at most
   bool required = false;    // every row of `from` meets a row of `to`
+  const LcForeignKeyDetails* details = nullptr;  // null where they were not read
 };
 
 // The relationships of a workbook, each once: the forward keys in workbook order, then the mirror

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "base/utf.h"
+#include "export/facts.h"
 #include "export/model.h"
 #include "export/writers.h"
 
@@ -15,7 +16,7 @@ namespace {
 constexpr std::size_t kWidestCell = 40;
 constexpr std::size_t kLineWidth = 100;
 
-enum class Style { kTitle, kName, kType, kKey, kWarning };
+enum class Style { kTitle, kName, kType, kKey, kComment, kWarning };
 
 const char* EscapeCode(Style style) {
   switch (style) {
@@ -27,6 +28,8 @@ const char* EscapeCode(Style style) {
       return "\033[36m";
     case Style::kKey:
       return "\033[33m";
+    case Style::kComment:
+      return "\033[32m";
     case Style::kWarning:
       return "\033[1;31m";
   }
@@ -51,12 +54,14 @@ class Outline {
         info_(document.info),
         options_(options),
         out_(out),
-        relationships_(document.workbook) {}
+        relationships_(document.workbook),
+        facts_(document) {}
 
   void Write() {
     WriteHead();
     WriteTables();
     WriteNames();
+    WriteDetails();
     WriteTypes();
     WriteFunctions("Boolean functions", workbook_.boolean_functions);
     WriteFunctions("Functions", workbook_.functions);
@@ -71,6 +76,10 @@ class Outline {
   }
   void Title(const std::string& title, std::size_t count) {
     out_ << '\n' << In(Style::kTitle, fmt::format("{} ({})", title, count)) << '\n';
+  }
+  // Behind a line: the comment, on the same line.
+  std::string Comment(const std::string& comment) const {
+    return comment.empty() ? "" : "  " + In(Style::kComment, "-- " + Flat(comment));
   }
   // Texts one after the other, as many on a line as fit.
   void WriteWrapped(const std::vector<std::string>& texts) {
@@ -89,6 +98,7 @@ class Outline {
   void WriteHead() {
     out_ << In(Style::kTitle, SourceText(info_)) << '\n';
     if (info_.incomplete) out_ << In(Style::kWarning, IncompleteText(info_)) << '\n';
+    WriteNotRead();
     if (!workbook_.tables.IsEmpty()) {
       const std::size_t count = relationships_.All().size();
       out_ << TableCounts(workbook_) << ", " << Count(count, "relationship", "relationships")
@@ -102,31 +112,101 @@ class Outline {
     WriteWrapped(owners);
   }
 
+  void WriteNotRead() {
+    for (const LcNotRead& missing : workbook_.details.not_read) {
+      out_ << In(Style::kWarning, "Not read: " + Facts::OfNotRead(missing)) << '\n';
+    }
+  }
+
   void WriteTables() {
-    for (const LcWorkbookTable* table : workbook_.tables.Present()) WriteTable(*table);
+    for (const LcWorkbookTable* table : workbook_.tables.Present()) {
+      if (!facts_.IsFolded(*table)) WriteTable(*table);
+    }
   }
 
   void WriteTable(const LcWorkbookTable& table) {
     out_ << '\n' << In(Style::kName, DisplayName(table));
-    if (table.GetType() != ttTable) out_ << " (" << KindName(table.GetType());
+    const std::string kind = KindName(table);
+    if (kind != "table") out_ << " (" << kind;
     if (table.GetType() == ttSynonym && !table.GetSynonymDetails().base_table_name.empty()) {
       out_ << " of " << SynonymTarget(table.GetSynonymDetails());
     }
-    if (table.GetType() != ttTable) out_ << ')';
-    out_ << '\n';
+    if (kind != "table") out_ << ')';
+    out_ << Comment(CommentOf(table)) << '\n';
     if (table.GetColumnCount() == 0) out_ << "  no columns\n";
     WriteColumns(table);
     for (const std::size_t at : relationships_.From(table)) {
       const Relationship& r = relationships_.All()[at];
-      out_ << fmt::format("  ({}) -> {} ({}){}\n", DisplayColumns(r.from_columns),
-                          In(Style::kName, DisplayName(*r.to)), DisplayColumns(r.to_columns),
-                          r.one_to_one ? ", one to one" : "");
+      WriteReference(r, r.from_columns, "->", *r.to, r.to_columns, true);
     }
+    std::size_t repeated = 0;
     for (const std::size_t at : relationships_.To(table)) {
       const Relationship& r = relationships_.All()[at];
-      out_ << fmt::format("  ({}) <- {} ({}){}\n", DisplayColumns(r.to_columns),
-                          In(Style::kName, DisplayName(*r.from)), DisplayColumns(r.from_columns),
-                          r.one_to_one ? ", one to one" : "");
+      if (facts_.IsRepeated(r)) {
+        ++repeated;
+      } else {
+        WriteReference(r, r.to_columns, "<-", *r.from, r.from_columns, false);
+      }
+    }
+    if (repeated != 0) out_ << "  and <- " << Count(repeated, "partition", "partitions") << '\n';
+    WriteFacts(facts_.OutsideKeys(table));
+    WriteFacts(facts_.OfTable(table));
+    WriteParts(table);
+    for (const std::string& line : SplitLines(ViewTextOf(table))) out_ << "  | " << line << '\n';
+  }
+
+  void WriteReference(const Relationship& r, const std::vector<LcWorkbookColumn*>& here,
+                      const char* arrow, const LcWorkbookTable& other,
+                      const std::vector<LcWorkbookColumn*>& there, bool whole) {
+    out_ << fmt::format("  ({}) {} {} ({}){}", DisplayColumns(here), arrow,
+                        In(Style::kName, DisplayName(other)), DisplayColumns(there),
+                        r.one_to_one ? ", one to one" : "");
+    if (whole && r.details != nullptr) {
+      const std::string name = facts_.NameOfReference(r);
+      out_ << Facts::OfReference(r.details) << (name.empty() ? "" : ", named " + name)
+           << Comment(DisplayLines(r.details->comment.View()));
+    }
+    out_ << '\n';
+  }
+
+  void WriteFacts(const std::vector<Fact>& facts) {
+    for (const Fact& fact : facts) {
+      out_ << "  " << In(Style::kKey, fact.kind)
+           << (fact.made_name || fact.name.empty() ? "" : " " + fact.name)
+           << (fact.text.empty() ? "" : " " + fact.text) << Comment(fact.comment) << '\n';
+    }
+  }
+
+  void WriteParts(const LcWorkbookTable& table) {
+    const std::vector<const LcWorkbookTable*> parts = facts_.PartsOf(table);
+    if (parts.empty()) return;
+    out_ << "  " << Count(parts.size(), "partition", "partitions") << ":\n";
+    for (const LcWorkbookTable* part : parts) {
+      out_ << "    " << facts_.OfPart(*part, table) << Comment(CommentOf(*part)) << '\n';
+    }
+  }
+
+  // What stands beside the tables in the database.
+  void WriteDetails() {
+    const LcWorkbookDetails& details = workbook_.details;
+    if (!details.schemas.empty()) Title("Schemas", details.schemas.size());
+    for (const LcSchemaDetails& schema : details.schemas) {
+      out_ << "  " << Display(schema.name.View()) << (schema.is_default ? " (default)" : "")
+           << Comment(DisplayLines(schema.comment.View())) << '\n';
+    }
+    WriteList("Types of users", details.types, Facts::OfType);
+    WriteList("Sequences", details.sequences, Facts::OfSequence);
+    WriteList("Routines", details.routines, Facts::OfRoutine);
+  }
+  template <class List, class Make>
+  void WriteList(const char* title, const List& list, Make make) {
+    if (!list.empty()) Title(title, list.size());
+    for (const auto& entry : list) {
+      const Fact fact = make(entry);
+      out_ << "  " << (fact.kind == "sequence" ? "" : fact.kind + " ")
+           << In(Style::kName, fact.name)
+           << (fact.text.starts_with("(") || fact.text.empty() ? "" : ": ") << fact.text
+           << Comment(fact.comment) << '\n';
     }
   }
 
@@ -153,10 +233,9 @@ class Outline {
       } else if (column.IsPrimaryKey()) {
         line += "  " + In(Style::kKey, "key");
       }
-      if (column.IsGeneratedKey()) line += "  generated";
-      if (column.IsReadOnly()) line += "  read only";
+      for (const std::string& remark : Facts::OfColumn(column)) line += "  " + remark;
       line.erase(line.find_last_not_of(' ') + 1);
-      out_ << line << '\n';
+      out_ << line << Comment(CommentOf(column)) << '\n';
     }
   }
 
@@ -243,6 +322,7 @@ class Outline {
   const Options& options_;
   std::ostream& out_;
   const Relationships relationships_;
+  const Facts facts_;
 };
 
 }  // namespace

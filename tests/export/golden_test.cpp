@@ -1,7 +1,6 @@
-// Every format of one workbook that holds every kind of object, and the scripts of one with every
-// detail of the exact reading, against a file of golden/. With
-// WB_RENEW_GOLDEN=1 in the environment the files are written anew, but for the json file, which the
-// workbook is read from: review them as a change.
+// Every format of one workbook that holds every kind of object, and of one with every detail of the
+// exact reading, against a file of golden/. With WB_RENEW_GOLDEN=1 in the environment the files are
+// written anew, but for the json file, which the workbook is read from: review them as a change.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -66,7 +65,7 @@ TEST_P(GoldenTest, IsWhatTheWriterWrites) {
   std::vector<std::string> notes;
   ASSERT_TRUE(format->write({workbook, info}, golden.options, out, notes));
   // A script says what it leaves out; the other formats leave out nothing.
-  EXPECT_EQ(notes.size(), is_detail ? 1u : 0u);
+  EXPECT_EQ(notes.size(), is_detail && golden.format == std::string_view("sql") ? 1u : 0u);
   const auto path = Path(golden.file);
   const bool is_source = path.extension() == ".json";
   if (std::getenv("WB_RENEW_GOLDEN") != nullptr && !is_source)
@@ -80,7 +79,8 @@ INSTANTIATE_TEST_SUITE_P(
                     Golden{"every_kind_colour_functions.txt", "text", true, ColourAndFunctions()},
                     Golden{"every_kind.json", "json"}, Golden{"every_kind.sql", "sql"},
                     Golden{"every_kind.dot", "dot"}, Golden{"every_kind.mmd", "mermaid"},
-                    Golden{"every_kind.md", "markdown"}, Golden{"every_detail.sql", "sql"},
+                    Golden{"every_kind.md", "markdown"}, Golden{"every_detail.txt", "text"},
+                    Golden{"every_detail.md", "markdown"}, Golden{"every_detail.sql", "sql"},
                     Golden{"every_detail_mariadb.sql", "sql", false, For("mariadb")},
                     Golden{"every_detail_sqlite.sql", "sql", false, For("sqlite")}),
     [](const auto& test) {
