@@ -73,6 +73,15 @@ bool AskKind(odbc::Query& query, Kind kind, Server& server, std::string& why) {
   return true;
 }
 
+// `each` of a section: "table" and "view" are all of that type, anything else is one kind.
+bool IsOf(std::string_view each, LeTableKind kind) {
+  const bool is_view = kind == tkView || kind == tkMaterializedView;
+  if (each == "table") return !is_view;
+  if (each == "view") return is_view;
+  LeTableKind wanted = tkUnknown;
+  return LcFindByName(base::ToUtf16(each), wanted) && wanted == kind;
+}
+
 // Keeps a host's transaction whole while the server is asked something that it may refuse.
 class Guard {
  public:
@@ -191,7 +200,7 @@ ReadResult Catalog::Read(Kind kind, RowReader& reader) {
 ReadResult Catalog::ReadOnce(Kind kind, const std::vector<const Section*>& sections,
                              RowReader& reader) {
   for (const Section* section : sections) {
-    if (section->each != Section::Each::kOnce) return ReadEach(kind, *section, reader);
+    if (!section->each.empty()) return ReadEach(kind, *section, reader);
     const ReadResult result = RunSection(*section, reader);
     if (result != ReadResult::kFailed || lost_) return result;
   }
@@ -201,8 +210,9 @@ ReadResult Catalog::ReadOnce(Kind kind, const std::vector<const Section*>& secti
 ReadResult Catalog::ReadEach(Kind kind, const Section& section, RowReader& reader) {
   ReadResult result = ReadResult::kRead;
   values.has_table = true;
-  for (const EachTable& table : each_table) {
-    if (section.each == Section::Each::kView && !table.is_view) continue;
+  const bool sequences = section.each == "sequence";
+  for (const EachTable& table : sequences ? each_sequence : each_table) {
+    if (!sequences && !IsOf(section.each, table.kind)) continue;
     if (dialect_.each_schema && table.schema != values.schema) continue;
     values.table_schema = table.schema;
     values.table_name = table.name;

@@ -86,13 +86,14 @@ class Catalog {
   MarkValues values;
   // With `each_schema`: the schemas in turn.
   std::vector<std::string> schemas;
-  // The tables and views of the import, for sections that run once for each: schema, name.
+  // The tables and views of the import, and sequences, for sections that run once for each.
   struct EachTable {
     std::string schema;
     std::string name;
-    bool is_view;
+    LeTableKind kind = tkTable;
   };
   std::vector<EachTable> each_table;
+  std::vector<EachTable> each_sequence;
 
  private:
   ReadResult ReadOnce(Kind kind, const std::vector<const Section*>& sections, RowReader& reader);

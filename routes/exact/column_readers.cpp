@@ -57,15 +57,17 @@ void ColumnReader::ReadDetails(const Row& row, const TableEntry& entry, LcWorkbo
   if (row.Has(Field::kIdentity)) {
     LcFindByName(texts.Wide(row.Text(Field::kIdentity)), details.identity);
   }
+  LcText collation = texts.Get(row.Text(Field::kCollation));
+  if (collation == entry.collation) collation = {};
   LcOptions options;
   model_.TakeOptions(row, options);
   const bool plain = !comment && details.generated == gnNone && details.identity == idNone &&
                      options.IsEmpty() && !row.Has(Field::kDefault) &&
-                     !row.Has(Field::kExpression) && !row.Has(Field::kCollation);
+                     !row.Has(Field::kExpression) && !collation;
   if (plain) return;
   SetDefault(details, texts.Get(row.Text(Field::kDefault)));
   if (row.Has(Field::kExpression)) details.expression = texts.Get(row.Text(Field::kExpression));
-  details.collation = texts.Get(row.Text(Field::kCollation));
+  details.collation = std::move(collation);
   details.comment = std::move(comment);
   details.options = std::move(options);
   column.SetGeneratedKey(details.identity != idNone);

@@ -77,15 +77,17 @@ void ColumnTypes::Tell(const Row& row) {
   }
 }
 
-const TypeKind& ColumnTypes::KindOf(std::string_view base_type, std::string_view category,
-                                    bool& known) {
+const TypeKind& ColumnTypes::KindOf(std::string_view spelling, std::string_view base_type,
+                                    std::string_view category, bool& known) {
   known = false;
   if (category == "array") return kCollectionKind;
   if (category == "composite") return kRowKind;
-  const auto [found, is_new] = kinds_.emplace(base_type, nullptr);
+  key_.assign(base_type).append(1, '\0').append(spelling);
+  const auto [found, is_new] = kinds_.emplace(key_, nullptr);
   if (is_new) {
     for (const TypeRule& rule : catalog_.dialect().types) {
-      if (!MatchesPattern(rule.pattern, base_type)) continue;
+      const bool has_size = rule.pattern.find('(') != std::string::npos;
+      if (!MatchesPattern(rule.pattern, has_size ? spelling : base_type)) continue;
       found->second = FindTypeKind(rule.kind);
       break;
     }
@@ -100,7 +102,7 @@ std::unique_ptr<LcWorkbookDatatype> ColumnTypes::Make(std::string_view spelling,
                                                       std::string_view category) {
   auto type = std::make_unique<LcWorkbookDatatype>();
   bool known = false;
-  const TypeKind& kind = KindOf(base_type, category, known);
+  const TypeKind& kind = KindOf(spelling, base_type, category, known);
   const std::u16string name = catalog_.texts().Wide(base_type);
   type->SetTypeName(name);
   if (!known) type->SetExtendedTypeName(name, 0);

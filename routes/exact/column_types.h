@@ -59,7 +59,8 @@ class ColumnTypes {
  private:
   std::uint32_t FindByNumber(std::int64_t id, std::int64_t modifier, std::int64_t dimensions);
   std::uint32_t FindByText(const Row& row);
-  const TypeKind& KindOf(std::string_view base_type, std::string_view category, bool& known);
+  const TypeKind& KindOf(std::string_view spelling, std::string_view base_type,
+                         std::string_view category, bool& known);
   void Fill(const Row& row, Entry& entry);
   void Inherit(Entry& entry, int depth);
   const Entry* FindTold(std::int64_t id, std::int64_t modifier) const;

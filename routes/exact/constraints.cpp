@@ -205,7 +205,10 @@ void Constraints::FinishForeignKeys() {
 
 LcForeignKeyDetails Constraints::DetailsOf(Constraint& constraint) const {
   LcForeignKeyDetails details;
-  details.name = model_.catalog.texts().Get(constraint.name);
+  details.name = constraint.defined_name;
+  if (!details.name && !constraint.name.empty()) {
+    details.name = model_.catalog.texts().Get(constraint.name);
+  }
   details.on_update = std::move(constraint.on_update);
   details.on_delete = std::move(constraint.on_delete);
   details.match = std::move(constraint.match);

@@ -25,7 +25,8 @@ struct Constraint {
   std::uint32_t table = kNoTable;
   std::int64_t type_id = 0;  // of a domain's check
   std::string name;
-  std::string id;  // tells constraints of one name apart
+  std::string id;       // tells constraints of one name apart
+  LcText defined_name;  // what the text of the table calls a foreign key; absent: `name`
   std::vector<Part> parts;
   bool target_by_id = false;
   std::int64_t target_id = 0;

@@ -29,9 +29,10 @@ void SkipItem(DefinitionTokens& tokens) {
   }
 }
 
-class TableReader {
+class DefinedTableReader {
  public:
-  TableReader(std::string_view text, TableDefinition& table) : tokens_(text), table_(table) {}
+  DefinedTableReader(std::string_view text, bool backslash_escapes, TableDefinition& table)
+      : tokens_(text, backslash_escapes), table_(table) {}
 
   void Run() {
     tokens_.TakeWord("CREATE");
@@ -369,9 +370,9 @@ IndexDefinition::Part ReadPart(DefinitionTokens& tokens) {
 
 }  // namespace
 
-TableDefinition ReadTableDefinition(std::string_view text) {
+TableDefinition ReadTableDefinition(std::string_view text, bool backslash_escapes) {
   TableDefinition table;
-  TableReader(text, table).Run();
+  DefinedTableReader(text, backslash_escapes, table).Run();
   return table;
 }
 

@@ -74,7 +74,8 @@ struct TriggerDefinition {
 
 // A text that is none of a table (an index, a trigger) gives what is there of it: as a rule
 // nothing.
-TableDefinition ReadTableDefinition(std::string_view text);
+// `backslash_escapes`: in quotes a backslash takes the next character out of its meaning.
+TableDefinition ReadTableDefinition(std::string_view text, bool backslash_escapes = false);
 IndexDefinition ReadIndexDefinition(std::string_view text);
 TriggerDefinition ReadTriggerDefinition(std::string_view text);
 // The query of a view, as it is written.

@@ -47,7 +47,12 @@ void DefinitionTokens::ScanQuoted(char quote) {
   kind_ = Kind::kQuoted;
   ++end_;
   while (end_ < text_.size()) {
-    if (text_[end_++] != quote) continue;
+    const char c = text_[end_++];
+    if (backslash_escapes_ && c == '\\' && quote == '\'' && end_ < text_.size()) {
+      ++end_;
+      continue;
+    }
+    if (c != quote) continue;
     if (quote == ']' || end_ == text_.size() || text_[end_] != quote) return;
     ++end_;
   }

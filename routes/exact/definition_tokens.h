@@ -12,7 +12,10 @@ class DefinitionTokens {
  public:
   enum class Kind { kEnd, kWord, kQuoted, kOther };
 
-  explicit DefinitionTokens(std::string_view text) : text_(text) { Next(); }
+  explicit DefinitionTokens(std::string_view text, bool backslash_escapes = false)
+      : text_(text), backslash_escapes_(backslash_escapes) {
+    Next();
+  }
 
   Kind kind() const { return kind_; }
   bool AtEnd() const { return kind_ == Kind::kEnd; }
@@ -42,6 +45,7 @@ class DefinitionTokens {
   void ScanQuoted(char quote);
 
   std::string_view text_;
+  bool backslash_escapes_;
   std::size_t begin_ = 0;
   std::size_t end_ = 0;
   std::size_t last_end_ = 0;

@@ -110,6 +110,10 @@ class FileReader {
       dialect_.ignores_case = !Choose(value, "exact", "ignore case");
     } else if (name == "quote") {
       SetQuote(value);
+    } else if (name == "escape") {
+      dialect_.backslash_escapes = Choose(value, "\\", "no");
+    } else if (name == "unwritten action") {
+      dialect_.unwritten_action = value;
     } else if (name == "list limit") {
       dialect_.list_limit = ReadNumber(value);
     } else if (name == "statements") {
@@ -252,15 +256,13 @@ class FileReader {
 
   void ReadEach(std::string_view& text, Section& section) {
     const std::string_view each = TakeWord(text);
-    const std::string_view what = TakeWord(text);
-    const bool known = what == "table" || what == "view" || what == "sequence";
-    if (each != "each" || !known) {
-      Complain(line_, "a section is `for each table`, `view` or `sequence`");
+    if (each != "each" || Trim(text).empty()) {
+      Complain(line_,
+               "a section is `for each table`, `view`, `sequence`, or another kind of tables");
       return;
     }
-    section.each = what == "table"  ? Section::Each::kTable
-                   : what == "view" ? Section::Each::kView
-                                    : Section::Each::kSequence;
+    section.each = Trim(text);
+    text = {};
   }
 
   void ReadHeading(std::string_view text, Section& section) {

@@ -25,12 +25,11 @@ struct Slot {
 using HeadingCell = std::vector<Slot>;
 
 struct Section {
-  enum class Each { kOnce, kTable, kView, kSequence };
   Kind kind = Kind::kProbe;
   VersionBounds bounds;
   bool fallback = false;
-  Each each = Each::kOnce;
-  int line = 0;  // of the file, from 1
+  std::string each;  // the kind of tables for each of which it runs: "view", ...; empty: once
+  int line = 0;      // of the file, from 1
   std::vector<HeadingCell> heading;
   StatementText statement;
 };
@@ -50,7 +49,9 @@ struct Dialect {
   bool ignores_case = false;
   NameQuotes quotes;
   std::size_t list_limit = 0;
-  std::vector<std::string> first_words;  // of statements, besides those that read anywhere
+  bool backslash_escapes = false;              // in the texts of CREATE statements
+  std::string unwritten_action = "no action";  // of a foreign key in such a text
+  std::vector<std::string> first_words;        // of statements, besides those that read anywhere
   std::vector<TypeRule> types;
   std::string savepoint;
   std::string undo;

@@ -23,7 +23,7 @@ class Trial {
     check.section = &section;
     if (!section.bounds.Fit(server_.version)) return check;
     MarkValues values = values_;
-    if (section.each != Section::Each::kOnce) {
+    if (!section.each.empty()) {
       if (!example_) return check;
       values.has_table = true;
       values.table_schema = example_->schema;

@@ -8,7 +8,9 @@ namespace odbcimport::exact {
 
 std::span<const BuiltInDialect> BuiltInDialects() {
   static const std::array kDialects = {
+      BuiltInDialect{"mariadb", files::kMariadb},
       BuiltInDialect{"postgresql", files::kPostgresql},
+      BuiltInDialect{"sqlite", files::kSqlite},
   };
   return kDialects;
 }

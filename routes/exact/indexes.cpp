@@ -11,6 +11,15 @@ namespace {
 constexpr std::int64_t kDescending = 1;
 constexpr std::int64_t kNullsFirst = 2;
 
+// Of an index that is a key: true when it has anything that the key has no place for.
+bool SaysMoreThanItsKey(const LcIndexDetails& index) {
+  return index.method || index.predicate || !index.options.IsEmpty() ||
+         std::any_of(index.parts.begin(), index.parts.end(), [](const LcIndexPart& part) {
+           return part.column == nullptr || part.descending || part.included ||
+                  !part.options.IsEmpty();
+         });
+}
+
 }  // namespace
 
 void IndexReader::Mark() {
@@ -66,15 +75,21 @@ void IndexReader::ReadFacts(const Row& row, Index& index) {
     details.comment = model_.comments.Find(Comments::Of::kRelation, row.Number(Field::kIndexId));
   }
   model_.TakeOptions(row, details.options);
+  if (row.Has(Field::kDefinition)) {
+    index.definition =
+        std::make_unique<IndexDefinition>(ReadIndexDefinition(row.Text(Field::kDefinition)));
+  }
 }
 
 // An index that is a key, on servers that keep no other account of it.
-void IndexReader::ReadKey(const Row& row, const Index& index) {
+void IndexReader::ReadKey(const Row& row, Index& index) {
   const bool primary = row.Text(Field::kKey) == "primary";
   if (!primary && row.Text(Field::kKey) != "unique") return;
   Constraint& key =
       constraints_.Find(primary ? Constraint::Sort::kPrimary : Constraint::Sort::kUnique,
                         index.table, index.name, "");
+  index.is_key = true;
+  key.comment = index.details.comment;
   if (row.Has(Field::kColumnPositions)) {
     ReadNumbers(row.Text(Field::kColumnPositions), positions_);
     for (const std::int64_t position : positions_) {
@@ -107,7 +122,16 @@ void IndexReader::ReadPart(const Row& row, Index& index) {
   };
   set(u"prefix", Field::kPrefix);
   set(u"operator class", Field::kOperatorClass);
-  set(u"collation", Field::kCollation);
+  if (!IsOwnCollation(part.column, row.Text(Field::kCollation))) {
+    set(u"collation", Field::kCollation);
+  }
+}
+
+// A part is compared as its column is, where nothing else is said.
+bool IndexReader::IsOwnCollation(const LcWorkbookColumn* column, std::string_view collation) {
+  const LcColumnDetails* const details = column != nullptr ? column->GetDetails() : nullptr;
+  return details != nullptr && details->collation &&
+         details->collation == model_.catalog.texts().Get(collation);
 }
 
 void IndexReader::ReadParts(const Row& row, Index& index) {
@@ -161,15 +185,34 @@ void IndexReader::SetNames(std::size_t place, const ColumnEntry* column, LcIndex
   }
 }
 
+// What stands in the text alone: expressions, the predicate, and a collation that is written though
+// it is the one that there would be anyway.
+void IndexReader::Define(Index& index) {
+  TextStore& texts = model_.catalog.texts();
+  const IndexDefinition& definition = *index.definition;
+  if (!definition.predicate.empty()) index.details.predicate = texts.Get(definition.predicate);
+  for (Part& made : index.parts) {
+    const auto place = static_cast<std::size_t>(made.order);
+    if (place >= definition.parts.size()) continue;
+    const IndexDefinition::Part& defined = definition.parts[place];
+    if (made.part.column == nullptr) made.part.expression = texts.Get(defined.expression);
+    if (defined.collation.empty() || made.part.options.Find(u"collation")) continue;
+    if (IsOwnCollation(made.part.column, defined.collation)) continue;
+    made.part.options.Set(u"collation", texts.Get(defined.collation));
+  }
+}
+
 void IndexReader::Finish() {
   std::sort(all_.begin(), all_.end(), [](const Index& a, const Index& b) {
     return std::tie(a.table, a.name) < std::tie(b.table, b.name);
   });
   for (Index& index : all_) {
+    if (index.definition != nullptr) Define(index);
     std::sort(index.parts.begin(), index.parts.end(),
               [](const Part& a, const Part& b) { return a.order < b.order; });
     index.details.parts.reserve(index.parts.size());
     for (Part& part : index.parts) index.details.parts.push_back(std::move(part.part));
+    if (index.is_key && !SaysMoreThanItsKey(index.details)) continue;
     model_.tables[index.table].table->ChangeDetails().indexes.push_back(std::move(index.details));
   }
   all_.clear();

@@ -1,6 +1,7 @@
 // Indexes: every one that the server has, those that keys made among them.
 #pragma once
 
+#include <memory>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -29,13 +30,17 @@ class IndexReader : public RowReader {
     std::string name;
     LcIndexDetails details;
     std::vector<Part> parts;
+    std::unique_ptr<IndexDefinition> definition;
+    bool is_key = false;
   };
 
   Index& Find(std::uint32_t table, std::string_view name, bool& is_new);
   void ReadFacts(const Row& row, Index& index);
-  void ReadKey(const Row& row, const Index& index);
+  void ReadKey(const Row& row, Index& index);
   void ReadPart(const Row& row, Index& index);
   void ReadParts(const Row& row, Index& index);
+  void Define(Index& index);
+  bool IsOwnCollation(const LcWorkbookColumn* column, std::string_view collation);
   void SetOrder(std::int64_t order, LcIndexPart& part) const;
   void SetNames(std::size_t place, const ColumnEntry* column, LcIndexPart& part);
 

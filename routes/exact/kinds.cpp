@@ -42,7 +42,7 @@ constexpr std::array<KindRow, kKinds> kKindRows = {{
     {"names", "of* id* name* is_default"},
     {"tables",
      "schema/schema_id* table* table_id kind* column_count collation comment text definition parent_id parent_schema "
-     "parent_table target_server target_database target_schema target_table option:"},
+     "parent_table target_server target_database target_schema target_table reason option:"},
     {"table_options", "table_id/schema+table* kind comment option:"},
     {"view_texts", "table_id/schema+table* text* reason option:"},
     {"definitions", "table_id/schema+table* definition*"},
@@ -83,7 +83,7 @@ constexpr std::array<KindRow, kKinds> kKindRows = {{
     {"sequences",
      "schema/schema_id* name* sequence_id type start increment minimum maximum cycle cache owner_schema owner_table "
      "owner_column owner_table_id owner_position comment option:"},
-    {"routines", "schema/schema_id* name* id* kind* arguments result language text comment option:"},
+    {"routines", "schema/schema_id* name* id* kind* arguments result language text comment reason option:"},
     {"parameters", "id* position* type* mode name default option:"},
     {"comments", "of* id* position comment*"},
     {"not_read", "kind* schema name reason* failed"},

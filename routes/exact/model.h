@@ -14,6 +14,7 @@
 #include "importer/workbook/workbook.h"
 #include "routes/exact/catalog.h"
 #include "routes/exact/column_types.h"
+#include "routes/exact/definition.h"
 #include "routes/exact/flat_map.h"
 #include "routes/exact/row.h"
 
@@ -33,7 +34,9 @@ struct TableEntry {
   std::uint32_t columns = 0;
   bool has_id = false;
   bool wanted = false;  // chosen, and of a kind that is asked for
-  bool is_view = false;
+  LeTableKind kind = tkTable;
+  LcText collation;                             // of its columns as a rule
+  std::unique_ptr<TableDefinition> definition;  // null: its text says no more than rows do
 };
 
 struct ColumnEntry {

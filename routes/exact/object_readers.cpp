@@ -42,6 +42,13 @@ void TriggerReader::Read(const Row& row) {
   details.timing = texts.Get(row.Text(Field::kTiming));
   details.events = texts.Get(row.Text(Field::kEvents));
   details.text = texts.Get(row.Text(Field::kText));
+  if (row.Has(Field::kDefinition)) {
+    const std::string_view text = row.Text(Field::kDefinition);
+    const TriggerDefinition definition = ReadTriggerDefinition(text);
+    details.timing = texts.Get(definition.timing);
+    details.events = texts.Get(definition.events);
+    details.text = texts.Get(text);
+  }
   details.comment = CommentOf(model_, row, Comments::Of::kTrigger, Field::kTriggerId);
   model_.TakeOptions(row, details.options);
 }
@@ -226,6 +233,10 @@ void RoutineReader::Read(const Row& row) {
   details.language = texts.Get(row.Text(Field::kLanguage));
   details.text = texts.Get(row.Text(Field::kText));
   details.comment = CommentOf(model_, row, Comments::Of::kRoutine, Field::kId);
+  if (row.Has(Field::kReason)) {
+    model_.catalog.AddNotRead(NameOf(Kind::kRoutines), schema, row.Text(Field::kName),
+                              texts.Get(row.Text(Field::kReason)), true);
+  }
   routine.arguments = texts.Get(row.Text(Field::kArguments));
   model_.TakeOptions(row, details.options);
 }

@@ -10,6 +10,7 @@
 #include "base/utf.h"
 #include "routes/exact/column_readers.h"
 #include "routes/exact/constraints.h"
+#include "routes/exact/definitions.h"
 #include "routes/exact/indexes.h"
 #include "routes/exact/model.h"
 #include "routes/exact/object_readers.h"
@@ -53,6 +54,7 @@ class ExactRoute {
   bool ReadAboutTables();
   bool ReadKeys();
   bool ReadOutside();
+  bool ReadDefinitions();
   bool ReadForeignKeys();
   bool ReadOtherObjects();
 
@@ -275,7 +277,7 @@ void ExactRoute::NarrowToTables(Model& model, const Selection& selection) {
   bool has_ids = false;
   for (const TableEntry& entry : model.tables) {
     if (!entry.wanted) continue;
-    catalog_.each_table.push_back({entry.schema, entry.name, entry.is_view});
+    catalog_.each_table.push_back({entry.schema, entry.name, entry.kind});
     if (!entry.has_id) continue;
     has_ids = true;
     if (!selection.IsEmpty()) values.table_ids.push_back(std::to_string(entry.id));
@@ -301,6 +303,7 @@ bool ExactRoute::ReadColumns() {
     model_.types.Settle();
   }
   FinishColumns(model_, whole, session_.targets.tables);
+  DefineColumns(model_);
   FillSynonyms();
   if (!whole) return false;
   session_.StatusDialog(inLoopEnd);
@@ -358,15 +361,36 @@ bool ExactRoute::ReadKeys() {
   if (read && session_.choices.foreign_keys) {
     ConstraintReader foreign_keys(model_, constraints_, Kind::kForeignKeys);
     ForeignKeyRuleReader rules(model_, constraints_);
-    read = Read(Kind::kForeignKeys, foreign_keys) && Read(Kind::kForeignKeyRules, rules);
+    read = Read(Kind::kForeignKeys, foreign_keys) && Read(Kind::kForeignKeyRules, rules) &&
+           ReadDefinitions();
   }
   if (!read) return false;
   if (session_.choices.keys) {
     constraints_.FinishKeys();
+    DefineKeys(model_);
     indexes_.Finish();
   }
   constraints_.FinishChecks();
   return EndPhase();
+}
+
+// A text a table, only of those with a foreign key that no row told the actions of.
+bool ExactRoute::ReadDefinitions() {
+  if (!catalog_.Has(Kind::kDefinitions)) return true;
+  std::vector<bool> lacks(model_.tables.size(), false);
+  for (const Constraint& constraint : constraints_.all()) {
+    const bool told = constraint.sort != Constraint::Sort::kForeign || constraint.on_delete;
+    if (!told && constraint.table != kNoTable) lacks[constraint.table] = true;
+  }
+  auto saved_tables = std::exchange(catalog_.each_table, {});
+  for (std::size_t i = 0; i < lacks.size(); ++i) {
+    const TableEntry& entry = model_.tables[i];
+    if (lacks[i]) catalog_.each_table.push_back({entry.schema, entry.name, entry.kind});
+  }
+  DefinitionReader reader(model_, constraints_);
+  const bool goes_on = Read(Kind::kDefinitions, reader);
+  catalog_.each_table = std::move(saved_tables);
+  return goes_on;
 }
 
 bool ExactRoute::ReadForeignKeys() {
@@ -378,6 +402,7 @@ bool ExactRoute::ReadForeignKeys() {
                           entry.table->GetName().c_str(), u"", true);
     if (!GoesOn()) return false;
   }
+  DefineForeignKeys(model_, constraints_);
   constraints_.FinishForeignKeys();
   session_.StatusDialog(inLoopEnd);
   return GoesOn();

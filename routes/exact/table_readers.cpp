@@ -4,6 +4,8 @@
 #include <tuple>
 #include <utility>
 
+#include "routes/exact/definitions.h"
+
 namespace odbcimport::exact {
 namespace {
 
@@ -26,6 +28,9 @@ std::uint32_t NameItemOf(enumTableType type) {
   return type == ttView ? ibViewNames : type == ttSynonym ? ibSynonymNames : ibTableNames;
 }
 
+// A table only where the server makes one for it; no table of the workbook.
+bool IsSequence(const Row& row) { return row.Text(Field::kKind) == "sequence"; }
+
 void ReadTarget(const Row& row, TextStore& texts, LcSynonymDetails& synonym) {
   synonym.server_name = texts.Wide(row.Text(Field::kTargetServer));
   synonym.database_name = texts.Wide(row.Text(Field::kTargetDatabase));
@@ -45,6 +50,10 @@ bool TableReader::IsWanted(LeTableKind kind, const TableEntry& entry) const {
 void TableReader::Read(const Row& row) {
   std::string_view schema;
   if (!model_.FindSchema(row, schema)) return;
+  if (IsSequence(row)) {
+    AddSequence(row, schema);
+    return;
+  }
   TextStore& texts = model_.catalog.texts();
   TableEntry& entry = model_.tables.emplace_back();
   entry.schema = schema;
@@ -53,7 +62,7 @@ void TableReader::Read(const Row& row) {
   entry.id = row.Number(Field::kTableId);
   entry.column_count = row.Number(Field::kColumnCount, -1);
   const LeTableKind kind = KindOf(row.Text(Field::kKind), texts);
-  entry.is_view = TypeOf(kind) == ttView;
+  entry.kind = kind;
   entry.wanted = IsWanted(kind, entry);
   if (!entry.wanted) return;
   entry.made = std::make_unique<LcWorkbookTable>();
@@ -63,6 +72,13 @@ void TableReader::Read(const Row& row) {
   entry.table->SetType(TypeOf(kind));
   if (kind == tkSynonym) ReadSynonym(row, texts, *entry.table);
   ReadDetails(row, kind, entry);
+}
+
+// Sequences beside single tables are none of theirs.
+void TableReader::AddSequence(const Row& row, std::string_view schema) {
+  if (selection_.HasTables() || !selection_.WantsSchema(schema)) return;
+  model_.catalog.each_sequence.push_back(
+      {std::string(schema), std::string(row.Text(Field::kTable)), tkUnknown});
 }
 
 void TableReader::ReadSynonym(const Row& row, TextStore& texts, LcWorkbookTable& table) {
@@ -80,6 +96,13 @@ void TableReader::ReadDetails(const Row& row, LeTableKind kind, TableEntry& entr
     details.comment = model_.comments.Find(Comments::Of::kRelation, entry.id);
   }
   details.view_text = texts.Get(row.Text(Field::kText));
+  entry.collation = texts.Get(row.Text(Field::kCollation));
+  if (entry.collation) details.options.Set(u"collation", entry.collation);
+  if (row.Has(Field::kReason)) {
+    model_.catalog.AddNotRead(NameOf(Kind::kColumns), entry.schema, entry.name,
+                              texts.Get(row.Text(Field::kReason)), false);
+  }
+  if (row.Has(Field::kDefinition)) TakeDefinition(model_, row.Text(Field::kDefinition), entry);
   if (row.Has(Field::kParentTable)) {
     details.parent_table = texts.Get(row.Text(Field::kParentTable));
     details.parent_owner =
@@ -131,6 +154,7 @@ void TableNameReader::Read(const Row& row) {
   if (!model_.FindSchema(row, schema)) return;
   const std::string_view name = row.Text(Field::kTable);
   TextStore& texts = model_.catalog.texts();
+  if (IsSequence(row)) return;
   const enumTableType type = TypeOf(KindOf(row.Text(Field::kKind), texts));
   if ((items_ & NameItemOf(type)) == 0 || !selection_.Wants(schema, name)) return;
   auto info = std::make_unique<LcTableInfo>();
@@ -153,8 +177,14 @@ void ViewTextReader::Read(const Row& row) {
   LcWorkbookTable* table = model_.FindWanted(row);
   if (table == nullptr) return;
   LcTableDetails& details = table->ChangeDetails();
-  details.view_text = model_.catalog.texts().Get(row.Text(Field::kText));
   model_.TakeOptions(row, details.options);
+  TextStore& texts = model_.catalog.texts();
+  if (!row.Has(Field::kReason)) {
+    details.view_text = texts.Get(row.Text(Field::kText));
+    return;
+  }
+  model_.catalog.AddNotRead(NameOf(Kind::kViewTexts), model_.catalog.SchemaOf(row),
+                            row.Text(Field::kTable), texts.Get(row.Text(Field::kReason)), true);
 }
 
 void TableOptionReader::Read(const Row& row) {
