@@ -5,6 +5,7 @@
 #include <array>
 #include <cstdint>
 #include <iterator>
+#include <span>
 #include <utility>
 
 #include "platform/platform.h"
@@ -232,8 +233,10 @@ SQLRETURN Statement::SetOption(SQLUSMALLINT option, SQLULEN value) {
               SQLSetStmtOption, handle_, option, value);
 }
 
-SQLRETURN Statement::ExecDirect(const std::u16string& sql) {
-  const std::array asked = {DriverField{"sql", std::u16string_view(sql)}};
+SQLRETURN Statement::ExecDirect(const std::u16string& sql, std::u16string_view heading) {
+  const std::array fields = {DriverField{"heading", heading},
+                             DriverField{"sql", std::u16string_view(sql)}};
+  const std::span asked = std::span(fields).subspan(heading.empty() ? 1 : 0);
   return Call({.function = "SQLExecDirectW", .handle = handle_, .asked = asked}, kNoAnswer,
               SQLExecDirectW, handle_, WideInput(sql.c_str()), static_cast<SQLINTEGER>(sql.size()));
 }

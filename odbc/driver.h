@@ -11,6 +11,7 @@
 #include <sqlucode.h>
 
 #include <string>
+#include <string_view>
 
 #include "odbc/diagnostic.h"
 
@@ -61,7 +62,9 @@ class Statement {
   SQLHSTMT Get() const { return handle_; }
 
   SQLRETURN SetOption(SQLUSMALLINT option, SQLULEN value);
-  SQLRETURN ExecDirect(const std::u16string& sql);
+  // `heading`: the names of the result columns that the program expects, for those who listen to
+  // the calls; empty where it takes what comes.
+  SQLRETURN ExecDirect(const std::u16string& sql, std::u16string_view heading = {});
   SQLRETURN Tables(const char16_t* catalog, const char16_t* owner, const char16_t* table,
                    const char16_t* types);
   SQLRETURN Columns(const char16_t* catalog, const char16_t* owner, const char16_t* table,

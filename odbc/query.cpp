@@ -78,14 +78,14 @@ QueryState Query::Stop() {
 }
 
 QueryState Query::Execute(std::string_view sql, const std::vector<std::string>& parameters,
-                          std::size_t columns) {
+                          std::size_t columns, std::u16string_view heading) {
   Close();
   failure_ = {};
   rows_ = 0;
   columns_given_ = 0;
   if (is_stopped_()) return QueryState::kStopped;
   if (!Succeeded(statement_->Allocate(hdbc_)) || !BindParameters(parameters)) return Fail();
-  const SQLRETURN executed = statement_->ExecDirect(base::ToUtf16(sql));
+  const SQLRETURN executed = statement_->ExecDirect(base::ToUtf16(sql), heading);
   // A statement that changes nothing may say so, as one that ends a transaction does.
   if (!Succeeded(executed) && executed != SQL_NO_DATA_FOUND) return Fail();
   if (columns == 0) return QueryState::kRow;

@@ -49,9 +49,10 @@ class Query {
   bool UsesNarrowCells() const { return narrow_; }
 
   // Runs a statement that gives `columns` result columns, 0 for one without a result. Texts are
-  // UTF-8. Ends the statement before. kRow when it was executed.
+  // UTF-8. Ends the statement before. kRow when it was executed. `heading` names the columns for
+  // those who listen to the driver's calls.
   QueryState Execute(std::string_view sql, const std::vector<std::string>& parameters,
-                     std::size_t columns);
+                     std::size_t columns, std::u16string_view heading = {});
   QueryState Fetch();
   // A cell of the row, 0-based, valid until the next call; a view without data for NULL, which an
   // empty text is not.

@@ -142,6 +142,31 @@ Role RoleOfName(std::string_view column) {
   return known != kColumnNames.end() ? known->role : Role::kName;
 }
 
+// Columns of headings that hold words of a few, or what gives the schema its shape.
+constexpr std::array<std::string_view, 18> kShapeColumns = {
+    "category",  "cycle",     "deferrable",     "events", "generated", "identity",
+    "kind",      "language",  "match",          "method", "mode",      "of",
+    "on_delete", "on_update", "operator_class", "sample", "timing",    "version"};
+
+// The roles of the cells that a heading names: `table_id, kind, name, default, option:engine`. What
+// is packed, `position|nullable`, are numbers and single letters.
+std::vector<Role> RolesOfHeading(std::string_view heading) {
+  std::vector<Role> roles;
+  while (!heading.empty()) {
+    const std::size_t end = std::min(heading.find(", "), heading.size());
+    const std::string_view column = heading.substr(0, end);
+    heading.remove_prefix(std::min(end + 2, heading.size()));
+    const bool shape =
+        column.find('|') != std::string_view::npos ||
+        std::find(kShapeColumns.begin(), kShapeColumns.end(), column) != kShapeColumns.end();
+    roles.push_back(shape                           ? Role::kPlain
+                    : column.starts_with("option:") ? Role::kText
+                    : column == "schema"            ? Role::kOwner
+                                                    : RoleOfName(column));
+  }
+  return roles;
+}
+
 }  // namespace
 
 struct NameRules::State {
@@ -154,6 +179,9 @@ struct NameRules::State {
     std::vector<Role> roles;
     Role others = Role::kName;
     bool of_server = false;  // the question named an owner of the server's own objects
+    // A statement with a heading takes names by parameters, or as quoted names where the server has
+    // no parameters: its literals are its own.
+    bool own_literals = false;
   };
   std::unordered_map<std::uint32_t, Columns> statements;
   std::string_view function;  // of the call in hand
@@ -264,10 +292,19 @@ std::size_t NameRules::State::AppendQuoted(std::string_view text, bool blank,
 // In the module's own statements everything outside of quotes is its own, but for names of remote
 // databases and links: `database@server:owner.table`, `table@link`.
 void NameRules::State::AppendSql(std::string_view sql, std::string& out) const {
+  const auto known = statements.find(statement);
+  const bool own_literals = known != statements.end() && known->second.own_literals;
   char before = ' ';
   for (std::size_t at = 0; at < sql.size();) {
     const char c = sql[at];
-    if (c == '\'' || c == '"') {
+    if (c == '\'' && own_literals) {
+      const std::size_t end = std::min(sql.find('\'', at + 1), sql.size() - 1) + 1;
+      out += sql.substr(at, end - at);
+      at = end;
+      before = c;
+      continue;
+    }
+    if (c == '\'' || c == '"' || c == '`') {
       at += AppendQuoted(sql.substr(at), false, out);
       before = c;
       continue;
@@ -357,6 +394,10 @@ void NameRules::NoteNumber(std::string_view field, std::int64_t number) {
 }
 
 void NameRules::NoteText(std::string_view field, std::string_view text) {
+  if (field == "heading") {
+    state_->statements[state_->statement] = {RolesOfHeading(text), Role::kName, false, true};
+    return;
+  }
   if (state_->function != "SQLDescribeCol" || field != "name" || state_->number < 1) return;
   State::Columns& columns = state_->statements[state_->statement];
   if (columns.others == Role::kPlain) return;
@@ -378,7 +419,8 @@ void NameRules::SeeOwner(std::string_view owner) {
 Role NameRules::RoleOfField(std::string_view field) const {
   if (field == "sql") return Role::kSql;
   if (field == "owner" || field == "catalog") return Role::kOwner;
-  if (field == "types" || field == "name" || field == "kind") return Role::kPlain;
+  if (field == "heading" || field == "types" || field == "name" || field == "kind")
+    return Role::kPlain;
   if (field != "text") return Role::kName;
   const bool names = state_->function == "SQLGetInfo" ? state_->number == SQL_DATABASE_NAME
                                                       : state_->number == SQL_ATTR_CURRENT_CATALOG;

@@ -183,8 +183,9 @@ void Recording::ReadQuestion(Line number) {
   for (json::field field : line.get_object()) {
     const std::string_view key = field.unescaped_key();
     if (key == "result") break;
-    // Names for people and sizes of buffers are no part of a question.
-    if (key == "call" || key == "statement" || key == "name" || key == "room") continue;
+    // Names for people, the program's own headings and sizes of buffers are no part of a question.
+    if (key == "call" || key == "statement" || key == "heading") continue;
+    if (key == "name" || key == "room") continue;
     if (lines_[number].function == SQL_API_SQLBINDPARAMETER && key != "number") continue;
     json::value value = field.value();
     if (value.type() == json::json_type::array) {

@@ -32,8 +32,8 @@ bool ReadServerRow(odbc::Query& query, const Section& section, const Server& ser
   const FilledStatement statement =
       section.statement.Fill(values, server.dialect->quotes, server.dialect->list_limit);
   Observe(statement, section.heading.size());
-  odbc::QueryState state =
-      query.Execute(statement.text, statement.parameters, section.heading.size());
+  odbc::QueryState state = query.Execute(statement.text, statement.parameters,
+                                         section.heading.size(), section.heading_text);
   if (state == odbc::QueryState::kRow) state = query.Fetch();
   if (state == odbc::QueryState::kRow && row.Take(query)) return true;
   why = state == odbc::QueryState::kFailed ? Utf8(query.Failure()) : "it gave no row";
@@ -233,8 +233,8 @@ ReadResult Catalog::RunSection(const Section& section, RowReader& reader) {
   Observe(statement, section.heading.size());
   Row row(section);
   reader.Mark();
-  odbc::QueryState state =
-      query_.Execute(statement.text, statement.parameters, section.heading.size());
+  odbc::QueryState state = query_.Execute(statement.text, statement.parameters,
+                                          section.heading.size(), section.heading_text);
   bool packed_well = true;
   while (state == odbc::QueryState::kRow) {
     state = query_.Fetch();

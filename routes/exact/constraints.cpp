@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <set>
 #include <tuple>
 #include <utility>
 
@@ -19,6 +20,17 @@ std::unique_ptr<LcWorkbookKeyList> ListOf(const std::vector<LcWorkbookColumn*>& 
   auto list = std::make_unique<LcWorkbookKeyList>();
   for (LcWorkbookColumn* column : columns) list->AddKeyColumn(column);
   return list;
+}
+
+std::uint32_t TargetOf(const Model& model, const Constraint& constraint) {
+  return constraint.target_by_id
+             ? model.FindTable(constraint.target_id)
+             : model.FindTable(constraint.target_schema, constraint.target_table);
+}
+
+bool NamesColumns(const Constraint& constraint) {
+  return std::all_of(constraint.parts.begin(), constraint.parts.end(),
+                     [](const Constraint::Part& part) { return !part.target_column.empty(); });
 }
 
 bool IsWhole(const std::vector<LcWorkbookColumn*>& columns, std::size_t parts) {
@@ -75,18 +87,19 @@ std::vector<LcWorkbookColumn*> Constraints::ColumnsOf(const Constraint& constrai
 }
 
 // A key that names no target columns means the primary key, in its order.
-std::vector<LcWorkbookColumn*> Constraints::TargetColumnsOf(const Constraint& constraint,
+std::vector<LcWorkbookColumn*> Constraints::TargetColumnsOf(Model& model,
+                                                            const Constraint& constraint,
                                                             std::uint32_t target) {
   std::vector<LcWorkbookColumn*> columns;
   columns.reserve(constraint.parts.size());
   for (const Constraint::Part& part : constraint.parts) {
     if (part.target_position != 0) {
-      columns.push_back(model_.FindColumn(target, part.target_position));
+      columns.push_back(model.FindColumn(target, part.target_position));
     } else if (!part.target_column.empty()) {
-      columns.push_back(model_.FindColumn(target, part.target_column));
+      columns.push_back(model.FindColumn(target, part.target_column));
     }
   }
-  if (columns.empty()) return model_.tables[target].table->GetPrimaryKey().GetColumns();
+  if (columns.empty()) return model.tables[target].table->GetPrimaryKey().GetColumns();
   return columns;
 }
 
@@ -105,7 +118,7 @@ void Constraints::FinishKeys() {
       FinishKey(constraint);
     }
   }
-  PrimaryKeysFromColumns();
+  PrimaryKeysFromColumns(model_);
 }
 
 void Constraints::FinishKey(Constraint& constraint) {
@@ -131,12 +144,12 @@ void Constraints::FinishKey(Constraint& constraint) {
   table.ChangeDetails().primary_key = std::make_unique<LcKeyDetails>(std::move(key));
 }
 
-void Constraints::PrimaryKeysFromColumns() {
-  for (const TableEntry& entry : model_.tables) {
+void Constraints::PrimaryKeysFromColumns(Model& model) {
+  for (const TableEntry& entry : model.tables) {
     if (!entry.wanted || !entry.table->GetPrimaryKey().IsEmpty()) continue;
     std::vector<const ColumnEntry*> key;
     for (std::uint32_t i = entry.first_column; i < entry.first_column + entry.columns; ++i) {
-      if (model_.columns[i].key_position > 0) key.push_back(&model_.columns[i]);
+      if (model.columns[i].key_position > 0) key.push_back(&model.columns[i]);
     }
     if (key.empty()) continue;
     std::sort(key.begin(), key.end(), [](const ColumnEntry* a, const ColumnEntry* b) {
@@ -184,17 +197,26 @@ void Constraints::FinishChecks() {
   }
 }
 
-void Constraints::ListOutsideTargets(std::vector<std::string>& ids) const {
+Constraints::OutsideTargets Constraints::ListOutsideTargets() const {
+  OutsideTargets targets;
   NumberMap seen;
+  std::set<std::pair<std::string, std::string>> seen_names;
   for (const Constraint& constraint : all_) {
-    if (constraint.sort != Constraint::Sort::kForeign || !constraint.target_by_id) continue;
+    if (constraint.sort != Constraint::Sort::kForeign) continue;
     if (constraint.table == kNoTable || !model_.tables[constraint.table].wanted) continue;
-    const std::uint32_t target = model_.FindTable(constraint.target_id);
+    const std::uint32_t target = TargetOf(model_, constraint);
     if (target != kNoTable && model_.tables[target].wanted) continue;
-    if (seen.Get(constraint.target_id) != NumberMap::kNone) continue;
-    seen.Add(constraint.target_id, 0);
-    ids.push_back(std::to_string(constraint.target_id));
+    if (constraint.target_by_id) {
+      if (seen.Get(constraint.target_id) != NumberMap::kNone) continue;
+      seen.Add(constraint.target_id, 0);
+      targets.ids.push_back(std::to_string(constraint.target_id));
+    } else if (model_.catalog.dialect().ignores_case || !NamesColumns(constraint)) {
+      const auto [name, is_new] =
+          seen_names.emplace(constraint.target_schema, constraint.target_table);
+      if (is_new) targets.names.push_back(*name);
+    }
   }
+  return targets;
 }
 
 void Constraints::FinishForeignKeys() {
@@ -242,12 +264,10 @@ void Constraints::FinishForeignKey(Constraint& constraint) {
   LcWorkbookTable& from = *model_.tables[constraint.table].table;
   const std::vector<LcWorkbookColumn*> columns = ColumnsOf(constraint);
   if (!IsWhole(columns, constraint.parts.size())) return;
-  const std::uint32_t target =
-      constraint.target_by_id ? model_.FindTable(constraint.target_id)
-                              : model_.FindTable(constraint.target_schema, constraint.target_table);
+  const std::uint32_t target = TargetOf(model_, constraint);
   std::vector<LcWorkbookColumn*> target_columns;
   if (target != kNoTable && model_.tables[target].wanted) {
-    target_columns = TargetColumnsOf(constraint, target);
+    target_columns = TargetColumnsOf(model_, constraint, target);
   }
   if (!IsWhole(target_columns, columns.size()) || columns.empty()) {
     AddOutsideKey(constraint, columns);
@@ -274,30 +294,35 @@ void Constraints::FinishForeignKey(Constraint& constraint) {
 
 void Constraints::AddOutsideKey(Constraint& constraint,
                                 const std::vector<LcWorkbookColumn*>& columns) {
-  TextStore& texts = model_.catalog.texts();
   LcOutsideKey key;
   key.details = DetailsOf(constraint);
   key.columns = columns;
-  const Model& known = outside_ != nullptr ? *outside_ : model_;
-  const std::uint32_t target =
-      constraint.target_by_id ? known.FindTable(constraint.target_id) : kNoTable;
-  if (target != kNoTable) {
+  NameOutsideTarget(constraint, key);
+  model_.tables[constraint.table].table->ChangeDetails().outside_keys.push_back(std::move(key));
+}
+
+// As the server spells the names where the table was found, else as the row has them.
+void Constraints::NameOutsideTarget(const Constraint& constraint, LcOutsideKey& key) {
+  TextStore& texts = model_.catalog.texts();
+  Model& known = outside_ != nullptr ? *outside_ : model_;
+  const std::uint32_t target = TargetOf(known, constraint);
+  if (target != kNoTable && known.tables[target].table != nullptr) {
     key.target_owner = texts.Get(known.tables[target].schema);
     key.target_table = texts.Get(known.tables[target].name);
+    const std::vector<LcWorkbookColumn*> columns = TargetColumnsOf(known, constraint, target);
+    if (IsWhole(columns, constraint.parts.size())) {
+      for (const LcWorkbookColumn* column : columns) {
+        key.target_columns.emplace_back(column->GetName());
+      }
+      return;
+    }
   } else if (!constraint.target_table.empty()) {
     key.target_owner = texts.Get(constraint.target_schema);
     key.target_table = texts.Get(constraint.target_table);
   }
   for (const Constraint::Part& part : constraint.parts) {
-    const LcWorkbookColumn* column =
-        part.target_position != 0 ? known.FindColumn(target, part.target_position) : nullptr;
-    if (column != nullptr) {
-      key.target_columns.emplace_back(column->GetName());
-    } else if (!part.target_column.empty()) {
-      key.target_columns.push_back(texts.Get(part.target_column));
-    }
+    if (!part.target_column.empty()) key.target_columns.push_back(texts.Get(part.target_column));
   }
-  model_.tables[constraint.table].table->ChangeDetails().outside_keys.push_back(std::move(key));
 }
 
 bool ConstraintReader::SortOf(const Row& row, Constraint::Sort& sort) const {

@@ -4,6 +4,7 @@
 
 #include <string>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "routes/exact/model.h"
@@ -57,14 +58,21 @@ class Constraints {
   // where no row told of one.
   void FinishKeys();
   void FinishChecks();
+  // The primary keys that columns alone tell of.
+  static void PrimaryKeysFromColumns(Model& model);
   // One relationship a foreign key, on both tables. The referenced tables that the workbook does
   // not hold have to be known by then (see ListOutsideTargets).
   void FinishForeignKeys();
-  // The numbers of tables that foreign keys refer to and that were not read.
-  void ListOutsideTargets(std::vector<std::string>& ids) const;
+  // Tables that foreign keys refer to and that were not read: by number, or by owner and name where
+  // the row leaves open how the server spells the names of table and columns.
+  struct OutsideTargets {
+    std::vector<std::string> ids;
+    std::vector<std::pair<std::string, std::string>> names;
+  };
+  OutsideTargets ListOutsideTargets() const;
 
   // What was read of tables outside of the workbook, for their names.
-  void SetOutside(const Model* outside) { outside_ = outside; }
+  void SetOutside(Model* outside) { outside_ = outside; }
   // The checks of a domain.
   std::vector<LcCheckDetails> ChecksOf(std::int64_t type_id) const;
   void Forget(std::size_t size);
@@ -73,18 +81,18 @@ class Constraints {
   void FinishKey(Constraint& constraint);
   void FinishForeignKey(Constraint& constraint);
   void AddOutsideKey(Constraint& constraint, const std::vector<LcWorkbookColumn*>& columns);
-  void PrimaryKeysFromColumns();
+  void NameOutsideTarget(const Constraint& constraint, LcOutsideKey& key);
   LcForeignKeyDetails DetailsOf(Constraint& constraint) const;
   LcCheckDetails CheckOf(const Constraint& constraint) const;
   std::vector<LcWorkbookColumn*> ColumnsOf(const Constraint& constraint);
-  std::vector<LcWorkbookColumn*> TargetColumnsOf(const Constraint& constraint,
-                                                 std::uint32_t target);
+  static std::vector<LcWorkbookColumn*> TargetColumnsOf(Model& model, const Constraint& constraint,
+                                                        std::uint32_t target);
   bool IsUnique(const LcWorkbookTable& table, std::vector<LcWorkbookColumn*> columns) const;
   std::string KeyOf(Constraint::Sort sort, std::uint32_t table, std::string_view name,
                     std::string_view id) const;
 
   Model& model_;
-  const Model* outside_ = nullptr;
+  Model* outside_ = nullptr;
   std::vector<Constraint> all_;
   std::unordered_map<std::string, std::size_t> places_;
 };

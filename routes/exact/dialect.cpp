@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 
+#include "base/utf.h"
 #include "routes/exact/sql_text.h"
 #include "routes/exact/type_kinds.h"
 
@@ -269,7 +270,13 @@ class FileReader {
     for (const std::string_view cell : List(text, ',')) {
       if (cell.empty()) continue;  // behind the last comma
       HeadingCell slots;
-      for (const std::string_view slot : List(cell, '|')) slots.push_back(ReadSlot(slot));
+      std::u16string& names = section.heading_text;
+      if (!names.empty()) names += u", ";
+      for (const std::string_view slot : List(cell, '|')) {
+        if (!slots.empty()) names += u'|';
+        names += base::ToUtf16(Trim(slot.substr(0, slot.find('{'))));
+        slots.push_back(ReadSlot(slot));
+      }
       section.heading.push_back(std::move(slots));
     }
   }

@@ -31,6 +31,7 @@ struct Section {
   std::string each;  // the kind of tables for each of which it runs: "view", ...; empty: once
   int line = 0;      // of the file, from 1
   std::vector<HeadingCell> heading;
+  std::u16string heading_text;  // the names in the heading, as they stand, without their values
   StatementText statement;
 };
 

@@ -69,8 +69,8 @@ class Trial {
   // The first problem there is.
   std::string Run(const Section& section, const FilledStatement& statement, long& rows) {
     Row row(section);
-    odbc::QueryState state =
-        query_.Execute(statement.text, statement.parameters, section.heading.size());
+    odbc::QueryState state = query_.Execute(statement.text, statement.parameters,
+                                            section.heading.size(), section.heading_text);
     while (state == odbc::QueryState::kRow) {
       state = query_.Fetch();
       if (state != odbc::QueryState::kRow) break;

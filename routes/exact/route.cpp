@@ -54,6 +54,7 @@ class ExactRoute {
   bool ReadAboutTables();
   bool ReadKeys();
   bool ReadOutside();
+  void ReadOutsideTables();
   bool ReadDefinitions();
   bool ReadForeignKeys();
   bool ReadOtherObjects();
@@ -71,7 +72,7 @@ class ExactRoute {
   Catalog catalog_;
   Selection selection_;
   Model model_;
-  Model outside_;  // tables that the host did not choose and that chosen ones name by number
+  Model outside_;  // tables that the host did not choose and that chosen ones refer to
   TableReader tables_;
   Constraints constraints_;
   IndexReader indexes_;
@@ -419,31 +420,37 @@ bool ExactRoute::ReadOtherObjects() {
   return GoesOn();
 }
 
-// Names behind numbers of tables that were not chosen: what keys refer to, what partitions are part
-// of.
+// Tables that were not chosen and that chosen ones refer to or are part of: for their names alone.
 bool ExactRoute::ReadOutside() {
-  std::vector<std::string> ids;
-  constraints_.ListOutsideTargets(ids);
-  tables_.ListOutsideParents(ids);
-  if (!ids.empty()) {
-    const MarkValues saved = catalog_.values;
-    const Selection everything = Selection::OfEverything();
-    everything.FillMarks(nullptr, catalog_.values);
-    catalog_.values.table_ids = std::move(ids);
+  Constraints::OutsideTargets targets = constraints_.ListOutsideTargets();
+  tables_.ListOutsideParents(targets.ids);
+  const MarkValues saved = catalog_.values;
+  if (!targets.ids.empty()) {
+    Selection::OfEverything().FillMarks(nullptr, catalog_.values);
+    catalog_.values.table_ids = std::move(targets.ids);
     catalog_.values.by_ids = true;
-    SchemaReader schemas(outside_, everything, false);
-    TableReader tables(outside_, everything);
-    ColumnReader columns(outside_, false);
-    if (Read(Kind::kSchemas, schemas) && Read(Kind::kTables, tables)) {
-      outside_.IndexTables();
-      const bool whole = Read(Kind::kColumns, columns);
-      FinishColumns(outside_, whole, nullptr);
-    }
-    catalog_.values = saved;
+    ReadOutsideTables();
+  } else if (!targets.names.empty() && !catalog_.dialect().each_schema) {
+    Selection(std::move(targets.names)).FillMarks(nullptr, catalog_.values);
+    catalog_.values.by_ids = false;
+    ReadOutsideTables();
   }
+  catalog_.values = saved;
   constraints_.SetOutside(&outside_);
   tables_.SettleParents(outside_);
   return GoesOn();
+}
+
+void ExactRoute::ReadOutsideTables() {
+  const Selection everything = Selection::OfEverything();
+  SchemaReader schemas(outside_, everything, false);
+  TableReader tables(outside_, everything, TableReader::Wanted::kEveryKind);
+  ColumnReader columns(outside_, false);
+  if (!Read(Kind::kSchemas, schemas) || !Read(Kind::kTables, tables)) return;
+  outside_.IndexTables();
+  const bool whole = Read(Kind::kColumns, columns);
+  FinishColumns(outside_, whole, nullptr);
+  Constraints::PrimaryKeysFromColumns(outside_);
 }
 
 void ExactRoute::ReadTypes(LcWorkbookDatatypeList* list) {

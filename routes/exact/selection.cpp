@@ -33,6 +33,13 @@ Selection::Selection(std::string owner, std::string table) {
   tables_.push_back({std::move(owner), std::move(table)});
 }
 
+Selection::Selection(std::vector<std::pair<std::string, std::string>> tables) {
+  for (auto& [owner, name] : tables) {
+    table_set_.insert(KeyOf(owner, name));
+    tables_.push_back({std::move(owner), std::move(name)});
+  }
+}
+
 Selection Selection::OfOwner(const std::string& owner) {
   Selection selection;
   selection.owners_ = {owner};

@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 #include <unordered_set>
+#include <utility>
+#include <vector>
 
 #include "importer/workbook/import.h"
 #include "routes/exact/statement.h"
@@ -17,6 +19,8 @@ class Selection {
   explicit Selection(const LcImportChoices& choices);
   // One table, for its columns' names; an empty owner is any.
   Selection(std::string owner, std::string table);
+  // Tables by owner and name.
+  explicit Selection(std::vector<std::pair<std::string, std::string>> tables);
   static Selection OfOwner(const std::string& owner);
   static Selection OfEverything() { return {}; }
 

@@ -44,7 +44,8 @@ bool TableReader::IsWanted(LeTableKind kind, const TableEntry& entry) const {
   const ImportSession& session = model_.catalog.session();
   if (!selection_.Wants(entry.schema, entry.name)) return false;
   // A table that the host names is wanted whatever it turns out to be.
-  return selection_.HasTables() || session.HasItem(ItemOf(TypeOf(kind)));
+  return wanted_ == Wanted::kEveryKind || selection_.HasTables() ||
+         session.HasItem(ItemOf(TypeOf(kind)));
 }
 
 void TableReader::Read(const Row& row) {

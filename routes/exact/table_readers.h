@@ -9,7 +9,9 @@ namespace odbcimport::exact {
 
 class TableReader : public RowReader {
  public:
-  TableReader(Model& model, const Selection& selection) : model_(model), selection_(selection) {}
+  enum class Wanted { kByItems, kEveryKind };
+  TableReader(Model& model, const Selection& selection, Wanted wanted = Wanted::kByItems)
+      : model_(model), selection_(selection), wanted_(wanted) {}
   void Mark() override { mark_ = model_.tables.size(); }
   void Undo() override { model_.tables.resize(mark_); }
   void Read(const Row& row) override;
@@ -31,6 +33,7 @@ class TableReader : public RowReader {
 
   Model& model_;
   const Selection& selection_;
+  Wanted wanted_;
   std::size_t mark_ = 0;
   std::vector<Parents> parents_;
 };

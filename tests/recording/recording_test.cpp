@@ -198,22 +198,34 @@ TEST_F(Recordings, OfRealDriversGiveWhatTheyGave) {
   }
 }
 
-// What an import has of a schema besides its names.
+// What an import has of a schema besides its names, and the order that names give.
 std::string Shape(const std::string& workbook) {
-  std::ostringstream shape;
   const json file = json::parse(workbook);
+  std::vector<std::string> columns;
   for (const json& table : file.at("tables")) {
+    std::ostringstream shape;
     shape << table.at("type") << ' ' << table.at("primaryKey").size() << '\n';
     for (const json& column : table.at("columns")) {
       shape << "  " << column.at("required") << column.at("primaryKey") << column.at("precision")
             << ' ' << column.at("scale") << ' ' << column.at("physicalCode") << '\n';
     }
-    for (const json& key : table.at("foreignKeys")) {
-      shape << "  " << key.at("role") << key.at("oneToOne");
-      for (const json& column : key.at("foreignKey")) shape << ' ' << column.at("index");
-      shape << '\n';
-    }
+    columns.push_back(shape.str());
   }
+  std::multiset<std::string> tables;
+  for (std::size_t i = 0; i < columns.size(); ++i) {
+    std::multiset<std::string> keys;
+    for (const json& key : file.at("tables").at(i).at("foreignKeys")) {
+      std::string line = key.at("role").dump() + key.at("oneToOne").dump();
+      for (const json& column : key.at("foreignKey"))
+        line += " to " + columns.at(column.at("index").get<std::size_t>());
+      keys.insert(line);
+    }
+    std::string table = columns[i];
+    for (const std::string& key : keys) table += key;
+    tables.insert(table);
+  }
+  std::ostringstream shape;
+  for (const std::string& table : tables) shape << table;
   for (const char* list :
        {"ownerNames", "dataTypes", "booleanFunctions", "functions", "procedures", "aggregates"}) {
     shape << list << file.at(list).size() << '\n';

@@ -43,7 +43,7 @@ SELECT m.name, CASE WHEN m.name LIKE 'sqlite\_%' ESCAPE '\' THEN 'system table' 
 FROM sqlite_master m
 WHERE m.type IN ('table', 'view')
   AND (m.name NOT LIKE 'sqlite\_%' ESCAPE '\' /*@system OR m.type = 'table' */)
-  /*@tables AND m.name IN (?list(table)) */;
+  /*@tables AND m.name COLLATE NOCASE IN (?list(table)) */;
 
 -- What makes a column (a, b) of DECIMAL(10,2) precise stands in the text of its type alone.
 -- @columns
@@ -61,7 +61,7 @@ SELECT m.name,
 FROM sqlite_master m CROSS JOIN pragma_table_xinfo(m.name, 'main') p
 WHERE m.type = 'table'
   AND (m.name NOT LIKE 'sqlite\_%' ESCAPE '\' /*@system OR TRUE */)
-  /*@tables AND m.name IN (?list(table)) */;
+  /*@tables AND m.name COLLATE NOCASE IN (?list(table)) */;
 
 -- Apart from the tables: a view that does not resolve fails the statement, which is then asked view by view.
 -- @view_columns
@@ -70,7 +70,7 @@ SELECT m.name, p.cid + 1, p.name, p.type,
        CASE instr(p.type, '(') WHEN 0 THEN p.type ELSE rtrim(substr(p.type, 1, instr(p.type, '(') - 1)) END
 FROM sqlite_master m CROSS JOIN pragma_table_xinfo(m.name, 'main') p
 WHERE m.type = 'view'
-  /*@tables AND m.name IN (?list(table)) */;
+  /*@tables AND m.name COLLATE NOCASE IN (?list(table)) */;
 
 -- @view_columns fallback for each view
 -- row: table, position, column, type, base_type
@@ -101,7 +101,7 @@ CROSS JOIN pragma_index_xinfo(i.name, 'main') x
 LEFT JOIN sqlite_master d ON d.type = 'index' AND d.name = i.name
 WHERE m.type = 'table' AND x.key = 1
   AND (m.name NOT LIKE 'sqlite\_%' ESCAPE '\' /*@system OR TRUE */)
-  /*@tables AND m.name IN (?list(table)) */;
+  /*@tables AND m.name COLLATE NOCASE IN (?list(table)) */;
 
 -- A key without target columns refers to the primary key. What is written behind MATCH is not kept by the database.
 -- @foreign_keys
@@ -110,7 +110,7 @@ WHERE m.type = 'table' AND x.key = 1
 SELECT m.name, NULL, f.id || '|' || f.seq, f."from", f."table", f."to", lower(f.on_update), lower(f.on_delete), f.match
 FROM sqlite_master m CROSS JOIN pragma_foreign_key_list(m.name, 'main') f
 WHERE m.type = 'table'
-  /*@tables AND m.name IN (?list(table)) */;
+  /*@tables AND m.name COLLATE NOCASE IN (?list(table)) */;
 
 -- @triggers
 -- row: table, name, definition
