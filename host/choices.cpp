@@ -4,9 +4,7 @@
 
 #include <fmt/format.h>
 
-#include <iostream>
-#include <iterator>
-
+#include "host/limits.h"
 #include "host/nearest.h"
 #include "host/outcome.h"
 #include "host/text.h"
@@ -87,10 +85,12 @@ void ApplyOptions(const ChoiceOptions& options, Choices& choices) {
 }
 
 std::string ReadRequestText(const std::string& file) {
-  if (file == "-") return {std::istreambuf_iterator<char>(std::cin), {}};
-  const std::optional<std::string> text = ReadWholeFile(file);
-  if (!text) throw Failure(ExitCode::kUsage, fmt::format("cannot read the request file {}", file));
-  return *text;
+  std::string why;
+  std::optional<std::string> text = ReadWholeFile(file, kMostRequestBytes, why);
+  if (!text) {
+    throw Failure(ExitCode::kUsage, fmt::format("cannot read the request file {}: {}", file, why));
+  }
+  return std::move(*text);
 }
 
 }  // namespace

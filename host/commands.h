@@ -1,6 +1,7 @@
 // The commands of the program. Each throws a Failure where it ends early.
 #pragma once
 
+#include "host/file_roles.h"
 #include "host/options.h"
 #include "host/outcome.h"
 #include "host/screen.h"
@@ -13,6 +14,7 @@ struct Run {
   const Options& options;
   Secrets& secrets;
   Screen& screen;
+  FileRoles& roles;  // of the files of the options so far
 };
 
 void RunImport(Run& run, Outcome& outcome);

@@ -11,7 +11,10 @@
 #include <sstream>
 #include <vector>
 
+#include "base/toml_nesting.h"
+#include "host/limits.h"
 #include "host/outcome.h"
+#include "host/text.h"
 
 namespace wbhost {
 namespace {
@@ -67,8 +70,17 @@ std::vector<Key> Keys(Options& options) {
 }
 
 toml::table ParseFile(const fs::path& file) {
+  std::string why;
+  const std::optional<std::string> text = ReadWholeFile(file.string(), kMostConfigBytes, why);
+  if (!text) {
+    throw Failure(ExitCode::kUsage,
+                  fmt::format("cannot read the configuration file {}: {}", file.string(), why));
+  }
+  if (base::IsTomlNestedTooDeep(*text)) {
+    throw Failure(ExitCode::kUsage, fmt::format("{}: nests too deep", file.string()));
+  }
   try {
-    return toml::parse_file(file.string());
+    return toml::parse(*text, file.string());
   } catch (const toml::parse_error& error) {
     const toml::source_position at = error.source().begin;
     throw Failure(ExitCode::kUsage, fmt::format("{}:{}:{}: {}", file.string(), at.line, at.column,
@@ -113,6 +125,7 @@ void ApplyConfigFile(const std::optional<std::string>& file,
                      Options& options) {
   const std::optional<fs::path> path = file ? std::optional<fs::path>(*file) : FindDefaultFile();
   if (!path) return;
+  options.config_file = path->string();
   toml::table for_all = ParseFile(*path);
   toml::table for_command;
   for (const std::string& name : commands) {

@@ -96,5 +96,7 @@ struct Installed {
 };
 std::vector<Installed> InstalledDrivers();
 std::vector<Installed> DataSources();
+// What odbc.ini has for a key of a data source; empty where it has nothing.
+std::string DataSourceValue(const std::string& source, const char* key);
 
 }  // namespace wbhost

@@ -2,15 +2,20 @@
 
 #include <fmt/format.h>
 
+#include "host/limits.h"
 #include "host/outcome.h"
+#include "host/text.h"
 #include "importer/dialects.h"
 
 namespace wbhost {
 
 std::string ReadDialectFile(const std::string& file) {
-  const std::optional<std::string> text = ReadWholeFile(file);
-  if (!text) throw Failure(ExitCode::kUsage, fmt::format("cannot read the dialect file {}", file));
-  return *text;
+  std::string why;
+  std::optional<std::string> text = ReadWholeFile(file, kMostDialectBytes, why);
+  if (!text) {
+    throw Failure(ExitCode::kUsage, fmt::format("cannot read the dialect file {}: {}", file, why));
+  }
+  return std::move(*text);
 }
 
 void TakeDialectFile(Choices& choices) {

@@ -50,10 +50,12 @@ HostSession::HostSession(Run& run, Choices& choices, const OutputFile& output)
       runner_(connection_, services_, progress_, run.screen, reports_, recording_,
               notes_ ? &*notes_ : nullptr) {
   recording_.Begin(connection_);
+  if (!module_.note().empty()) run.screen.Say(module_.note());
   if (IsSampleByDefault(run.options.connection)) {
     run.screen.Say("no connection is given: this is the sample database (--help tells how)");
   }
   output.Check();
+  reports_.Open();
   if (!recording_.IsGood()) {
     throw Failure(ExitCode::kOutput, fmt::format("cannot write {}", recording_.name()));
   }

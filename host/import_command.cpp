@@ -4,13 +4,12 @@
 #include <unistd.h>
 
 #include <filesystem>
-#include <iostream>
-#include <iterator>
 
 #include "export/writer.h"
 #include "host/commands.h"
 #include "host/dialect_file.h"
 #include "host/host_session.h"
+#include "host/limits.h"
 #include "host/resolve_names.h"
 #include "host/text.h"
 
@@ -48,11 +47,13 @@ class Sheet {
     options.whole = options_.whole;
     options.dialect_out = options_.dialect_out;
     std::vector<std::string> notes;
-    const bool written = output_.IsFolder()
-                             ? format_.write_folder({workbook, info}, options, options_.file, notes)
-                             : output_.Write([&](std::ostream& out) {
-                                 return format_.write({workbook, info}, options, out, notes);
-                               });
+    const bool written =
+        output_.IsFolder() ? output_.WriteFolder([&](const std::string& folder) {
+          return format_.write_folder({workbook, info}, options, folder, notes);
+        })
+                           : output_.Write([&](std::ostream& out) {
+                               return format_.write({workbook, info}, options, out, notes);
+                             });
     if (!written) {
       throw Failure(output_.IsFolder() ? ExitCode::kOutput : ExitCode::kUsage,
                     notes.empty() ? "nothing could be written" : notes.back());
@@ -99,8 +100,6 @@ std::string Summary(const ImportResult& result) {
   return fmt::format("{} in {:.1f} s", text.empty() ? "done" : "read " + text, result.seconds);
 }
 
-std::string ReadStandardInput() { return {std::istreambuf_iterator<char>(std::cin), {}}; }
-
 // Who asks for the exact reading learns that it is another one.
 void SayWhyNotExact(Run& run, const Choices& choices, const ImportResult& result) {
   if (choices.reading != Choices::Reading::kExact || result.why_not_exact.empty()) return;
@@ -142,13 +141,14 @@ void RunRender(Run& run) {
   const std::string& file = run.options.render_file;
   const Sheet sheet(run.options.output);
   sheet.output().Check();
-  const std::optional<std::string> text =
-      file == "-" ? std::optional(ReadStandardInput()) : ReadWholeFile(file);
+  std::string why;
+  const std::optional<std::string> text = ReadWholeFile(file, kMostWorkbookBytes, why);
   const std::string name = file == "-" ? "standard input" : file;
-  if (!text) throw Failure(ExitCode::kUsage, fmt::format("cannot read the workbook file {}", name));
+  if (!text) {
+    throw Failure(ExitCode::kUsage, fmt::format("cannot read the workbook file {}: {}", name, why));
+  }
   LcWorkbook workbook;
   LcWorkbookFileInfo info;
-  std::string why;
   if (!ReadWorkbookFile(*text, workbook, info, why)) {
     throw Failure(ExitCode::kUsage, fmt::format("{} is no workbook file: {}", name, why));
   }

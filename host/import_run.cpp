@@ -33,6 +33,7 @@ StartedModule::StartedModule(const std::optional<std::string>& message_folder) {
   if (!OdbcImportStart(message_folder ? message_folder->c_str() : nullptr, why)) {
     throw Failure(ExitCode::kConnection, "the import module did not start: " + why);
   }
+  note_ = why;
 }
 
 StartedModule::~StartedModule() { OdbcImportStop(); }

@@ -20,8 +20,14 @@ class StartedModule {
  public:
   explicit StartedModule(const std::optional<std::string>& message_folder);
   ~StartedModule();
+  // What was left out at the start: settings that cannot be read. Empty: nothing.
+  const std::string& note() const { return note_; }
+
   StartedModule(const StartedModule&) = delete;
   StartedModule& operator=(const StartedModule&) = delete;
+
+ private:
+  std::string note_;
 };
 
 struct ImportResult {

@@ -1,4 +1,6 @@
 // The drivers and data sources that the driver manager knows.
+#include <odbcinst.h>
+
 #include <algorithm>
 #include <array>
 
@@ -47,6 +49,13 @@ std::vector<Installed> DataSources() {
     sources.push_back({Text(name), Text(driver)});
     direction = SQL_FETCH_NEXT;
   }
+}
+
+std::string DataSourceValue(const std::string& source, const char* key) {
+  std::array<char, 4096> value{};
+  SQLGetPrivateProfileString(source.c_str(), key, "", value.data(), value.size(), "odbc.ini");
+  value.back() = 0;
+  return value.data();
 }
 
 }  // namespace wbhost

@@ -5,8 +5,10 @@
 
 #include "host/commands.h"
 #include "host/secrets.h"
+#include "host/standard_files.h"
 
 int main(int argc, char** argv) {
+  wbhost::OpenStandardFiles();
   // The driver manager converts names for narrow drivers with the locale's code set: without this,
   // names outside of ASCII find nothing.
   std::setlocale(LC_ALL, "C.UTF-8");

@@ -88,6 +88,7 @@ struct Options {
   DiffOptions diff;
   std::string dialect_action = "list";  // list, show or check
   std::string dialect_operand;          // a name to show, a file to check
+  std::string config_file;              // that was read; empty: none
 };
 
 // The options; or, when there is nothing left to do (help, version), an exit code of 0 after the

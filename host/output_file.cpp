@@ -1,8 +1,10 @@
 // Where a command's answer goes.
 #include "host/output_file.h"
 
+#include <fcntl.h>
 #include <fmt/format.h>
 #include <poll.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -12,6 +14,9 @@
 #include <filesystem>
 #include <fstream>
 #include <iostream>
+#include <optional>
+#include <string_view>
+#include <vector>
 
 #include "host/interrupt.h"
 #include "host/outcome.h"
@@ -33,13 +38,83 @@ bool IsReaderGone(int fd) {
   return poll(&end, 1, 0) == 1 && (end.revents & POLLERR) != 0;
 }
 
-// The permissions of a file that is replaced, or those that a new file gets.
-mode_t ModeFor(const std::string& path) {
-  struct stat status {};
-  if (stat(path.c_str(), &status) == 0) return status.st_mode & 07777;
+constexpr std::string_view kTemporaryName = ".wbimport-XXXXXX";
+constexpr int kMostLinks = 40;  // as many as the system follows
+
+mode_t ModeOfNewFiles() {
   const mode_t mask = umask(0);
   umask(mask);
   return 0666 & ~mask;
+}
+
+// A file or folder of a temporary name, open and locked: who still has one holds its lock.
+class Locked {
+ public:
+  Locked(const std::string& path, int flags) : fd_(open(path.c_str(), flags | O_CLOEXEC)) {
+    if (fd_ >= 0 && flock(fd_, LOCK_EX | LOCK_NB) != 0) Close();
+  }
+  ~Locked() { Close(); }
+  Locked(const Locked&) = delete;
+  Locked& operator=(const Locked&) = delete;
+  int fd() const { return fd_; }
+  bool IsOpen() const { return fd_ >= 0; }
+
+ private:
+  void Close() {
+    if (fd_ >= 0) close(fd_);
+    fd_ = -1;
+  }
+  int fd_;
+};
+
+// Removes what a run that was killed has left in the folder: temporary names of this user whose
+// lock nobody holds.
+void RemoveLeftOvers(const fs::path& folder) {
+  std::error_code error;
+  for (fs::directory_iterator entry(folder, error), end; !error && entry != end;
+       entry.increment(error)) {
+    const std::string name = entry->path().filename().string();
+    const std::size_t fixed = kTemporaryName.find('X');
+    if (name.size() != kTemporaryName.size() ||
+        name.compare(0, fixed, kTemporaryName.substr(0, fixed)) != 0) {
+      continue;
+    }
+    struct stat status {};
+    if (lstat(entry->path().c_str(), &status) != 0 || status.st_uid != geteuid()) continue;
+    if (!S_ISREG(status.st_mode) && !S_ISDIR(status.st_mode)) continue;
+    const Locked unused(entry->path(), O_RDONLY | O_NOFOLLOW);
+    std::error_code ignored;
+    if (unused.IsOpen()) fs::remove_all(entry->path(), ignored);
+  }
+}
+
+bool SyncFolder(const fs::path& folder) {
+  const int fd = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  if (fd < 0) return false;
+  // Some file systems cannot sync a folder, and say so.
+  const bool synced = fsync(fd) == 0 || errno == EINVAL || errno == ENOTSUP;
+  close(fd);
+  return synced;
+}
+
+bool SyncFile(const fs::path& file) {
+  const int fd = open(file.c_str(), O_RDONLY | O_CLOEXEC);
+  if (fd < 0) return false;
+  const bool synced = fsync(fd) == 0 || errno == EINVAL;
+  close(fd);
+  return synced;
+}
+
+// Gives the open file the owner and the mode of the one that it is to replace, or those of a new
+// file. False where this user may not give it to that owner.
+bool TakeOver(int fd, const std::string& target) {
+  struct stat was {};
+  struct stat is {};
+  if (stat(target.c_str(), &was) != 0) return fchmod(fd, ModeOfNewFiles()) == 0;
+  if (fstat(fd, &is) != 0) return false;
+  const bool owned = was.st_uid == is.st_uid && was.st_gid == is.st_gid;
+  if (!owned && fchown(fd, was.st_uid, was.st_gid) != 0) return false;
+  return fchmod(fd, was.st_mode & 07777) == 0;
 }
 
 // A temporary file in the folder of the target, removed unless it was moved into place. The handler
@@ -47,14 +122,16 @@ mode_t ModeFor(const std::string& path) {
 class TemporaryFile {
  public:
   explicit TemporaryFile(const std::string& target)
-      : path_((fs::path(target).parent_path() / ".wbimport-XXXXXX").string()) {
-    const int fd = mkstemp(path_.data());
+      : path_((fs::path(target).parent_path() / kTemporaryName).string()) {
+    RemoveLeftOvers(fs::path(target).parent_path());
+    const int fd = mkostemp(path_.data(), O_CLOEXEC);
     if (fd < 0) {
       path_.clear();
       return;
     }
     SetFileToRemove(path_);
-    fchmod(fd, ModeFor(target));
+    lock_.emplace(path_, O_RDWR);
+    replaces_ = TakeOver(fd, target);
     close(fd);
   }
   ~TemporaryFile() {
@@ -66,17 +143,45 @@ class TemporaryFile {
 
   bool IsThere() const { return !path_.empty(); }
   const std::string& path() const { return path_; }
+  // What is moved is on the disk, and so is its name.
   bool MoveTo(const std::string& target) {
+    if (!SyncFile(path_)) return false;
+    if (!replaces_) return CopyTo(target);
     if (rename(path_.c_str(), target.c_str()) != 0) return false;
     path_.clear();
-    return true;
+    return SyncFolder(fs::path(target).parent_path());
   }
 
  private:
+  // Into the file that is there, which stays its owner's.
+  bool CopyTo(const std::string& target) const {
+    std::ifstream in(path_, std::ios::binary);
+    std::ofstream out(target, std::ios::binary | std::ios::trunc);
+    if (in.peek() != std::ifstream::traits_type::eof()) out << in.rdbuf();
+    out.close();
+    return in && out && SyncFile(target);
+  }
+
   std::string path_;
+  std::optional<Locked> lock_;
+  bool replaces_ = true;  // else the target is written over in place
 };
 
 }  // namespace
+
+std::string ResolveLinks(const std::string& name) {
+  std::error_code error;
+  fs::path path = fs::absolute(name, error);
+  // What leads nowhere yet is followed by hand.
+  for (int links = 0; links < kMostLinks; ++links) {
+    const fs::path real = fs::weakly_canonical(path, error);
+    if (error) return path.string();
+    path = real;
+    if (!fs::is_symlink(fs::symlink_status(path, error))) return path.string();
+    path = path.parent_path() / fs::read_symlink(path, error);
+  }
+  return path.string();
+}
 
 OutputFile::OutputFile(const std::string& name, bool folder_allowed) : name_(name) {
   if (name.empty() || name == "-") {
@@ -84,9 +189,7 @@ OutputFile::OutputFile(const std::string& name, bool folder_allowed) : name_(nam
     return;
   }
   std::error_code error;
-  const fs::path absolute = fs::absolute(name, error);
-  const fs::path resolved = fs::weakly_canonical(absolute, error);
-  path_ = (error ? absolute : resolved).string();
+  path_ = ResolveLinks(name);
   const fs::file_status status = fs::status(path_, error);
   folder_ = folder_allowed && (fs::is_directory(status) || name.back() == '/');
   special_ = fs::exists(status) && !fs::is_regular_file(status) && !fs::is_directory(status);
@@ -131,6 +234,41 @@ bool OutputFile::WriteWhole(const std::function<bool(std::ostream&)>& write) con
   out.close();
   if (!out) Fail(name_, errno);
   if (!file.MoveTo(path_)) Fail(name_, errno);
+  return true;
+}
+
+bool OutputFile::WriteFolder(const std::function<bool(const std::string& folder)>& write) const {
+  fs::path target = path_;
+  if (!target.has_filename()) target = target.parent_path();  // "pages/"
+  std::error_code error;
+  fs::create_directories(target.parent_path(), error);
+  RemoveLeftOvers(target.parent_path());
+  std::string beside = (target.parent_path() / kTemporaryName).string();
+  if (mkdtemp(beside.data()) == nullptr) Fail(name_, errno);
+  const Locked lock(beside, O_RDONLY | O_DIRECTORY);
+  const auto give_up = [&](int reason) {
+    fs::remove_all(beside, error);
+    if (reason >= 0) Fail(name_, reason);
+    return false;
+  };
+  errno = 0;
+  if (!write(beside)) return give_up(-1);
+  std::vector<fs::path> pages;
+  for (const auto& entry : fs::recursive_directory_iterator(beside, error)) {
+    if (entry.is_regular_file()) pages.push_back(entry.path().lexically_relative(beside));
+    if (!(entry.is_directory() ? SyncFolder(entry) : SyncFile(entry))) return give_up(errno);
+  }
+  const mode_t mode = ModeOfNewFiles();
+  chmod(beside.c_str(), mode | ((mode >> 2) & 0111));  // who may read may enter
+  if (!fs::exists(target, error) && rename(beside.c_str(), target.c_str()) == 0) {
+    return SyncFolder(target.parent_path()) || give_up(errno);
+  }
+  for (const fs::path& page : pages) {
+    fs::create_directories((target / page).parent_path(), error);
+    if (rename((beside / page).c_str(), (target / page).c_str()) != 0) return give_up(errno);
+    SyncFolder((target / page).parent_path());
+  }
+  fs::remove_all(beside, error);
   return true;
 }
 

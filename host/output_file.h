@@ -7,6 +7,10 @@
 
 namespace wbhost {
 
+// The absolute path with every symbolic link resolved, also one that leads nowhere yet: what is
+// written there makes its target, and the link stays.
+std::string ResolveLinks(const std::string& name);
+
 class OutputFile {
  public:
   // An empty name or `-` is standard output. With `folder_allowed` a name that ends with a slash or
@@ -20,6 +24,10 @@ class OutputFile {
   // False means that there is nothing to write: the file stays as it was. Throws a Failure where
   // writing fails; a reader of standard output that has read enough is no failure.
   [[nodiscard]] bool Write(const std::function<bool(std::ostream&)>& write) const;
+  // The same for a folder of pages: `write` makes them in the folder that it is given, which is
+  // beside the wanted one. They come into place once all are there; a folder that is there already
+  // keeps its other files.
+  [[nodiscard]] bool WriteFolder(const std::function<bool(const std::string& folder)>& write) const;
   // The same for a text.
   void WriteText(const std::string& text) const;
   bool IsStandardOutput() const { return path_.empty(); }

@@ -44,7 +44,8 @@ int RunProgram(const std::vector<std::string>& arguments) {
     const ParsedCommandLine parsed = ParseCommandLine(arguments);
     if (parsed.exit_code) return *parsed.exit_code;
     if (parsed.options.report.quiet) screen.BeQuiet();
-    Run run{parsed.options, secrets, screen};
+    FileRoles roles(parsed.options);
+    Run run{parsed.options, secrets, screen, roles};
     RunCommand(run, outcome);
   } catch (const Failure& failure) {
     screen.SayError(failure.what());

@@ -17,8 +17,10 @@ std::string JsonString(const std::string& text) {
 }  // namespace
 
 ReportFile::ReportFile(const std::optional<std::string>& file, const Secrets& secrets)
-    : name_(file.value_or("")), secrets_(secrets) {
-  if (file) out_.emplace(*file, std::ios::binary | std::ios::trunc);
+    : name_(file.value_or("")), secrets_(secrets) {}
+
+void ReportFile::Open() {
+  if (!name_.empty() && !out_) out_.emplace(name_, std::ios::binary | std::ios::trunc);
 }
 
 void ReportFile::WriteLine(const std::string& line) {
@@ -33,6 +35,10 @@ void ReportFile::WriteJsonString(const std::string& text) {
 
 Reports::Reports(const ReportOptions& options, const Secrets& secrets)
     : trace(options.trace, secrets), errors(options.errors, secrets), log(options.log, secrets) {}
+
+void Reports::Open() {
+  for (ReportFile* file : {&trace, &errors, &log}) file->Open();
+}
 
 bool Reports::Check(Screen& screen) const {
   bool good = true;

@@ -16,8 +16,9 @@ namespace wbhost {
 // A file of lines. Every line is on the disk before the next call into a driver, which may crash.
 class ReportFile {
  public:
-  // Does nothing where no file is wanted.
+  // Does nothing where no file is wanted. One that is wanted stays as it was until Open.
   ReportFile(const std::optional<std::string>& file, const Secrets& secrets);
+  void Open();
   bool IsOpen() const { return out_.has_value(); }
   void WriteLine(const std::string& line);
   // Both scrub secrets first; the second writes the text as one JSON string.
@@ -28,13 +29,15 @@ class ReportFile {
   const std::string& name() const { return name_; }
 
  private:
-  std::string name_;
+  std::string name_;  // empty: none is wanted
   const Secrets& secrets_;
   std::optional<std::ofstream> out_;
 };
 
 struct Reports {
   Reports(const ReportOptions& options, const Secrets& secrets);
+  // Replaces the files, once it is certain that there will be something in them.
+  void Open();
   // Says which file could not be written; false when there is one.
   bool Check(Screen& screen) const;
 

@@ -8,6 +8,7 @@
 #include <nlohmann/json.hpp>
 
 #include "host/choices.h"
+#include "host/limits.h"
 #include "host/outcome.h"
 
 namespace wbhost {
@@ -183,7 +184,12 @@ Choices ParseRequest(std::string_view text, const std::string& file_name) {
   const Place top(file_name, "");
   json document;
   try {
-    document = json::parse(text);
+    document = json::parse(text, [&](int depth, json::parse_event_t, json&) {
+      if (depth > kDeepestRequest) {
+        top.Fail(fmt::format("nests deeper than {}", kDeepestRequest));
+      }
+      return true;
+    });
   } catch (const json::exception& error) {
     top.Fail(fmt::format("is no JSON: {}", error.what()));
   }

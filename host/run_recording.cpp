@@ -1,6 +1,8 @@
 // See run_recording.h.
 #include "host/run_recording.h"
 
+#include <unistd.h>
+
 #include <nlohmann/json.hpp>
 
 #include "base/ascii.h"
@@ -84,8 +86,8 @@ RunRecording::RunRecording(const ReportOptions& options, const Target& target,
 
 RunRecording::~RunRecording() {
   if (recorder_ == nullptr) return;
-  recorder_->Begin(MakeHeader(names_, nullptr));  // where there was no connection
-  recorder_->Finish();
+  // Where there was no connection, what was said of it is kept in place of nothing else.
+  if (access(name_.c_str(), F_OK) != 0) recorder_->Begin(MakeHeader(names_, nullptr));
 }
 
 void RunRecording::Begin(const Connection& connection) {

@@ -81,7 +81,8 @@ class LC_EXPORT LcODBCWorkbookImport : public LcWorkbookImport {
 
 // Starts the module: loads the message library msgtext.dll, beside the module or in `folder` when
 // that is not null, and makes its texts the module's. Must succeed before an import; starting twice
-// is fine. On failure `why` says which file was looked for and where.
+// is fine. On failure `why` says which file was looked for and where; otherwise it is empty, or
+// tells of a settings file that is left out because it cannot be read.
 LC_EXPORT bool OdbcImportStart(const char* folder, std::string& why);
 // Gives the message library back.
 LC_EXPORT void OdbcImportStop();

@@ -2,6 +2,7 @@
 // the platform alone cannot give are filled in.
 #include "importer/odbc_workbook_import.h"
 #include "odbc/database_utilities.h"
+#include "platform/defaults.h"
 #include "platform/message_library.h"
 #include "platform/module_folder.h"
 
@@ -12,6 +13,7 @@ bool OdbcImportStart(const char* folder, std::string& why) try {
   platform::Services& services = platform::GetServices();
   services.messages = std::move(library);
   if (services.database == nullptr) services.database = odbc::MakeDatabaseUtilities();
+  why = platform::SettingsProblem();
   return true;
 } catch (...) {
   return false;

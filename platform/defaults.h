@@ -11,8 +11,13 @@ namespace platform {
 // Reads a TOML file, now. A key's text, such as
 // SOFTWARE\Tandor\Lumagraph\4.0, names the table of the same path:
 // [SOFTWARE.Tandor.Lumagraph."4.0"]. Only an integer that fits 32 bits, signed or unsigned, is a
-// value. A file that is missing or cannot be read has no values.
-std::shared_ptr<SettingsStore> MakeTomlSettingsStore(const std::string& path);
+// value. A file that is missing, cannot be read, is no TOML or is larger or deeper than a file of
+// settings gets has no values, and `why`, where it is not null, tells so in words; else it is
+// empty.
+std::shared_ptr<SettingsStore> MakeTomlSettingsStore(const std::string& path,
+                                                     std::string* why = nullptr);
+// What was wrong with the settings file in force; empty where nothing was.
+const std::string& SettingsProblem();
 // The settings file in force: the one that WBIMPORT_SETTINGS names, else the first
 // wbimport/settings.toml that exists in the user's and the system's configuration folders
 // (XDG_CONFIG_HOME, XDG_CONFIG_DIRS and their defaults). Empty when there is none.

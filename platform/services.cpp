@@ -6,15 +6,25 @@ namespace platform {
 
 namespace {
 
+std::string& Problem() {
+  static std::string problem;
+  return problem;
+}
+
 Services MakeDefaults() {
   Services services;
-  services.settings = MakeTomlSettingsStore(FindSettingsFile());
+  services.settings = MakeTomlSettingsStore(FindSettingsFile(), &Problem());
   services.message_box = MakeStandardErrorMessageBox();
   services.busy_cursor = MakeNoBusyCursor();
   return services;
 }
 
 }  // namespace
+
+const std::string& SettingsProblem() {
+  GetServices();
+  return Problem();
+}
 
 Services& GetServices() {
   static Services services = MakeDefaults();

@@ -3,10 +3,13 @@
 
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
 #include <limits>
+#include <stdexcept>
 #include <string_view>
 #include <vector>
 
+#include "base/toml_nesting.h"
 #include "base/utf.h"
 #include "platform/defaults.h"
 
@@ -25,13 +28,30 @@ std::vector<std::string> Split(std::string_view text, char separator) {
   return pieces;
 }
 
+constexpr std::size_t kMostBytes = std::size_t{1} << 20;
+
+// Throws where the file cannot be read.
+std::string ReadSettings(const std::string& path) {
+  std::ifstream in(path, std::ios::binary);
+  if (!in || std::filesystem::is_directory(path)) throw std::runtime_error("it cannot be read");
+  std::string text(kMostBytes + 1, '\0');
+  in.read(text.data(), static_cast<std::streamsize>(text.size()));
+  text.resize(static_cast<std::size_t>(in.gcount()));
+  if (in.bad()) throw std::runtime_error("it cannot be read");
+  if (text.size() > kMostBytes) throw std::runtime_error("it is larger than 1 MiB");
+  return text;
+}
+
 class TomlSettingsStore : public SettingsStore {
  public:
-  explicit TomlSettingsStore(const std::string& path) {
+  TomlSettingsStore(const std::string& path, std::string& why) {
+    if (path.empty()) return;
     try {
-      if (!path.empty()) root_ = toml::parse_file(path);
-    } catch (const std::exception&) {
-      // Not there or not TOML: nothing is set.
+      const std::string text = ReadSettings(path);
+      if (base::IsTomlNestedTooDeep(text)) throw std::runtime_error("it nests too deep");
+      root_ = toml::parse(text);
+    } catch (const std::exception& error) {
+      why = "the settings file " + path + " counts as empty: " + error.what();
     }
   }
 
@@ -67,8 +87,11 @@ std::string GetVariable(const char* name) {
 
 }  // namespace
 
-std::shared_ptr<SettingsStore> MakeTomlSettingsStore(const std::string& path) {
-  return std::make_shared<TomlSettingsStore>(path);
+std::shared_ptr<SettingsStore> MakeTomlSettingsStore(const std::string& path, std::string* why) {
+  std::string reason;
+  auto store = std::make_shared<TomlSettingsStore>(path, reason);
+  if (why != nullptr) *why = reason;
+  return store;
 }
 
 std::string FindSettingsFile() {

@@ -57,20 +57,24 @@ enum class Entry : std::uint8_t { kCall, kNote };
 
 Recorder::Recorder(const std::string& file, std::unique_ptr<NameRules> rules,
                    ReadDiagnostics read_diagnostics)
-    : read_diagnostics_(std::move(read_diagnostics)), lines_(std::move(rules)), file_(file) {}
+    : read_diagnostics_(std::move(read_diagnostics)), lines_(std::move(rules)), name_(file) {}
 
-Recorder::~Recorder() { Finish(); }
+Recorder::~Recorder() {
+  if (begun_) Finish();
+}
 
 bool Recorder::IsGood() const {
   const std::lock_guard lock(mutex_);
-  return good_ && (begun_ || file_.IsGood());
+  return good_;
 }
 
 void Recorder::Begin(const std::string& header) {
   const std::lock_guard lock(mutex_);
   if (begun_) return;
   begun_ = true;
-  file_.Write(header + "\n");
+  file_.emplace(name_);
+  good_ = file_->IsGood();
+  file_->Write(header + "\n");
   writer_ = std::thread(&Recorder::WriteLines, this);
 }
 
@@ -151,9 +155,9 @@ void Recorder::Finish() {
   }
   filled_.notify_one();
   writer_.join();
-  file_.Write(fmt::format("{{\"host\":\"end\",\"calls\":{}}}\n", calls_));
-  file_.Close();
-  good_ = file_.IsGood();
+  file_->Write(fmt::format("{{\"host\":\"end\",\"calls\":{}}}\n", calls_));
+  file_->Close();
+  good_ = file_->IsGood();
 }
 
 void Recorder::WriteLines() {
@@ -171,10 +175,10 @@ void Recorder::WriteLines() {
     WriteBatch(batch);
     batch.clear();
     if (const auto now = std::chrono::steady_clock::now(); now - flushed >= kFlushEvery) {
-      file_.Flush();
+      file_->Flush();
       flushed = now;
     }
-    if (file_.IsGood()) continue;
+    if (file_->IsGood()) continue;
     const std::lock_guard lock(mutex_);
     good_ = false;
   }
@@ -190,7 +194,7 @@ void Recorder::WriteBatch(std::string_view batch) {
       lines_.AppendNote(reader, text_);
     }
   }
-  file_.Write(text_);
+  file_->Write(text_);
 }
 
 }  // namespace recording

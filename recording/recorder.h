@@ -7,6 +7,7 @@
 #include <condition_variable>
 #include <functional>
 #include <mutex>
+#include <optional>
 #include <string>
 #include <thread>
 #include <unordered_map>
@@ -24,15 +25,14 @@ using ReadDiagnostics = std::function<std::vector<Diagnostic>(const platform::Dr
 
 class Recorder : public platform::CallLog {
  public:
-  // Replaces the file, and keeps calls back until the header is known. `rules` hides names; null:
-  // they stay.
+  // Keeps calls back until the header is known. `rules` hides names; null: they stay.
   Recorder(const std::string& file, std::unique_ptr<NameRules> rules,
            ReadDiagnostics read_diagnostics);
   ~Recorder() override;
   Recorder(const Recorder&) = delete;
   Recorder& operator=(const Recorder&) = delete;
 
-  // Writes the first line, a JSON object, before everything else.
+  // Replaces the file; its first line, a JSON object, comes before everything else.
   void Begin(const std::string& header);
   void OnCall(const platform::DriverCall& call) override;
   // A line about the host at this place among the calls; `what` and the names of the fields are
@@ -58,8 +58,9 @@ class Recorder : public platform::CallLog {
 
   const ReadDiagnostics read_diagnostics_;
   LineMaker lines_;  // the writer's
-  OutputFile file_;
-  std::string text_;  // the writer's scratch
+  const std::string name_;
+  std::optional<OutputFile> file_;  // since Begin
+  std::string text_;                // the writer's scratch
 
   mutable std::mutex mutex_;
   std::condition_variable filled_;   // there is something to write

@@ -59,6 +59,8 @@ class Recordings : public testing::Test {
   }
   // Records, replays, and compares; gives the results of the recorded import.
   Results Check(const Words& arguments, int signal_number = 0) {
+    std::remove(file_.c_str());
+    std::remove(again_.c_str());
     const Results recorded = Import(arguments + Words{"--record", file_}, signal_number);
     const Results replayed = Import({"--replay", file_, "--record", again_});
     EXPECT_EQ(replayed.exit_code, recorded.exit_code) << replayed.said;

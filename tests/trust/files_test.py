@@ -1,0 +1,169 @@
+#!/usr/bin/python3
+"""Files: what is written is whole, nothing that is read is written over, and no file that is read ends the program."""
+import json
+import os
+import signal
+import subprocess
+
+from program import WBIMPORT, Case, main, server
+
+class Descriptors(Case):
+    def test_closed_ones_are_no_drivers_files(self):
+        database = self.database()
+        before = database.read_bytes()
+        # The driver's file would be the first descriptor that is free.
+        where = ("import", "--connect", f"Driver=SQLite3;Database={database}")
+        for closed in ([0], [1], [2], [0, 1, 2]):
+            def close(closed=closed):
+                for fd in closed:
+                    os.close(fd)
+            for more in ((), ("--format", "html"), ("-o", "a.json")):
+                result = self.run_program(*where, *more, preexec_fn=close)
+                self.assertEqual(result.returncode, 0, closed)
+                self.assertEqual(database.read_bytes(), before, closed)
+            json.loads((self.folder / "a.json").read_text())
+
+class Clashes(Case):
+    def test_an_output_is_no_input_and_no_other_output(self):
+        database = self.database()
+        request = self.file("request.json", "{}")
+        dialect = self.file("own.sql", "-- none")
+        for link in ("soft.db", "hard.db"):
+            (os.symlink if link == "soft.db" else os.link)(database, self.folder / link)
+        book = self.file("book.json", '{"format":"workbook","version":1}')
+        at = ("import", "--sqlite", "shop.db")
+        by_text = ("import", "--connect", f"Driver=SQLite3;Database={database}")
+        cases = [(*at, "-o", "shop.db"), (*at, "-o", "soft.db"), (*at, "-o", "hard.db"), (*at, "-o", "./x/../shop.db"),
+                 (*at, "--trace", "shop.db"), (*at, "--log", "hard.db"), (*at, "--errors", "soft.db"), (*at, "--record", "shop.db"),
+                 (*at, "-o", "shop.db-wal"), (*by_text, "-o", "shop.db"), (*by_text, "--trace", "soft.db"),
+                 ("import", "--request", "request.json", "-o", "request.json"), ("import", "--dialect", "own.sql", "-o", "own.sql"),
+                 ("import", "-o", "new", "--trace", "new"), ("import", "--log", "new", "--errors", "x/../new"),
+                 ("render", "book.json", "-o", "book.json"), ("diff", "book.json", "request.json", "-o", "request.json")]
+        before = {path: path.read_bytes() for path in (database, request, dialect, book)}
+        names = sorted(os.listdir(self.folder))
+        (self.folder / "x").mkdir()
+        for words in cases:
+            result = self.run_program(*words)
+            self.assertEqual(result.returncode, 2, (words, result.stderr))
+            self.assertIn("nothing was touched", result.stderr)
+        with open(database, "ab") as appended:
+            self.assertEqual(self.run_program(*at, stdout=appended).returncode, 2)
+        self.assertEqual(before, {path: path.read_bytes() for path in before})
+        self.assertEqual(sorted(set(os.listdir(self.folder)) - {"x"}), names)
+        # Devices may be written by everybody.
+        self.assertEqual(self.run_program(*at, "-o", "/dev/null", "--trace", "/dev/null").returncode, 0)
+
+    def test_nothing_is_cut_before_the_connection_stands(self):
+        names = ("out.json", "trace", "log", "errors", "record")
+        for name in names:
+            self.file(name, "old")
+        result = self.run_program("import", "--connect", "Driver=/no/such.so", "-o", "out.json", "--trace", "trace", "--log",
+                                  "log", "--errors", "errors", "--record", "record")
+        self.assertEqual(result.returncode, 5)
+        self.assertEqual({(self.folder / name).read_text() for name in names}, {"old"})
+
+class Output(Case):
+    def test_left_overs_of_a_kill_go_and_those_in_use_stay(self):
+        process = self.start("import", "--connect", server("Server=generic;Tables=3"), "-o", "a.json")
+        process.wait(60)
+        process.communicate()
+        stale, other = self.file(".wbimport-abcdef", "x"), self.file(".wbimport-long-name", "x")
+        (self.folder / ".wbimport-ghijkl").mkdir()
+        used = self.file(".wbimport-inused", "x")
+        import fcntl
+        with open(used) as held:
+            fcntl.flock(held, fcntl.LOCK_EX)
+            self.assertEqual(self.run_program("import", "-o", "a.json").returncode, 0)
+        self.assertFalse(stale.exists() or (self.folder / ".wbimport-ghijkl").exists())
+        self.assertTrue(other.exists() and used.exists())
+
+    def test_is_on_the_disk_before_it_has_its_name(self):
+        trace = self.folder / "strace"
+        try:
+            subprocess.run(["strace", "-V"], capture_output=True, check=True)
+        except FileNotFoundError:
+            self.skipTest("no strace")
+        subprocess.run(["strace", "-f", "-e", "trace=fsync,rename", "-o", trace, WBIMPORT,
+                        "import", "-o", "a.json"], env=self.environment, cwd=self.folder, capture_output=True, check=True)
+        calls = [line.split(" ", 1)[1].split("(")[0].strip() for line in trace.read_text().splitlines() if "sync(" in line or "rename(" in line]
+        self.assertEqual(calls[-3:], ["fsync", "rename", "fsync"])
+
+    def test_keeps_owner_mode_and_links(self):
+        if os.geteuid() == 0:
+            kept = self.file("kept.json", "old")
+            os.chown(kept, 12345, 23456)
+            os.chmod(kept, 0o640)
+            self.assertEqual(self.run_program("import", "-o", "kept.json").returncode, 0)
+            status = kept.stat()
+            self.assertEqual((status.st_uid, status.st_gid, status.st_mode & 0o7777), (12345, 23456, 0o640))
+            json.loads(kept.read_text())
+            # Somebody who may write the file but not own it writes into it.
+            shared = self.folder / "shared"
+            shared.mkdir(mode=0o777)
+            os.chmod(shared, 0o777)
+            os.chmod(self.folder, 0o755)
+            target = shared / "a.json"
+            target.write_text("old")
+            os.chmod(target, 0o666)
+            os.chown(target, 12345, 23456)
+            def as_somebody():
+                os.setgroups([])
+                os.setgid(40001)
+                os.setuid(40001)
+            result = self.run_program("import", "-o", target, preexec_fn=as_somebody)
+            self.assertEqual(result.returncode, 0, result.stderr)
+            self.assertEqual((target.stat().st_uid, target.stat().st_mode & 0o7777), (12345, 0o666))
+            json.loads(target.read_text())
+        os.symlink("new.json", self.folder / "dangling.json")
+        self.assertEqual(self.run_program("import", "-o", "dangling.json").returncode, 0)
+        self.assertTrue((self.folder / "dangling.json").is_symlink())
+        json.loads((self.folder / "new.json").read_text())
+
+    def test_a_folder_of_pages_comes_whole(self):
+        self.assertEqual(self.run_program("import", "--format", "markdown", "-o", "pages/").returncode, 0)
+        first = sorted(path.name for path in (self.folder / "pages/tables").iterdir())
+        self.assertTrue(first)
+        self.assertEqual((self.folder / "pages").stat().st_mode & 0o777, 0o777 & ~(os.umask(0o22) or os.umask(0o22)))
+        (self.folder / "pages/mine.md").write_text("mine")
+        self.assertEqual(self.run_program("import", "--format", "markdown", "-o", "pages/").returncode, 0)
+        self.assertEqual((self.folder / "pages/mine.md").read_text(), "mine")
+        # One page that cannot be written leaves the folder as it was.
+        (self.folder / "pages/README.md").write_text("before")
+        def little_room():
+            import resource
+            signal.signal(signal.SIGXFSZ, signal.SIG_IGN)
+            resource.setrlimit(resource.RLIMIT_FSIZE, (1024, 1024))
+        result = self.run_program("import", "--format", "markdown", "-o", "pages/", preexec_fn=little_room)
+        self.assertEqual(result.returncode, 6, result.stderr)
+        self.assertEqual((self.folder / "pages/README.md").read_text(), "before")
+        self.assertEqual([name for name in os.listdir(self.folder) if name.startswith(".wbimport")], [])
+
+class Inputs(Case):
+    def deep(self, what):
+        many = 100_000
+        return {"list": "a = " + "[" * many + "]" * many, "table": "a = " + "{a=" * many + "1" + "}" * many,
+                "header": "[" + ".".join("a" * 1 for _ in range(many)) + "]\n", "key": ".".join(["a"] * many) + " = 1\n",
+                "large": "# " + "x" * (1 << 20)}[what]
+
+    def test_configuration_and_settings_have_limits(self):
+        for what in ("list", "table", "header", "key", "large"):
+            path = self.file("deep.toml", self.deep(what))
+            result = self.run_program("--config", path, "list", "tables")
+            self.assertEqual(result.returncode, 2, (what, result.stderr))
+            result = self.run_program("list", "tables", env={**self.environment, "WBIMPORT_SETTINGS": str(path)})
+            self.assertEqual(result.returncode, 0, (what, result.stderr))
+            self.assertIn("the settings file", result.stderr)
+        edge = self.file("edge.toml", "[" + ".".join(["a"] * 32) + "]\n'" + "." * 200 + "' = 1 # " + "." * 200 + "\n")
+        result = self.run_program("list", "tables", env={**self.environment, "WBIMPORT_SETTINGS": str(edge)})
+        self.assertNotIn("settings file", result.stderr)
+
+    def test_requests_and_workbooks_have_limits(self):
+        deep = self.file("deep.json", "[" * 100_000 + "]" * 100_000)
+        inside = self.file("inside.json", '{"items": ' + "[" * 100_000 + "]" * 100_000 + "}")
+        for words in (("import", "--request", deep), ("import", "--request", inside), ("import", "--request", "/dev/zero"),
+                      ("render", deep), ("render", inside), ("diff", deep, deep), ("import", "--dialect", "/dev/zero")):
+            result = self.run_program(*words)
+            self.assertEqual(result.returncode, 2, (words, result.stderr))
+
+if __name__ == "__main__":
+    main()

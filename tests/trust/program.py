@@ -1,0 +1,52 @@
+"""Runs the program for the tests of this folder: no configuration of the user's, a folder of its own a test."""
+import os
+import pathlib
+import sqlite3
+import subprocess
+import sys
+import tempfile
+import unittest
+
+BUILD = pathlib.Path(sys.argv.pop(1)).resolve()
+WBIMPORT = BUILD / "host/wbimport"
+SIMULATOR = BUILD / "lib/libcatalogsim.so"
+
+def server(keywords):
+    return f"Driver={SIMULATOR};{keywords}"
+
+class Case(unittest.TestCase):
+    def setUp(self):
+        folder = tempfile.TemporaryDirectory(prefix="wb-trust-")
+        self.addCleanup(folder.cleanup)
+        self.folder = pathlib.Path(folder.name)
+        self.environment = {**os.environ, "XDG_CONFIG_HOME": folder.name, "XDG_CONFIG_DIRS": folder.name}
+
+    def file(self, name, text):
+        path = self.folder / name
+        path.write_text(text)
+        return path
+
+    def database(self, name="shop.db", sql="create table a(id integer primary key, n text)"):
+        path = self.folder / name
+        with sqlite3.connect(path) as connection:
+            connection.executescript(sql)
+        connection.close()
+        return path
+
+    def start(self, *words, **options):
+        options = {"stdin": subprocess.DEVNULL, "stdout": subprocess.PIPE, "stderr": subprocess.PIPE, "text": True,
+                   "env": self.environment, "cwd": self.folder, **options}
+        return subprocess.Popen([str(word) for word in (WBIMPORT, *words)], **options)
+
+    def run_program(self, *words, timeout=60, **options):
+        process = self.start(*words, **options)
+        try:
+            out, err = process.communicate(timeout=timeout)
+        except subprocess.TimeoutExpired:
+            process.kill()
+            process.communicate()
+            raise
+        return subprocess.CompletedProcess(words, process.returncode, out, err)
+
+def main():
+    unittest.main(verbosity=1)
