@@ -2,9 +2,9 @@
 #include "base/connection_string.h"
 
 #include <algorithm>
-#include <array>
 
 #include "base/ascii.h"
+#include "base/secret_names.h"
 #include "base/text.h"
 
 namespace base {
@@ -86,18 +86,10 @@ std::string FormatAttribute(std::string_view key, std::string_view value) {
   return text + ';';
 }
 
-bool IsSecretKey(std::string_view key) {
-  constexpr std::array<std::string_view, 5> kMarks = {"pwd", "passw", "secret", "token",
-                                                      "passphrase"};
-  const std::string lower = LowerAscii(key);
-  return std::any_of(kMarks.begin(), kMarks.end(),
-                     [&](std::string_view mark) { return lower.find(mark) != std::string::npos; });
-}
-
 std::string WithoutSecrets(std::string_view text) {
   std::string kept;
   for (const Attribute& attribute : ParseConnectionString(text)) {
-    if (IsSecretKey(attribute.key)) continue;
+    if (IsSecretKey(attribute.key) || !SecretsWithin(attribute.value).empty()) continue;
     kept += attribute.key;
     kept += '=';
     kept += attribute.value;

@@ -1,5 +1,5 @@
-// ODBC connection strings: `KEY=value;KEY={value with ; and }} for a brace};...`. The one reader,
-// and the one place that knows which attributes are secret. UTF-8; no driver is asked anything.
+// ODBC connection strings: `KEY=value;KEY={value with ; and }} for a brace};...`. The one reader.
+// UTF-8; no driver is asked anything.
 #pragma once
 
 #include <optional>
@@ -29,9 +29,8 @@ struct Attribute {
 // `key=value;`, the value in braces where it needs them.
 [[nodiscard]] std::string FormatAttribute(std::string_view key, std::string_view value);
 
-// Whether an attribute of that name holds a password or another secret.
-[[nodiscard]] bool IsSecretKey(std::string_view key);
-// The connection string without its secret attributes.
+// The connection string without the attributes that hold a secret (secret_names.h), by their name
+// or within their value.
 [[nodiscard]] std::string WithoutSecrets(std::string_view text);
 
 }  // namespace base

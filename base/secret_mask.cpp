@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <cctype>
 
-#include "base/connection_string.h"
+#include "base/secret_names.h"
 
 namespace base {
 namespace {
@@ -61,7 +61,17 @@ class Mask {
         next = std::max(next, EndOfHidden(value));
       } else if (text_[value] == '{') {
         next = EndOfBraces(text_, value);
+        HideWithin(value, next);
       }
+    }
+  }
+
+  // The secrets inside of braces whose attribute is named harmlessly.
+  void HideWithin(std::size_t begin, std::size_t end) {
+    const std::string_view value = text_.substr(begin, end - begin);
+    for (const std::string_view secret : SecretsWithin(value)) {
+      const auto at = begin + static_cast<std::size_t>(secret.data() - value.data());
+      Hide(at, at + secret.size());
     }
   }
 

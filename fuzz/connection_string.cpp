@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <cstdlib>
 
+#include "base/secret_names.h"
+
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const std::string_view text(reinterpret_cast<const char*>(data), size);
   for (const base::Attribute& attribute : base::ParseConnectionString(text)) {

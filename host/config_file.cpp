@@ -56,11 +56,17 @@ struct Key {
 std::vector<Key> Keys(Options& options) {
   ConnectionOptions& connection = options.connection;
   return {
-      {"connect", connection.connect, true},    {"dsn", connection.dsn, true},
-      {"user", connection.user, true},          {"password-env", connection.password_env, true},
-      {"sqlite", connection.sqlite, true},      {"sample", connection.sample, true},
-      {"format", options.output.format, false}, {"progress", options.report.progress, false},
-      {"log", options.report.log, false},       {"messages", options.report.messages, false},
+      {"connect", connection.connect, true},
+      {"connect-env", connection.connect_env, true},
+      {"dsn", connection.dsn, true},
+      {"user", connection.user, true},
+      {"password-env", connection.password_env, true},
+      {"sqlite", connection.sqlite, true},
+      {"sample", connection.sample, true},
+      {"format", options.output.format, false},
+      {"progress", options.report.progress, false},
+      {"log", options.report.log, false},
+      {"messages", options.report.messages, false},
   };
 }
 
@@ -93,8 +99,10 @@ void ApplyTable(const toml::table& table, const std::string& path, const fs::pat
                 Options& options) {
   const ConnectionOptions& connection = options.connection;
   // Two files to compare need none.
-  const bool connection_given = options.diff.new_file || connection.connect || connection.dsn ||
-                                connection.sqlite || connection.sample || connection.replay;
+  const bool connection_given = options.diff.new_file || connection.connect ||
+                                connection.connect_env || connection.connect_stdin ||
+                                connection.dsn || connection.sqlite || connection.sample ||
+                                connection.replay;
   const std::vector<Key> keys = Keys(options);
   for (const auto& [name, node] : table) {
     const std::string field = path + std::string(name.str());

@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <vector>
 
+#include "base/secret_names.h"
 #include "host/text.h"
 #include "recording/replay_interface.h"
 
@@ -46,6 +47,7 @@ SQLRETURN DriverCalls::Connect(const std::string& connection_string) const {
   const SQLRETURN result =
       SQLDriverConnectW(connection_, nullptr, reinterpret_cast<SQLWCHAR*>(text.data()), SQL_NTS,
                         nullptr, 0, nullptr, SQL_DRIVER_NOPROMPT);
+  base::Wipe(text);
   // Without the text, which holds secrets.
   Report("SQLDriverConnectW", result, {}, {});
   return result;

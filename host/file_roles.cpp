@@ -7,6 +7,7 @@
 #include <filesystem>
 
 #include "base/connection_string.h"
+#include "base/secret_names.h"
 #include "host/connection.h"
 #include "host/outcome.h"
 #include "host/output_file.h"

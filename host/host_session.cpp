@@ -3,6 +3,7 @@
 
 #include <fmt/format.h>
 
+#include "base/secret_names.h"
 #include "host/interrupt.h"
 
 namespace wbhost {
@@ -31,7 +32,20 @@ Choices& Settle(Choices& choices, const ChoiceOptions& options,
 }
 
 bool IsSampleByDefault(const ConnectionOptions& options) {
-  return !options.connect && !options.dsn && !options.sqlite && !options.sample && !options.replay;
+  return !options.connect && !options.connect_env && !options.connect_stdin && !options.dsn &&
+         !options.sqlite && !options.sample && !options.replay;
+}
+
+Target FindTarget(Run& run) {
+  const ConnectionOptions& options = run.options.connection;
+  Target target = ResolveTarget(options, run.secrets);
+  run.roles.AddConnection(target.connect_string);
+  if (options.connect_in_arguments && Secrets().AddFrom(*options.connect)) {
+    run.screen.Say(
+        "a password in --connect stands in the process list for a moment: --connect-env, "
+        "--connect-stdin, --password-env and --password-stdin keep it out");
+  }
+  return target;
 }
 
 }  // namespace
@@ -41,7 +55,7 @@ HostSession::HostSession(Run& run, Choices& choices, const OutputFile& output)
       progress_(ChooseProgress(run.options, run.screen)),
       module_(run.options.report.messages),
       reports_(run.options.report, run.secrets),
-      target_(ResolveTarget(run.options.connection, run.secrets)),
+      target_(FindTarget(run)),
       recording_(run.options.report, target_, run.secrets),
       connection_(target_, recording_.recorder().get()),
       notes_(ReplayNotes::Read(target_.recording)),
@@ -49,6 +63,7 @@ HostSession::HostSession(Run& run, Choices& choices, const OutputFile& output)
                 recording_, notes_ ? &*notes_ : nullptr),
       runner_(connection_, services_, progress_, run.screen, reports_, recording_,
               notes_ ? &*notes_ : nullptr) {
+  base::Wipe(target_.connect_string);
   recording_.Begin(connection_);
   if (!module_.note().empty()) run.screen.Say(module_.note());
   if (IsSampleByDefault(run.options.connection)) {

@@ -35,7 +35,7 @@ class HostSession {
   const ProgressMode progress_;
   StartedModule module_;
   Reports reports_;
-  const Target target_;
+  Target target_;
   RunRecording recording_;
   Connection connection_;
   const std::optional<ReplayNotes> notes_;

@@ -148,6 +148,12 @@ void AddConnection(CLI::App& app, ConnectionOptions& options,
                    const char* group = "Connection (the sample database when none is given)") {
   AddText(app, "--connect", options.connect, "ODBC connection string, passed on as it stands")
       ->group(group);
+  AddText(app, "--connect-env", options.connect_env,
+          "Environment variable with the connection string, for one with a password", "VAR")
+      ->group(group);
+  app.add_flag("--connect-stdin", options.connect_stdin,
+               "Read the connection string from standard input (one line)")
+      ->group(group);
   AddText(app, "--dsn", options.dsn, "Data source of odbc.ini", "NAME")->group(group);
   AddText(app, "--user", options.user, "User name for --dsn or --connect", "NAME")->group(group);
   AddText(app, "--password-env", options.password_env, "Environment variable with the password",
@@ -416,27 +422,32 @@ void CheckDiff(const Options& options, bool connected) {
 
 void CheckTogether(const Options& options) {
   const ConnectionOptions& connection = options.connection;
-  const int ways = (connection.connect ? 1 : 0) + (connection.dsn ? 1 : 0) +
+  const bool has_string = connection.connect || connection.connect_env || connection.connect_stdin;
+  const int ways = (connection.connect ? 1 : 0) + (connection.connect_env ? 1 : 0) +
+                   (connection.connect_stdin ? 1 : 0) + (connection.dsn ? 1 : 0) +
                    (connection.sqlite ? 1 : 0) + (connection.sample ? 1 : 0) +
                    (connection.replay ? 1 : 0);
   if (ways > 1) {
     throw Failure(ExitCode::kUsage,
-                  "give only one of --connect, --dsn, --sqlite, --sample and --replay: one "
-                  "connection a run");
+                  "give only one of --connect, --connect-env, --connect-stdin, --dsn, --sqlite, "
+                  "--sample and --replay: one connection a run");
   }
   if (options.command == Command::kDiff) CheckDiff(options, ways != 0);
   if (options.report.record_names && !options.report.record) {
     throw Failure(ExitCode::kUsage, "--record-names goes with --record");
   }
-  if (connection.user && !connection.dsn && !connection.connect) {
+  if (connection.user && !connection.dsn && !has_string) {
     throw Failure(ExitCode::kUsage, "--user goes with --dsn or --connect");
   }
   if (connection.password_env && connection.password_stdin) {
     throw Failure(ExitCode::kUsage, "give only one of --password-env and --password-stdin");
   }
-  if (connection.password_stdin && options.choices.request == "-") {
+  if ((connection.password_stdin ? 1 : 0) + (connection.connect_stdin ? 1 : 0) +
+          (options.choices.request == "-" ? 1 : 0) >
+      1) {
     throw Failure(ExitCode::kUsage,
-                  "--password-stdin and --request - cannot both read standard input");
+                  "only one of --password-stdin, --connect-stdin and --request - can read standard "
+                  "input");
   }
   if (connection.sample && FindSample(*connection.sample) == nullptr) {
     throw Failure(ExitCode::kUsage,
@@ -553,6 +564,7 @@ ParsedCommandLine ParseCommandLine(const std::vector<std::string>& arguments) {
   for (const CLI::App* command : app.get_subcommands([](CLI::App*) { return true; })) {
     commands.push_back(command->get_name());
   }
+  options.connection.connect_in_arguments = options.connection.connect.has_value();
   const bool own_format = options.output.format.has_value();
   ApplyConfigFile(config, commands, app.get_subcommands().front()->get_name(), options);
   // A format for all commands may be one that a comparison does not have.

@@ -9,9 +9,13 @@ namespace wbhost {
 
 enum class Command { kImport, kList, kInfo, kDrivers, kRender, kDiff, kDialects };
 
-// Where to connect to. At most one of connect, dsn, sqlite, sample and replay is given.
+// Where to connect to. At most one of connect, connect_env, connect_stdin, dsn, sqlite, sample and
+// replay is given.
 struct ConnectionOptions {
   std::optional<std::string> connect;
+  bool connect_in_arguments = false;  // where the process list shows it
+  std::optional<std::string> connect_env;
+  bool connect_stdin = false;
   std::optional<std::string> dsn;
   std::optional<std::string> user;
   std::optional<std::string> sqlite;

@@ -37,7 +37,7 @@ void RunCommand(Run& run, Outcome& outcome) {
 int RunProgram(const std::vector<std::string>& arguments) {
   Secrets secrets;
   // Also those of a connection string that stands where none is expected.
-  for (const std::string& argument : arguments) secrets.AddFrom(argument);
+  secrets.AddFromArguments(arguments);
   Screen screen(secrets);
   Outcome outcome;
   try {

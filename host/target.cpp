@@ -9,6 +9,7 @@
 #include <fstream>
 
 #include "base/connection_string.h"
+#include "base/secret_names.h"
 #include "host/connection.h"
 #include "host/outcome.h"
 
@@ -20,8 +21,8 @@ namespace fs = std::filesystem;
 constexpr std::string_view kSqliteHeader{"SQLite format 3\0", 16};
 
 std::string ReadPassword(const ConnectionOptions& options) {
-  if (options.password_env) return PasswordFromEnvironment(*options.password_env);
-  if (options.password_stdin) return PasswordFromStandardInput();
+  if (options.password_env) return SecretFromEnvironment(*options.password_env, "--password-env");
+  if (options.password_stdin) return SecretFromStandardInput("Password: ");
   // A user without a password: asked for where somebody can answer.
   if (options.user && isatty(STDIN_FILENO) != 0 && isatty(STDERR_FILENO) != 0) {
     return PasswordFromTerminal(fmt::format("Password of {} (empty: none): ", *options.user));
@@ -109,19 +110,28 @@ std::string SqliteReadOnlyUri(const std::string& absolute_path, bool immutable) 
 }
 
 Target ResolveTarget(const ConnectionOptions& options, Secrets& secrets) {
-  const std::string password = ReadPassword(options);
+  std::optional<std::string> connect = options.connect;
+  if (options.connect_env) {
+    connect = SecretFromEnvironment(*options.connect_env, "--connect-env");
+  } else if (options.connect_stdin) {
+    connect = SecretFromStandardInput("Connection string: ");
+  }
+  std::string password = ReadPassword(options);
   secrets.Add(password);
   secrets.AddFrom(base::FormatAttribute("PWD", password));  // as a driver may quote it
-  if (options.connect) {
-    secrets.AddFrom(*options.connect);
+  std::optional<Target> target;
+  if (connect) {
+    secrets.AddFrom(*connect);
     const bool as_it_stands = !options.user && password.empty();
-    return {fmt::format("'{}'", *options.connect),
-            as_it_stands ? *options.connect : WithLogin(*options.connect, options, password)};
+    target = {fmt::format("'{}'", *connect),
+              as_it_stands ? *connect : WithLogin(*connect, options, password)};
+    base::Wipe(*connect);
+  } else if (options.dsn) {
+    target = {fmt::format("the data source {}", *options.dsn),
+              WithLogin(base::FormatAttribute("DSN", *options.dsn), options, password)};
   }
-  if (options.dsn) {
-    return {fmt::format("the data source {}", *options.dsn),
-            WithLogin(base::FormatAttribute("DSN", *options.dsn), options, password)};
-  }
+  base::Wipe(password);
+  if (target) return *std::move(target);
   if (options.sqlite) return SqliteTarget(*options.sqlite);
   if (options.replay) return ReplayTarget(*options.replay);
   return SampleTarget(*FindSample(options.sample.value_or("sqlite")));

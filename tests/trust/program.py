@@ -26,6 +26,11 @@ class Case(unittest.TestCase):
         path.write_text(text)
         return path
 
+    def opened(self, name, text):
+        file = self.file(name, text).open()
+        self.addCleanup(file.close)
+        return file
+
     def database(self, name="shop.db", sql="create table a(id integer primary key, n text)"):
         path = self.folder / name
         with sqlite3.connect(path) as connection:

@@ -1,0 +1,82 @@
+#include "base/secret_names.h"
+
+#include <string.h>
+
+#include <algorithm>
+#include <array>
+
+#include "base/ascii.h"
+
+namespace base {
+namespace {
+
+// In lower case and without what parts words: `Api_Key`, `API-KEY` and `apikey` are one.
+constexpr std::array<std::string_view, 10> kMarks = {
+    "pwd",    "passw",     "passphrase", "secret",     "token",
+    "apikey", "accesskey", "privatekey", "credential", "signature"};
+// That are secrets by themselves, but parts of harmless words too: SSLBypass, ShippingPort.
+constexpr std::array<std::string_view, 5> kNames = {"pass", "pw", "pin", "authkey", "sas"};
+
+bool IsPartOfName(char c) {
+  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_' ||
+         c == '-';
+}
+
+// Where the value that begins at `at` ends; one in quotes ends with them.
+std::string_view ValueAt(std::string_view text, std::size_t at) {
+  at = std::min(text.find_first_not_of(' ', at), text.size());
+  if (at < text.size() && (text[at] == '\'' || text[at] == '"')) {
+    const std::size_t end = std::min(text.find(text[at], at + 1), text.size());
+    return text.substr(at + 1, end - at - 1);
+  }
+  return text.substr(at, std::min(text.find_first_of(" \t;&,}", at), text.size()) - at);
+}
+
+template <class Text>
+void WipeText(Text& text) {
+  text.resize(text.capacity());
+  explicit_bzero(text.data(), text.size() * sizeof(typename Text::value_type));
+  text.clear();
+}
+
+}  // namespace
+
+bool IsSecretKey(std::string_view key) {
+  std::string lower;
+  for (const char c : LowerAscii(key)) {
+    if (c != '_' && c != '-' && c != ' ') lower += c;
+  }
+  return std::find(kNames.begin(), kNames.end(), lower) != kNames.end() ||
+         std::any_of(kMarks.begin(), kMarks.end(),
+                     [&](std::string_view mark) { return lower.find(mark) != std::string::npos; });
+}
+
+std::vector<std::string_view> SecretsWithin(std::string_view value) {
+  std::vector<std::string_view> secrets;
+  for (std::size_t equals = value.find('='); equals != std::string_view::npos;
+       equals = value.find('=', equals + 1)) {
+    std::size_t end = equals;
+    while (end > 0 && value[end - 1] == ' ') --end;
+    std::size_t begin = end;
+    while (begin > 0 && IsPartOfName(value[begin - 1])) --begin;
+    if (!IsSecretKey(value.substr(begin, end - begin))) continue;
+    if (const std::string_view secret = ValueAt(value, equals + 1); !secret.empty()) {
+      secrets.push_back(secret);
+    }
+  }
+  const std::size_t scheme = value.find("://");
+  if (scheme == std::string_view::npos) return secrets;
+  const std::string_view authority =
+      value.substr(scheme + 3, value.find('/', scheme + 3) - scheme - 3);
+  const std::size_t at = authority.rfind('@');
+  const std::size_t colon = authority.find(':');
+  if (at != std::string_view::npos && colon < at && colon + 1 < at) {
+    secrets.push_back(authority.substr(colon + 1, at - colon - 1));
+  }
+  return secrets;
+}
+
+void Wipe(std::string& text) { WipeText(text); }
+void Wipe(std::u16string& text) { WipeText(text); }
+
+}  // namespace base
