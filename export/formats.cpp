@@ -9,7 +9,8 @@ namespace wbexport {
 const std::vector<Format>& AllFormats() {
   static const std::vector<Format> formats = {
       {"text", "a readable outline", "txt", false, WriteText},
-      {"json", "the workbook file, which wbimport render reads", "json", false, WriteJson},
+      {"json", "the workbook file, which wbimport render reads", "json", false, WriteJson, nullptr,
+       true},
       {"sql", "CREATE statements with keys and references", "sql", false, WriteSql},
       {"dot", "an entity-relationship diagram for Graphviz", "dot gv", true, WriteDot},
       {"svg", "an entity-relationship diagram as a picture", "svg", true, WriteSvg},

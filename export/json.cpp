@@ -3,9 +3,13 @@
 
 namespace wbexport {
 
-bool WriteJson(const Document& document, const Options& /*options*/, std::ostream& out,
+bool WriteJson(const Document& document, const Options& options, std::ostream& out,
                Notes& /*notes*/) {
-  WriteWorkbookFile(document.workbook, document.info, out);
+  if (options.compact) {
+    WriteCompactWorkbookFile(document.workbook, document.info, out);
+  } else {
+    WriteWorkbookFile(document.workbook, document.info, out);
+  }
   return true;
 }
 

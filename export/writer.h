@@ -27,6 +27,7 @@ struct Options {
   std::string around;
   int distance = 1;
   std::string dialect_out;  // sql: the dialect of the server that it is for; empty: the one read
+  bool compact = false;     // json: without indentation, zeroes and empty members
   bool whole = false;       // diagrams: draw a schema of more than 60 tables whole all the same
 };
 
@@ -46,6 +47,7 @@ struct Format {
   // others alone. False, with a sentence in `notes`, when a page cannot be written.
   bool (*write_folder)(const Document& document, const Options& options, const std::string& folder,
                        std::vector<std::string>& notes) = nullptr;
+  bool compacts = false;  // Options::compact means something to it
 };
 const std::vector<Format>& AllFormats();
 // Null when there is no such format.

@@ -11,6 +11,7 @@
 #include "host/host_session.h"
 #include "host/limits.h"
 #include "host/resolve_names.h"
+#include "host/stamp.h"
 #include "host/text.h"
 
 namespace wbhost {
@@ -22,6 +23,10 @@ class Sheet {
   // Throws a Failure for options that the format has no use for.
   explicit Sheet(const OutputOptions& options)
       : options_(options), format_(Choose(options)), output_(options.file, format_.write_folder) {
+    if (options.compact && !format_.compacts) {
+      throw Failure(ExitCode::kUsage,
+                    fmt::format("--compact: {} has no compact form, json has", format_.name));
+    }
     if (format_.draws) return;
     const char* option = options.around ? "--around" : options.whole ? "--whole" : nullptr;
     if (option == nullptr) return;
@@ -40,6 +45,7 @@ class Sheet {
              Screen& screen) const {
     wbexport::Options options;
     options.colour = output_.IsStandardOutput() && WantsColour(STDOUT_FILENO);
+    options.compact = options_.compact;
     options.all_functions = options_.all_functions;
     options.system = system;
     options.around = options_.around.value_or("");
@@ -118,6 +124,7 @@ void RunImport(Run& run, Outcome& outcome) {
                   "request file");
   }
   const Sheet sheet(wanted);
+  const std::u16string stamp = wanted.stamp ? TimeStamp() : u"";
   HostSession session(run, choices, sheet.output());
   const std::uint32_t items = choices.ItemMask();
   ResolveNames(choices, items, wanted.around, session.runner(), run.screen);
@@ -127,6 +134,8 @@ void RunImport(Run& run, Outcome& outcome) {
   // What an exact reading was asked for can be asked again, by a later comparison.
   if (result.info.route == u"exact") result.info.choices = WriteRequest(choices);
   SayWhyNotExact(run, choices, result);
+  result.info.title = ToUtf16(wanted.title.value_or(""));
+  result.info.imported_at = stamp;
   session.runner().Judge(result, outcome);
   session.Finish(outcome);
   sheet.Write(*result.workbook, result.info, choices.importer.include_system, run.screen);
@@ -152,6 +161,7 @@ void RunRender(Run& run) {
   if (!ReadWorkbookFile(*text, workbook, info, why)) {
     throw Failure(ExitCode::kUsage, fmt::format("{} is no workbook file: {}", name, why));
   }
+  if (run.options.output.title) info.title = ToUtf16(*run.options.output.title);
   sheet.Write(workbook, info, run.options.output.system, run.screen);
 }
 

@@ -290,6 +290,12 @@ void AddOutput(CLI::App& app, OutputOptions& options) {
       ->multi_option_policy(CLI::MultiOptionPolicy::TakeLast)
       ->type_name("NAME")
       ->group(group);
+  AddText(app, "--title", options.title, "What people call the database; every format shows it",
+          "TEXT")
+      ->group(group);
+  app.add_flag("--compact", options.compact,
+               "json: without indentation and members that are zero, empty, false or null")
+      ->group(group);
   app.add_flag("--whole", options.whole, "Diagrams: draw a large schema whole")->group(group);
   app.add_flag("--all-functions", options.all_functions, "text: list functions with overloads")
       ->group(group);
@@ -516,6 +522,11 @@ void DeclareCommandLine(CLI::App& app, Options& options, std::optional<std::stri
   }
   for (CLI::App* command : {import, list, info, render, diff}) AddQuiet(*command, options.report);
   AddOutput(*import, options.output);
+  import
+      ->add_flag(
+          "--stamp", options.output.stamp,
+          "Write the time of the import (UTC) too, that of SOURCE_DATE_EPOCH where it is set")
+      ->group("Output");
   list->add_option("KIND", options.list_kind, fmt::format("{}", fmt::join(ListNames(), ", ")))
       ->required()
       ->check(OneOf(ListNames()));

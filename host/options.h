@@ -55,7 +55,10 @@ struct OutputOptions {
   std::string dialect_out;  // empty: that of the server that was read
   bool whole = false;
   bool all_functions = false;
-  bool system = false;  // of render; an import goes by its choices
+  bool compact = false;
+  std::optional<std::string> title;  // of the database; empty: what the workbook file says
+  bool stamp = false;                // of an import: the time is part of the workbook
+  bool system = false;               // of render; an import goes by its choices
 };
 
 struct ReportOptions {

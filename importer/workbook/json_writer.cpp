@@ -4,6 +4,7 @@
 
 void JsonWriter::Text(std::u16string_view text) {
   static constexpr char kHex[] = "0123456789abcdef";
+  if (text.empty() && Dropped()) return;
   Separate();
   buffer_ += '"';
   for (std::size_t at = 0; at < text.size();) {

@@ -1,5 +1,8 @@
 // Writes JSON to a stream as it goes, without a tree in memory: a workbook of millions of columns
 // is larger as a tree than it is itself. Private to the library.
+//
+// The compact form has no blanks, a line for each entry of the lists at the top, and leaves out
+// members that are zero, empty, false or null unless their key is a kept one.
 #pragma once
 
 #include <charconv>
@@ -7,10 +10,13 @@
 #include <ostream>
 #include <string>
 #include <string_view>
+#include <vector>
 
 class JsonWriter {
  public:
-  explicit JsonWriter(std::ostream& out) : out_(out) { buffer_.reserve(kFlushAt + kSlack); }
+  explicit JsonWriter(std::ostream& out, bool compact = false) : out_(out), compact_(compact) {
+    buffer_.reserve(kFlushAt + kSlack);
+  }
   ~JsonWriter() { Flush(); }
   JsonWriter(const JsonWriter&) = delete;
   JsonWriter& operator=(const JsonWriter&) = delete;
@@ -20,19 +26,32 @@ class JsonWriter {
   void BeginArray() { Open('['); }
   void EndArray() { Close(']'); }
   // The next value or key starts on a new line with this many spaces.
-  void NewLine(int indent) { indent_ = indent; }
+  void NewLine(int indent) {
+    if (!compact_) {
+      indent_ = indent;
+    } else if (indent == kEntryIndent) {
+      indent_ = 0;
+    }
+  }
   // `key` is written as it stands: plain ASCII letters.
   void Key(std::string_view key) {
+    FlushWhenFull();
+    key_ = {buffer_.size(), first_};
+    KeptKey(key);
+    droppable_ = compact_;
+  }
+  // The key of a member that the compact form has whatever its value.
+  void KeptKey(std::string_view key) {
     Separate();
     buffer_ += '"';
     buffer_ += key;
-    buffer_ += "\": ";
+    buffer_ += compact_ ? "\":" : "\": ";
     first_ = true;
   }
-  // A key that is a name from a server.
+  // A key that is a name from a server; kept.
   void TextKey(std::u16string_view key) {
     Text(key);
-    buffer_ += ": ";
+    buffer_ += compact_ ? ":" : ": ";
     first_ = true;
   }
   void Text(std::u16string_view text);
@@ -42,15 +61,18 @@ class JsonWriter {
     buffer_ += json;
   }
   void Bool(bool value) {
+    if (!value && Dropped()) return;
     Separate();
     buffer_ += value ? "true" : "false";
   }
   void Null() {
+    if (Dropped()) return;
     Separate();
     buffer_ += "null";
   }
   template <class Integer>
   void Number(Integer value) {
+    if (value == 0 && Dropped()) return;
     Separate();
     char digits[24];
     buffer_.append(digits, std::to_chars(digits, digits + sizeof digits, value).ptr);
@@ -73,6 +95,10 @@ class JsonWriter {
     Key(key);
     Number(value);
   }
+  void KeptMember(std::string_view key, const std::u16string& text) {
+    KeptKey(key);
+    Text(text);
+  }
   // Hands everything written so far to the stream.
   void Flush();
 
@@ -80,24 +106,56 @@ class JsonWriter {
   static constexpr std::size_t kFlushAt = 1 << 16;
   static constexpr std::size_t kSlack = 1 << 12;
 
-  // Before every value and key: the comma, the line break, and the buffer when it is full.
+  static constexpr int kEntryIndent = 4;  // of the entries of the lists at the top
+
+  // Where a key begins, with the comma before it, and what stood before that.
+  struct Place {
+    std::size_t at = 0;
+    bool first = false;
+    bool droppable = true;
+  };
+
+  void FlushWhenFull() {
+    if (!first_ && buffer_.size() >= kFlushAt) Flush();
+  }
+  // Before every value and key: the buffer when it is full, the comma and the line break. Not
+  // between a key and its value, nor behind a bracket: what may be taken back stays in the buffer.
   void Separate() {
-    if (!first_) buffer_ += indent_ >= 0 ? "," : ", ";
+    FlushWhenFull();
+    droppable_ = false;
+    if (!first_) buffer_ += indent_ >= 0 || compact_ ? "," : ", ";
     first_ = false;
     if (indent_ >= 0) BreakLine();
-    if (buffer_.size() >= kFlushAt) Flush();
   }
   void BreakLine() {
     buffer_ += '\n';
     buffer_.append(static_cast<std::size_t>(indent_), ' ');
     indent_ = -1;
   }
+  // Takes back the key just written, where its value is one that the compact form leaves out.
+  bool Dropped() {
+    if (!droppable_) return false;
+    TakeBack(key_);
+    return true;
+  }
+  void TakeBack(const Place& place) {
+    buffer_.resize(place.at);
+    first_ = place.first;
+    droppable_ = false;
+  }
   void Open(char bracket) {
+    if (compact_) open_.push_back({key_.at, key_.first, droppable_});
     Separate();
     buffer_ += bracket;
     first_ = true;
   }
   void Close(char bracket) {
+    if (compact_) {
+      const Place place = open_.back();
+      open_.pop_back();
+      indent_ = -1;
+      if (place.droppable && first_) return TakeBack(place);
+    }
     if (indent_ >= 0) BreakLine();
     buffer_ += bracket;
     first_ = false;
@@ -105,6 +163,10 @@ class JsonWriter {
 
   std::ostream& out_;
   std::string buffer_;
-  int indent_ = -1;    // below 0: no line break is due
-  bool first_ = true;  // nothing stands before the next value but a bracket or a key
+  const bool compact_;
+  std::vector<Place> open_;  // of the objects and lists that are open, in the compact form
+  Place key_;                // the last key
+  bool droppable_ = false;   // that key may still be taken back
+  int indent_ = -1;          // below 0: no line break is due
+  bool first_ = true;        // nothing stands before the next value but a bracket or a key
 };

@@ -38,6 +38,11 @@ struct LcWorkbookFileInfo {
 LC_WORKBOOK_EXPORT void WriteWorkbookFile(const LcWorkbook& workbook,
                                           const LcWorkbookFileInfo& info, std::ostream& out);
 
+// The same file in a fraction of its size: without indentation, and without the members that are
+// zero, empty, false or null, which readers take as such.
+LC_WORKBOOK_EXPORT void WriteCompactWorkbookFile(const LcWorkbook& workbook,
+                                                 const LcWorkbookFileInfo& info, std::ostream& out);
+
 // Reads a file into an empty workbook. Fields that are left out are zero, empty, false or null, but
 // "format", "version" and the names of things have to be there; fields that are not known are
 // skipped. False when `text` is no workbook file: `why` then says where (line and column, or the

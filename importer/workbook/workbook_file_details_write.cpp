@@ -7,7 +7,7 @@ namespace {
 
 void Optional(JsonWriter& json, std::string_view key, const LcText& text) {
   if (!text.IsPresent()) return;
-  json.Key(key);
+  json.KeptKey(key);  // an empty text is not an absent one
   json.Text(text.View());
 }
 
@@ -17,7 +17,9 @@ void Optional(JsonWriter& json, std::string_view key, const std::u16string& text
 
 // Left out where it is the ordinary case.
 void Unless(JsonWriter& json, std::string_view key, bool ordinary, bool value) {
-  if (value != ordinary) json.Member(key, value);
+  if (value == ordinary) return;
+  json.KeptKey(key);
+  json.Bool(value);
 }
 
 template <class Enum>

@@ -91,7 +91,7 @@ void WriteSynonymMembers(JsonWriter& json, const LcSynonymDetails& synonym) {
 
 void WriteColumn(JsonWriter& json, const LcWorkbookColumn& column) {
   json.BeginObject();
-  json.Member("name", column.GetName());
+  json.KeptMember("name", column.GetName());
   json.Member("columnId", column.GetColumnId());
   json.Key("dataType");
   WriteDatatype(json, column.GetDataType());
@@ -123,7 +123,7 @@ void WriteKeySide(JsonWriter& json, const char* key, const LcWorkbookKeyList* si
       json.Member("owner", table->first->GetOwner(false));
       json.Member("table", table->first->GetName());
       json.Member("index", table->second);
-      json.Member("column", column->GetName());
+      json.KeptMember("column", column->GetName());
       json.EndObject();
     }
   }
@@ -133,7 +133,7 @@ void WriteKeySide(JsonWriter& json, const char* key, const LcWorkbookKeyList* si
 void WriteTable(JsonWriter& json, const LcWorkbookTable& table, const TablePositions& positions) {
   json.BeginObject();
   json.Member("owner", table.GetOwner(false));
-  json.Member("name", table.GetName());
+  json.KeptMember("name", table.GetName());
   json.Member("type", TableTypeName(table.GetType()));
   json.NewLine(6);
   json.Key("synonym");
@@ -176,7 +176,7 @@ void WriteTable(JsonWriter& json, const LcWorkbookTable& table, const TablePosit
 void WriteFunction(JsonWriter& json, const LcWorkbookFunction& function) {
   json.BeginObject();
   json.Member("owner", function.GetOwner());
-  json.Member("name", function.GetName());
+  json.KeptMember("name", function.GetName());
   json.Key("overloads");
   json.BeginArray();
   for (const auto& overload : function.GetOverloads()) {
@@ -193,7 +193,7 @@ void WriteFunction(JsonWriter& json, const LcWorkbookFunction& function) {
 template <class Named>
 void WriteDescribed(JsonWriter& json, const Named& named) {
   json.BeginObject();
-  json.Member("name", named.GetName());
+  json.KeptMember("name", named.GetName());
   json.Member("description", named.GetDescription());
   json.EndObject();
 }
@@ -203,7 +203,7 @@ void WriteHead(JsonWriter& json, const LcWorkbookFileInfo& info) {
   json.Member("format", u"workbook");
   json.Member("version", kWorkbookFileVersion);
   json.NewLine(2);
-  json.Key("source");
+  json.KeptKey("source");
   json.BeginObject();
   json.Member("dbmsName", info.dbms_name);
   json.Member("dbmsVersion", info.dbms_version);
@@ -225,7 +225,7 @@ void WriteNames(JsonWriter& json, const LcWorkbook& workbook) {
   WriteList(json, "tableNames", workbook.table_names, 2, [&](const LcTableInfo& table) {
     json.BeginObject();
     json.Member("owner", table.owner);
-    json.Member("name", table.name);
+    json.KeptMember("name", table.name);
     json.Member("type", TableTypeName(table.type));
     WriteSynonymMembers(json, table.synonym);
     json.EndObject();
@@ -233,7 +233,7 @@ void WriteNames(JsonWriter& json, const LcWorkbook& workbook) {
   json.NewLine(2);
   WriteList(json, "columnNames", workbook.column_names, 2, [&](const LcWBColumnInfo& column) {
     json.BeginObject();
-    json.Member("name", column.name);
+    json.KeptMember("name", column.name);
     json.Key("dataType");
     WriteDatatype(json, column.data_type.get());
     json.EndObject();
@@ -255,22 +255,20 @@ void WriteRoutines(JsonWriter& json, const LcWorkbook& workbook) {
   WriteList(json, "procedures", workbook.procedures, 2, [&](const LcWorkbookProcedure& p) {
     json.BeginObject();
     json.Member("owner", p.GetOwner());
-    json.Member("name", p.GetName());
+    json.KeptMember("name", p.GetName());
     json.Member("qualifier", p.GetQualifier());
     json.Member("server", p.GetServer());
     json.EndObject();
   });
 }
 
-}  // namespace
-
-void WriteWorkbookFile(const LcWorkbook& workbook, const LcWorkbookFileInfo& info,
-                       std::ostream& out) {
+void WriteFile(const LcWorkbook& workbook, const LcWorkbookFileInfo& info, std::ostream& out,
+               bool compact) {
   TablePositions positions;
   for (const LcWorkbookTable* table : workbook.tables.Present())
     positions.emplace(table, positions.size());
   {
-    JsonWriter json(out);
+    JsonWriter json(out, compact);
     json.BeginObject();
     WriteHead(json, info);
     WriteNames(json, workbook);
@@ -290,4 +288,16 @@ void WriteWorkbookFile(const LcWorkbook& workbook, const LcWorkbookFileInfo& inf
     json.EndObject();
   }
   out << '\n';
+}
+
+}  // namespace
+
+void WriteWorkbookFile(const LcWorkbook& workbook, const LcWorkbookFileInfo& info,
+                       std::ostream& out) {
+  WriteFile(workbook, info, out, false);
+}
+
+void WriteCompactWorkbookFile(const LcWorkbook& workbook, const LcWorkbookFileInfo& info,
+                              std::ostream& out) {
+  WriteFile(workbook, info, out, true);
 }

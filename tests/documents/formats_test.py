@@ -58,6 +58,7 @@ class Workbook(unittest.TestCase):
         self.check(wbimport("import", "--items", "owner-names,table-names,column-names", "--table", "loan").stdout, "names")
         for golden in (SOURCE / "tests/export/golden").glob("every_*.json"):
             self.check(golden.read_text(), golden.name)
+            self.check(wbimport("render", str(golden), "--format", "json", "--compact").stdout, golden.name)
 
     def check(self, text, name):
         document = json.loads(text)

@@ -20,6 +20,18 @@ std::string Write(const LcWorkbook& workbook, const LcWorkbookFileInfo& info) {
   return out.str();
 }
 
+// What comes back of the compact form, written whole.
+std::string WriteByWayOfCompact(const LcWorkbook& workbook, const LcWorkbookFileInfo& info) {
+  std::ostringstream out;
+  WriteCompactWorkbookFile(workbook, info, out);
+  LcWorkbook again;
+  LcWorkbookFileInfo info_again;
+  std::string why;
+  EXPECT_TRUE(ReadWorkbookFile(out.str(), again, info_again, why)) << why;
+  EXPECT_THAT(out.str(), testing::Not(testing::ContainsRegex("\": |:\\[]|:[{]}|:0[,}]|:null")));
+  return Write(again, info_again);
+}
+
 TEST(WorkbookFile, KeepsEverything) {
   LcWorkbook workbook;
   LcWorkbookFileInfo info;
@@ -32,6 +44,7 @@ TEST(WorkbookFile, KeepsEverything) {
   std::string why;
   ASSERT_TRUE(ReadWorkbookFile(text, again, info_again, why)) << why;
   EXPECT_EQ(Write(again, info_again), text);
+  EXPECT_EQ(WriteByWayOfCompact(workbook, info), text);
   EXPECT_TRUE(info_again.incomplete);
   // Half a surrogate pair cannot be written.
   EXPECT_EQ(again.tables.GetAt(4)->GetColumn(1)->GetName(), u"日本 \U0001F600 \uFFFD!");
@@ -46,6 +59,7 @@ TEST(WorkbookFile, KeepsEveryDetail) {
   std::string why;
   ASSERT_TRUE(ReadWorkbookFile(text, workbook, info, why)) << why;
   EXPECT_EQ(Write(workbook, info), text);
+  EXPECT_EQ(WriteByWayOfCompact(workbook, info), text);
   const LcWorkbookTable* customer = workbook.tables.GetAt(0);
   EXPECT_FALSE(customer->FindColumn(u"id")->GetDetails()->comment.IsPresent());
   EXPECT_EQ(customer->FindColumn(u"extra")->GetDetails()->comment, LcText(u""));
