@@ -14,10 +14,15 @@ const std::vector<Format>& AllFormats() {
       {"sql", "CREATE statements with keys and references", "sql", false, WriteSql},
       {"dot", "an entity-relationship diagram for Graphviz", "dot gv", true, WriteDot},
       {"svg", "an entity-relationship diagram as a picture", "svg", true, WriteSvg},
+      {"png", "the same picture in pixels", "png", true, WritePng},
       {"html", "one page to search, browse and draw, for any browser", "html htm", true, WriteHtml},
       {"mermaid", "an entity-relationship diagram for Mermaid", "mmd mermaid", true, WriteMermaid},
+      {"plantuml", "an entity-relationship diagram for PlantUML", "puml plantuml pu", true,
+       WritePlantUml},
       {"markdown", "one page, or in a folder a page for each table", "md markdown", false,
        WriteMarkdown, WriteMarkdownFolder},
+      {"dbml", "tables, keys, indexes and references in DBML", "dbml", false, WriteDbml},
+      {"csv", "a line for each column", "csv", false, WriteCsv},
   };
   return formats;
 }

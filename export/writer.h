@@ -2,6 +2,7 @@
 // UTF-8 to a stream, whose state tells of failures.
 #pragma once
 
+#include <functional>
 #include <ostream>
 #include <string>
 #include <string_view>
@@ -18,6 +19,9 @@ struct Document {
   const LcWorkbookFileInfo& info;
 };
 
+// What a diagram shows of a table.
+enum class Detail { kAuto, kFull, kKeys, kNames };
+
 struct Options {
   bool colour = false;         // text: terminal colours
   bool all_functions = false;  // text: list functions with their overloads instead of counts
@@ -26,6 +30,9 @@ struct Options {
   // parted by a dot, or the name alone); empty: the whole schema.
   std::string around;
   int distance = 1;
+  Detail detail = Detail::kAuto;  // diagrams: kAuto goes by the size
+  // Asked now and then while a picture is laid out; true ends that with nothing written.
+  std::function<bool()> is_cancelled;
   std::string dialect_out;  // sql: the dialect of the server that it is for; empty: the one read
   bool compact = false;     // json: without indentation, zeroes and empty members
   bool whole = false;       // diagrams: draw a schema of more than 60 tables whole all the same

@@ -18,6 +18,11 @@ bool WriteMarkdownFolder(const Document& document, const Options& options,
 bool WriteMermaid(const Document& document, const Options& options, std::ostream& out,
                   Notes& notes);
 bool WriteDot(const Document& document, const Options& options, std::ostream& out, Notes& notes);
+bool WritePlantUml(const Document& document, const Options& options, std::ostream& out,
+                   Notes& notes);
+bool WriteDbml(const Document& document, const Options& options, std::ostream& out, Notes& notes);
+bool WriteCsv(const Document& document, const Options& options, std::ostream& out, Notes& notes);
+bool WritePng(const Document& document, const Options& options, std::ostream& out, Notes& notes);
 bool WriteSvg(const Document& document, const Options& options, std::ostream& out, Notes& notes);
 bool WriteHtml(const Document& document, const Options& options, std::ostream& out, Notes& notes);
 

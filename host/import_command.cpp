@@ -9,6 +9,7 @@
 #include "host/commands.h"
 #include "host/dialect_file.h"
 #include "host/host_session.h"
+#include "host/interrupt.h"
 #include "host/limits.h"
 #include "host/resolve_names.h"
 #include "host/stamp.h"
@@ -28,7 +29,10 @@ class Sheet {
                     fmt::format("--compact: {} has no compact form, json has", format_.name));
     }
     if (format_.draws) return;
-    const char* option = options.around ? "--around" : options.whole ? "--whole" : nullptr;
+    const char* option = options.around   ? "--around"
+                         : options.whole  ? "--whole"
+                         : options.detail ? "--detail"
+                                          : nullptr;
     if (option == nullptr) return;
     std::string drawing;
     for (const wbexport::Format& format : wbexport::AllFormats()) {
@@ -50,6 +54,8 @@ class Sheet {
     options.system = system;
     options.around = options_.around.value_or("");
     options.distance = options_.distance;
+    options.detail = DetailOf(options_.detail.value_or(""));
+    options.is_cancelled = [] { return GetInterruptWish() == InterruptWish::kCancel; };
     options.whole = options_.whole;
     options.dialect_out = options_.dialect_out;
     std::vector<std::string> notes;
@@ -73,6 +79,13 @@ class Sheet {
   }
 
  private:
+  static wbexport::Detail DetailOf(const std::string& name) {
+    return name == "full"    ? wbexport::Detail::kFull
+           : name == "keys"  ? wbexport::Detail::kKeys
+           : name == "names" ? wbexport::Detail::kNames
+                             : wbexport::Detail::kAuto;
+  }
+
   static const wbexport::Format& Choose(const OutputOptions& options) {
     if (options.format) return *wbexport::FindFormat(*options.format);  // checked with the options
     return wbexport::DefaultFormat(OutputFile(options.file).IsStandardOutput() &&

@@ -296,6 +296,10 @@ void AddOutput(CLI::App& app, OutputOptions& options) {
   app.add_flag("--compact", options.compact,
                "json: without indentation and members that are zero, empty, false or null")
       ->group(group);
+  AddText(app, "--detail", options.detail,
+          "Diagrams: full (all columns), keys or names; the default goes by the size", "HOW MUCH")
+      ->check(OneOf({"full", "keys", "names"}))
+      ->group(group);
   app.add_flag("--whole", options.whole, "Diagrams: draw a large schema whole")->group(group);
   app.add_flag("--all-functions", options.all_functions, "text: list functions with overloads")
       ->group(group);

@@ -52,7 +52,8 @@ struct OutputOptions {
   std::string file;  // empty: standard output
   std::optional<std::string> around;
   int distance = 1;
-  std::string dialect_out;  // empty: that of the server that was read
+  std::optional<std::string> detail;  // full, keys or names
+  std::string dialect_out;            // empty: that of the server that was read
   bool whole = false;
   bool all_functions = false;
   bool compact = false;
