@@ -4,6 +4,7 @@
 #include <unordered_map>
 
 #include "base/utf.h"
+#include "export/sql_order.h"
 
 namespace wbexport::sql {
 namespace {
@@ -26,20 +27,6 @@ LeTableKind KindOf(const LcWorkbookTable& table) {
   return table.GetDetails() != nullptr ? table.GetDetails()->kind : tkUnknown;
 }
 
-bool MentionsAny(std::u16string_view text, const std::set<std::u16string>& names) {
-  std::u16string word;
-  for (std::size_t i = 0; i <= text.size(); ++i) {
-    const char16_t c = i < text.size() ? text[i] : u' ';
-    if (c == u' ' || c == u'.' || c == u'"' || c == u',' || c == u'(' || c == u')' || c == u'[') {
-      if (!word.empty() && names.count(word) != 0) return true;
-      word.clear();
-    } else {
-      word += c;
-    }
-  }
-  return false;
-}
-
 }  // namespace
 
 Context::Context(const Document& document, const Target& the_target, std::ostream& stream)
@@ -51,7 +38,7 @@ Context::Context(const Document& document, const Target& the_target, std::ostrea
       default_schema_(DefaultSchema(document.workbook)) {
   for (const LcWorkbookTable* table : workbook.tables) {
     if (table == nullptr) continue;
-    (IsView(*table) ? views_ : tables_).insert(table->GetName());
+    (IsView(*table) ? views_ : tables_).insert(Lowered(table->GetName()));
   }
 }
 
@@ -103,14 +90,32 @@ std::string Context::LeftOut() const {
 }
 
 RoutineTime Context::TimeOf(const LcRoutineDetails& routine) const {
-  std::u16string types = routine.result.Text();
-  for (const LcParameterDetails& parameter : routine.parameters)
-    types += u' ' + parameter.type.Text();
-  // A body of statements that the server keeps taken apart, not as a text, is bound to its tables.
+  const std::u16string text = MentionsOf(routine);
+  if (MentionsAny(text, views_) || routine.kind == rkAggregate) return RoutineTime::kAmongViews;
+  return MentionsAny(text, tables_) ? RoutineTime::kBeforeViews : RoutineTime::kBeforeTables;
+}
+
+bool Context::Makes(const LcWorkbookTable& table) const {
+  return IsPlainTable(table) && !(translated && IsForeign(table)) &&
+         (table.GetColumnCount() > 0 || target.allows_no_columns);
+}
+
+std::u16string MentionsOf(const LcRoutineDetails& routine) {
+  std::u16string text = routine.result.Text();
+  for (const LcParameterDetails& parameter : routine.parameters) {
+    text += u' ' + parameter.type.Text() + u' ' + parameter.default_text.Text();
+  }
+  // A body that the server keeps taken apart, not as a text, is bound to what it mentions, and so
+  // is an aggregate to its functions.
   const bool bound = routine.text.View().starts_with(u"BEGIN ATOMIC") ||
-                     routine.text.View().starts_with(u"RETURN ");
-  if (bound || MentionsAny(types, views_)) return RoutineTime::kAfterViews;
-  return MentionsAny(types, tables_) ? RoutineTime::kBeforeViews : RoutineTime::kBeforeTables;
+                     routine.text.View().starts_with(u"RETURN ") || routine.kind == rkAggregate;
+  if (bound) text += u' ' + routine.text.Text();
+  return text;
+}
+
+bool IsForeign(const LcWorkbookTable& table) {
+  return table.GetDetails() != nullptr &&
+         table.GetDetails()->options.Find(u"foreign wrapper").IsPresent();
 }
 
 std::string ShowName(std::u16string_view schema, std::u16string_view name) {
@@ -126,6 +131,8 @@ bool IsPlainTable(const LcWorkbookTable& table) {
     case tkPartitionedTable:
     case tkPartition:
       return true;
+    case tkForeignTable:
+      return IsForeign(table);
     default:
       return false;
   }

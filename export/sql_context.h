@@ -15,9 +15,9 @@
 
 namespace wbexport::sql {
 
-// When a routine can be made: before the tables, or only once tables are there that its parameters
-// or its result are rows of, or views.
-enum class RoutineTime { kBeforeTables, kBeforeViews, kAfterViews };
+// When a routine can be made: before the tables, once tables are there that its parameters or its
+// result are rows of, or among the views, in the order in which they mention one another.
+enum class RoutineTime { kBeforeTables, kBeforeViews, kAmongViews };
 
 class Context {
  public:
@@ -48,6 +48,9 @@ class Context {
   std::string LeftOut() const;
 
   RoutineTime TimeOf(const LcRoutineDetails& routine) const;
+  // Whether the script makes this table: it has columns, and is no view, no synonym, no table of
+  // the server's own; one of another server only on the kind of server it was read from.
+  bool Makes(const LcWorkbookTable& table) const;
 
   // What a statement in hand has to leave out, said behind it.
   std::vector<std::string> pending;
@@ -59,11 +62,16 @@ class Context {
   std::set<std::u16string> views_;
 };
 
+// What has to be there before a routine can be made, as a text that mentions it.
+std::u16string MentionsOf(const LcRoutineDetails& routine);
+
 // "owner.name" for people, or the name alone.
 std::string ShowName(std::u16string_view schema, std::u16string_view name);
 
-// Whether the script makes this table itself: it has columns, and is no view, no synonym, no table
-// of the server's own or of another server.
+// A table whose rows another server has, of which the workbook says how to reach it.
+bool IsForeign(const LcWorkbookTable& table);
+// Tables with rows of their own or of another server: no view, no synonym, none of the server's
+// own.
 bool IsPlainTable(const LcWorkbookTable& table);
 // Views, materialized ones too.
 bool IsView(const LcWorkbookTable& table);

@@ -110,42 +110,59 @@ std::string RoutineBody(const Context& context, const LcRoutineDetails& routine)
   if (!context.target.has_types) return text;
   const std::string language = "LANGUAGE " + context.target.Quote(routine.language.View()) + "\n";
   if (text.starts_with("BEGIN ATOMIC") || text.starts_with("RETURN ")) return language + text;
+  if (const LcText library = routine.options.Find(u"library"); library.IsPresent()) {
+    return language + "AS " + context.Literal(library) + ", " + context.Literal(routine.text);
+  }
   std::string mark = "$body$";
   for (int i = 1; text.find(mark) != std::string::npos; ++i) mark = fmt::format("$body{}$", i);
   return language + "AS " + mark + text + mark;
 }
 
-// Its text is the name of a symbol in a library that only the server that it came from has.
-bool IsCompiled(const LcRoutineDetails& routine) {
-  return routine.language.View() == u"c" || routine.language.View() == u"internal";
+// The arguments of an aggregate: some have a part that is ordered by.
+std::string AggregateArguments(const Context& context, const LcRoutineDetails& routine) {
+  const LcText arguments = routine.options.Find(u"arguments");
+  if (arguments.IsPresent()) return base::ToUtf8(arguments.View());
+  const std::string list = ParameterList(context, routine);
+  return list.empty() ? "*" : list;
 }
 
-void WriteRoutine(Context& context, const LcRoutineDetails& routine) {
+std::string RoutineStatement(Context& context, const LcRoutineDetails& routine) {
   const Target& target = context.target;
+  const std::string name = context.Name(routine.schema.View(), routine.name.View());
+  if (BeginsWithCreate(routine.text.View())) return base::ToUtf8(routine.text.View());
+  if (routine.kind == rkAggregate) {
+    return fmt::format("CREATE AGGREGATE {}({}) ({})", name, AggregateArguments(context, routine),
+                       base::ToUtf8(routine.text.View()));
+  }
+  std::string statement = fmt::format("CREATE {} {}({})", KindWord(routine.kind), name,
+                                      ParameterList(context, routine));
+  if (routine.kind != rkProcedure && routine.result.IsPresent()) {
+    statement += " RETURNS " + base::ToUtf8(routine.result.View());
+  }
+  if (routine.kind == rkWindow) statement += " WINDOW";
+  statement += target.Clauses(routine.options, target.routine_options);
+  if (target.comments == Comments::kClauses && routine.comment.IsPresent()) {
+    statement += "\nCOMMENT " + context.Literal(routine.comment);
+  }
+  return statement + '\n' + RoutineBody(context, routine);
+}
+
+}  // namespace
+
+void WriteRoutine(Context& context, const LcRoutineDetails& routine) {
   const std::string what = fmt::format("{} {}", base::ToUtf8(LcNameOf(routine.kind)),
                                        ShowName(routine.schema.View(), routine.name.View()));
-  if (!routine.text.IsPresent() || routine.kind == rkAggregate || IsCompiled(routine)) {
-    context.LeaveOut(what + ", which is more than its text", "routines");
-    return;
-  }
-  std::string statement;
-  if (BeginsWithCreate(routine.text.View())) {
-    statement = base::ToUtf8(routine.text.View());
+  // Texts of aggregates that older files hold are the server's word for none.
+  if (!routine.text.IsPresent() || routine.text.View() == u"aggregate_dummy") {
+    context.LeaveOut(what + ", whose text was not read", "routines");
+  } else if (context.translated) {
+    context.LeaveOut(what, "routines");
   } else {
-    statement = fmt::format("CREATE {} {}({})", KindWord(routine.kind),
-                            context.Name(routine.schema.View(), routine.name.View()),
-                            ParameterList(context, routine));
-    if (routine.kind != rkProcedure && routine.result.IsPresent()) {
-      statement += " RETURNS " + base::ToUtf8(routine.result.View());
-    }
-    statement += target.Clauses(routine.options, target.routine_options);
-    if (target.comments == Comments::kClauses && routine.comment.IsPresent()) {
-      statement += "\nCOMMENT " + context.Literal(routine.comment);
-    }
-    statement += '\n' + RoutineBody(context, routine);
+    context.WriteBody(RoutineStatement(context, routine));
   }
-  context.WriteBody(statement);
 }
+
+namespace {
 
 // PostgreSQL's triggers can be off, or be for certain sessions only.
 void WriteState(Context& context, const LcWorkbookTable& table, const LcTriggerDetails& trigger) {
@@ -242,7 +259,7 @@ void WriteSequenceOwners(Context& context) {
     if (!sequence.owner_table.IsPresent() || NumbersIdentity(context, sequence)) continue;
     const LcWorkbookTable* table =
         context.workbook.tables.FindTable(sequence.schema.Text(), sequence.owner_table.Text());
-    if (table == nullptr || !IsPlainTable(*table)) continue;
+    if (table == nullptr || !context.Makes(*table)) continue;
     context.out << fmt::format("ALTER SEQUENCE {} OWNED BY {}.{};\n",
                                context.Name(sequence.schema.View(), sequence.name.View()),
                                context.Name(*table),
@@ -251,16 +268,16 @@ void WriteSequenceOwners(Context& context) {
 }
 
 void WriteRoutines(Context& context, RoutineTime time) {
+  std::vector<const LcRoutineDetails*> routines;
+  std::vector<Mentioning> things;
   for (const LcRoutineDetails& routine : context.workbook.details.routines) {
     if (context.TimeOf(routine) != time) continue;
+    routines.push_back(&routine);
+    things.push_back({routine.name.Text(), MentionsOf(routine)});
+  }
+  for (const std::size_t at : OrderByMentions(things)) {
     context.out << '\n';
-    if (context.translated) {
-      context.LeaveOut(fmt::format("{} {}", base::ToUtf8(LcNameOf(routine.kind)),
-                                   ShowName(routine.schema.View(), routine.name.View())),
-                       "routines");
-    } else {
-      WriteRoutine(context, routine);
-    }
+    WriteRoutine(context, *routines[at]);
   }
 }
 

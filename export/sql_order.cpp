@@ -9,12 +9,6 @@ namespace {
 
 char16_t Lower(char16_t c) { return c >= u'A' && c <= u'Z' ? static_cast<char16_t>(c + 32) : c; }
 
-std::u16string Lowered(std::u16string_view text) {
-  std::u16string lower(text);
-  std::transform(lower.begin(), lower.end(), lower.begin(), Lower);
-  return lower;
-}
-
 bool IsWord(char16_t c) {
   return c == u'_' || c == u'$' || (c >= u'0' && c <= u'9') || (c >= u'a' && c <= u'z') ||
          c >= 0x80;
@@ -95,6 +89,19 @@ class Orderer {
 };
 
 }  // namespace
+
+std::u16string Lowered(std::u16string_view text) {
+  std::u16string lower(text);
+  std::transform(lower.begin(), lower.end(), lower.begin(), Lower);
+  return lower;
+}
+
+bool MentionsAny(std::u16string_view text, const std::set<std::u16string>& names) {
+  bool found = false;
+  ForEachName(Lowered(text),
+              [&](const std::u16string& name) { found = found || names.count(name) != 0; });
+  return found;
+}
 
 std::vector<std::size_t> OrderByMentions(const std::vector<Mentioning>& things) {
   return Orderer(things).Order();

@@ -24,11 +24,14 @@ void WriteForeignKeys(Context& context);
 
 // What looks at tables.
 void WriteRoutines(Context& context, RoutineTime time);  // those whose time it is
-void WriteViews(Context& context);                       // materialized ones with their indexes
+void WriteRoutine(Context& context, const LcRoutineDetails& routine);
+void WriteViews(Context& context);  // with the routines that stand among them
 void WriteTriggers(Context& context);
 void WriteExtensions(Context& context);
-void WriteParts(Context& context);        // makes tables parts of others
-void WriteInheritance(Context& context);  // once they have their checks
+void WriteCollations(Context& context);
+void WriteForeignServers(Context& context);  // and their wrappers
+void WriteParts(Context& context);           // makes tables parts of others
+void WriteInheritance(Context& context);     // once they have their checks
 void WriteSequenceOwners(Context& context);
 void WriteComments(Context& context);
 

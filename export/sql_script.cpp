@@ -29,9 +29,11 @@ void WriteScript(const Document& document, const Target& target, std::ostream& o
   WriteHead(context);
   WriteSchemas(context);
   WriteExtensions(context);
+  WriteCollations(context);
   WriteTypes(context);
   WriteSequences(context);
   WriteRoutines(context, RoutineTime::kBeforeTables);
+  WriteForeignServers(context);
   WriteTables(context);
   WriteParts(context);
   WriteKeys(context);
@@ -41,7 +43,6 @@ void WriteScript(const Document& document, const Target& target, std::ostream& o
   WriteViews(context);
   WriteIndexes(context);  // of materialized views too
   WriteForeignKeys(context);
-  WriteRoutines(context, RoutineTime::kAfterViews);
   WriteTriggers(context);
   WriteComments(context);
   const std::string left_out = context.LeftOut();

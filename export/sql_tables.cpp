@@ -1,5 +1,7 @@
 // Tables with their columns.
 #include <algorithm>
+#include <map>
+#include <set>
 
 #include "base/utf.h"
 #include "export/sql_parts.h"
@@ -80,7 +82,19 @@ std::string DefaultClause(Context& context, const LcWorkbookColumn& column,
                                                : " DEFAULT " + base::ToUtf8(text);
 }
 
-std::string ColumnClause(Context& context, const LcWorkbookColumn& column) {
+// The options of the columns of a foreign table: {a,"{column_name=x}",b,...}.
+std::map<std::u16string, std::string> ForeignColumnOptions(const LcTableDetails& details) {
+  std::map<std::u16string, std::string> options;
+  const std::vector<std::string> elements =
+      Elements(base::ToUtf8(details.options.Find(u"column options").View()));
+  for (std::size_t i = 0; i + 1 < elements.size(); i += 2) {
+    options[base::ToUtf16(elements[i])] = elements[i + 1];
+  }
+  return options;
+}
+
+std::string ColumnClause(Context& context, const LcWorkbookColumn& column,
+                         const std::map<std::u16string, std::string>& foreign_options) {
   static const LcColumnDetails kNone;
   const LcColumnDetails& details = column.GetDetails() ? *column.GetDetails() : kNone;
   const Target& target = context.target;
@@ -93,8 +107,11 @@ std::string ColumnClause(Context& context, const LcWorkbookColumn& column) {
     clause += std::string(" ") + std::string(target.any_type);
   }
   if (!context.translated) clause += target.Clauses(details.options, target.type_options);
+  if (const auto found = foreign_options.find(column.GetName()); found != foreign_options.end()) {
+    clause += " OPTIONS (" + target.Settings(found->second, " ") + ")";
+  }
   if (details.collation.IsPresent() && !context.translated) {
-    clause += " COLLATE " + (target.quotes_collations ? target.Quote(details.collation.View())
+    clause += " COLLATE " + (target.quotes_collations ? target.QuoteLoose(details.collation.View())
                                                       : base::ToUtf8(details.collation.View()));
   }
   const std::string value = DefaultClause(context, column, details);
@@ -170,9 +187,12 @@ void WriteTable(Context& context, const LcWorkbookTable& table) {
   context.pending.clear();
   std::vector<std::string> lines;
   bool key_with_column = false;
+  const bool foreign = IsForeign(table);
+  const std::map<std::u16string, std::string> column_options = ForeignColumnOptions(details);
   for (int i = 0; i < table.GetColumnCount(); ++i) {
     const LcWorkbookColumn& column = *table.GetColumn(i);
-    lines.push_back(ColumnClause(context, column) + ColumnChecks(context, table, column));
+    lines.push_back(ColumnClause(context, column, column_options) +
+                    ColumnChecks(context, table, column));
     if (HasKeyWithColumn(context, column)) key_with_column = true;
   }
   if (!target.adds_keys) {
@@ -181,14 +201,15 @@ void WriteTable(Context& context, const LcWorkbookTable& table) {
       lines.push_back(std::move(clause));
     }
   }
-  context.out << "\nCREATE" << target.Clauses(details.options, target.table_prefixes) << " TABLE "
-              << context.Name(table) << " (";
+  context.out << "\nCREATE" << target.Clauses(details.options, target.table_prefixes)
+              << (foreign ? " FOREIGN TABLE " : " TABLE ") << context.Name(table) << " (";
   const char* separator = "\n  ";
   for (const std::string& line : lines) {
     context.out << separator << line;
     separator = ",\n  ";
   }
   context.out << "\n)";
+  if (foreign) context.out << target.Clauses(details.options, target.foreign_table_options);
   if (!context.translated) context.out << target.Clauses(details.options, target.table_options);
   if (target.comments == Comments::kClauses && details.comment.IsPresent()) {
     context.out << " COMMENT=" << context.Literal(details.comment);
@@ -204,7 +225,7 @@ void WriteTables(Context& context) {
   for (const LcWorkbookTable* table : context.workbook.tables) {
     if (table == nullptr || IsView(*table)) continue;
     const bool columns = table->GetColumnCount() > 0 || context.target.allows_no_columns;
-    if (IsPlainTable(*table) && columns) {
+    if (context.Makes(*table)) {
       WriteTable(context, *table);
     } else if (!columns) {
       context.LeaveOut("table " + DisplayName(*table) + ", which has no columns", "tables");
@@ -262,10 +283,52 @@ void WriteExtensions(Context& context) {
   std::u16string text = context.workbook.details.options.Find(u"extensions").Text();
   while (!text.empty()) {
     const std::size_t end = text.find(u", ");
-    const std::u16string extension = text.substr(0, end);
+    std::u16string extension = text.substr(0, end);
     text = end == std::u16string::npos ? u"" : text.substr(end + 2);
+    std::string schema;
+    if (const std::size_t in = extension.find(u" in "); in != std::u16string::npos) {
+      schema = " SCHEMA " + context.target.Quote(extension.substr(in + 4));
+      extension.resize(in);
+    }
     context.out << "CREATE EXTENSION IF NOT EXISTS "
-                << context.target.Quote(extension.substr(0, extension.rfind(u' '))) << ";\n";
+                << context.target.Quote(extension.substr(0, extension.rfind(u' '))) << schema
+                << ";\n";
+  }
+}
+
+void WriteCollations(Context& context) {
+  const LcText list = context.workbook.details.options.Find(u"collations");
+  if (!context.target.has_types || context.translated) {
+    if (list.IsPresent()) context.LeaveOut("collations " + Display(list.View()), "collations");
+    return;
+  }
+  for (const std::string& collation : Elements(base::ToUtf8(list.View()))) {
+    context.out << "CREATE COLLATION " << collation << ";\n";
+  }
+}
+
+void WriteForeignServers(Context& context) {
+  const Target& target = context.target;
+  std::set<std::u16string> made;  // wrappers with a blank before their names, and servers
+  for (const LcWorkbookTable* table : context.workbook.tables) {
+    if (table == nullptr || !IsForeign(*table) || !context.Makes(*table)) continue;
+    const LcOptions& options = table->GetDetails()->options;
+    const LcText wrapper = options.Find(u"foreign wrapper");
+    const LcText clauses = options.Find(u"wrapper clauses");
+    if (made.empty()) context.out << '\n';
+    if (clauses.IsPresent() && made.insert(u' ' + wrapper.Text()).second) {
+      context.out << fmt::format("CREATE FOREIGN DATA WRAPPER {} {};\n",
+                                 target.Quote(wrapper.View()), base::ToUtf8(clauses.View()));
+    }
+    const LcText server = options.Find(u"foreign server");
+    if (!made.insert(server.Text()).second) continue;
+    context.out << "CREATE SERVER " << target.Quote(server.View())
+                << target.Clauses(options, target.server_options) << ";\n";
+    if (const LcText secrets = options.Find(u"server options left out"); secrets.IsPresent()) {
+      context.LeaveOut(
+          fmt::format("options {} of server {}", Display(secrets.View()), Display(server.View())),
+          "server options");
+    }
   }
 }
 

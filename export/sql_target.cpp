@@ -66,7 +66,14 @@ constexpr std::array kPostgresqlIndexOrderOptions = {OptionClause{"nulls", "NULL
 constexpr std::array kPostgresqlSequenceOptions = {OptionClause{"cache", "CACHE {}"}};
 constexpr std::array kPostgresqlRoutineOptions = {
     OptionClause{"volatility", "{}"}, OptionClause{"strict", "STRICT"},
-    OptionClause{"security definer", "SECURITY DEFINER"}};
+    OptionClause{"leakproof", "LEAKPROOF"}, OptionClause{"security definer", "SECURITY DEFINER"},
+    OptionClause{"parallel", "PARALLEL {}"}, OptionClause{"cost", "COST {}"}, OptionClause{"rows", "ROWS {}"},
+    OptionClause{"settings", "{}"}};
+constexpr std::array kPostgresqlServerOptions = {
+    OptionClause{"server type", "TYPE {literal}"}, OptionClause{"server version", "VERSION {literal}"},
+    OptionClause{"foreign wrapper", "FOREIGN DATA WRAPPER {name}"}, OptionClause{"server options", "OPTIONS ({options})"}};
+constexpr std::array kPostgresqlForeignTableOptions = {
+    OptionClause{"foreign server", "SERVER {name}"}, OptionClause{"foreign options", "OPTIONS ({options})"}};
 constexpr std::array kPostgresqlViewOptions = {OptionClause{"storage parameters", "WITH ({list})"}};
 
 constexpr std::array kMariadbTableOptions = {
@@ -117,6 +124,8 @@ constexpr Target kPostgresql = {
     .index_order_options = kPostgresqlIndexOrderOptions,
     .sequence_options = kPostgresqlSequenceOptions,
     .routine_options = kPostgresqlRoutineOptions,
+    .server_options = kPostgresqlServerOptions,
+    .foreign_table_options = kPostgresqlForeignTableOptions,
     .view_options = kPostgresqlViewOptions,
 };
 constexpr Target kMariadb = {
@@ -156,7 +165,17 @@ constexpr Target kSqlite = {
 constexpr std::array kTargets = {kPostgresql, kMariadb, kSqlite};
 // clang-format on
 
-// `{a,"b c"}` as its elements: PostgreSQL's form of a list of texts.
+std::string Doubling(std::u16string_view text, char quote, char close, bool backslash_too) {
+  std::string quoted(1, quote);
+  for (const char c : base::ToUtf8(text)) {
+    if (c == close || (backslash_too && c == '\\')) quoted += c;
+    quoted += c;
+  }
+  return quoted + close;
+}
+
+}  // namespace
+
 std::vector<std::string> Elements(std::string_view text) {
   std::vector<std::string> elements;
   if (text.size() < 2 || text.front() != '{') return elements;
@@ -177,17 +196,6 @@ std::vector<std::string> Elements(std::string_view text) {
   if (!element.empty()) elements.push_back(element);
   return elements;
 }
-
-std::string Doubling(std::u16string_view text, char quote, char close, bool backslash_too) {
-  std::string quoted(1, quote);
-  for (const char c : base::ToUtf8(text)) {
-    if (c == close || (backslash_too && c == '\\')) quoted += c;
-    quoted += c;
-  }
-  return quoted + close;
-}
-
-}  // namespace
 
 std::string Target::Quote(std::u16string_view text) const {
   return Doubling(text, quotes[0], quotes[1], false);
@@ -242,10 +250,12 @@ std::string Target::Clauses(const LcOptions& options, std::span<const OptionClau
     if (open != std::string_view::npos) {
       const std::size_t close = row.clause.find('}');
       const std::string_view form = row.clause.substr(open + 1, close - open - 1);
-      clause += form == "name"    ? Quote(value.View())
-                : form == "names" ? QuoteEach(value.View())
-                : form == "list"  ? Settings(base::ToUtf8(value.View()))
-                                  : base::ToUtf8(value.View());
+      clause += form == "name"      ? QuoteLoose(value.View())
+                : form == "names"   ? QuoteEach(value.View())
+                : form == "literal" ? Literal(value.View())
+                : form == "list"    ? Settings(base::ToUtf8(value.View()), "=")
+                : form == "options" ? Settings(base::ToUtf8(value.View()), " ")
+                                    : base::ToUtf8(value.View());
       clause += row.clause.substr(close + 1);
     }
     clauses += options_by_commas && !clauses.empty() ? ", " : " ";
@@ -264,13 +274,22 @@ std::string Target::QuoteEach(std::u16string_view names) const {
   }
 }
 
-std::string Target::Settings(std::string_view list) const {
+std::string Target::QuoteLoose(std::u16string_view text) const {
+  const bool qualified = text.size() > 4 && text.front() == u'"' && text.back() == u'"' &&
+                         text.find(u"\".\"") != std::u16string_view::npos;
+  return qualified ? base::ToUtf8(text) : Quote(text);
+}
+
+std::string Target::Settings(std::string_view list, std::string_view sign) const {
   std::string settings;
   for (const std::string& element : Elements(list)) {
     const std::size_t at = element.find('=');
     if (!settings.empty()) settings += ", ";
-    settings += element.substr(0, at);
-    if (at != std::string::npos) settings += "=" + Literal(base::ToUtf16(element.substr(at + 1)));
+    // Names of settings may have a prefix and a dot, those of options are any.
+    const std::string word = element.substr(0, at);
+    settings += sign == "=" ? word : Quote(base::ToUtf16(word));
+    if (at == std::string::npos) continue;
+    settings += std::string(sign) + Literal(base::ToUtf16(element.substr(at + 1)));
   }
   return settings;
 }

@@ -24,9 +24,10 @@ struct TypeName {
 enum class Comments { kStatements, kClauses, kNowhere };
 
 // An option of the workbook and the clause that it is in a script. In the clause `{}` stands for
-// the value as it is, `{name}` for it as a name, `{names}` for names parted by commas, `{list}` for
-// a list of settings in PostgreSQL's form
-// ("{a=1,b=2}"). The clause of an option that is there alone counts, whatever its value.
+// the value as it is, `{literal}` for it as a text, `{name}` for it as a name, `{names}` for names
+// parted by commas, `{list}` for a list of settings in PostgreSQL's form ("{a=1,b=2}") and
+// `{options}` for such a list as `"a" '1'`. The clause of an option that is there alone counts,
+// whatever its value.
 struct OptionClause {
   std::string_view option;
   std::string_view clause;
@@ -81,9 +82,11 @@ class Target {
   std::span<const OptionClause> sequence_options{};
   std::span<const OptionClause> range_options{};
   std::span<const OptionClause> routine_options{};
-  std::span<const OptionClause> view_prefixes{};  // between CREATE and VIEW
-  std::span<const OptionClause> view_options{};   // before AS
-  std::span<const OptionClause> view_suffixes{};  // behind the text
+  std::span<const OptionClause> server_options{};         // of a foreign server
+  std::span<const OptionClause> foreign_table_options{};  // behind the columns
+  std::span<const OptionClause> view_prefixes{};          // between CREATE and VIEW
+  std::span<const OptionClause> view_options{};           // before AS
+  std::span<const OptionClause> view_suffixes{};          // behind the text
 
   std::string Quote(std::u16string_view name) const;
   std::string Literal(std::u16string_view text) const;
@@ -94,11 +97,17 @@ class Target {
   std::string TypeFor(const LcWorkbookColumn& column) const;
   // The clauses of the options that are there, each with a blank before it, in the table's order.
   std::string Clauses(const LcOptions& options, std::span<const OptionClause> table) const;
+  // A list of settings in PostgreSQL's form, with that sign between names and values.
+  std::string Settings(std::string_view list, std::string_view sign) const;
+  // A name that stands with its schema, both in quotes, is itself; any other is quoted.
+  std::string QuoteLoose(std::u16string_view text) const;
 
  private:
   std::string QuoteEach(std::u16string_view names) const;
-  std::string Settings(std::string_view list) const;
 };
+
+// `{a,"b c"}` as its elements: PostgreSQL's form of a list of texts.
+std::vector<std::string> Elements(std::string_view text);
 
 // Null where no script is written for such a server. Names of dialects, exact case.
 const Target* FindTarget(std::string_view name);

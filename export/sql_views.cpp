@@ -53,7 +53,7 @@ const char* RelationWord(const LcWorkbookTable& table) {
   const LcTableDetails* details = table.GetDetails();
   const LeTableKind kind = details != nullptr ? details->kind : tkUnknown;
   if (kind == tkMaterializedView) return "MATERIALIZED VIEW";
-  if (kind == tkForeignTable) return "FOREIGN TABLE";
+  if (kind == tkForeignTable || IsForeign(table)) return "FOREIGN TABLE";
   return table.GetType() == ttView ? "VIEW" : "TABLE";
 }
 
@@ -121,6 +121,9 @@ std::string RoutineArguments(const LcRoutineDetails& routine) {
     if (mode == u"variadic") list += "VARIADIC ";
     list += base::ToUtf8(parameter.type.View());
   }
+  // Of an aggregate those before ORDER BY too.
+  const LcText arguments = routine.options.Find(u"arguments");
+  if (arguments.IsPresent()) return base::ToUtf8(arguments.View());
   return list.empty() && routine.kind == rkAggregate ? "*" : list;
 }
 
@@ -132,14 +135,27 @@ const char* RoutineWord(LeRoutineKind kind) {
 
 void WriteViews(Context& context) {
   std::vector<const LcWorkbookTable*> views;
+  std::vector<const LcRoutineDetails*> routines;
   std::vector<Mentioning> things;
+  for (const LcRoutineDetails& routine : context.workbook.details.routines) {
+    if (context.TimeOf(routine) != RoutineTime::kAmongViews) continue;
+    routines.push_back(&routine);
+    things.push_back({routine.name.Text(), MentionsOf(routine)});
+  }
   for (const LcWorkbookTable* table : context.workbook.tables) {
     if (table == nullptr || !IsView(*table)) continue;
     views.push_back(table);
     const LcTableDetails* details = table->GetDetails();
     things.push_back({table->GetName(), details != nullptr ? details->view_text.Text() : u""});
   }
-  for (const std::size_t at : OrderByMentions(things)) WriteView(context, *views[at]);
+  for (const std::size_t at : OrderByMentions(things)) {
+    if (at < routines.size()) {
+      context.out << '\n';
+      WriteRoutine(context, *routines[at]);
+    } else {
+      WriteView(context, *views[at - routines.size()]);
+    }
+  }
 }
 
 void WriteComments(Context& context) {

@@ -30,11 +30,25 @@
 -- the transaction does.
 -- @server
 -- row: version, schema, catalog, sample, in_transaction, option:encoding, option:collation, option:character type,
--- row: option:extensions
+-- row: option:extensions, option:collations
 SELECT current_setting('server_version'), current_schema(), d.datname, 'ä€',
        CASE WHEN now() = statement_timestamp() THEN 0 ELSE 1 END, pg_encoding_to_char(d.encoding), d.datcollate, d.datctype,
-       (SELECT string_agg(e.extname || ' ' || e.extversion, ', ' ORDER BY e.extname) FROM pg_catalog.pg_extension e
-        WHERE e.extname <> 'plpgsql')
+       (SELECT string_agg(e.extname || ' ' || e.extversion ||
+                          CASE WHEN n.nspname NOT IN ('pg_catalog', 'public') THEN ' in ' || n.nspname ELSE '' END, ', ' ORDER BY e.extname)
+        FROM pg_catalog.pg_extension e JOIN pg_catalog.pg_namespace n ON n.oid = e.extnamespace WHERE e.extname <> 'plpgsql'),
+       /*@before 10 NULL @else*/
+       (SELECT CAST(array_agg(format('%I.%I (%s)', n.nspname, l.collname, concat_ws(', ',
+          CASE l.collprovider WHEN 'i' THEN 'PROVIDER = icu' WHEN 'c' THEN 'PROVIDER = libc' WHEN 'b' THEN 'PROVIDER = builtin' END,
+          /*@since 17 'LOCALE = ' || quote_literal(l.colllocale), @else*/
+          /*@since 15 'LOCALE = ' || quote_literal(l.colliculocale), */ /*@end*/
+          'LC_COLLATE = ' || quote_literal(NULLIF(CAST(l.collcollate AS text), '')),
+          'LC_CTYPE = ' || quote_literal(NULLIF(CAST(l.collctype AS text), ''))
+          /*@since 16 , 'RULES = ' || quote_literal(l.collicurules) */
+          /*@since 12 , CASE WHEN NOT l.collisdeterministic THEN 'DETERMINISTIC = false' END */)) ORDER BY n.nspname, l.collname) AS text)
+        FROM pg_catalog.pg_collation l JOIN pg_catalog.pg_namespace n ON n.oid = l.collnamespace
+        WHERE l.oid >= 16384 AND l.oid NOT IN (SELECT x.objid FROM pg_catalog.pg_depend x
+              WHERE x.refclassid = CAST('pg_catalog.pg_extension' AS regclass) AND x.deptype = 'e'
+              AND x.classid = CAST('pg_catalog.pg_collation' AS regclass))) /*@end*/
 FROM pg_catalog.pg_database d WHERE d.datname = current_database() AND version() LIKE 'PostgreSQL %';
 
 -- @schemas
@@ -52,12 +66,16 @@ WHERE (/*@system TRUE @else*/ d.objoid >= 16384 OR d.classoid = 2615 /*@end*/)
   /*@ids AND (d.classoid <> 1259 OR d.objoid = ANY (CAST(?array(table_id) AS oid[])) OR d.objoid IN
       (SELECT i.indexrelid FROM pg_catalog.pg_index i WHERE i.indrelid = ANY (CAST(?array(table_id) AS oid[])))) */;
 
--- Operator classes that need no mention are left out.
+-- Operator classes that need no mention are left out. What is not found without its schema is named with it, both in quotes.
 -- @names
 -- row: of{m=method,o=operator_class,c=collation}, id, name, is_default
 SELECT 'm', m.oid, m.amname, 0 FROM pg_catalog.pg_am m
-UNION ALL SELECT 'o', o.oid, o.opcname, 0 FROM pg_catalog.pg_opclass o WHERE NOT o.opcdefault
-UNION ALL SELECT 'c', l.oid, l.collname, CASE WHEN l.oid = 100 THEN 1 ELSE 0 END FROM pg_catalog.pg_collation l;
+UNION ALL SELECT 'o', o.oid, CASE WHEN o.oid < 16384 OR pg_opclass_is_visible(o.oid) THEN CAST(o.opcname AS text)
+  ELSE (SELECT '"' || replace(n.nspname, '"', '""') || '"."' || replace(o.opcname, '"', '""') || '"' FROM pg_catalog.pg_namespace n
+        WHERE n.oid = o.opcnamespace) END, 0 FROM pg_catalog.pg_opclass o WHERE NOT o.opcdefault
+UNION ALL SELECT 'c', l.oid, CASE WHEN l.oid < 16384 OR pg_collation_is_visible(l.oid) THEN CAST(l.collname AS text)
+  ELSE (SELECT '"' || replace(n.nspname, '"', '""') || '"."' || replace(l.collname, '"', '""') || '"' FROM pg_catalog.pg_namespace n
+        WHERE n.oid = l.collnamespace) END, CASE WHEN l.oid = 100 THEN 1 ELSE 0 END FROM pg_catalog.pg_collation l;
 
 -- @tables
 -- row: table_id|schema_id|kind{r=table,p=partitioned table,v=view,m=materialized view,f=foreign table,P=partition,t=temporary table}|
@@ -87,6 +105,26 @@ WHERE c.relkind IN ('r', 'p', 'v', 'm', 'f') AND (c.relpersistence <> 't' OR c.r
                                    WHERE n.nspname = ANY (CAST(?array(owner) AS name[]))) */
   /*@tables AND c.relname = ANY (CAST(?array(table) AS name[])) */
   /*@ids AND c.oid = ANY (CAST(?array(table_id) AS oid[])) */;
+
+-- A server's options are kept without those that look like secrets. A wrapper that an extension made comes with the extension.
+-- @table_options
+-- row: table_id, option:foreign wrapper, option:wrapper clauses, option:server type, option:server version, option:server options,
+-- row: option:server options left out, option:column options
+SELECT f.ftrelid, w.fdwname,
+       CASE WHEN w.oid NOT IN (SELECT d.objid FROM pg_catalog.pg_depend d
+              WHERE d.refclassid = CAST('pg_catalog.pg_extension' AS regclass) AND d.deptype = 'e'
+              AND d.classid = CAST('pg_catalog.pg_foreign_data_wrapper' AS regclass)) THEN
+         concat_ws(' ', CASE WHEN w.fdwhandler = 0 THEN 'NO HANDLER' ELSE 'HANDLER ' || CAST(CAST(w.fdwhandler AS regproc) AS text) END,
+                   CASE WHEN w.fdwvalidator <> 0 THEN 'VALIDATOR ' || CAST(CAST(w.fdwvalidator AS regproc) AS text) END) END,
+       s.srvtype, s.srvversion,
+       (SELECT CAST(array_agg(o) AS text) FROM unnest(s.srvoptions) o WHERE o !~* '^[^=]*(passw|secret|token|credential)'),
+       (SELECT string_agg(split_part(o, '=', 1), ', ') FROM unnest(s.srvoptions) o WHERE o ~* '^[^=]*(passw|secret|token|credential)'),
+       (SELECT CAST(array_agg(x.v ORDER BY a.attnum, x.n) AS text) FROM pg_catalog.pg_attribute a
+        CROSS JOIN LATERAL (VALUES (1, CAST(a.attname AS text)), (2, CAST(a.attfdwoptions AS text))) x(n, v)
+        WHERE a.attrelid = f.ftrelid AND a.attfdwoptions IS NOT NULL AND NOT a.attisdropped)
+FROM pg_catalog.pg_foreign_table f JOIN pg_catalog.pg_foreign_server s ON s.oid = f.ftserver
+JOIN pg_catalog.pg_foreign_data_wrapper w ON w.oid = s.srvfdw
+WHERE TRUE /*@ids AND f.ftrelid = ANY (CAST(?array(table_id) AS oid[])) */;
 
 -- A dropped column keeps its number: it counts, so that one can tell when a table is whole.
 -- @columns
@@ -253,18 +291,47 @@ WHERE c.relkind = 'S' AND (c.relpersistence <> 't' OR c.relnamespace = pg_my_tem
        AND x.deptype = 'e' AND x.classid = CAST('pg_catalog.pg_class' AS regclass)) /*@end*/
   /*@ids AND d.refobjid = ANY (CAST(?array(table_id) AS oid[])) */;
 
+-- The text of an aggregate is what stands in the parentheses of its statement. What a type or an extension made comes with it.
 -- @routines
 -- row: id|schema_id|kind{f=function,p=procedure,a=aggregate,w=window}|option:volatility{v=,s=stable,i=immutable}|
--- row: option:strict{0=,1=yes}|option:security definer{0=,1=yes}, name, language, arguments, result, text
+-- row: option:strict{0=,1=yes}|option:security definer{0=,1=yes}|option:parallel{u=,s=safe,r=restricted}|option:leakproof{0=,1=yes},
+-- row: name, language, arguments, result, text, option:cost, option:rows, option:settings, option:library, option:arguments
 SELECT concat(p.oid, '|', p.pronamespace, '|',
               /*@before 11 CASE WHEN p.proisagg THEN 'a' WHEN p.proiswindow THEN 'w' ELSE 'f' END @else*/ p.prokind /*@end*/, '|',
-              p.provolatile, '|', CAST(p.proisstrict AS int), '|', CAST(p.prosecdef AS int)),
+              p.provolatile, '|', CAST(p.proisstrict AS int), '|', CAST(p.prosecdef AS int), '|', p.proparallel, '|',
+              CAST(p.proleakproof AS int)),
        p.proname, l.lanname, pg_get_function_arguments(p.oid), pg_get_function_result(p.oid),
-       /*@before 14 p.prosrc @else*/ coalesce(pg_get_function_sqlbody(p.oid), p.prosrc) /*@end*/
+       CASE WHEN a.aggfnoid IS NOT NULL THEN concat_ws(', ', 'SFUNC = ' || CAST(a.aggtransfn AS text), 'STYPE = ' || format_type(a.aggtranstype, NULL),
+              'SSPACE = ' || NULLIF(a.aggtransspace, 0), 'FINALFUNC = ' || NULLIF(CAST(a.aggfinalfn AS text), '-'),
+              CASE WHEN a.aggfinalextra THEN 'FINALFUNC_EXTRA' END,
+              /*@since 11 CASE WHEN a.aggfinalfn <> 0 THEN 'FINALFUNC_MODIFY = ' ||
+                CASE a.aggfinalmodify WHEN 'r' THEN 'READ_ONLY' WHEN 's' THEN 'SHAREABLE' ELSE 'READ_WRITE' END END, */
+              'COMBINEFUNC = ' || NULLIF(CAST(a.aggcombinefn AS text), '-'), 'SERIALFUNC = ' || NULLIF(CAST(a.aggserialfn AS text), '-'),
+              'DESERIALFUNC = ' || NULLIF(CAST(a.aggdeserialfn AS text), '-'), 'INITCOND = ' || quote_literal(a.agginitval),
+              'MSFUNC = ' || NULLIF(CAST(a.aggmtransfn AS text), '-'), 'MINVFUNC = ' || NULLIF(CAST(a.aggminvtransfn AS text), '-'),
+              CASE WHEN a.aggmtranstype <> 0 THEN 'MSTYPE = ' || format_type(a.aggmtranstype, NULL) END,
+              'MSSPACE = ' || NULLIF(a.aggmtransspace, 0), 'MFINALFUNC = ' || NULLIF(CAST(a.aggmfinalfn AS text), '-'),
+              CASE WHEN a.aggmfinalextra THEN 'MFINALFUNC_EXTRA' END,
+              /*@since 11 CASE WHEN a.aggmfinalfn <> 0 THEN 'MFINALFUNC_MODIFY = ' ||
+                CASE a.aggmfinalmodify WHEN 'r' THEN 'READ_ONLY' WHEN 's' THEN 'SHAREABLE' ELSE 'READ_WRITE' END END, */
+              'MINITCOND = ' || quote_literal(a.aggminitval),
+              (SELECT format('SORTOP = OPERATOR(%I.%s)', n.nspname, o.oprname) FROM pg_catalog.pg_operator o
+               JOIN pg_catalog.pg_namespace n ON n.oid = o.oprnamespace WHERE o.oid = a.aggsortop),
+              CASE p.proparallel WHEN 's' THEN 'PARALLEL = SAFE' WHEN 'r' THEN 'PARALLEL = RESTRICTED' END,
+              CASE WHEN a.aggkind = 'h' THEN 'HYPOTHETICAL' END)
+            ELSE /*@before 14 p.prosrc @else*/ coalesce(pg_get_function_sqlbody(p.oid), p.prosrc) /*@end*/ END,
+       CASE WHEN a.aggfnoid IS NULL AND p.procost <> CASE WHEN l.lanname IN ('c', 'internal') THEN 1 ELSE 100 END THEN p.procost END,
+       CASE WHEN p.proretset AND p.prorows <> 1000 THEN p.prorows END,
+       (SELECT string_agg(concat('SET ', split_part(s, '=', 1), ' TO ',
+          CASE WHEN split_part(s, '=', 1) IN ('search_path', 'temp_tablespaces', 'local_preload_libraries', 'session_preload_libraries')
+               THEN substr(s, strpos(s, '=') + 1) ELSE quote_literal(substr(s, strpos(s, '=') + 1)) END), ' ') FROM unnest(p.proconfig) s),
+       p.probin, CASE WHEN a.aggkind <> 'n' THEN pg_get_function_arguments(p.oid) END
 FROM pg_catalog.pg_proc p LEFT JOIN pg_catalog.pg_language l ON l.oid = p.prolang
+LEFT JOIN pg_catalog.pg_aggregate a ON a.aggfnoid = p.oid
 WHERE TRUE /*@system @else*/ AND p.oid >= 16384 AND p.oid NOT IN
-      (SELECT d.objid FROM pg_catalog.pg_depend d WHERE d.refclassid = CAST('pg_catalog.pg_extension' AS regclass)
-       AND d.deptype = 'e' AND d.classid = CAST('pg_catalog.pg_proc' AS regclass)) /*@end*/
+      (SELECT d.objid FROM pg_catalog.pg_depend d WHERE d.classid = CAST('pg_catalog.pg_proc' AS regclass)
+       AND (d.refclassid = CAST('pg_catalog.pg_extension' AS regclass) AND d.deptype = 'e' OR
+            d.refclassid = CAST('pg_catalog.pg_type' AS regclass) AND d.deptype = 'i')) /*@end*/
   /*@owners AND p.pronamespace IN (SELECT n.oid FROM pg_catalog.pg_namespace n
                                    WHERE n.nspname = ANY (CAST(?array(owner) AS name[]))) */;
 
@@ -276,7 +343,44 @@ FROM pg_catalog.pg_proc p
 CROSS JOIN LATERAL unnest(coalesce(p.proallargtypes, CAST(p.proargtypes AS oid[])), p.proargmodes, p.proargnames)
      WITH ORDINALITY AS a(type, mode, name, n)
 WHERE a.type IS NOT NULL /*@system @else*/ AND p.oid >= 16384 AND p.oid NOT IN
-      (SELECT d.objid FROM pg_catalog.pg_depend d WHERE d.refclassid = CAST('pg_catalog.pg_extension' AS regclass)
-       AND d.deptype = 'e' AND d.classid = CAST('pg_catalog.pg_proc' AS regclass)) /*@end*/
+      (SELECT d.objid FROM pg_catalog.pg_depend d WHERE d.classid = CAST('pg_catalog.pg_proc' AS regclass)
+       AND (d.refclassid = CAST('pg_catalog.pg_extension' AS regclass) AND d.deptype = 'e' OR
+            d.refclassid = CAST('pg_catalog.pg_type' AS regclass) AND d.deptype = 'i')) /*@end*/
   /*@owners AND p.pronamespace IN (SELECT n.oid FROM pg_catalog.pg_namespace n
                                    WHERE n.nspname = ANY (CAST(?array(owner) AS name[]))) */;
+
+-- What the kinds have no place for.
+-- @not_read
+-- row: kind, schema, name, reason, failed
+SELECT x.kind, x.schema, x.name, x.reason, 0 FROM (
+  SELECT 'operators' AS kind, CAST(n.nspname AS text) AS schema, CAST(o.oprname AS text) AS name, 'an operator of the user is not read' AS reason,
+         CAST('pg_catalog.pg_operator' AS regclass) AS class, o.oid
+  FROM pg_catalog.pg_operator o JOIN pg_catalog.pg_namespace n ON n.oid = o.oprnamespace WHERE o.oid >= 16384
+  UNION ALL
+  SELECT 'operator classes', n.nspname, o.opcname, 'an operator class of the user is not read', CAST('pg_catalog.pg_opclass' AS regclass), o.oid
+  FROM pg_catalog.pg_opclass o JOIN pg_catalog.pg_namespace n ON n.oid = o.opcnamespace WHERE o.oid >= 16384
+  UNION ALL
+  SELECT 'types', n.nspname, t.typname, 'a type written in C is not read', CAST('pg_catalog.pg_type' AS regclass), t.oid
+  FROM pg_catalog.pg_type t JOIN pg_catalog.pg_namespace n ON n.oid = t.typnamespace
+  WHERE t.oid >= 16384 AND t.typtype = 'b' AND t.typcategory <> 'A'
+  UNION ALL
+  SELECT 'casts', NULL, format_type(c.castsource, NULL) || ' to ' || format_type(c.casttarget, NULL), 'a cast of the user is not read',
+         CAST('pg_catalog.pg_cast' AS regclass), c.oid
+  FROM pg_catalog.pg_cast c WHERE c.oid >= 16384
+  UNION ALL
+  SELECT 'text search configurations', n.nspname, c.cfgname, 'a text search configuration is not read',
+         CAST('pg_catalog.pg_ts_config' AS regclass), c.oid
+  FROM pg_catalog.pg_ts_config c JOIN pg_catalog.pg_namespace n ON n.oid = c.cfgnamespace WHERE c.oid >= 16384
+  UNION ALL
+  SELECT 'rules', n.nspname, c.relname || '.' || r.rulename, 'a rule is not read', CAST('pg_catalog.pg_rewrite' AS regclass), r.oid
+  FROM pg_catalog.pg_rewrite r JOIN pg_catalog.pg_class c ON c.oid = r.ev_class JOIN pg_catalog.pg_namespace n ON n.oid = c.relnamespace
+  WHERE r.oid >= 16384 AND r.rulename <> '_RETURN'
+  /*@since 10 UNION ALL
+  SELECT 'statistics', n.nspname, s.stxname, 'extended statistics are not read', CAST('pg_catalog.pg_statistic_ext' AS regclass), s.oid
+  FROM pg_catalog.pg_statistic_ext s JOIN pg_catalog.pg_namespace n ON n.oid = s.stxnamespace WHERE s.oid >= 16384 */
+  UNION ALL
+  SELECT 'event triggers', NULL, e.evtname, 'an event trigger is not read', CAST('pg_catalog.pg_event_trigger' AS regclass), e.oid
+  FROM pg_catalog.pg_event_trigger e) x
+WHERE NOT EXISTS (SELECT 1 FROM pg_catalog.pg_depend d WHERE d.classid = x.class AND d.objid = x.oid AND d.deptype IN ('e', 'i')
+                  AND d.refclassid IN (CAST('pg_catalog.pg_extension' AS regclass), CAST('pg_catalog.pg_type' AS regclass)))
+  /*@owners AND x.schema = ANY (CAST(?array(owner) AS text[])) */;

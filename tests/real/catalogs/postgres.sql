@@ -25,6 +25,12 @@ COMMENT ON TYPE plain.address IS 'Where';
 CREATE TYPE plain.span AS RANGE (subtype = double precision, subtype_diff = float8mi);
 CREATE TYPE "select"."r|" AS RANGE (subtype = plain.code);
 
+CREATE COLLATION "select"."Co l'la""t" (PROVIDER = icu, LOCALE = 'de-u-co-phonebk', DETERMINISTIC = false);
+CREATE COLLATION plain.as_c (LOCALE = 'C');
+CREATE DOMAIN plain.german AS text COLLATE "select"."Co l'la""t";
+CREATE TABLE plain.collated (a text COLLATE "select"."Co l'la""t", b text COLLATE plain.as_c, c plain.german);
+CREATE INDEX collated_index ON plain.collated (a, b COLLATE "select"."Co l'la""t", (c || 'x') COLLATE plain.as_c);
+
 -- Every sort of column.
 CREATE TABLE plain.types (
   c_bool boolean, c_int2 smallint, c_int4 integer, c_int8 bigint, c_real real, c_double double precision,
@@ -138,6 +144,9 @@ CREATE TABLE plain.child (c date) INHERITS (plain.parent_a, plain.parent_b);
 CREATE TABLE plain.typed OF plain.address (street WITH OPTIONS NOT NULL);
 CREATE FOREIGN DATA WRAPPER nothing;
 CREATE SERVER "ser ver" FOREIGN DATA WRAPPER nothing;
+CREATE SERVER plainly TYPE 'it''s' VERSION '1.0' FOREIGN DATA WRAPPER nothing OPTIONS ("ho st" 'a,b', dbname 'x');
+CREATE FOREIGN TABLE plain.far_part (at date OPTIONS ("column" 'A "t"'), place text NOT NULL CHECK (place <> ''), value numeric(8, 2) DEFAULT 1, parent_id integer) SERVER plainly;
+COMMENT ON FOREIGN TABLE plain.far_part IS 'Far away';
 CREATE FOREIGN TABLE plain.far_away (id integer NOT NULL, "n" text COLLATE "C") SERVER "ser ver" OPTIONS ("table" 'x');
 
 -- Partitions.
@@ -151,6 +160,9 @@ CREATE TABLE plain.about_measured (at date, place text, FOREIGN KEY (at, place) 
 CREATE TABLE plain.hashed (id integer, "x y" text) PARTITION BY HASH (id, lower("x y"));
 CREATE TABLE plain.hashed_0 PARTITION OF plain.hashed FOR VALUES WITH (modulus 2, remainder 0);
 
+CREATE TABLE plain.list_of (at date, place text NOT NULL, value numeric(8, 2)) PARTITION BY LIST (place);
+CREATE FOREIGN TABLE plain.list_far PARTITION OF plain.list_of FOR VALUES IN ('far') SERVER plainly OPTIONS ("ta ble" 'it''s');
+
 -- Routines and triggers.
 CREATE FUNCTION plain.touch() RETURNS trigger LANGUAGE plpgsql AS $$ BEGIN NEW.code := 'x'; RETURN NEW; END $$;
 COMMENT ON FUNCTION plain.touch() IS 'Touches';
@@ -162,6 +174,17 @@ CREATE FUNCTION plain.body(x integer) RETURNS integer LANGUAGE sql RETURN x + 1;
 CREATE PROCEDURE plain.run_it(day date, INOUT result plain.percent) LANGUAGE plpgsql AS 'BEGIN result := 1; END';
 CREATE PROCEDURE "select"."it's"() LANGUAGE sql AS 'SELECT 1';
 CREATE AGGREGATE plain.total(integer) (SFUNC = int4pl, STYPE = integer, INITCOND = '0');
+CREATE FUNCTION "select"."add %"(text, text) RETURNS text LANGUAGE sql IMMUTABLE PARALLEL SAFE LEAKPROOF COST 7 SET search_path TO 'select', "Ho%st_il e""'\" SET work_mem TO '5MB' AS 'SELECT $1 || $2';
+CREATE FUNCTION plain.many() RETURNS SETOF integer LANGUAGE sql ROWS 5 PARALLEL RESTRICTED AS 'SELECT 1';
+CREATE FUNCTION plain.own_rank() RETURNS bigint LANGUAGE internal WINDOW AS 'window_rank';
+CREATE FUNCTION plain.in_c(text) RETURNS boolean LANGUAGE c AS '$libdir/plpgsql', 'plpgsql_validator';
+CREATE AGGREGATE "select"."Con cat"(text) (SFUNC = "select"."add %", STYPE = text, INITCOND = 'it''s', PARALLEL = SAFE, COMBINEFUNC = "select"."add %",
+  MSFUNC = "select"."add %", MINVFUNC = "select"."add %", MSTYPE = text, SORTOP = >);
+CREATE AGGREGATE plain.middle(double precision ORDER BY double precision) (SFUNC = ordered_set_transition, STYPE = internal, FINALFUNC = percentile_disc_final, FINALFUNC_EXTRA);
+COMMENT ON AGGREGATE plain.middle(double precision ORDER BY double precision) IS 'In between';
+CREATE VIEW plain.a_first AS SELECT plain.total(id) AS t, "select"."Con cat"(code) AS c, plain.middle(0.5) WITHIN GROUP (ORDER BY id) AS m, plain.body(1) AS b FROM plain.parent;
+CREATE FUNCTION plain.of_view(v plain.view_plain) RETURNS text LANGUAGE sql BEGIN ATOMIC SELECT max(c) FROM plain.a_first; END;
+CREATE VIEW plain.a_second AS SELECT plain.of_view(v) AS x FROM plain.view_plain v;
 CREATE TRIGGER touch_it BEFORE INSERT OR UPDATE OF code ON plain.parent FOR EACH ROW WHEN (NEW.id > 0) EXECUTE FUNCTION plain.touch();
 CREATE TRIGGER "tr ""%" AFTER DELETE OR TRUNCATE ON plain.parent FOR EACH STATEMENT EXECUTE FUNCTION plain.touch('a', 'b''c');
 CREATE TRIGGER instead INSTEAD OF INSERT ON plain.view_plain FOR EACH ROW EXECUTE FUNCTION plain.touch();

@@ -107,6 +107,11 @@ def foreign_key(text):
     return value
 
 
+def with_schema(schema, name):
+    quoted = ['"' + part.replace('"', '""') + '"' for part in (schema, name)]
+    return ".".join(quoted) if schema else name
+
+
 def read(arguments):
     shell = Shell(arguments)
     facts = {}
@@ -126,13 +131,16 @@ def read(arguments):
 
 def tables(shell, facts):
     for (schema, name, kind, persistence, partition, comment, parent_schema, parent, parents, text, bound, key, options, typed, security,
-         server, server_options) in shell.rows(
+         server, server_options, column_options) in shell.rows(
             f"""SELECT n.nspname, c.relname, c.relkind, c.relpersistence, c.relispartition, obj_description(c.oid, 'pg_class') AS comment, pn.nspname AS ps,
                 p.relname AS pr, (SELECT json_agg(json_build_array(qn.nspname, q.relname) ORDER BY inhseqno) FROM pg_inherits h
                  JOIN pg_class q ON q.oid = h.inhparent JOIN pg_namespace qn ON qn.oid = q.relnamespace WHERE inhrelid = c.oid) AS parents,
                 CASE WHEN c.relkind IN ('v', 'm') THEN pg_get_viewdef(c.oid) END AS viewdef, pg_get_expr(c.relpartbound, c.oid) AS bound,
                 pg_get_partkeydef(c.oid) AS key, c.reloptions::text, CASE WHEN c.reloftype <> 0 THEN c.reloftype::regtype::text END AS typed,
-                c.relrowsecurity, (SELECT srvname FROM pg_foreign_server s WHERE s.oid = f.ftserver) AS srv, f.ftoptions::text
+                c.relrowsecurity, (SELECT json_build_array(srvname, srvtype, srvversion, srvoptions::text, fdwname, CASE fdwhandler WHEN 0 THEN 'NO HANDLER' END)
+                 FROM pg_foreign_server s JOIN pg_foreign_data_wrapper w ON w.oid = s.srvfdw WHERE s.oid = f.ftserver) AS srv, f.ftoptions::text,
+                (SELECT array_agg(v ORDER BY a.attnum, o)::text FROM pg_attribute a, LATERAL (VALUES (1, a.attname::text), (2, a.attfdwoptions::text)) x(o, v)
+                 WHERE a.attrelid = c.oid AND c.relkind = 'f' AND a.attfdwoptions IS NOT NULL) AS column_options
                 FROM pg_class c JOIN pg_namespace n ON n.oid = c.relnamespace
                 LEFT JOIN pg_inherits i ON i.inhrelid = c.oid AND c.relispartition LEFT JOIN pg_class p ON p.oid = i.inhparent LEFT JOIN pg_namespace pn ON pn.oid = p.relnamespace
                 LEFT JOIN pg_foreign_table f ON f.ftrelid = c.oid
@@ -149,7 +157,8 @@ def tables(shell, facts):
         elif parents:
             facts[("table option", *of, "inherits")] = ", ".join(n if s == schema else f"{s}.{n}" for s, n in parents)
         for option, value in (("partition bound", bound), ("partition key", key), ("storage parameters", options), ("of type", typed),
-                              ("foreign server", server), ("foreign options", server_options),
+                              *zip(("foreign server", "server type", "server version", "server options", "foreign wrapper", "wrapper clauses"), server or ()),
+                              ("foreign options", server_options), ("column options", column_options),
                               ("unlogged", "yes" if persistence == "u" else None), ("row security", "yes" if security else None)):
             if value is not None:
                 facts[("table option", *of, option)] = value
@@ -166,7 +175,7 @@ def columns(shell, facts):
     last = None
     for (schema, table, name, type_text, not_null, default, generated, number, comment, collation, type_collation) in shell.rows(
             f"""SELECT n.nspname, c.relname, a.attname, format_type(a.atttypid, a.atttypmod) || repeat('[]', greatest(a.attndims - 1, 0)) AS t, a.attnotnull,
-                pg_get_expr(d.adbin, d.adrelid) AS d, a.attgenerated, a.attnum, col_description(c.oid, a.attnum) AS comment, l.collname, tl.collname AS tcoll
+                pg_get_expr(d.adbin, d.adrelid) AS d, a.attgenerated, a.attnum, col_description(c.oid, a.attnum) AS comment, l.oid::regcollation::text, tl.oid::regcollation::text AS tcoll
                 FROM pg_attribute a JOIN pg_class c ON c.oid = a.attrelid JOIN pg_namespace n ON n.oid = c.relnamespace JOIN pg_type t ON t.oid = a.atttypid
                 LEFT JOIN pg_attrdef d ON d.adrelid = c.oid AND d.adnum = a.attnum
                 LEFT JOIN pg_collation l ON l.oid = a.attcollation LEFT JOIN pg_collation tl ON tl.oid = t.typcollation
@@ -181,7 +190,7 @@ def columns(shell, facts):
         if comment is not None:
             facts[("comment", "column", *at)] = comment
         if collation != type_collation:
-            facts[("collation", *at)] = collation
+            facts[("collation", *at)] = with_schema(*Text(collation).qualified())
         if generated:
             facts[("generated", *at)] = ("stored", default)
         elif default is not None:
@@ -192,7 +201,7 @@ def columns(shell, facts):
             if is_identity == "YES":
                 facts[("identity", *at)] = identity[generation]
             assert nullable == ("NO" if not_null else "YES") or nullable == "NO" and type_text, (at, told[at])
-            if collation_told is not None:
+            if collation_told is not None and '"' not in facts.get(("collation", *at), ""):
                 assert facts.get(("collation", *at)) in (collation_told, None), (at, told[at])
 
 
@@ -304,7 +313,7 @@ def index_part(item):
         else:
             part["column"] = text.name()
     if text.take(" COLLATE "):
-        part["collation"] = text.qualified()[1]
+        part["collation"] = with_schema(*text.qualified())
     if text.take(" "):
         part["operator class"] = text.qualified()[1]
         if text.rest.startswith(" (") or text.rest.startswith("("):
@@ -349,7 +358,7 @@ def objects(shell, facts):
                 (SELECT json_agg(json_build_array(attname, format_type(atttypid, atttypmod)) ORDER BY attnum) FROM pg_attribute a WHERE a.attrelid = t.typrelid AND attnum > 0 AND NOT attisdropped) AS attributes,
                 (SELECT json_agg(json_build_array(conname, pg_get_constraintdef(o.oid), obj_description(o.oid, 'pg_constraint'))) FROM pg_constraint o WHERE o.contypid = t.oid) AS checks,
                 obj_description(t.oid, 'pg_type') AS comment,
-                (SELECT l.collname FROM pg_collation l WHERE l.oid = t.typcollation AND t.typcollation <> b.typcollation) AS coll
+                (SELECT l.oid::regcollation::text FROM pg_collation l WHERE l.oid = t.typcollation AND t.typcollation <> b.typcollation) AS coll
                 FROM pg_type t JOIN pg_namespace n ON n.oid = t.typnamespace LEFT JOIN pg_range g ON g.rngtypid = t.oid LEFT JOIN pg_type b ON b.oid = t.typbasetype
                 WHERE t.typtype IN ('e', 'd', 'r', 'c') AND (t.typtype <> 'c' OR (SELECT relkind FROM pg_class k WHERE k.oid = t.typrelid) = 'c') AND {USER} AND {own("t.oid", "pg_type")}"""):
         at = ("user type", schema, name)
@@ -358,7 +367,7 @@ def objects(shell, facts):
                  "default": default, "labels": labels or [], "attributes": [tuple(a) for a in attributes or ()],
                  "checks": sorted((c, text) for c, text, _ in checks)}
         if collation is not None:
-            value["collation"] = collation
+            value["collation"] = with_schema(*Text(collation).qualified())
         facts[at] = value
         if comment is not None:
             facts[("comment", *at)] = comment
@@ -380,19 +389,61 @@ def objects(shell, facts):
             facts[("comment", *at)] = comment
 
 
+def setting(name, value):
+    return f"SET {name} TO " + (value if name == "search_path" else "'" + value.replace("'", "''") + "'")
+
+
+def aggregate_text(row, parallel):
+    """What stands in the parentheses of CREATE AGGREGATE."""
+    clauses = []
+    for word, column in (("SFUNC", "aggtransfn"), ("STYPE", "aggtranstype"), ("SSPACE", "aggtransspace"), ("FINALFUNC", "aggfinalfn"),
+                         ("FINALFUNC_EXTRA", "aggfinalextra"), ("FINALFUNC_MODIFY", "aggfinalmodify"), ("COMBINEFUNC", "aggcombinefn"),
+                         ("SERIALFUNC", "aggserialfn"), ("DESERIALFUNC", "aggdeserialfn"), ("INITCOND", "agginitval"), ("MSFUNC", "aggmtransfn"),
+                         ("MINVFUNC", "aggminvtransfn"), ("MSTYPE", "aggmtranstype"), ("MSSPACE", "aggmtransspace"), ("MFINALFUNC", "aggmfinalfn"),
+                         ("MFINALFUNC_EXTRA", "aggmfinalextra"), ("MFINALFUNC_MODIFY", "aggmfinalmodify"), ("MINITCOND", "aggminitval"),
+                         ("SORTOP", "aggsortop")):
+        value = row[column]
+        if word.endswith("_MODIFY"):
+            value = {"r": "READ_ONLY", "s": "SHAREABLE", "w": "READ_WRITE"}[value] if row[column.replace("modify", "fn")] != "-" else None
+        elif word in ("STYPE", "MSTYPE"):
+            value = {"25": "text", "23": "integer", "2281": "internal", "0": None}[str(value)]
+        elif word == "SORTOP":
+            value = {"0": None, "666": "OPERATOR(pg_catalog.>)"}[str(value)]
+        elif word.endswith("COND") and value is not None:
+            value = "'" + value.replace("'", "''") + "'"
+        if value not in (None, "-", 0, False):
+            clauses.append(word if value is True else f"{word} = {value}")
+    if parallel != "u":
+        clauses.append("PARALLEL = " + {"s": "SAFE", "r": "RESTRICTED"}[parallel])
+    return ", ".join(clauses)
+
+
 def routines(shell, facts):
     modes = {"IN": "in", "OUT": "out", "INOUT": "inout", "VARIADIC": "variadic", "TABLE": "table"}
-    for schema, name, kind, arguments, result, language, text, body, volatility, strict, definer, comment, parameters in shell.rows(
+    for (schema, name, kind, arguments, result, language, text, body, volatility, strict, definer, comment, parameters, parallel, leakproof, cost, rows,
+         settings, library, aggregate, ordered) in shell.rows(
             f"""SELECT n.nspname, p.proname, p.prokind, pg_get_function_arguments(p.oid) AS args, pg_get_function_result(p.oid) AS result, l.lanname, p.prosrc, pg_get_function_sqlbody(p.oid) AS body,
                 p.provolatile, p.proisstrict, p.prosecdef, obj_description(p.oid, 'pg_proc') AS comment,
                 (SELECT json_agg(json_build_array(CASE WHEN coalesce(p.proargnames[i], '') <> '' THEN p.proargnames[i] END, coalesce(p.proargmodes[i], 'i'), format_type(coalesce(p.proallargtypes[i], p.proargtypes[i - 1]), NULL),
-                 pg_get_function_arg_default(p.oid, i)) ORDER BY i) FROM generate_series(1, coalesce(array_length(p.proallargtypes, 1), p.pronargs)) i) AS parameters
-                FROM pg_proc p JOIN pg_namespace n ON n.oid = p.pronamespace JOIN pg_language l ON l.oid = p.prolang WHERE {USER} AND {own("p.oid", "pg_proc")}"""):
+                 pg_get_function_arg_default(p.oid, i)) ORDER BY i) FROM generate_series(1, coalesce(array_length(p.proallargtypes, 1), p.pronargs)) i) AS parameters,
+                p.proparallel, p.proleakproof, p.procost, CASE WHEN p.proretset THEN p.prorows ELSE 1000 END AS rws, to_json(p.proconfig), p.probin,
+                (SELECT row_to_json(a) FROM pg_aggregate a WHERE a.aggfnoid = p.oid) AS agg,
+                (SELECT a.aggkind <> 'n' FROM pg_aggregate a WHERE a.aggfnoid = p.oid) AS ordered
+                FROM pg_proc p JOIN pg_namespace n ON n.oid = p.pronamespace JOIN pg_language l ON l.oid = p.prolang WHERE {USER} AND {own("p.oid", "pg_proc")}
+                AND NOT EXISTS (SELECT 1 FROM pg_depend x WHERE x.objid = p.oid AND x.classid = 'pg_proc'::regclass AND x.deptype = 'i')"""):
         letters = {"i": "in", "o": "out", "b": "inout", "v": "variadic", "t": "table"}
         made = [(a, letters[m], t, d) for a, m, t, d in parameters or ()]
         kinds = {"f": "function", "p": "procedure", "a": "aggregate", "w": "window"}
         at = ("routine", schema, kinds[kind], name, tuple(made))
+        if aggregate is not None:
+            text = aggregate_text(aggregate, parallel)
         value = {"result": result, "language": language, "text": body if body is not None else text}
+        for option, found in (("parallel", {"s": "safe", "r": "restricted"}.get(parallel)), ("leakproof", "yes" if leakproof else None),
+                              ("cost", None if aggregate or cost == (1 if language in ("c", "internal") else 100) else str(cost)),
+                              ("rows", None if rows == 1000 else str(rows)), ("library", library), ("arguments", arguments if ordered else None),
+                              ("settings", " ".join(setting(*each.split("=", 1)) for each in settings) if settings else None)):
+            if found is not None:
+                value[option] = found
         for option, found in (("volatility", {"i": "immutable", "s": "stable", "v": None}[volatility]), ("strict", "yes" if strict else None),
                               ("security definer", "yes" if definer else None)):
             if found is not None:

@@ -1,0 +1,176 @@
+#!/usr/bin/python3
+"""A schema through a script and back: import, write `sql`, load it into an empty database with the server's own shell, which
+stops at the first error, import again: no difference.
+
+    round_trip_test.py WBIMPORT postgres|mariadb|sqlite [FILE...]
+
+Without files, the schemas of hard cases in ../catalogs and ../changes. Runs under scripts/with_postgres and
+scripts/with_mariadb; WB_KEEP=FOLDER keeps what was written.
+"""
+import json
+import os
+import pathlib
+import shutil
+import subprocess
+import sys
+import tempfile
+
+HERE = pathlib.Path(__file__).resolve().parent
+# What the servers themselves refuse to make again, by a line of the comparison.
+EXPECTED = {
+    "postgres": {}, "mariadb": {}, "sqlite": {},
+}
+
+
+def run(command, **more):
+    done = subprocess.run(command, capture_output=True, text=True, **more)
+    if done.returncode != 0:
+        raise RuntimeError(f"{' '.join(command)}: exit code {done.returncode}\n{done.stdout[-2000:]}{done.stderr[-4000:]}")
+    return done
+
+
+class PostgreSQL:
+    dialect = "postgresql"
+    number = 0
+
+    def __init__(self, folder):
+        self.number = PostgreSQL.number = PostgreSQL.number + 1
+        self.name = self.empty("from")
+
+    def empty(self, prefix):
+        self.name = f"{prefix}_{self.number}"
+        run(["createdb", "--template=template0", self.name])
+        return self.name
+
+    def load(self, script):
+        run(["psql", "-q", "-X", "--set", "ON_ERROR_STOP=1", "-d", self.name, "--file", script])
+
+    def make_empty(self):
+        self.empty("to")
+
+    def connection(self):
+        return ["--connect", "Driver=PostgreSQL Unicode;Servername=127.0.0.1;Port=" + os.environ["PGPORT"] +
+                ";Username=postgres;Database=" + self.name]
+
+
+class MariaDB:
+    dialect = "mariadb"
+    client = ["mariadb", "--no-defaults", "-u", "root", "-S", os.environ.get("MARIADB_SOCKET", ""),
+              "--default-character-set=utf8mb4"]
+
+    def __init__(self, folder):
+        self.kept = {line.split("\t")[0] for line in self.ask("SHOW DATABASES").splitlines()}
+        self.name = "plain"
+
+    def ask(self, sql, *more):
+        return run(self.client + ["-N", *more, "-e", sql]).stdout
+
+    def load(self, script):
+        if self.name not in self.ask("SHOW DATABASES").splitlines():
+            # A file that makes its own databases, or one for the database it is loaded into.
+            if "CREATE DATABASE plain" in pathlib.Path(script).read_text():
+                run(self.client, stdin=open(script))
+                return
+            self.ask("CREATE DATABASE plain")
+        run(self.client + [self.name], stdin=open(script))
+
+    # Keys of other databases stay, and hold their tables to it.
+    def make_empty(self):
+        how = self.ask("SHOW CREATE DATABASE plain").split("\t")[1].strip()
+        self.ask("SET foreign_key_checks = 0; DROP DATABASE plain")
+        self.ask(how.replace("\\\\", "\\"))
+
+    def connection(self):
+        return ["--connect", "Driver=MariaDB Unicode;SERVER=127.0.0.1;PORT=" + os.environ["MARIADB_PORT"] +
+                ";UID=root;DATABASE=" + self.name]
+
+    def drop(self):
+        for name in self.ask("SHOW DATABASES").splitlines():
+            if name not in self.kept:
+                self.ask("SET foreign_key_checks = 0; DROP DATABASE `" + name.replace("`", "``") + "`")
+
+
+class SQLite:
+    dialect = "sqlite"
+
+    def __init__(self, folder):
+        self.folder = folder
+        self.file = folder + "/from.db"
+
+    def load(self, script):
+        run(["sqlite3", "-bail", self.file], stdin=open(script))
+
+    def make_empty(self):
+        self.file = self.folder + "/to.db"
+
+    def connection(self):
+        return ["--sqlite", self.file]
+
+
+def schema_files(server, folder):
+    catalogs = HERE.parent / "catalogs" / (server + ".sql")
+    changes = pathlib.Path(folder) / "changes.sql"
+    changes.write_text((HERE.parent / "changes" / (server + ".sql")).read_text().split("-- one at a time")[0])
+    return [catalogs, changes]
+
+
+def line(change):
+    words = [change["action"], change["object"], change.get("owner"), change.get("table"), change.get("name"),
+             change.get("property"), change.get("option")]
+    text = " ".join(word for word in words if word)
+    return f"{text}: {change.get('from')!r} -> {change.get('to')!r}" if change["action"] == "changed" else text
+
+
+def round_trip(wbimport, database, schema, folder):
+    """The lines of what differs, and what the writer said on its way."""
+    database.load(str(schema))
+    before, script, after = (f"{folder}/{name}" for name in ("before.json", "script.sql", "after.json"))
+    run([wbimport, "import", "--quiet", *database.connection(), "--reading", "exact", "-o", before])
+    said = run([wbimport, "render", before, "--format", "sql", "-o", script]).stderr
+    database.make_empty()
+    database.load(script)
+    run([wbimport, "import", "--quiet", *database.connection(), "--reading", "exact", "-o", after])
+    done = subprocess.run([wbimport, "diff", before, after, "--fail-on", "any", "--server-names", "--format", "json"],
+                          capture_output=True, text=True)
+    if done.returncode not in (0, 10):
+        raise RuntimeError(done.stderr)
+    told = json.loads(done.stdout)
+    return [line(change) for change in told["changes"]] + [f"unknown {each}" for each in told["unknown"]], said
+
+
+def main():
+    wbimport, server, *files = sys.argv[1:]
+    bad = 0
+    dialects = subprocess.run([wbimport, "dialects"], capture_output=True, text=True).stdout
+    kind = {"postgres": PostgreSQL, "mariadb": MariaDB, "sqlite": SQLite}[server]
+    if kind.dialect not in dialects:
+        print(f"SKIPPED: the dialect {kind.dialect} is not built in")
+        return 77
+    shell = {"postgres": "psql", "mariadb": "mariadb", "sqlite": "sqlite3"}[server]
+    if shutil.which(shell) is None:
+        print(f"SKIPPED: there is no {shell}")
+        return 77
+    with tempfile.TemporaryDirectory() as top:
+        for schema in files or schema_files(server, top):
+            folder = os.environ.get("WB_KEEP") or tempfile.mkdtemp(dir=top)
+            database = kind(folder)
+            try:
+                found, said = round_trip(wbimport, database, schema, folder)
+            except RuntimeError as error:
+                bad += 1
+                print(f"{schema}: {error}")
+                continue
+            finally:
+                if hasattr(database, "drop"):
+                    database.drop()
+            expected = EXPECTED[server].get(pathlib.Path(schema).parent.name, []) if not files else []
+            for text in sorted(set(found) ^ set(expected)):
+                bad += 1
+                print(f"{schema}: {'differs' if text in found else 'differs no more'}: {text}")
+            print(f"{schema}: {said.strip()}")
+    print(f"{bad} wrong")
+    return bad != 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
