@@ -96,7 +96,8 @@ RoutineTime Context::TimeOf(const LcRoutineDetails& routine) const {
 }
 
 bool Context::Makes(const LcWorkbookTable& table) const {
-  return IsPlainTable(table) && !(translated && IsForeign(table)) &&
+  return IsPlainTable(table) && !IsShadow(table) &&
+         !(translated && (IsForeign(table) || IsVirtual(table))) &&
          (table.GetColumnCount() > 0 || target.allows_no_columns);
 }
 
@@ -111,6 +112,15 @@ std::u16string MentionsOf(const LcRoutineDetails& routine) {
                      routine.text.View().starts_with(u"RETURN ") || routine.kind == rkAggregate;
   if (bound) text += u' ' + routine.text.Text();
   return text;
+}
+
+bool IsShadow(const LcWorkbookTable& table) {
+  return table.GetDetails() != nullptr &&
+         table.GetDetails()->options.Find(u"shadow table").IsPresent();
+}
+
+bool IsVirtual(const LcWorkbookTable& table) {
+  return table.GetDetails() != nullptr && table.GetDetails()->options.Find(u"using").IsPresent();
 }
 
 bool IsForeign(const LcWorkbookTable& table) {

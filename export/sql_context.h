@@ -8,6 +8,7 @@
 #include <ostream>
 #include <set>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 #include "export/model.h"
@@ -52,6 +53,8 @@ class Context {
   // the server's own; one of another server only on the kind of server it was read from.
   bool Makes(const LcWorkbookTable& table) const;
 
+  std::unordered_map<std::u16string, bool> odd_types;  // whether they need quotes
+
   // What a statement in hand has to leave out, said behind it.
   std::vector<std::string> pending;
 
@@ -68,6 +71,10 @@ std::u16string MentionsOf(const LcRoutineDetails& routine);
 // "owner.name" for people, or the name alone.
 std::string ShowName(std::u16string_view schema, std::u16string_view name);
 
+// A table that SQLite makes beside a virtual one.
+bool IsShadow(const LcWorkbookTable& table);
+// A table that a module of SQLite's keeps.
+bool IsVirtual(const LcWorkbookTable& table);
 // A table whose rows another server has, of which the workbook says how to reach it.
 bool IsForeign(const LcWorkbookTable& table);
 // Tables with rows of their own or of another server: no view, no synonym, none of the server's

@@ -26,16 +26,30 @@ std::vector<const LcKeyDetails*> KeysOf(const LcWorkbookTable& table) {
   return keys;
 }
 
-// The index that a key or an exclusion constraint is kept by; it has the same name.
-const LcIndexDetails* FindIndex(const LcWorkbookTable& table, const LcText& name) {
-  if (table.GetDetails() == nullptr || name.View().empty()) return nullptr;
+// SQLite's name for the index of a key, which nothing else may have.
+bool IsAutomatic(const LcIndexDetails& index) {
+  return index.name.View().starts_with(u"sqlite_autoindex_");
+}
+
+bool HasColumns(const LcIndexDetails& index, const std::vector<LcWorkbookColumn*>& columns) {
+  return std::equal(index.parts.begin(), index.parts.end(), columns.begin(), columns.end(),
+                    [](const LcIndexPart& part, const LcWorkbookColumn* column) {
+                      return part.column == column;
+                    });
+}
+
+// The index that a key is kept by; it has the same name, or one of SQLite's.
+const LcIndexDetails* FindIndex(const LcWorkbookTable& table, const LcKeyDetails& key) {
+  if (table.GetDetails() == nullptr) return nullptr;
   for (const LcIndexDetails& index : table.GetDetails()->indexes) {
-    if (index.name == name) return &index;
+    const bool named = !key.name.View().empty() && index.name == key.name;
+    if (named || (IsAutomatic(index) && HasColumns(index, key.columns))) return &index;
   }
   return nullptr;
 }
 
 bool IsOfConstraint(const LcWorkbookTable& table, const LcIndexDetails& index) {
+  if (IsAutomatic(index)) return true;
   for (const LcKeyDetails* key : KeysOf(table)) {
     if (key->name == index.name) return true;
   }
@@ -54,7 +68,15 @@ std::string IncludeClause(const Context& context, const LcIndexDetails& index) {
   return included.empty() ? "" : " INCLUDE (" + included + ")";
 }
 
-std::string IndexClause(const Context& context, const LcIndexDetails& index) {
+// The method of a MariaDB key behind its columns: tables in memory hash where nothing is said.
+std::string MethodClause(const LcWorkbookTable& table, const LcIndexDetails& index) {
+  if (index.method.IsPresent()) return " USING " + base::ToUtf8(index.method.View());
+  const bool in_memory = table.GetDetails()->options.Find(u"engine").View() == u"MEMORY";
+  return in_memory ? " USING BTREE" : "";
+}
+
+std::string IndexClause(const Context& context, const LcWorkbookTable& table,
+                        const LcIndexDetails& index) {
   const Target& target = context.target;
   std::string clause = index.unique ? "UNIQUE " : "";
   if (target.indexes_inside) {
@@ -63,7 +85,7 @@ std::string IndexClause(const Context& context, const LcIndexDetails& index) {
     const bool leads = method == "FULLTEXT" || method == "SPATIAL" || method == "VECTOR";
     clause += (leads ? method + " " : "") + "KEY " + target.Quote(index.name.View()) + " (" +
               IndexParts(context, index) + ")";
-    if (!method.empty() && !leads) clause += " USING " + method;
+    if (!leads && !context.translated) clause += MethodClause(table, index);
     clause += target.Clauses(index.options, target.index_options);
     if (index.comment.IsPresent()) clause += " COMMENT " + context.Literal(index.comment);
   }
@@ -130,7 +152,7 @@ std::string KeyClause(const Context& context, const LcWorkbookTable& table,
                       const LcKeyDetails& key) {
   const Target& target = context.target;
   // What the key's own index says more of its columns stands with them.
-  const LcIndexDetails* index = FindIndex(table, key.name);
+  const LcIndexDetails* index = FindIndex(table, key);
   std::string columns = index != nullptr ? IndexParts(context, *index) : target.Quote(key.columns);
   // A key's index has its name: where the primary one is always PRIMARY, none is given.
   const bool named = !(target.indexes_inside && key.kind == kkPrimary);
@@ -140,11 +162,32 @@ std::string KeyClause(const Context& context, const LcWorkbookTable& table,
   clause += " (" + columns + ")";
   if (index != nullptr) {
     clause += IncludeClause(context, *index) + target.Clauses(index->options, target.key_options);
+    // A hash that MariaDB chose for long texts is not asked for.
+    if (target.indexes_inside && !context.translated && index->method.View() != u"HASH") {
+      clause += MethodClause(table, *index);
+    }
     if (target.indexes_inside && index->comment.IsPresent()) {
       clause += " COMMENT " + context.Literal(index->comment);
     }
   }
+  if (!context.translated) clause += target.Clauses(key.options, target.constraint_options);
   return clause + Deferrable(target.has_deferrable_keys, key.deferrable);
+}
+
+std::string ColumnKeyClause(const Context& context, const LcWorkbookTable& table,
+                            const LcKeyDetails& key) {
+  if (!context.target.auto_increment_with_key || key.columns.size() != 1) return "";
+  const LcColumnDetails* column = key.columns.front()->GetDetails();
+  const bool numbers = column != nullptr && column->identity != idNone;
+  // Behind the columns a descending key would be the row's number, which this one is not.
+  const LcIndexDetails* index = FindIndex(table, key);
+  const bool descends = index != nullptr && index->parts.front().descending;
+  if (!numbers && !descends) return "";
+  return " " + ConstraintName(context, key.name) + "PRIMARY KEY" + (descends ? " DESC" : "") +
+         (context.translated
+              ? ""
+              : context.target.Clauses(key.options, context.target.constraint_options)) +
+         (numbers ? " AUTOINCREMENT" : "");
 }
 
 std::string CheckClause(const Context& context, const LcCheckDetails& check) {
@@ -198,12 +241,15 @@ std::string IndexParts(const Context& context, const LcIndexDetails& index) {
 std::vector<std::string> InnerConstraints(Context& context, const LcWorkbookTable& table,
                                           bool foreign_keys) {
   std::vector<std::string> clauses;
-  for (const LcKeyDetails* key : KeysOf(table)) clauses.push_back(KeyClause(context, table, *key));
+  for (const LcKeyDetails* key : KeysOf(table)) {
+    if (key->kind == kkPrimary && !ColumnKeyClause(context, table, *key).empty()) continue;
+    clauses.push_back(KeyClause(context, table, *key));
+  }
   if (const LcTableDetails* details = table.GetDetails(); details != nullptr) {
     for (const LcIndexDetails& index : details->indexes) {
       if (IsOfConstraint(table, index)) continue;
       if (context.target.indexes_inside && (!context.translated || CanBeTranslated(index))) {
-        clauses.push_back(IndexClause(context, index));
+        clauses.push_back(IndexClause(context, table, index));
       }
     }
     for (const LcCheckDetails& check : details->checks) {

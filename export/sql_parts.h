@@ -39,6 +39,9 @@ void WriteComments(Context& context);
 std::string SequenceClauses(const Context& context, const LcSequenceDetails& sequence);
 std::string KeyClause(const Context& context, const LcWorkbookTable& table,
                       const LcKeyDetails& key);
+// A key that has to stand with its column, as SQLite's that numbers rows; empty for any other.
+std::string ColumnKeyClause(const Context& context, const LcWorkbookTable& table,
+                            const LcKeyDetails& key);
 std::string CheckClause(const Context& context, const LcCheckDetails& check);
 std::string ForeignKeyClause(const Context& context, const LcForeignKeyDetails* details,
                              const std::vector<LcWorkbookColumn*>& columns,

@@ -1,6 +1,7 @@
 // Tables with their columns.
 #include <algorithm>
 #include <map>
+#include <regex>
 #include <set>
 
 #include "base/utf.h"
@@ -9,10 +10,27 @@
 namespace wbexport::sql {
 namespace {
 
+// A type that SQLite takes between quotes only: anything but words with up to two numbers behind
+// them. Words that begin a constraint are no part of a type.
+bool IsOddType(std::u16string_view text) {
+  static const std::regex kPlain(
+      R"(([A-Z_][A-Z0-9_]*)( [A-Z_][A-Z0-9_]*)*( ?\( *[+-]?[0-9.]+ *(, *[+-]?[0-9.]+ *)?\))?)",
+      std::regex::icase);
+  static const std::regex kConstraint(
+      R"(\b(add|all|alter|and|as|autoincrement|between|case|check|collate|commit|constraint|create|default|deferrable|delete|distinct|drop|else|escape|except|exists|foreign|from|generated|group|having|in|index|insert|intersect|into|is|isnull|join|limit|not|notnull|null|on|or|order|primary|references|returning|select|set|table|then|to|transaction|union|unique|update|using|values|when|where)\b)",
+      std::regex::icase);
+  const std::string utf8 = base::ToUtf8(text);
+  return !text.empty() && (!std::regex_match(utf8, kPlain) || std::regex_search(utf8, kConstraint));
+}
+
 std::string TypeClause(Context& context, const LcWorkbookColumn& column) {
   const LcWorkbookDatatype* type = column.GetDataType();
   if (!context.translated && type != nullptr && type->GetDatabaseType().IsPresent()) {
-    return base::ToUtf8(type->GetDatabaseType().View());
+    const std::u16string_view text = type->GetDatabaseType().View();
+    if (!context.target.quotes_odd_types) return base::ToUtf8(text);
+    const auto [known, added] = context.odd_types.try_emplace(std::u16string(text));
+    if (added) known->second = IsOddType(text);
+    return known->second ? context.target.Quote(text) : base::ToUtf8(text);
   }
   return context.target.TypeFor(column);
 }
@@ -63,10 +81,37 @@ bool IsCommonDefault(std::u16string_view text) {
   return !text.empty() && text.find_first_not_of(u"0123456789.-") == std::u16string_view::npos;
 }
 
+// A column in which MariaDB keeps since when or until when a row holds.
+bool RowTime(const LcColumnDetails& details) {
+  return details.expression.View() == u"ROW START" || details.expression.View() == u"ROW END";
+}
+
+// A default that SQLite takes without parentheses: a literal, or a word, which is a text there and
+// would be a column's name within them.
+bool IsDefaultTerm(std::u16string_view text) {
+  const auto is_word = [](char16_t c) {
+    return (c >= u'0' && c <= u'9') || (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z') ||
+           c == u'_' || c == u'.' || c >= 0x80;
+  };
+  const std::size_t quote = text.find_first_of(u"'\"");
+  if (quote != std::u16string_view::npos) {
+    const std::size_t end = text.find(text[quote], quote + 1);
+    return end + 1 == text.size() && (quote == 0 || (quote == 1 && (text[0] | 0x20) == u'x'));
+  }
+  const std::size_t sign = text.starts_with(u'-') || text.starts_with(u'+') ? 1 : 0;
+  for (std::size_t i = sign; i < text.size(); ++i) {
+    const bool exponent = i > sign && (text[i] == u'-' || text[i] == u'+') &&
+                          (text[i - 1] | 0x20) == u'e' && text[sign] <= u'9';
+    if (!is_word(text[i]) && !exponent) return false;
+  }
+  return text.size() > sign;
+}
+
 std::string DefaultClause(Context& context, const LcWorkbookColumn& column,
                           const LcColumnDetails& details) {
   if (details.generated != gnNone) {
     if (context.translated) return "";
+    if (RowTime(details)) return " GENERATED ALWAYS AS " + base::ToUtf8(details.expression.View());
     return fmt::format(" GENERATED ALWAYS AS ({}) {}", base::ToUtf8(details.expression.View()),
                        details.generated == gnStored ? "STORED" : "VIRTUAL");
   }
@@ -77,9 +122,9 @@ std::string DefaultClause(Context& context, const LcWorkbookColumn& column,
         fmt::format("default {} of {}", Display(text), Display(column.GetName())));
     return "";
   }
-  // Parentheses tell an expression from a literal where that is asked for.
-  return context.target.default_in_parentheses ? fmt::format(" DEFAULT ({})", base::ToUtf8(text))
-                                               : " DEFAULT " + base::ToUtf8(text);
+  return context.target.default_in_parentheses && !IsDefaultTerm(text)
+             ? fmt::format(" DEFAULT ({})", base::ToUtf8(text))
+             : " DEFAULT " + base::ToUtf8(text);
 }
 
 // The options of the columns of a foreign table: {a,"{column_name=x}",b,...}.
@@ -115,12 +160,25 @@ std::string ColumnClause(Context& context, const LcWorkbookColumn& column,
                                                       : base::ToUtf8(details.collation.View()));
   }
   const std::string value = DefaultClause(context, column, details);
-  const char* required = column.IsRequired()                               ? " NOT NULL"
-                         : target.says_null && details.generated == gnNone ? " NULL"
-                                                                           : "";
-  clause += required + value;
+  const bool says_null = target.says_null && details.generated == gnNone;
+  const char* required = RowTime(details)      ? ""
+                         : column.IsRequired() ? " NOT NULL"
+                         : says_null           ? " NULL"
+                                               : "";
+  if (const LcText name = details.options.Find(u"not null constraint");
+      name.IsPresent() && !context.translated) {
+    clause += " CONSTRAINT " + target.Quote(name.View());
+  }
+  clause += required;
+  if (!context.translated) clause += target.Clauses(details.options, target.constraint_options);
+  clause += value;
   if (!context.translated) clause += target.Clauses(details.options, target.column_options);
   clause += IdentityClause(context, column, details);
+  const LcWorkbookTable* table = column.GetParentTable();
+  if (table->GetDetails() != nullptr && table->GetDetails()->primary_key != nullptr &&
+      column.IsPrimaryKey()) {
+    clause += ColumnKeyClause(context, *table, *table->GetDetails()->primary_key);
+  }
   if (target.comments == Comments::kClauses && details.comment.IsPresent()) {
     clause += " COMMENT " + context.Literal(details.comment);
   }
@@ -140,27 +198,12 @@ std::string ColumnChecks(const Context& context, const LcWorkbookTable& table,
   return clauses;
 }
 
-// MariaDB's partitions, put together from what its catalog says of each:
-// "p0: 10; p1: MAXVALUE".
+// MariaDB's partitions, in its own words.
 std::string PartitionClause(const LcOptions& options) {
-  const std::string by = base::ToUtf8(options.Find(u"partition by").View());
-  if (by.empty()) return "";
-  const bool range = by.starts_with("RANGE");
-  const bool list = by.starts_with("LIST");
-  std::string parts;
-  std::string text = base::ToUtf8(options.Find(u"partitions").View());
-  while (!text.empty()) {
-    const std::size_t end = text.find("; ");
-    const std::string part = text.substr(0, end);
-    text = end == std::string::npos ? "" : text.substr(end + 2);
-    const std::size_t colon = part.find(": ");
-    parts += (parts.empty() ? "" : ", ") + ("PARTITION `" + part.substr(0, colon) + "`");
-    if (colon == std::string::npos) continue;
-    const std::string values = part.substr(colon + 2);
-    if (list) parts += " VALUES IN (" + values + ")";
-    if (range) parts += " VALUES LESS THAN " + (values == "MAXVALUE" ? values : "(" + values + ")");
-  }
-  return fmt::format("\nPARTITION BY {} ({})", by, parts);
+  const LcText by = options.Find(u"partition by");
+  if (!by.IsPresent()) return "";
+  return fmt::format("\nPARTITION BY {} ({})", base::ToUtf8(by.View()),
+                     base::ToUtf8(options.Find(u"partitions").View()));
 }
 
 // The table of that name: in the schema of the other table, or behind a schema's name and a dot.
@@ -174,30 +217,43 @@ const LcWorkbookTable* FindNamed(const LcWorkbook& workbook, const LcWorkbookTab
   return table;
 }
 
-// SQLite numbers rows by a column whose key and AUTOINCREMENT stand with it.
-bool HasKeyWithColumn(const Context& context, const LcWorkbookColumn& column) {
-  return context.target.auto_increment_with_key && column.IsPrimaryKey() &&
-         column.GetDetails() != nullptr && column.GetDetails()->identity != idNone;
+// The period of MariaDB's columns of that kind.
+std::string PeriodClause(const Context& context, const LcWorkbookTable& table) {
+  std::string start;
+  std::string end;
+  for (int i = 0; !context.translated && i < table.GetColumnCount(); ++i) {
+    const LcWorkbookColumn& column = *table.GetColumn(i);
+    if (column.GetDetails() == nullptr || !RowTime(*column.GetDetails())) continue;
+    const bool starts = column.GetDetails()->expression.View() == u"ROW START";
+    (starts ? start : end) = context.target.Quote(column.GetName());
+  }
+  if (start.empty() || end.empty()) return "";
+  return fmt::format("PERIOD FOR SYSTEM_TIME ({}, {})", start, end);
 }
 
 void WriteTable(Context& context, const LcWorkbookTable& table) {
   const Target& target = context.target;
   static const LcTableDetails kNone;
   const LcTableDetails& details = table.GetDetails() ? *table.GetDetails() : kNone;
+  if (IsVirtual(table)) {
+    context.out << fmt::format("\nCREATE VIRTUAL TABLE {} USING {};\n", context.Name(table),
+                               base::ToUtf8(details.options.Find(u"using").View()));
+    return;
+  }
   context.pending.clear();
   std::vector<std::string> lines;
-  bool key_with_column = false;
   const bool foreign = IsForeign(table);
   const std::map<std::u16string, std::string> column_options = ForeignColumnOptions(details);
   for (int i = 0; i < table.GetColumnCount(); ++i) {
     const LcWorkbookColumn& column = *table.GetColumn(i);
     lines.push_back(ColumnClause(context, column, column_options) +
                     ColumnChecks(context, table, column));
-    if (HasKeyWithColumn(context, column)) key_with_column = true;
+  }
+  if (const std::string period = PeriodClause(context, table); !period.empty()) {
+    lines.push_back(period);
   }
   if (!target.adds_keys) {
     for (std::string& clause : InnerConstraints(context, table, !target.adds_foreign_keys)) {
-      if (key_with_column && clause.find("PRIMARY KEY (") != std::string::npos) continue;
       lines.push_back(std::move(clause));
     }
   }
@@ -227,6 +283,8 @@ void WriteTables(Context& context) {
     const bool columns = table->GetColumnCount() > 0 || context.target.allows_no_columns;
     if (context.Makes(*table)) {
       WriteTable(context, *table);
+    } else if (IsShadow(*table)) {
+      continue;
     } else if (!columns) {
       context.LeaveOut("table " + DisplayName(*table) + ", which has no columns", "tables");
     } else if (table->GetDetails() == nullptr || table->GetDetails()->kind != tkSystemTable) {

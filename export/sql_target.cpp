@@ -95,6 +95,7 @@ constexpr std::array kMariadbViewSuffixes = {OptionClause{"check option", "WITH 
 
 constexpr std::array kSqliteTableOptions = {
     OptionClause{"without rowid", "WITHOUT ROWID"}, OptionClause{"strict", "STRICT"}};
+constexpr std::array kSqliteConstraintOptions = {OptionClause{"on conflict", "ON CONFLICT {}"}};
 constexpr std::array kSqliteIndexPartOptions = {OptionClause{"collation", "COLLATE {}"}};
 
 constexpr Target kPostgresql = {
@@ -153,13 +154,13 @@ constexpr Target kSqlite = {
     .name = "sqlite",
     .shell = "sqlite3 -bail DATABASE < FILE",
     .quotes = "\"\"",
-    .auto_increment = " PRIMARY KEY AUTOINCREMENT",
     .usual_action = u"no action",
     .comments = Comments::kNowhere,
     .has_deferrable = true, .auto_increment_with_key = true, .default_in_parentheses = true,
-    .options_by_commas = true,
+    .bare_expressions = true, .quotes_odd_types = true, .names_view_columns = true, .options_by_commas = true,
     .types = kSqliteTypes,
     .table_options = kSqliteTableOptions,
+    .constraint_options = kSqliteConstraintOptions,
     .index_part_options = kSqliteIndexPartOptions,
 };
 constexpr std::array kTargets = {kPostgresql, kMariadb, kSqlite};
@@ -237,7 +238,7 @@ std::string Target::TypeFor(const LcWorkbookColumn& column) const {
 }
 
 std::string Target::Expression(std::u16string_view text) const {
-  return "(" + base::ToUtf8(text) + ")";
+  return bare_expressions ? base::ToUtf8(text) : "(" + base::ToUtf8(text) + ")";
 }
 
 std::string Target::Clauses(const LcOptions& options, std::span<const OptionClause> table) const {

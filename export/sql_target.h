@@ -63,16 +63,19 @@ class Target {
   bool says_null = false;      // where a column may be NULL
   bool default_in_parentheses = false;
   bool quotes_collations = false;
+  bool bare_expressions = false;  // in indexes
+  bool quotes_odd_types = false;
   bool names_view_columns = false;
   bool options_by_commas = false;  // of a table
   bool delimiters = false;         // the shell needs DELIMITER for bodies with semicolons
   std::span<const TypeName> types{};
-  std::span<const OptionClause> table_prefixes{};  // between CREATE and TABLE
-  std::span<const OptionClause> table_options{};   // behind the columns
-  std::span<const OptionClause> type_options{};    // of a column, right behind its type
-  std::span<const OptionClause> column_options{};  // behind its default
-  std::span<const OptionClause> key_prefixes{};    // between UNIQUE and its columns
-  std::span<const OptionClause> key_options{};     // behind them
+  std::span<const OptionClause> table_prefixes{};      // between CREATE and TABLE
+  std::span<const OptionClause> table_options{};       // behind the columns
+  std::span<const OptionClause> type_options{};        // of a column, right behind its type
+  std::span<const OptionClause> column_options{};      // behind its default
+  std::span<const OptionClause> constraint_options{};  // behind keys and NOT NULL
+  std::span<const OptionClause> key_prefixes{};        // between UNIQUE and its columns
+  std::span<const OptionClause> key_options{};         // behind them
   std::span<const OptionClause> check_options{};
   std::span<const OptionClause> foreign_key_options{};       // behind ON DELETE
   std::span<const OptionClause> late_foreign_key_options{};  // behind DEFERRABLE

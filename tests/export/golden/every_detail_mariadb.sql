@@ -30,7 +30,7 @@ never empty',
   `extra` longtext NULL COMMENT '',
   PRIMARY KEY (`id`),
   CONSTRAINT `customer_name_key` UNIQUE (`name`, `since`),
-  KEY `customer_extra_idx` (`extra`) USING gin
+  KEY `customer_extra_idx` (`extra`)
 ) COMMENT='Who buys | "things" <here>';
 -- Left out: default 'happy'::sales.mood of mood.
 -- Left out: default now() of since.

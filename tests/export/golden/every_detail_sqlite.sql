@@ -18,7 +18,7 @@
 -- Left out: procedure sales.close_day.
 
 CREATE TABLE "customer" (
-  "id" INTEGER NOT NULL PRIMARY KEY AUTOINCREMENT,
+  "id" INTEGER NOT NULL CONSTRAINT "customer_pkey" PRIMARY KEY AUTOINCREMENT,
   "name" VARCHAR(40) NOT NULL,
   "mood" VARCHAR,
   "shout" TEXT,

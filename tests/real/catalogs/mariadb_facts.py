@@ -310,9 +310,16 @@ def base_table(shell, of, table, facts):
         if told[0]["SUBPARTITION_METHOD"]:
             by += f" SUBPARTITION BY {told[0]['SUBPARTITION_METHOD']} ({told[0]['SUBPARTITION_EXPRESSION']})"
         facts[("table option", *of, "partition by")] = by
-        facts[("table option", *of, "partitions")] = "; ".join(
-            p["PARTITION_NAME"] + ("." + p["SUBPARTITION_NAME"] if p["SUBPARTITION_NAME"] else "") +
-            (": " + p["PARTITION_DESCRIPTION"] if p["PARTITION_DESCRIPTION"] else "") for p in told)
+        parts = {}
+        for p in told:
+            values = p["PARTITION_DESCRIPTION"]
+            if values and not (values == "MAXVALUE" and p["PARTITION_METHOD"] == "RANGE"):
+                values = f"({values})"
+            word = " VALUES IN " if p["PARTITION_METHOD"].startswith("LIST") else " VALUES LESS THAN "
+            parts.setdefault("PARTITION `" + p["PARTITION_NAME"].replace("`", "``") + "`" + (word + values if values else ""), []).append(
+                "SUBPARTITION `" + p["SUBPARTITION_NAME"].replace("`", "``") + "`" if p["SUBPARTITION_NAME"] else None)
+        facts[("table option", *of, "partitions")] = ", ".join(
+            part + (" (" + ", ".join(inner) + ")" if inner[0] else "") for part, inner in parts.items())
         for p in told:
             assert name_of(p["PARTITION_NAME"]) in partitions or p["PARTITION_NAME"] in partitions or "PARTITIONS" in partitions, (p, partitions)
 
