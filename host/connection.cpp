@@ -151,28 +151,7 @@ bool Connection::LacksCatalog() const {
 }
 
 std::optional<std::vector<std::u16string>> Connection::Catalogs() const {
-  SQLHSTMT statement = SQL_NULL_HSTMT;
-  if (!Succeeded(SQLAllocHandle(SQL_HANDLE_STMT, handles_->connection, &statement))) {
-    return std::nullopt;
-  }
-  std::optional<std::vector<std::u16string>> catalogs;
-  // A pattern for every catalog beside two empty texts is ODBC's way of asking for the catalogs.
-  SQLWCHAR all[] = {'%', 0};
-  SQLWCHAR none[] = {0};
-  std::array<SQLWCHAR, 256> name{};
-  SQLLEN length = 0;
-  if (Succeeded(SQLTablesW(statement, all, SQL_NTS, none, 0, none, 0, none, 0)) &&
-      Succeeded(SQLBindCol(statement, 1, SQL_C_WCHAR, name.data(), sizeof name, &length))) {
-    catalogs.emplace();
-    while (Succeeded(SQLFetch(statement))) {
-      const auto end = std::find(name.begin(), name.end() - 1, SQLWCHAR{0});
-      if (length == SQL_NULL_DATA || end == name.begin()) continue;
-      catalogs->push_back(
-          ToUtf16(FromWide(name.data(), static_cast<std::size_t>(end - name.begin()))));
-    }
-  }
-  SQLFreeHandle(SQL_HANDLE_STMT, statement);
-  return catalogs;
+  return calls_->Catalogs();
 }
 
 std::vector<Connection::FunctionOffer> Connection::OfferedFunctions() const {

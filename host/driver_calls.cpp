@@ -41,6 +41,14 @@ void DriverCalls::Report(const char* function, SQLRETURN result, std::span<const
                 .answered = answered});
 }
 
+// A call that was made on a statement; returns what it returned.
+SQLRETURN DriverCalls::ReportOn(SQLHSTMT statement, DriverCall call, SQLRETURN result) const {
+  call.handle = statement;
+  call.result = result;
+  if (log_ != nullptr) log_->OnCall(call);
+  return result;
+}
+
 SQLRETURN DriverCalls::Connect(const std::string& connection_string) const {
   std::u16string text = ToUtf16(connection_string);
   // No output string is asked for: mdbtools leaves it unwritten, and the driver manager reads it.
@@ -117,6 +125,51 @@ bool DriverCalls::HasFunction(SQLUSMALLINT function) const {
   const std::array answered = {DriverField{"supported", there}};
   Report("SQLGetFunctions", result, asked, answered);
   return Succeeded(result) && there == SQL_TRUE;
+}
+
+std::optional<std::vector<std::u16string>> DriverCalls::Catalogs() const {
+  SQLHSTMT statement = SQL_NULL_HSTMT;
+  const SQLRETURN allocated = SQLAllocHandle(SQL_HANDLE_STMT, connection_, &statement);
+  if (log_ != nullptr) {
+    log_->OnCall({.function = "SQLAllocStmt",
+                  .handle = connection_,
+                  .on_statement = false,
+                  .result = allocated,
+                  .made = statement});
+  }
+  if (!Succeeded(allocated)) return std::nullopt;
+  std::optional<std::vector<std::u16string>> catalogs;
+  // A pattern for every catalog beside empty texts is ODBC's way of asking for the catalogs.
+  SQLWCHAR all[] = {'%', 0};
+  SQLWCHAR none[] = {0};
+  const std::array asked = {DriverField{"catalog", u"%"}, DriverField{"owner", u""},
+                            DriverField{"table", u""}, DriverField{"types", u""}};
+  Text name{};
+  SQLLEN length = 0;
+  const platform::DriverBuffer bound = {.number = 1,
+                                        .c_type = SQL_C_WCHAR,
+                                        .data = name.data(),
+                                        .bytes = sizeof name,
+                                        .indicator = &length,
+                                        .row_bytes = sizeof name};
+  const platform::DriverRows one_row = {.count = 1, .status = nullptr};
+  if (Succeeded(ReportOn(statement, {.function = "SQLTablesW", .handle = statement, .asked = asked},
+                         SQLTablesW(statement, all, SQL_NTS, none, 0, none, 0, none, 0))) &&
+      Succeeded(
+          ReportOn(statement, {.function = "SQLBindCol", .handle = statement, .buffer = &bound},
+                   SQLBindCol(statement, 1, SQL_C_WCHAR, name.data(), sizeof name, &length)))) {
+    catalogs.emplace();
+    while (Succeeded(ReportOn(statement,
+                              {.function = "SQLFetch", .handle = statement, .rows = &one_row},
+                              SQLFetch(statement)))) {
+      const std::u16string catalog = Whole(name);
+      if (length != SQL_NULL_DATA && !catalog.empty()) catalogs->push_back(catalog);
+    }
+  }
+  const std::array dropped = {DriverField{"option", SQL_DROP}};
+  ReportOn(statement, {.function = "SQLFreeStmt", .handle = statement, .asked = dropped},
+           SQLFreeHandle(SQL_HANDLE_STMT, statement));
+  return catalogs;
 }
 
 void DriverCalls::AskFunctions() const {

@@ -7,6 +7,7 @@
 #include <span>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "host/odbc_handles.h"
 #include "platform/platform.h"
@@ -26,12 +27,15 @@ class DriverCalls {
   std::optional<std::u16string> AttributeText(SQLINTEGER attribute) const;
   std::optional<SQLUINTEGER> AttributeNumber(SQLINTEGER attribute) const;
   bool HasFunction(SQLUSMALLINT function) const;
+  // The names of the server's catalogs; empty where the driver does not list them.
+  std::optional<std::vector<std::u16string>> Catalogs() const;
   // Of a played recording: how many questions it did not hold so far, and why for the first, UTF-8.
   std::pair<SQLUINTEGER, std::string> QuestionsNotHeld() const;
   // Asks for the whole table of functions, so that a log has it.
   void AskFunctions() const;
 
  private:
+  SQLRETURN ReportOn(SQLHSTMT statement, platform::DriverCall call, SQLRETURN result) const;
   void Report(const char* function, SQLRETURN result, std::span<const platform::DriverField> asked,
               std::span<const platform::DriverField> answered) const;
 
