@@ -61,6 +61,7 @@ struct Choices {
   std::uint32_t ItemMask() const;
 };
 
+const char* NameOf(Choices::Reading reading);
 // Empty when there is no reading of that name.
 std::optional<Choices::Reading> FindReading(std::string_view name);
 

@@ -20,13 +20,20 @@ ProgressMode ChooseProgress(const Options& options, const Screen& screen) {
 }
 
 // A replay repeats the choices of the recorded run, unless the user has own ones.
+bool Repeats(const ChoiceOptions& options, const std::optional<ReplayNotes>& notes) {
+  return notes && notes->choices && options == ChoiceOptions();
+}
+
 Choices& Settle(Choices& choices, const ChoiceOptions& options,
                 const std::optional<ReplayNotes>& notes) {
-  if (!notes || !notes->choices) return choices;
-  if (options == ChoiceOptions()) {
+  if (Repeats(options, notes)) {
     choices = *notes->choices;
-  } else if (!options.reading) {
-    choices.importer.reading = notes->choices->importer.reading;
+  } else if (notes && notes->choices) {
+    if (!options.reading) {
+      choices.reading = notes->choices->reading;
+      choices.importer.reading = notes->choices->importer.reading;
+    }
+    if (!options.dialect) choices.importer.dialect = notes->choices->importer.dialect;
   }
   return choices;
 }
@@ -59,6 +66,7 @@ HostSession::HostSession(Run& run, Choices& choices, const OutputFile& output)
       recording_(run.options.report, target_, run.secrets),
       connection_(target_, recording_.recorder().get()),
       notes_(ReplayNotes::Read(target_.recording)),
+      repeats_choices_(Repeats(run.options.choices, notes_)),
       services_(Settle(choices, run.options.choices, notes_).settings, run.screen, reports_,
                 recording_, notes_ ? &*notes_ : nullptr),
       runner_(connection_, services_, progress_, run.screen, reports_, recording_,

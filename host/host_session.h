@@ -22,6 +22,9 @@ class HostSession {
   const Connection& connection() const { return connection_; }
   // Keeps the choices with a recording, once the names in them are the server's.
   void NoteChoices(const Choices& choices) { recording_.NoteChoices(choices); }
+  // The choices are those of the recording that is played: their names were resolved when it was
+  // made.
+  bool RepeatsChoices() const { return repeats_choices_; }
   // Adds what the end of the run shows: a report that could not be written, and what a recording
   // did not hold.
   void Finish(Outcome& outcome);
@@ -39,6 +42,7 @@ class HostSession {
   RunRecording recording_;
   Connection connection_;
   const std::optional<ReplayNotes> notes_;
+  const bool repeats_choices_;
   InstalledServices services_;
   ImportRunner runner_;
 };

@@ -140,7 +140,9 @@ void RunImport(Run& run, Outcome& outcome) {
   const std::u16string stamp = wanted.stamp ? TimeStamp() : u"";
   HostSession session(run, choices, sheet.output());
   const std::uint32_t items = choices.ItemMask();
-  ResolveNames(choices, items, wanted.around, session.runner(), run.screen);
+  if (!session.RepeatsChoices()) {
+    ResolveNames(choices, items, wanted.around, session.runner(), run.screen);
+  }
   choices.items = items;
   session.NoteChoices(choices);
   ImportResult result = session.runner().Run(choices.importer, items);

@@ -109,7 +109,8 @@ ImportResult ImportRunner::Run(const LcImportChoices& choices, std::uint32_t ite
     importer_ = &importer;
     progress_ = &progress;
     traced_ = traced;
-    ++imports_;
+    // What only reads names is not repeated: a recording has the names.
+    if (traced) ++imports_;
     notifications_ = 0;
     active_ = this;
     unsigned short status = 0;

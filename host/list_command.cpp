@@ -13,7 +13,9 @@ void RunList(Run& run, Outcome& outcome) {
   TakeDialectFile(choices);
   const OutputFile output(run.options.output.file);
   HostSession session(run, choices, output);
-  ResolveNames(choices, ItemsOfList(kind), {}, session.runner(), run.screen);
+  if (!session.RepeatsChoices()) {
+    ResolveNames(choices, ItemsOfList(kind), {}, session.runner(), run.screen);
+  }
   session.NoteChoices(choices);
   const std::vector<ListedName> names =
       ReadList(kind, choices, session.runner(), outcome, run.screen);

@@ -27,8 +27,10 @@ Choices ReadChoices(const Json& note) {
   importer.owner_restriction = Text(note, "owner");
   importer.catalog = Text(note, "catalog");
   importer.include_system = note.at("includeSystem").get<int>() != 0;
-  // Older recordings know one reading only.
-  importer.reading = static_cast<LeReading>(note.value("reading", int{rdCompatible}));
+  // A recording without it is of a time when there was one reading only.
+  choices.reading =
+      FindReading(note.value("reading", "compatible")).value_or(Choices::Reading::kCompatible);
+  importer.reading = choices.reading == Choices::Reading::kCompatible ? rdCompatible : rdExact;
   importer.keys = note.at("keys").get<int>() != 0;
   importer.foreign_keys = note.at("foreignKeys").get<int>() != 0;
   importer.single_item_owner = Text(note, "itemOwner");
@@ -66,6 +68,8 @@ void ReadNote(const Json& note, ReplayNotes& notes) {
     notes.choices = ReadChoices(note);
   } else if (what == "selected" && notes.choices) {
     ReadSelected(note, *notes.choices);
+  } else if (what == "dialect" && notes.choices) {
+    notes.choices->importer.dialect = note.at("text").get<std::string>();
   } else if (what == "setting") {
     notes.settings[Text(note, "name")] = note.at("value").get<std::uint32_t>();
   } else if (what == "schema") {

@@ -9,18 +9,6 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-const char* NameOf(Choices::Reading reading) {
-  switch (reading) {
-    case Choices::Reading::kExact:
-      return "exact";
-    case Choices::Reading::kCompatible:
-      return "compatible";
-    case Choices::Reading::kAuto:
-      break;
-  }
-  return "auto";
-}
-
 void AddText(Json& json, const char* name, const std::u16string& text) {
   if (!text.empty()) json[name] = ToUtf8(text);
 }
@@ -59,6 +47,18 @@ void AddTables(Json& json, const char* name, const LcTableInfoList& tables) {
 }
 
 }  // namespace
+
+const char* NameOf(Choices::Reading reading) {
+  switch (reading) {
+    case Choices::Reading::kExact:
+      return "exact";
+    case Choices::Reading::kCompatible:
+      return "compatible";
+    case Choices::Reading::kAuto:
+      break;
+  }
+  return "auto";
+}
 
 std::string WriteRequest(const Choices& choices) {
   const LcImportChoices& importer = choices.importer;

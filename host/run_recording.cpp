@@ -110,6 +110,7 @@ void RunRecording::NoteChoices(const Choices& choices) {
   const LcImportChoices& importer = choices.importer;
   const DriverField items =
       choices.items ? DriverField{"items", *choices.items} : DriverField{"items", kNoText};
+  const std::u16string reading = ToUtf16(NameOf(choices.reading));
   Note("choices", {items,
                    {"dbmsType", importer.dbms_type},
                    {"includeSystem", importer.include_system},
@@ -117,7 +118,7 @@ void RunRecording::NoteChoices(const Choices& choices) {
                    {"foreignKeys", importer.foreign_keys},
                    {"owner", importer.owner_restriction.c_str()},
                    {"catalog", importer.catalog.c_str()},
-                   {"reading", importer.reading},
+                   {"reading", reading.c_str()},
                    {"itemOwner", importer.single_item_owner.c_str()},
                    {"table", importer.single_table_name.c_str()}});
   for (const LcOwnerInfo* owner : importer.selected_owners)
@@ -126,6 +127,10 @@ void RunRecording::NoteChoices(const Choices& choices) {
     if (table != nullptr) NoteSelected(u"table", *table);
   for (const LcTableInfo* synonym : importer.selected_synonyms)
     if (synonym != nullptr) NoteSelected(u"synonym", *synonym);
+  if (!importer.dialect.empty()) {
+    const std::u16string dialect = ToUtf16(importer.dialect);
+    Note("dialect", {{"text", dialect.c_str()}});
+  }
 }
 
 void RunRecording::NoteSelected(const char16_t* kind, const LcTableInfo& table) {

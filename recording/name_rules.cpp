@@ -419,7 +419,8 @@ void NameRules::SeeOwner(std::string_view owner) {
 Role NameRules::RoleOfField(std::string_view field) const {
   if (field == "sql") return Role::kSql;
   if (field == "owner" || field == "catalog") return Role::kOwner;
-  if (field == "heading" || field == "types" || field == "name" || field == "kind")
+  if (field == "heading" || field == "types" || field == "name" || field == "kind" ||
+      field == "reading")
     return Role::kPlain;
   if (field != "text") return Role::kName;
   const bool names = state_->function == "SQLGetInfo" ? state_->number == SQL_DATABASE_NAME
