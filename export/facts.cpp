@@ -2,6 +2,8 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
+
 #include "base/utf.h"
 
 namespace wbexport {
@@ -60,6 +62,23 @@ std::string Parts(const LcIndexDetails& index, bool included) {
     Join(list, text);
   }
   return list;
+}
+
+// Whether an index only holds up a key that is told already.
+bool IsOfKey(const LcIndexDetails& index, const LcTableDetails& table) {
+  if (index.predicate.IsPresent() || index.comment.IsPresent() || !index.options.IsEmpty()) {
+    return false;
+  }
+  const auto holds_up = [&](const LcKeyDetails& key) {
+    return key.name == index.name &&
+           std::equal(index.parts.begin(), index.parts.end(), key.columns.begin(),
+                      key.columns.end(), [](const LcIndexPart& part, const auto* column) {
+                        return part.column == column && !part.descending && !part.included &&
+                               part.options.IsEmpty();
+                      });
+  };
+  return (table.primary_key && holds_up(*table.primary_key)) ||
+         std::any_of(table.unique_keys.begin(), table.unique_keys.end(), holds_up);
 }
 
 std::string QuotedLabel(const LcText& label) {
@@ -172,7 +191,8 @@ std::vector<std::string> Facts::OfColumn(const LcWorkbookColumn& column) {
     }
     if (details->collation.IsPresent()) remarks.push_back("collation " + Show(details->collation));
   }
-  const bool computed = details != nullptr && details->generated != gnNone;
+  const bool computed =
+      details != nullptr && (details->generated != gnNone || details->identity == idAlways);
   if (column.IsReadOnly() && !computed) remarks.emplace_back("read only");
   if (details != nullptr && !details->options.IsEmpty()) remarks.push_back(Show(details->options));
   return remarks;
@@ -229,7 +249,9 @@ std::vector<Fact> Facts::OfTable(const LcWorkbookTable& table) const {
     }
   }
   for (const LcKeyDetails& key : details->unique_keys) facts.push_back(OfKey(key, table));
-  for (const LcIndexDetails& index : details->indexes) facts.push_back(OfIndex(index, table));
+  for (const LcIndexDetails& index : details->indexes) {
+    if (!IsOfKey(index, *details)) facts.push_back(OfIndex(index, table));
+  }
   std::vector<const LcWorkbookColumn*> all;
   for (int i = 0; i < table.GetColumnCount() && !details->checks.empty(); ++i) {
     all.push_back(table.GetColumn(i));

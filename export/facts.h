@@ -47,6 +47,11 @@ class Facts {
 
   // Partitions stand under their table where the workbook has it, and nowhere else.
   bool IsFolded(const LcWorkbookTable& table) const { return folded_.count(&table) != 0; }
+  // The table that a folded one is part of; null for any other.
+  const LcWorkbookTable* WholeOf(const LcWorkbookTable& table) const {
+    const auto found = folded_.find(&table);
+    return found == folded_.end() ? nullptr : found->second;
+  }
   // The partitions of a table with those of its partitions behind each.
   std::vector<const LcWorkbookTable*> PartsOf(const LcWorkbookTable& table) const;
   // "orders_2024: FOR VALUES FROM ... TO ..., of orders_recent"

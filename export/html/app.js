@@ -6,10 +6,12 @@ const sidebar = new Sidebar(document.getElementById("side"));
 const TABS = [
   ["#/", "Overview", null],
   ["#/diagram", "Diagram", relations.length],
-  ["#/types", "Types", data.dataTypes.length],
+  ["#/types", "Types", userTypes.length || data.dataTypes.length],
+  ["#/routines", "Routines", routines.length],
+  ["#/sequences", "Sequences", sequences.length],
   ["#/functions", "Functions", functions.length],
   ["#/boolean-functions", "Boolean functions", booleanFunctions.length],
-  ["#/procedures", "Procedures", data.procedures.length + data.systemProcedures],
+  ["#/procedures", "Procedures", procedures.length + data.systemProcedures],
   ["#/operators", "Operators", data.operators.length + data.aggregates.length],
 ].filter(([, , number]) => number !== 0);
 
@@ -34,7 +36,7 @@ const THEMES = ["auto", "light", "dark"];
 function setTheme(theme) {
   if (theme === "auto") delete document.documentElement.dataset.theme;
   else document.documentElement.dataset.theme = theme;
-  themeButton.textContent = {auto: "◐ Auto", light: "☀ Light", dark: "☾ Dark"}[theme];
+  themeButton.replaceChildren(icon(theme), {auto: "Auto", light: "Light", dark: "Dark"}[theme]);
   themeButton.value = theme;
   // A page opened from a file may have no storage.
   try {
@@ -45,7 +47,8 @@ function setTheme(theme) {
 }
 const themeButton = h("button", {
   type: "button",
-  "aria-label": "Colour theme",
+  class: "theme",
+  title: "Colour theme",
   onclick: () => setTheme(THEMES[(THEMES.indexOf(themeButton.value) + 1) % 3]),
 });
 let savedTheme = null;
@@ -58,7 +61,7 @@ setTheme(THEMES.includes(savedTheme) ? savedTheme : "auto");
 
 const help = document.getElementById("help");
 const SHORTCUTS = [
-  ["/", "search"],
+  ["/", "search: names, comments, owner.table, table.column"],
   ["↑ ↓", "move in the list"],
   ["Enter", "open what is chosen"],
   ["Escape", "clear the search, then leave it"],
@@ -77,7 +80,12 @@ help.append(
 );
 
 document.getElementById("top").append(
-  h("a", {class: "brand", href: "#/"}, icon("table"), h("span", {}, data.source.dbmsName || "Schema")),
+  h(
+    "a",
+    {class: "brand", href: "#/"},
+    icon("table"),
+    h("span", {}, data.source.title || data.source.dbmsName || "Schema"),
+  ),
   h(
     "nav",
     {class: "tabs", "aria-label": "Pages"},
@@ -93,16 +101,8 @@ document.getElementById("top").append(
   themeButton,
 );
 
-function decode(text) {
-  try {
-    return decodeURIComponent(text);
-  } catch {
-    return text;
-  }
-}
-
 function contentFor(path, query) {
-  const table = tableByPath.get(path);
+  const table = findTable(path);
   if (table) return [table.title, tablePage(table, query)];
   const [, page, name = ""] = path.split("/");
   switch (page) {
@@ -112,7 +112,11 @@ function contentFor(path, query) {
     case "diagram":
       return ["Diagram", diagramPage(query)];
     case "types":
-      return ["Data types", typesPage(decode(name))];
+      return ["Types", typesPage(decode(name))];
+    case "routines":
+      return ["Routines", routinesPage(decode(name))];
+    case "sequences":
+      return ["Sequences", sequencesPage(decode(name))];
     case "functions":
       return ["Functions", functionsPage("Functions", functions, decode(name))];
     case "boolean-functions":
@@ -135,7 +139,7 @@ function showPage(moveFocus) {
   append(main, [importNotice(), content]);
   main.scrollTop = 0;
   document.title = `${title} · ${pageTitle}`;
-  sidebar.show(tableByPath.get(path) ?? null);
+  sidebar.show(findTable(path));
   for (const tab of document.querySelectorAll(".tabs a")) {
     const current = tab.getAttribute("href") === (path ? `#/${path.split("/")[1]}` : "#/");
     if (current) tab.setAttribute("aria-current", "page");
@@ -148,7 +152,10 @@ document.querySelector(".skip").addEventListener("click", (event) => {
   event.preventDefault();
   main.focus();
 });
-addEventListener("hashchange", () => showPage(true));
+addEventListener("hashchange", () => {
+  sidebar.close();
+  showPage(true);
+});
 addEventListener("keydown", (event) => {
   if (event.ctrlKey || event.metaKey || event.altKey || event.target.closest("input, select, dialog")) return;
   if (event.key === "/") {

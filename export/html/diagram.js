@@ -32,13 +32,15 @@ function makeBox(table, allColumns, withOwner) {
     foreign: foreign.has(column.position),
   }));
   const rest = table.rawColumns.length - rows.length;
+  // Room for both marks where a column has both.
+  const marks = rows.some((row) => row.primary && row.foreign) ? 2 * MARKS - 8 : MARKS;
   const widths = rows.map(
-    (row) => MARKS + measure(row.name, "12px") + (row.type ? measure(row.type, "11px") + 16 : 0),
+    (row) => marks + measure(row.name, "12px") + (row.type ? measure(row.type, "11px") + 16 : 0),
   );
   const label = shorten(withOwner ? table.title : table.name);
   const width = Math.max(118, measure(label, "650 13px") + 2 * PAD + 4, ...widths.map((w) => w + 2 * PAD));
   const height = HEADER + rows.length * LINE + (rest > 0 ? LINE : 0) + (rows.length || rest > 0 ? 9 : 0);
-  return {table, label, rows, rest, width: Math.ceil(width), height};
+  return {table, label, rows, rest, marks, width: Math.ceil(width), height};
 }
 
 function rowY(box, position) {
@@ -47,7 +49,7 @@ function rowY(box, position) {
 }
 
 function drawBox(box, focus) {
-  const {table, label, rows, rest, width, height} = box;
+  const {table, label, rows, rest, marks, width, height} = box;
   const g = svg("a", {
     class: `node${table === focus ? " focus" : ""}`,
     href: table.href,
@@ -55,7 +57,11 @@ function drawBox(box, focus) {
     "aria-label": `${table.kind} ${table.title}, ${count(table.outgoing.length, "reference")}, referred to by ${table.incoming.length}`,
   });
   g.append(
-    svg("title", {}, `${table.title}\n${count(table.rawColumns.length, "column")}`),
+    svg(
+      "title",
+      {},
+      [table.title, count(table.rawColumns.length, "column"), table.comment].filter(Boolean).join("\n"),
+    ),
     svg("rect", {class: "box", width, height, rx: 8}),
     svg("path", {class: "title", d: `M1 ${HEADER}V8a7 7 0 0 1 7-7H${width - 8}a7 7 0 0 1 7 7V${HEADER}z`}),
     svg("text", {class: "title-text", x: PAD, y: 20}, label),
@@ -64,22 +70,19 @@ function drawBox(box, focus) {
     g.append(svg("line", {class: "rule", x1: 0.6, x2: width - 0.6, y1: HEADER, y2: HEADER}));
   rows.forEach((row, i) => {
     const y = HEADER + 5 + i * LINE + 14;
-    if (row.primary || row.foreign)
+    if (row.primary) g.append(svg("text", {class: "key-mark", x: PAD, y: y - 0.5}, "PK"));
+    if (row.foreign)
       g.append(
-        svg(
-          "text",
-          {class: `key-mark${row.primary ? "" : " foreign"}`, x: PAD, y: y - 0.5},
-          row.primary ? "PK" : "FK",
-        ),
+        svg("text", {class: "key-mark foreign", x: PAD + (row.primary ? MARKS - 8 : 0), y: y - 0.5}, "FK"),
       );
-    g.append(svg("text", {x: PAD + MARKS - 4, y}, row.name));
+    g.append(svg("text", {x: PAD + marks - 4, y}, row.name));
     if (row.type) g.append(svg("text", {class: "small", x: width - PAD, y, "text-anchor": "end"}, row.type));
   });
   if (rest > 0)
     g.append(
       svg(
         "text",
-        {class: "small", x: PAD + MARKS - 4, y: HEADER + 5 + rows.length * LINE + 14},
+        {class: "small", x: PAD + marks - 4, y: HEADER + 5 + rows.length * LINE + 14},
         rows.length ? `+ ${rest} more` : count(rest, "column"),
       ),
     );

@@ -60,8 +60,12 @@ function typesPage(name) {
       .filter(Boolean)
       .join("; ");
   return [
-    heading("Data types"),
-    filtered(
+    heading("Types"),
+    userTypes.length
+      ? section("Made by users", userTypes.length, factPage(userTypes, "types of users", name))
+      : null,
+    data.dataTypes.length ? section("Of the server", data.dataTypes.length) : null,
+    data.dataTypes.length && filtered(
       data.dataTypes,
       (type) => `${type[0]} ${type[1]} ${type[2]}`,
       "types",
@@ -119,6 +123,44 @@ function functionsPage(title, list, name) {
   ];
 }
 
+// Types, sequences and routines as an exact reading gives them, each to be opened where it has a text.
+function factPage(facts, label, name) {
+  return filtered(
+    facts,
+    (fact) => `${fact.name} ${fact.kind} ${fact.comment}`,
+    label,
+    name,
+    (found, word) => {
+      const holder = h("div", {class: "sheet facts-list"});
+      fillLazily(holder, found, (fact) => {
+        const head = [
+          h("span", {class: "badge"}, fact.kind),
+          h("span", {class: "name"}, fact.name),
+          h("span", {class: "code muted"}, highlightSql(fact.text)),
+        ];
+        const comment = fact.comment && h("p", {class: "comment"}, fact.comment);
+        return fact.body
+          ? h(
+              "details",
+              {open: found.length === 1 || fact.name.toLowerCase() === word},
+              h("summary", {}, head, comment),
+              sqlBlock(fact.body),
+            )
+          : h("div", {class: "fact"}, head, comment);
+      });
+      return holder;
+    },
+  );
+}
+
+function routinesPage(name) {
+  return [heading("Routines"), factPage(routines, "routines", name)];
+}
+
+function sequencesPage(name) {
+  return [heading("Sequences"), factPage(sequences, "sequences", name)];
+}
+
 function proceduresPage(name) {
   return [
     heading("Procedures"),
@@ -130,7 +172,7 @@ function proceduresPage(name) {
           "wbimport lists them with --system.",
       ),
     filtered(
-      data.procedures,
+      procedures,
       ([owner, own]) => `${owner} ${own}`,
       "procedures",
       name,

@@ -35,7 +35,11 @@ function sheet(columns, rows, makeRow, attributes = {}) {
           "tr",
           {},
           columns.map((column) =>
-            h("th", {scope: "col", class: column.number && "number"}, column.title ?? column),
+            h(
+              "th",
+              {scope: "col", class: column.number ? "number" : column.wide && "wide"},
+              column.title ?? column,
+            ),
           ),
         ),
       ),
@@ -48,36 +52,78 @@ function sheet(columns, rows, makeRow, attributes = {}) {
 
 // Overview
 
+// What the import could not read, with the server's reasons.
+function notReadSection() {
+  const {notRead} = data;
+  if (!notRead.length) return null;
+  return h(
+    "details",
+    {class: "notice", open: notRead.length <= 8, id: "not-read"},
+    h("summary", {}, h("strong", {}, `${count(notRead.length, "thing was", "things were")} not read`)),
+    h(
+      "ul",
+      {},
+      notRead.map((text) => h("li", {}, text)),
+    ),
+  );
+}
+
+function ownersSheet(owners) {
+  const comments = new Map(data.schemas.map(([name, , comment = ""]) => [name, comment]));
+  const defaults = new Set(data.schemas.filter(([, isDefault]) => isDefault).map(([name]) => name));
+  const any = [...comments.values()].some(Boolean);
+  return sheet(
+    ["Owner", {title: "Tables, views, synonyms", number: true}, any && "Comment"].filter(Boolean),
+    [...owners],
+    ([owner, n]) =>
+      h(
+        "tr",
+        {},
+        h("td", {class: "name"}, owner, defaults.has(owner) && h("span", {class: "muted"}, " (default)")),
+        h("td", {class: "number"}, NUMBER.format(n)),
+        any && h("td", {class: "comment"}, comments.get(owner) ?? ""),
+      ),
+  );
+}
+
 function overviewPage() {
   const {source} = data;
-  const of = (kind) => tables.filter((table) => table.kind === kind).length;
+  const of = (kind) => wholeTables.filter((table) => table.kind === kind).length;
   const cards = [
     [of("table"), "tables"],
     [of("view"), "views"],
     [of("synonym"), "synonyms"],
+    [tables.length - wholeTables.length, "partitions"],
     [tables.reduce((sum, table) => sum + table.rawColumns.length, 0), "columns"],
     [relations.length, "relationships", "#/diagram"],
-    [data.dataTypes.length, "data types", "#/types"],
+    [data.dataTypes.length, "data types of the server", "#/types"],
     [functions.length, "functions", "#/functions"],
     [booleanFunctions.length, "boolean functions", "#/boolean-functions"],
-    [data.procedures.length, "procedures", "#/procedures"],
+    [userTypes.length, "types of users", "#/types"],
+    [routines.length, "routines", "#/routines"],
+    [sequences.length, "sequences", "#/sequences"],
+    [procedures.length, "procedures", "#/procedures"],
     [data.operators.length + data.aggregates.length, "operators and aggregates", "#/operators"],
   ].filter(([n]) => n);
   const degree = (table) => table.incoming.length + table.outgoing.length;
-  const hubs = tables
+  const hubs = wholeTables
     .filter(degree)
     .sort((a, b) => degree(b) - degree(a))
     .slice(0, 12);
   const owners = new Map(data.ownerNames.map((owner) => [owner, 0]));
-  for (const table of tables) if (table.owner) owners.set(table.owner, (owners.get(table.owner) ?? 0) + 1);
+  for (const [schema] of data.schemas) if (!owners.has(schema)) owners.set(schema, 0);
+  for (const table of wholeTables) if (table.owner) owners.set(table.owner, (owners.get(table.owner) ?? 0) + 1);
   return [
-    heading(source.dbmsName || "Database schema"),
+    heading(source.title || source.dbmsName || "Database schema"),
     h(
       "p",
       {class: "facts"},
+      source.title && h("span", {}, source.dbmsName),
       source.dbmsVersion ? h("span", {}, `Version ${source.dbmsVersion}`) : null,
       source.route && h("span", {}, `read through the ${source.route} route`),
+      source.importedAt && h("span", {}, `on ${source.importedAt.replace("T", " at ").replace("Z", " UTC")}`),
     ),
+    notReadSection(),
     h(
       "div",
       {class: "cards"},
@@ -85,8 +131,8 @@ function overviewPage() {
         h(href ? "a" : "div", {class: "card", href}, h("b", {}, NUMBER.format(n)), h("span", {}, label)),
       ),
     ),
-    tables.length && tables.length <= MOST_TABLES && relations.length
-      ? section("Diagram", null, makeDiagram(tables))
+    wholeTables.length && wholeTables.length <= MOST_TABLES && relations.length
+      ? section("Diagram", null, makeDiagram(wholeTables))
       : null,
     h(
       "div",
@@ -113,19 +159,7 @@ function overviewPage() {
             ),
           )
         : null,
-      owners.size
-        ? h(
-            "section",
-            {},
-            section(
-              "Owners",
-              owners.size,
-              sheet(["Owner", {title: "Tables, views, synonyms", number: true}], [...owners], ([owner, n]) =>
-                h("tr", {}, h("td", {class: "name"}, owner), h("td", {class: "number"}, NUMBER.format(n))),
-              ),
-            ),
-          )
-        : null,
+      owners.size ? h("section", {}, section("Owners", owners.size, ownersSheet(owners))) : null,
       data.columnNames.length
         ? h(
             "section",
@@ -143,143 +177,10 @@ function overviewPage() {
   ];
 }
 
-// One table
-
-function tablePage(table, query) {
-  const target = query.has("column") ? Number(query.get("column")) : -1;
-  const synonym = table.synonym;
-  const base =
-    synonym &&
-    tables.find(
-      ({owner, name, kind}) => kind !== "synonym" && owner === synonym.owner && name === synonym.name,
-    );
-  const references = new Map();
-  for (const relation of table.outgoing)
-    relation.fromColumns.forEach((column, i) => {
-      if (!references.has(column)) references.set(column, []);
-      references.get(column).push([relation.to, relation.to.columnNames([relation.toColumns[i]])]);
-    });
-  const marks = ({flags}) =>
-    [flags & READ_ONLY && "read only", flags & GENERATED && "generated"].filter(Boolean).join(", ");
-  const columnRow = (column) =>
-    h(
-      "tr",
-      {class: column.position === target && "target", id: `column-${column.position}`},
-      h("td", {class: "number"}, String(column.position + 1)),
-      h(
-        "td",
-        {class: "marks"},
-        column.flags & PRIMARY ? h("span", {class: "key", title: "Part of the primary key"}, "PK") : null,
-        " ",
-        references.has(column.position)
-          ? h("span", {class: "key foreign", title: "Refers to another table"}, "FK")
-          : null,
-      ),
-      h("td", {class: "name"}, column.name),
-      h("td", {class: "type"}, column.type),
-      h("td", {class: "marks muted"}, column.flags & REQUIRED ? "required" : ""),
-      h("td", {class: "muted"}, marks(column)),
-      h(
-        "td",
-        {},
-        (references.get(column.position) ?? []).map(([to, names], i) => [
-          i ? ", " : "",
-          tableLink(to, names),
-        ]),
-      ),
-    );
-  const relationRow = (other, otherColumns, own, relation) =>
-    h(
-      "tr",
-      {},
-      h("td", {class: "name"}, own.join(", ")),
-      h("td", {}, tableLink(other, otherColumns)),
-      h(
-        "td",
-        {class: "muted"},
-        relation.oneToOne ? "one to one" : other === relation.to ? "many to one" : "one to many",
-        relation.optional ? ", optional" : "",
-      ),
-    );
-  const {outgoing, incoming} = table;
-  const content = [
-    heading(
-      table.name,
-      h("span", {class: `badge ${table.kind}`}, icon(table.kind), table.kind),
-      table.owner && h("span", {class: "badge"}, `owner ${table.owner}`),
-    ),
-    h(
-      "p",
-      {class: "facts"},
-      h("span", {}, count(table.rawColumns.length, "column")),
-      table.key.length
-        ? h("span", {}, "primary key ", h("span", {class: "name"}, table.columnNames(table.key).join(", ")))
-        : null,
-      outgoing.length
-        ? h("span", {}, `refers to ${count(new Set(outgoing.map(({to}) => to)).size, "table")}`)
-        : null,
-      incoming.length
-        ? h("span", {}, `referred to by ${count(new Set(incoming.map(({from}) => from)).size, "table")}`)
-        : null,
-    ),
-    synonym &&
-      h(
-        "p",
-        {class: "hint"},
-        "Stands for ",
-        base
-          ? tableLink(base)
-          : h(
-              "span",
-              {class: "name"},
-              [synonym.owner, synonym.name].filter(Boolean).join(".") || "a table that is not known",
-            ),
-        synonym.database && ` in the database ${synonym.database}`,
-        synonym.server && ` on the server ${synonym.server}`,
-        ".",
-      ),
-    table.nameOnly
-      ? h("p", {class: "hint"}, "Only the name was read.")
-      : section(
-          "Columns",
-          table.rawColumns.length,
-          sheet(
-            [{title: "#", number: true}, "Key", "Name", "Type", "Required", "Notes", "Refers to"],
-            table.columns,
-            columnRow,
-          ),
-        ),
-    outgoing.length + incoming.length ? section("Neighbourhood", null, makeNeighbourhood(table, 1)) : null,
-    outgoing.length
-      ? section(
-          "Refers to",
-          outgoing.length,
-          sheet(["Columns", "Table", "Relationship"], outgoing, (r) =>
-            relationRow(r.to, r.to.columnNames(r.toColumns), table.columnNames(r.fromColumns), r),
-          ),
-        )
-      : null,
-    incoming.length
-      ? section(
-          "Referred to by",
-          incoming.length,
-          sheet(["Columns", "Table", "Relationship"], incoming, (r) =>
-            relationRow(r.from, r.from.columnNames(r.fromColumns), table.columnNames(r.toColumns), r),
-          ),
-        )
-      : null,
-  ];
-  if (target >= 0)
-    requestAnimationFrame(() =>
-      document.getElementById(`column-${target}`)?.scrollIntoView({block: "center"}),
-    );
-  return content;
-}
-
 // Diagram
 
 function diagramPage(query) {
-  const chosen = query.get("around") && tableByPath.get(query.get("around"));
+  const chosen = query.get("around") && findTable(query.get("around"));
   if (chosen) {
     return [
       heading(
@@ -290,7 +191,7 @@ function diagramPage(query) {
       makeNeighbourhood(chosen, Number(query.get("distance")) || 1),
     ];
   }
-  const related = tables.filter((table) => table.outgoing.length || table.incoming.length);
+  const related = wholeTables.filter((table) => table.outgoing.length || table.incoming.length);
   let allColumns = false;
   const stage = h("div", {class: "stage", style: "display:contents"});
   const draw = (some) => {
@@ -328,8 +229,8 @@ function diagramPage(query) {
       makeDiagram(some, {allColumns}),
     );
   };
-  if (tables.length <= MOST_TABLES || data.view.whole) {
-    draw(tables);
+  if (wholeTables.length <= MOST_TABLES || data.view.whole) {
+    draw(wholeTables);
   } else {
     const degree = (table) => table.incoming.length + table.outgoing.length;
     const hubs = [...related].sort((a, b) => degree(b) - degree(a)).slice(0, 40);
@@ -337,7 +238,7 @@ function diagramPage(query) {
       h(
         "p",
         {class: "hint"},
-        `${NUMBER.format(tables.length)} tables are more than one picture shows well, so they are not drawn at once. Choose a table to see its neighbourhood, or draw the schema whole here; wbimport makes a page that starts with the whole diagram when it is given `,
+        `${NUMBER.format(wholeTables.length)} tables are more than one picture shows well, so they are not drawn at once. Choose a table to see its neighbourhood, or draw the schema whole here; wbimport makes a page that starts with the whole diagram when it is given `,
         h("code", {}, "--whole"),
         ", and one that starts with a table's neighbourhood with ",
         h("code", {}, "--around TABLE --distance N"),
@@ -346,7 +247,7 @@ function diagramPage(query) {
       h(
         "div",
         {class: "bar"},
-        related.length < tables.length &&
+        related.length < wholeTables.length &&
           h(
             "button",
             {type: "button", onclick: () => draw(related)},
@@ -354,8 +255,8 @@ function diagramPage(query) {
           ),
         h(
           "button",
-          {type: "button", onclick: () => draw(tables)},
-          `Draw all ${NUMBER.format(tables.length)}`,
+          {type: "button", onclick: () => draw(wholeTables)},
+          `Draw all ${NUMBER.format(wholeTables.length)}`,
         ),
       ),
       section(

@@ -12,7 +12,7 @@ class Sidebar {
     this.input = h("input", {
       type: "search",
       id: "search",
-      placeholder: "Search tables, columns, functions",
+      placeholder: "Search names, comments",
       autocomplete: "off",
       spellcheck: "false",
       role: "combobox",
@@ -21,6 +21,7 @@ class Sidebar {
       "aria-expanded": "true",
       "aria-autocomplete": "list",
       oninput: () => this.refresh(),
+      onfocus: () => this.openList(),
       onkeydown: (event) => this.onKey(event),
     });
     this.found = h("div", {class: "found", role: "status"});
@@ -32,8 +33,30 @@ class Sidebar {
     );
     this.rows.addEventListener("scroll", () => this.draw());
     new ResizeObserver(() => this.draw()).observe(this.rows);
+    this.root = root;
+    // On a narrow page the list lies over the content and shows when it is asked for.
+    this.toggle = h(
+      "button",
+      {
+        type: "button",
+        class: "toggle",
+        "aria-label": "List of tables",
+        "aria-expanded": "false",
+        "aria-controls": "rows",
+        onclick: () => (root.classList.contains("open") ? this.close() : this.openList()),
+      },
+      icon("menu"),
+    );
+    addEventListener("pointerdown", (event) => {
+      if (!root.contains(event.target)) this.close();
+    });
     append(root, [
-      h("div", {class: "find"}, icon("search"), this.input, h("kbd", {"aria-hidden": "true"}, "/")),
+      h(
+        "div",
+        {class: "find"},
+        this.toggle,
+        h("div", {class: "field"}, icon("search"), this.input, h("kbd", {"aria-hidden": "true"}, "/")),
+      ),
       this.found,
       this.rows,
     ]);
@@ -43,23 +66,41 @@ class Sidebar {
     this.refresh();
   }
 
+  openList() {
+    this.root.classList.add("open");
+    this.toggle.setAttribute("aria-expanded", "true");
+  }
+  close() {
+    this.root.classList.remove("open");
+    this.toggle.setAttribute("aria-expanded", "false");
+  }
+
   // What is searched, made on the first search: lower-case text and the row it leads to.
   get index() {
     if (this.cachedIndex) return this.cachedIndex;
-    const entries = {tables: [], columns: [], functions: [], types: [], procedures: []};
-    const add = (kind, text, row) => entries[kind].push({text: text.toLowerCase(), row});
+    const entries = {tables: [], columns: [], functions: [], types: [], procedures: [], routines: [], sequences: []};
+    const add = (kind, text, row, comment = "") =>
+      entries[kind].push({text: text.toLowerCase(), row: {...row, comment}, comment: comment.toLowerCase()});
     for (const table of this.sorted) {
-      add("tables", table.title, this.tableRow(table, true));
-      table.rawColumns.forEach(([name], position) => {
+      add("tables", table.title, this.tableRow(table, true), table.comment);
+      table.rawColumns.forEach(([name, , , , , comment = ""]) => {
         entries.columns.push({
           text: `${table.title}.${name}`.toLowerCase(),
           own: name.toLowerCase(),
+          comment: comment.toLowerCase(),
+          shown: comment,
           table,
-          position,
           name,
         });
       });
     }
+    for (const [list, kind, page, image] of [
+      [userTypes, "types", "types", "type"],
+      [routines, "routines", "routines", "function"],
+      [sequences, "sequences", "sequences", "sequence"],
+    ])
+      for (const {name, kind: where, comment} of list)
+        add(kind, name, {icon: image, name, where, href: `#/${page}/${encodeURIComponent(name)}`}, comment);
     for (const [list, route] of [
       [functions, "functions"],
       [booleanFunctions, "boolean-functions"],
@@ -81,7 +122,7 @@ class Sidebar {
         href: `#/types/${encodeURIComponent(type[0])}`,
       });
     }
-    for (const [owner, name] of data.procedures) {
+    for (const [owner, name] of procedures) {
       add("procedures", owner ? `${owner}.${name}` : name, {
         icon: "procedure",
         name,
@@ -107,6 +148,7 @@ class Sidebar {
     const byOwner = tables.some((table) => table.owner);
     const groups = new Map();
     for (const table of this.sorted) {
+      if (table.partOf) continue; // stands on its table's page
       const heading = byOwner
         ? table.owner || "(no owner)"
         : {table: "Tables", view: "Views", synonym: "Synonyms"}[table.kind];
@@ -123,10 +165,13 @@ class Sidebar {
   }
 
   search(words) {
-    const matches = (text) => words.every((word) => text.includes(word));
+    const matches = ({text, comment = ""}) =>
+      words.every((word) => text.includes(word) || comment.includes(word));
     const rank = ({text, row}) => {
       const name = row.name.toLowerCase();
-      return name === words[0] ? 0 : name.startsWith(words[0]) ? 1 : text.startsWith(words[0]) ? 2 : 3;
+      if (name === words[0] || text === words[0]) return 0;
+      if (name.startsWith(words[0])) return 1;
+      return text.startsWith(words[0]) ? 2 : text.includes(words[0]) ? 3 : 4;
     };
     const rows = [];
     const section = (heading, found, limit, toRow) => {
@@ -135,33 +180,48 @@ class Sidebar {
       for (const entry of found.slice(0, limit)) rows.push({...toRow(entry), words});
     };
     const named = (heading, kind, limit) => {
-      const found = this.index[kind]
-        .filter(({text}) => matches(text))
-        .map((entry) => ({...entry, rank: rank(entry)}));
+      const found = this.index[kind].filter(matches).map((entry) => ({...entry, rank: rank(entry)}));
       section(
         heading,
         found.sort((a, b) => a.rank - b.rank),
         limit,
-        ({row}) => row,
+        ({row, text}) => ({...row, comment: words.every((word) => text.includes(word)) ? "" : row.comment}),
       );
     };
     named("Tables", "tables", Infinity);
-    // A column counts by its own name; its table's name may narrow the search down.
+    // A column counts by its own name or comment; its table's name may narrow the search down, also as
+    // table.column.
+    const own = ({own: name, text, comment}) =>
+      words.some((word) => {
+        const last = word.slice(word.lastIndexOf(".") + 1);
+        return name.includes(word) || comment.includes(word) || (last !== word && text.includes(word) && name.startsWith(last));
+      });
     section(
       "Columns",
-      this.index.columns.filter(({text, own}) => words.some((word) => own.includes(word)) && matches(text)),
+      this.index.columns
+        .filter((entry) => own(entry) && matches(entry))
+        .map((entry) => ({...entry, rank: this.rankColumn(entry, words)}))
+        .sort((a, b) => a.rank - b.rank),
       LIMIT.columns,
-      ({table, position, name}) => ({
+      ({table, name, text, shown}) => ({
         icon: "column",
         name,
         where: table.title,
-        href: `${table.href}?column=${position}`,
+        href: `${table.href}?column=${encodeURIComponent(name)}`,
+        comment: words.every((word) => text.includes(word)) ? "" : shown,
       }),
     );
+    named("Routines", "routines", LIMIT.others);
     named("Functions", "functions", LIMIT.others);
     named("Types", "types", LIMIT.others);
+    named("Sequences", "sequences", LIMIT.others);
     named("Procedures", "procedures", LIMIT.others);
     return rows;
+  }
+
+  rankColumn({text, own}, words) {
+    if (words.some((word) => own === word || text === word || text.endsWith(`.${word}`))) return 0;
+    return words.some((word) => own.startsWith(word)) ? 1 : words.some((word) => text.includes(word)) ? 2 : 3;
   }
 
   refresh() {
@@ -169,7 +229,7 @@ class Sidebar {
     this.list = words.length ? this.search(words) : this.browse();
     this.active = words.length ? this.list.findIndex((row) => row.href) : -1;
     this.found.textContent = !words.length
-      ? count(tables.length, "table, view or synonym", "tables, views and synonyms")
+      ? count(wholeTables.length, "table, view or synonym", "tables, views and synonyms")
       : this.list.length
         ? count(
             this.list.filter((row) => row.heading).reduce((sum, row) => sum + row.number, 0),
@@ -230,12 +290,13 @@ class Sidebar {
         "aria-setsize": this.list.length,
         "aria-posinset": position + 1,
         "aria-expanded": row.heading && !row.fixed ? String(row.open) : null,
-        title: row.heading ? null : row.where ? `${row.where}.${row.name}` : row.name,
+        title: row.heading ? null : [row.where ? `${row.where}.${row.name}` : row.name, row.comment].filter(Boolean).join("\n"),
         onclick: () => this.open(position),
       },
       row.heading ? !row.fixed && icon("chevron") : icon(row.icon),
       h("span", {class: "name"}, row.heading ?? highlight(row.name, row.words)),
-      row.where && h("span", {class: "where"}, row.where),
+      (row.comment || row.where) &&
+        h("span", {class: "where"}, row.comment ? highlight(row.comment, row.words) : row.where),
       h("span", {class: "number"}, row.number === undefined ? "" : String(row.number)),
     );
   }
@@ -250,6 +311,7 @@ class Sidebar {
       this.active = position;
       this.draw();
     } else if (location.hash === row.href) {
+      this.close();
       document.querySelector("main h1")?.focus();
     } else {
       location.hash = row.href;
@@ -275,7 +337,10 @@ class Sidebar {
     else if (event.key === "Escape" && this.input.value) {
       this.input.value = "";
       this.refresh();
-    } else if (event.key === "Escape") document.getElementById("main").focus();
+    } else if (event.key === "Escape") {
+      this.close();
+      document.getElementById("main").focus();
+    }
     else return;
     event.preventDefault();
   }

@@ -4,11 +4,11 @@
 
 import assert from "node:assert/strict";
 import {execFileSync} from "node:child_process";
-import {mkdtempSync, rmSync, writeFileSync} from "node:fs";
+import {existsSync, mkdtempSync, readFileSync, rmSync, writeFileSync} from "node:fs";
 import {tmpdir} from "node:os";
 import {join} from "node:path";
 import test, {after, before} from "node:test";
-import {pathToFileURL} from "node:url";
+import {fileURLToPath, pathToFileURL} from "node:url";
 
 import {launch} from "./browser.js";
 import {HOSTILE, hostileSchema, largeSchema} from "./schemas.js";
@@ -77,7 +77,7 @@ test("hostile names are shown as they are, everywhere", async () => {
         location.hash = href;
       }, hrefs[i]);
       await opened(page, displayed(name));
-      assert.deepEqual(await page.locator("td.name").nth(0).textContent(), displayed(name));
+      assert.deepEqual(await page.locator("td.name .column-name").nth(0).textContent(), displayed(name));
     }
     for (const path of ["functions", "procedures", "operators", "types", "diagram", ""]) {
       await page.evaluate((to) => {
@@ -127,7 +127,7 @@ test("search, arrows and Enter lead to a table, a click on a reference to the ne
     await page.keyboard.press("Enter");
     await opened(page, "table_4711");
     assert.equal(await page.evaluate(() => document.activeElement.tagName), "H1", "focus follows");
-    await page.click('main a:text-is("stock.table_1570.id")');
+    await page.click('main td.wide a:text-is("stock.table_1570.id")');
     await opened(page, "table_1570");
     await page.goBack();
     await opened(page, "table_4711");
@@ -144,7 +144,7 @@ test("a column is found with its table and marked on the page", async () => {
     await page.fill("#search", "stock.table_12 value_7");
     await page.locator(".row:not(.heading)").first().click();
     await opened(page, "table_12");
-    assert.equal(await page.locator("tr.target td.name").textContent(), "value_7");
+    assert.equal(await page.locator("tr.target .column-name").textContent(), "value_7");
   });
 });
 
@@ -241,6 +241,147 @@ test("5,000 tables open in under two seconds with a list of rows in sight only",
   }
   console.log(`5,000 tables opened in ${times.join(", ")} ms`);
   assert.ok(Math.min(...times) < 2000, `${times} ms`);
+});
+
+// Everything that an exact reading knows, of the golden workbook.
+const GOLDEN = new URL("../golden/every_detail.json", import.meta.url);
+const detail = () => render("detail", () => JSON.parse(readFileSync(GOLDEN)));
+const goTo = async (page, address) => {
+  await page.evaluate((to) => {
+    location.hash = to;
+  }, address);
+  await page.waitForTimeout(50);
+};
+
+test("what was read of a table stands on its page, found by name", async () => {
+  await withPage(`${detail()}#/table/customer`, async (page) => {
+    await opened(page, "customer"); // no owner in the address: there is one such table
+    const text = await page.textContent("main");
+    for (const shown of [
+      'Who buys | "things" <here>',
+      "As printed on letters;\nnever empty",
+      "identity by default",
+      "stored upper((name)::text)",
+      "now()",
+      "collation de_DE",
+      "btree (lower((name)::text), since desc [nulls last]) including (id) where (mood IS NOT NULL)",
+      "customer_name_check",
+      "before insert, update of name",
+      "on delete cascade, deferrable, initially deferred",
+    ])
+      assert.ok(text.includes(shown), shown);
+    await goTo(page, "#/table/sales/order");
+    assert.match(await page.textContent("#partitions"), /order_eu.*FOR VALUES IN \('eu', 'uk'\)/);
+    assert.match(await page.textContent("main"), /stock\.warehouse \(id\)/, "a key to a table that is not here");
+    await goTo(page, "#/table/sales/order?column=customer_id");
+    assert.equal(await page.locator("tr.target .column-name").textContent(), "customer_id");
+    await goTo(page, "#/table/sales/best%20customer");
+    assert.equal(await page.locator("pre.sql .sql-word").first().textContent(), "SELECT");
+    for (const [address, shown] of [
+      ["#/routines", "(day date = CURRENT_DATE, inout sales.percent)"],
+      ["#/sequences", "increment -1"],
+      ["#/types", "'it''s \"so-so\"'"],
+      ["#/", "permission denied for table pg_trigger"],
+    ]) {
+      await goTo(page, address);
+      assert.ok((await page.textContent("main")).includes(shown), address);
+    }
+  });
+});
+
+test("the search finds owner.table, table.column and comments", async () => {
+  await withPage(detail(), async (page) => {
+    for (const [typed, found] of [
+      ["sales.order", "order"],
+      ["customer.mood", "mood"],
+      ["sales.customer.mood", "mood"],
+      ["letters", "name"],
+      ["who spend", "best customer"],
+      ["counts down", "sales.free_seq"],
+      ["order_eu", "order_eu"],
+    ]) {
+      await page.fill("#search", typed);
+      assert.equal(await page.locator(".row:not(.heading) .name").first().textContent(), found, typed);
+    }
+    await page.fill("#search", "");
+    const listed = await page.locator(".row:not(.heading) .name").allTextContents();
+    assert.ok(listed.includes("order") && !listed.includes("order_eu"), "partitions are folded");
+  });
+});
+
+test("nothing is cut at 400, 900 and 1,600 pixels, and the keyboard is enough", async () => {
+  for (const width of [400, 900, 1600]) {
+    await withPage(
+      `${detail()}#/table/sales/customer`,
+      async (page) => {
+        const cut = await page.evaluate(() =>
+          [...document.querySelectorAll("body, header, header *, #side, .find *, main")]
+            .filter((e) => !e.closest("svg") && getComputedStyle(e).display !== "inline")
+            .filter((e) => e.scrollWidth > e.clientWidth + 1 || e.getBoundingClientRect().right > innerWidth + 1)
+            .map((e) => e.outerHTML.slice(0, 80)),
+        );
+        assert.deepEqual(cut, [], `${width} pixels`);
+        const room = await page.evaluate(() => document.getElementById("main").clientHeight / innerHeight);
+        assert.ok(room > 0.7, `the content has ${room} of the height`);
+        await page.keyboard.press("/");
+        await page.keyboard.type("order.order_no");
+        assert.ok(await page.locator(".row.active").isVisible());
+        await page.keyboard.press("Enter");
+        await opened(page, "order");
+        assert.equal(await page.locator("tr.target .column-name").textContent(), "order_no");
+        if (width === 400) assert.ok(!(await page.locator(".rows").isVisible()), "the list closes");
+      },
+      {viewport: {width, height: 800}},
+    );
+  }
+});
+
+// What other programs read, in those programs.
+async function installed(name) {
+  try {
+    return await import(name);
+  } catch {
+    return null;
+  }
+}
+function renderText(schema, format) {
+  const [file, text] = [join(folder, `${format}.json`), join(folder, `text.${format}`)];
+  writeFileSync(file, JSON.stringify(schema));
+  execFileSync(process.env.WBIMPORT, ["render", file, "--format", format, "-o", text], {stdio: "ignore"});
+  return readFileSync(text, "utf8");
+}
+const SCHEMAS = [hostileSchema(), largeSchema(200), JSON.parse(readFileSync(GOLDEN))];
+
+test("Mermaid draws its diagrams", async (context) => {
+  const script = fileURLToPath(new URL("node_modules/mermaid/dist/mermaid.min.js", import.meta.url));
+  if (!existsSync(script)) return context.skip("mermaid is not installed");
+  const page = await browser.newPage();
+  await page.addScriptTag({path: script});
+  for (const schema of SCHEMAS) {
+    const text = renderText(schema, "mermaid");
+    const drawn = await page.evaluate(async (diagram) => {
+      mermaid.initialize({startOnLoad: false});
+      document.body.innerHTML = (await mermaid.render("drawn", diagram)).svg;
+      return document.body.textContent;
+    }, text);
+    for (const {owner, name} of schema.tables.slice(0, 12)) {
+      if (!text.includes(`${name}"]`)) continue; // not among those drawn, or spelled otherwise
+      assert.ok(drawn.includes(`${owner}.${displayed(name)}`), name);
+    }
+    assert.doesNotMatch(drawn, /Syntax error|Maximum text size/);
+  }
+  await page.close();
+});
+
+test("DBML is read by its own parser", async (context) => {
+  const dbml = await installed("@dbml/core");
+  if (!dbml) return context.skip("@dbml/core is not installed");
+  for (const schema of SCHEMAS) {
+    const {schemas} = new dbml.Parser().parse(renderText(schema, "dbml"), "dbmlv2");
+    const names = schemas.flatMap(({tables}) => tables.map(({name}) => name));
+    const wanted = schema.tables.filter(({partitionOf}) => !partitionOf).map(({name}) => displayed(name));
+    assert.deepEqual(names.sort(), wanted.sort());
+  }
 });
 
 test("light and dark differ, and the focus is visible", async () => {
