@@ -118,6 +118,7 @@ struct __attribute__((visibility("hidden"))) LcODBCFetch::State {
   ZeroedArray<SQLUSMALLINT> row_status;
   std::vector<std::u16string_view> cells;  // of the row in hand
   int barren_fetches = 0;
+  bool failed = false;
 
   std::array<SQLUSMALLINT, 100> functions{};
   bool extended_fetch_supported = false;
@@ -143,7 +144,14 @@ struct __attribute__((visibility("hidden"))) LcODBCFetch::State {
   bool LoadRow(LcODBCRecordList& rows, std::size_t row);
   void DropStatement();
   bool AskPositionedUpdate() const;
-  void ShowError() const { PostError(henv, hdbc, statement.Get()); }
+  void ShowError() {
+    failed = true;
+    PostError(henv, hdbc, statement.Get());
+  }
+  void ShowOtherError(OtherError error) {
+    failed = true;
+    PostOtherError(error);
+  }
 };
 
 LcODBCFetch::State::State(SQLHENV environment, SQLHDBC connection, int type, const char16_t* text,
@@ -170,7 +178,7 @@ bool LcODBCFetch::State::AskPositionedUpdate() const {
 
 bool LcODBCFetch::State::ExecuteCommand(int* has_results) {
   if (executed) {
-    PostOtherError(OtherError::kCalledTwice);
+    ShowOtherError(OtherError::kCalledTwice);
     return false;
   }
   SQLSMALLINT count = 0;
@@ -182,7 +190,7 @@ bool LcODBCFetch::State::ExecuteCommand(int* has_results) {
 
 bool LcODBCFetch::State::DescribeResults() {
   if (described) {
-    PostOtherError(OtherError::kCalledTwice);
+    ShowOtherError(OtherError::kCalledTwice);
     return false;
   }
   return (executed || ExecuteFetch()) && DescribeColumns();
@@ -276,12 +284,12 @@ bool LcODBCFetch::State::BindFetchResult() {
   buffers.clear();
   row_status = AllocateZeroed<SQLUSMALLINT>(rowset_size);
   if (row_status == nullptr) {
-    PostOtherError(OtherError::kNoMemory);
+    ShowOtherError(OtherError::kNoMemory);
     return false;
   }
   for (std::size_t column = 0; column < column_count; ++column) {
     if (!AllocateBindSpaceAndLengths(column)) {
-      PostOtherError(OtherError::kNoMemory);
+      ShowOtherError(OtherError::kNoMemory);
       return false;
     }
     const ColumnBuffer& buffer = buffers.back();
@@ -308,11 +316,14 @@ bool LcODBCFetch::State::FetchRows(LcODBCRecordList& rows) {
     rows_fetched = 1;
   }
   if (result == SQL_NO_DATA_FOUND) return false;
-  if (!odbc::Succeeded(result) || rows_fetched == 0) return ++barren_fetches < kMaxBarrenFetches;
+  if (!odbc::Succeeded(result) || rows_fetched == 0) {
+    failed = ++barren_fetches >= kMaxBarrenFetches;
+    return !failed;
+  }
   barren_fetches = 0;
   const OtherError error = loadRecords(rows, rows_fetched);
   if (error == OtherError::kNone) return true;
-  PostOtherError(error);
+  ShowOtherError(error);
   return false;
 }
 
@@ -382,6 +393,7 @@ int LcODBCFetch::FetchData(LcODBCRecordList& rows, unsigned long max_rows) {
   return Guarded([&] { return state_->FetchData(rows, max_rows); });
 }
 const LcODBCRecordList& LcODBCFetch::GetColumns() const { return state_->columns; }
+int LcODBCFetch::HasFailed() const { return state_->failed ? 1 : 0; }
 int LcODBCFetch::IsExtendedFetchSupported() const {
   return state_->extended_fetch_supported ? 1 : 0;
 }

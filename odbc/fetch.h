@@ -38,6 +38,9 @@ class LC_EXPORT LcODBCFetch : public LcObject {
   int FetchData(LcODBCRecordList& rows, unsigned long max_rows);
   // The descriptions read so far; they belong to this object.
   const LcODBCRecordList& GetColumns() const;
+  // 1 once the text could not be executed, or a result not be read to its end, as far as it was
+  // asked for. The user has been shown why, but for a driver that fails a hundred fetches in a row.
+  int HasFailed() const;
   int IsExtendedFetchSupported() const;
   int AreMultipleResultSetsSupported() const;
   // 1 when the driver can update the row that a cursor stands on through SQLSetPos.
