@@ -377,11 +377,11 @@ enumTableType GetTableType(std::u16string_view text, int dbms_type) {
   return ttTable;
 }
 
-std::unique_ptr<LcWorkbookDatatype> CreateDataType(const ImportSession& session, long type_code,
+std::unique_ptr<LcWorkbookDatatype> CreateDataType(ImportSession& session, long type_code,
                                                    bool map_from_odbc, long extended_id) {
-  LcWorkbookDatatypeList& list = session.TypesInForce();
+  LcWorkbookDatatypeList& list = session.sink.TypesInForce();
   const std::uint16_t code =
-      map_from_odbc ? MapDataType(session.server, type_code) : CutTo16Bits(type_code);
+      map_from_odbc ? MapDataType(session.server(), type_code) : CutTo16Bits(type_code);
 
   const LcWorkbookDatatype* type = nullptr;
   if (extended_id != 0) type = list.GetDataTypeByExtendedId(extended_id);

@@ -27,7 +27,7 @@ enumTableType GetTableType(std::u16string_view text, int dbms_type);
 
 // A new type for a code: an ODBC SQL type code when `map_from_odbc`, else a physical code. Looked
 // up by the server's extended id first, when that is not 0. Null when no list has the type.
-std::unique_ptr<LcWorkbookDatatype> CreateDataType(const ImportSession& session, long type_code,
+std::unique_ptr<LcWorkbookDatatype> CreateDataType(ImportSession& session, long type_code,
                                                    bool map_from_odbc, long extended_id);
 
 }  // namespace odbcimport

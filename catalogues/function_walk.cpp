@@ -11,11 +11,11 @@ namespace odbcimport {
 
 bool AddSystemFunctions(ImportSession& session, std::span<const FunctionRow> rows,
                         unsigned long announced) {
-  LcWorkbookFunctionList* functions = session.targets.functions;
+  LcWorkbookFunctionList* functions = session.sink.functions();
   if (functions == nullptr) return true;
   // Without an owner even on Informix, whose catalog lists its own functions under "informix".
   const std::u16string owner;
-  session.StatusDialog(inLoopStart, iiGeneralFunctions, announced);
+  session.progress.StatusDialog(inLoopStart, iiGeneralFunctions, announced);
   LcWorkbookFunction* function = nullptr;
   for (const FunctionRow& row : rows) {
     const std::u16string name(row.name);
@@ -26,10 +26,10 @@ bool AddSystemFunctions(ImportSession& session, std::span<const FunctionRow> row
     function->AddFunctionOverload(
         std::make_unique<LcWorkbookFunctionOverload>(signature, std::u16string(row.result))
             .release());
-    session.StatusDialog(inSystemFunctionItem, iiNone, 0, owner.c_str(), name.c_str(),
-                         signature.c_str());
+    session.progress.StatusDialog(inSystemFunctionItem, iiNone, 0, owner.c_str(), name.c_str(),
+                                  signature.c_str());
   }
-  session.StatusDialog(inLoopEnd);
+  session.progress.StatusDialog(inLoopEnd);
   return true;
 }
 

@@ -1,4 +1,4 @@
-// What is known of the server that a session is connected to.
+// What is known of a server, and how it becomes known.
 #include "session/server_facts.h"
 
 #include "base/text.h"
@@ -19,14 +19,14 @@ void SetupDBMSVersionODBC(void* hdbc, ServerFacts& server) {
       static_cast<std::int32_t>(base::ParseInteger(std::u16string_view(version).substr(0, stop)));
 }
 
-bool OwnerSupported(ImportSession& session) {
-  if (!session.server.owner_support_known) SetupOwnerSupportedODBC(session);
-  return session.server.owner_supported;
+void SetupOwnerSupportedODBC(void* hdbc, ServerFacts& server) {
+  server.owner_support_known = true;
+  server.owner_supported = odbc::SupportsOwners(hdbc);
 }
 
-void SetupOwnerSupportedODBC(ImportSession& session) {
-  session.server.owner_support_known = true;
-  session.server.owner_supported = odbc::SupportsOwners(session.hdbc());
+bool OwnerSupported(void* hdbc, ServerFacts& server) {
+  if (!server.owner_support_known) SetupOwnerSupportedODBC(hdbc, server);
+  return server.owner_supported;
 }
 
 }  // namespace odbcimport

@@ -129,8 +129,8 @@ Catalog::Catalog(ImportSession& session, const Server& server)
     : session_(session),
       server_(server),
       dialect_(*server_.dialect),
-      query_(session.henv(), session.hdbc(),
-             [&session] { return session.WasImportStoppedOrCancelled(); }) {
+      query_(session.connection.henv(), session.connection.hdbc(),
+             [&session] { return session.progress.WasImportStoppedOrCancelled(); }) {
   query_.UseNarrowCells(server_.narrow_cells);
   values.version = server_.version;
 }
@@ -138,7 +138,7 @@ Catalog::Catalog(ImportSession& session, const Server& server)
 Catalog::~Catalog() { End(); }
 
 void Catalog::Begin() {
-  const bool autocommit = odbc::IsAutocommitOn(session_.hdbc());
+  const bool autocommit = odbc::IsAutocommitOn(session_.connection.hdbc());
   if (!dialect_.savepoint.empty() && (!autocommit || server_.maybe_in_transaction)) {
     guards_ = RunPlain(dialect_.savepoint);
   }
@@ -159,7 +159,7 @@ void Catalog::End() {
 
 bool Catalog::RunPlain(const std::string& sql) {
   if (lost_) return false;
-  odbc::Query query(session_.henv(), session_.hdbc(), [] { return false; });
+  odbc::Query query(session_.connection.henv(), session_.connection.hdbc(), [] { return false; });
   Observe({sql, {}, false}, 0);
   return query.Execute(sql, {}, 0) == odbc::QueryState::kRow;
 }
@@ -171,7 +171,7 @@ std::string_view Catalog::SchemaOf(const Row& row) const {
 
 void Catalog::AddNotRead(std::string_view kind, std::string_view owner, std::string_view name,
                          const LcText& reason, bool withheld) {
-  LcNotRead& entry = session_.workbook->details.not_read.emplace_back();
+  LcNotRead& entry = session_.sink.workbook()->details.not_read.emplace_back();
   entry.kind = texts_.Get(kind);
   if (!owner.empty()) entry.owner = texts_.Get(owner);
   if (!name.empty()) entry.name = texts_.Get(name);

@@ -80,20 +80,21 @@ void ColumnReader::Report(std::uint32_t table, const LcWorkbookColumn& column) {
   if (table != current_) {
     reported_.resize(model_.tables.size());
     if (current_ != kNoTable && !reported_[current_]) {
-      session.StatusDialog(inItemDone);
+      session.progress.StatusDialog(inItemDone);
       reported_[current_] = true;
     }
     current_ = table;
   }
   const LcWorkbookTable& owner = *model_.tables[table].table;
-  session.StatusDialog(inTableItem, iiNone, 0, owner.GetOwner(true).c_str(),
-                       owner.GetName().c_str(), column.GetName().c_str(), false);
+  session.progress.StatusDialog(inTableItem, iiNone, 0, owner.GetOwner(true).c_str(),
+                                owner.GetName().c_str(), column.GetName().c_str(), false);
 }
 
 void ColumnReader::Finish() {
   reported_.resize(model_.tables.size());
   for (std::size_t i = 0; i < model_.tables.size(); ++i) {
-    if (model_.tables[i].wanted && !reported_[i]) model_.catalog.session().StatusDialog(inItemDone);
+    if (model_.tables[i].wanted && !reported_[i])
+      model_.catalog.session().progress.StatusDialog(inItemDone);
   }
 }
 

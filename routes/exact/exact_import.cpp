@@ -46,8 +46,8 @@ std::string FindDialectFor(void* henv, void* hdbc, const LcImportChoices& choice
 }
 
 bool ImportExactItems(ImportSession& session, unsigned short& status) {
-  const auto* server = dynamic_cast<const Server*>(session.server.finding.get());
-  if (session.workbook == nullptr || server == nullptr) return false;
+  const auto* server = dynamic_cast<const Server*>(session.server().finding.get());
+  if (session.sink.workbook() == nullptr || server == nullptr) return false;
   return ReadExactly(session, *server, status);
 }
 

@@ -151,7 +151,7 @@ void TypeReader::Finish(const Constraints& constraints, LcWorkbookDatatypeList* 
       type.details.checks.push_back(std::move(check));
     }
     if (list != nullptr) list->Append(ListEntry(type));
-    model_.catalog.session().workbook->details.types.push_back(std::move(type.details));
+    model_.catalog.session().sink.workbook()->details.types.push_back(std::move(type.details));
   }
   all_.clear();
   mark_ = 0;
@@ -205,7 +205,7 @@ void SequenceReader::Finish() {
     return InOrder(a.schema, a.name, b.schema, b.name);
   });
   for (LcSequenceDetails& details : all_) {
-    model_.catalog.session().workbook->details.sequences.push_back(std::move(details));
+    model_.catalog.session().sink.workbook()->details.sequences.push_back(std::move(details));
   }
   all_.clear();
   mark_ = 0;
@@ -285,29 +285,28 @@ void RoutineReader::Finish(std::uint32_t items) {
     }
     return SignatureOf(*a) < SignatureOf(*b);
   });
-  const LcImportTargets& targets = model_.catalog.session().targets;
+  Sink& sink = model_.catalog.session().sink;
   for (Routine* routine : sorted) {
     LcRoutineDetails& details = routine->details;
     const std::u16string owner = details.schema.Text();
     const std::u16string name = details.name.Text();
-    if ((items & ibFunctions) != 0 && targets.functions != nullptr) {
-      LcWorkbookFunction* function = targets.functions->FindFunction(owner, name);
+    if ((items & ibFunctions) != 0 && sink.functions() != nullptr) {
+      LcWorkbookFunction* function = sink.functions()->FindFunction(owner, name);
       if (function == nullptr) {
-        function = targets.functions->Append(std::make_unique<LcWorkbookFunction>(owner, name));
+        function = sink.functions()->Append(std::make_unique<LcWorkbookFunction>(owner, name));
       }
       function->AddFunctionOverload(
           new LcWorkbookFunctionOverload(SignatureOf(*routine), details.result.Text()));
     }
-    if ((items & ibAggregates) != 0 && targets.aggregates != nullptr &&
+    if ((items & ibAggregates) != 0 && sink.aggregates() != nullptr &&
         details.kind == rkAggregate) {
-      targets.aggregates->Append(
-          std::make_unique<LcWorkbookAggregate>(name, SignatureOf(*routine)));
+      sink.aggregates()->Append(std::make_unique<LcWorkbookAggregate>(name, SignatureOf(*routine)));
     }
-    if ((items & ibProcedures) != 0 && targets.procedures != nullptr &&
+    if ((items & ibProcedures) != 0 && sink.procedures() != nullptr &&
         details.kind == rkProcedure) {
-      targets.procedures->Append(std::make_unique<LcWorkbookProcedure>(owner, name));
+      sink.procedures()->Append(std::make_unique<LcWorkbookProcedure>(owner, name));
     }
-    model_.catalog.session().workbook->details.routines.push_back(std::move(details));
+    model_.catalog.session().sink.workbook()->details.routines.push_back(std::move(details));
   }
   all_.clear();
   places_.clear();

@@ -106,18 +106,18 @@ ExactRoute::ExactRoute(ImportSession& session, const Server& server)
 
 bool ExactRoute::GoesOn() {
   if (catalog_.IsConnectionLost()) result = false;
-  return result && !session_.WasImportStoppedOrCancelled();
+  return result && !session_.progress.WasImportStoppedOrCancelled();
 }
 
 bool ExactRoute::EndPhase() {
-  session_.StatusDialog(inPhaseEnd);
+  session_.progress.StatusDialog(inPhaseEnd);
   return GoesOn();
 }
 
 bool ExactRoute::Begin() {
   catalog_.Begin();
   ChooseSchemas();
-  session_.workbook->details.options = catalog_.server().options;
+  session_.sink.workbook()->details.options = catalog_.server().options;
   return GoesOn();
 }
 
@@ -146,17 +146,17 @@ void ExactRoute::ChooseSchemas() {
 }
 
 bool ExactRoute::ReadOwnerNames() {
-  session_.StatusDialog(inPhaseStart, iiOwnerNames);
+  session_.progress.StatusDialog(inPhaseStart, iiOwnerNames);
   Model names(catalog_);
   const Selection everything = Selection::OfEverything();
   SchemaReader reader(names, everything, false);
   if (catalog_.dialect().owners) Read(Kind::kSchemas, reader);
   std::set<std::string> sorted(names.schemas.begin(), names.schemas.end());
   for (const std::string& name : sorted) {
-    if (session_.targets.owner_names == nullptr) break;
+    if (session_.sink.owner_names() == nullptr) break;
     auto owner = std::make_unique<LcOwnerInfo>();
     owner->name = base::ToUtf16(name);
-    session_.targets.owner_names->Append(std::move(owner));
+    session_.sink.owner_names()->Append(std::move(owner));
   }
   return EndPhase();
 }
@@ -164,26 +164,26 @@ bool ExactRoute::ReadOwnerNames() {
 void ExactRoute::ReadNames(std::uint32_t items) {
   Model names(catalog_);
   SchemaReader schemas(names, selection_, false);
-  if (!Read(Kind::kSchemas, schemas) || session_.targets.table_names == nullptr) return;
+  if (!Read(Kind::kSchemas, schemas) || session_.sink.table_names() == nullptr) return;
   TableNameReader reader(names, selection_, items);
   Read(Kind::kTables, reader);
-  reader.Append(*session_.targets.table_names);
+  reader.Append(*session_.sink.table_names());
 }
 
 bool ExactRoute::ReadTableNames() {
-  session_.StatusDialog(inPhaseStart, iiTableNames);
+  session_.progress.StatusDialog(inPhaseStart, iiTableNames);
   ReadNames(session_.choices.item_mask & (ibTableNames | ibViewNames));
   return EndPhase();
 }
 
 bool ExactRoute::ReadSynonymNames() {
-  session_.StatusDialog(inPhaseStart, iiSynonymNames);
+  session_.progress.StatusDialog(inPhaseStart, iiSynonymNames);
   ReadNames(ibSynonymNames);
   return EndPhase();
 }
 
 bool ExactRoute::ReadColumnNames() {
-  session_.StatusDialog(inPhaseStart, iiColumnNames);
+  session_.progress.StatusDialog(inPhaseStart, iiColumnNames);
   const Selection one(base::ToUtf8(session_.choices.single_item_owner),
                       base::ToUtf8(session_.choices.single_table_name));
   const MarkValues saved = catalog_.values;
@@ -205,13 +205,13 @@ bool ExactRoute::ReadColumnNames() {
   }
   catalog_.values = saved;
   for (const TableEntry& entry : model.tables) {
-    if (!entry.wanted || session_.targets.column_names == nullptr) continue;
+    if (!entry.wanted || session_.sink.column_names() == nullptr) continue;
     for (int i = 0; i < entry.table->GetColumnCount(); ++i) {
       const LcWorkbookColumn& column = *entry.table->GetColumn(i);
       auto info = std::make_unique<LcWBColumnInfo>();
       info->name = column.GetName();
       if (column.GetDataType() != nullptr) info->data_type.reset(column.GetDataType()->Copy());
-      session_.targets.column_names->Append(std::move(info));
+      session_.sink.column_names()->Append(std::move(info));
     }
     break;
   }
@@ -219,7 +219,7 @@ bool ExactRoute::ReadColumnNames() {
 }
 
 bool ExactRoute::ReadOperators() {
-  session_.StatusDialog(inPhaseStart, iiOperators);
+  session_.progress.StatusDialog(inPhaseStart, iiOperators);
   GetOperators(session_);
   return EndPhase();
 }
@@ -230,8 +230,8 @@ bool ExactRoute::ReadAggregates() {
 }
 
 bool ExactRoute::ReadRoutines() {
-  session_.StatusDialog(inPhaseStart,
-                        session_.HasItem(ibFunctions) ? iiGeneralFunctions : iiProcedures);
+  session_.progress.StatusDialog(inPhaseStart,
+                                 session_.HasItem(ibFunctions) ? iiGeneralFunctions : iiProcedures);
   // Single tables have no routines of their own.
   if (!selection_.HasTables() && ReadSurroundings()) {
     RoutineReader routines(model_, selection_);
@@ -254,8 +254,8 @@ bool ExactRoute::ReadSurroundings() {
 }
 
 bool ExactRoute::ReadTables() {
-  if (session_.targets.tables == nullptr) return true;
-  session_.StatusDialog(inPhaseStart, iiTablesAndViews);
+  if (session_.sink.tables() == nullptr) return true;
+  session_.progress.StatusDialog(inPhaseStart, iiTablesAndViews);
   const bool listed = ReadTableList();
   if (!EndPhase() || !listed) return GoesOn();
   return ReadColumns() && ReadAboutTables() && ReadKeys() && ReadOutside() && ReadForeignKeys() &&
@@ -287,7 +287,7 @@ void ExactRoute::NarrowToTables(Model& model, const Selection& selection) {
 }
 
 bool ExactRoute::ReadColumns() {
-  session_.StatusDialog(inLoopStart, iiTablesAndViews, catalog_.each_table.size());
+  session_.progress.StatusDialog(inLoopStart, iiTablesAndViews, catalog_.each_table.size());
   bool whole = true;
   if (!catalog_.each_table.empty()) {
     ColumnReader columns(model_, true);
@@ -303,11 +303,11 @@ bool ExactRoute::ReadColumns() {
     values.by_types = false;
     model_.types.Settle();
   }
-  FinishColumns(model_, whole, session_.targets.tables);
+  FinishColumns(model_, whole, session_.sink.tables());
   DefineColumns(model_);
   FillSynonyms();
   if (!whole) return false;
-  session_.StatusDialog(inLoopEnd);
+  session_.progress.StatusDialog(inLoopEnd);
   return GoesOn();
 }
 
@@ -350,7 +350,7 @@ bool ExactRoute::ReadAboutTables() {
 
 bool ExactRoute::ReadKeys() {
   if (catalog_.each_table.empty()) return true;
-  session_.StatusDialog(inPhaseStart, iiPrimaryKeys);
+  session_.progress.StatusDialog(inPhaseStart, iiPrimaryKeys);
   ConstraintReader all(model_, constraints_, Kind::kConstraints);
   ConstraintReader checks(model_, constraints_, Kind::kChecks);
   bool read = Read(Kind::kConstraints, all) && Read(Kind::kChecks, checks);
@@ -396,16 +396,16 @@ bool ExactRoute::ReadDefinitions() {
 
 bool ExactRoute::ReadForeignKeys() {
   if (!session_.choices.foreign_keys) return true;
-  session_.StatusDialog(inLoopStart, iiForeignKeys, session_.targets.tables->GetCount());
+  session_.progress.StatusDialog(inLoopStart, iiForeignKeys, session_.sink.tables()->GetCount());
   for (const TableEntry& entry : model_.tables) {
     if (!entry.wanted) continue;
-    session_.StatusDialog(inTableItem, iiNone, 0, entry.table->GetOwner(true).c_str(),
-                          entry.table->GetName().c_str(), u"", true);
+    session_.progress.StatusDialog(inTableItem, iiNone, 0, entry.table->GetOwner(true).c_str(),
+                                   entry.table->GetName().c_str(), u"", true);
     if (!GoesOn()) return false;
   }
   DefineForeignKeys(model_, constraints_);
   constraints_.FinishForeignKeys();
-  session_.StatusDialog(inLoopEnd);
+  session_.progress.StatusDialog(inLoopEnd);
   return GoesOn();
 }
 
@@ -476,8 +476,8 @@ void ExactRoute::ReadTypes(LcWorkbookDatatypeList* list) {
 }
 
 bool ExactRoute::ReadDataTypes() {
-  session_.StatusDialog(inPhaseStart, iiDataTypes);
-  LcWorkbookDatatypeList* list = session_.targets.data_types;
+  session_.progress.StatusDialog(inPhaseStart, iiDataTypes);
+  LcWorkbookDatatypeList* list = session_.sink.data_types();
   if (list != nullptr) {
     // Without tables there are no columns that tell which types are in use.
     if (model_.types.All().empty() && !selection_.HasTables()) {

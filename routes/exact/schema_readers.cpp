@@ -37,7 +37,7 @@ void SchemaReader::Read(const Row& row) {
   details.is_default = row.Has(Field::kIsDefault) ? row.Flag(Field::kIsDefault)
                                                   : name == model_.catalog.server().schema;
   model_.TakeOptions(row, details.options);
-  model_.catalog.session().workbook->details.schemas.push_back(std::move(details));
+  model_.catalog.session().sink.workbook()->details.schemas.push_back(std::move(details));
 }
 
 void NameReader::Read(const Row& row) {

@@ -72,7 +72,7 @@ void ColumnReader::Row::Empty() {
 SQLRETURN ColumnReader::OpenColumns(CatalogStatement& statement, const std::u16string& owner,
                                     const std::u16string& table) {
   return statement.Open(
-      session_.hdbc(),
+      session_.connection.hdbc(),
       [&](odbc::Statement& call) {
         return call.Columns(CatalogArgument(session_.choices), ArgumentOrNull(owner), table.c_str(),
                             nullptr);
@@ -100,10 +100,10 @@ bool ColumnReader::GetTableColumnsODBC(LcWorkbookTable& table) {
 }
 
 void ColumnReader::AddColumn(LcWorkbookTable& table) {
-  const ServerFacts& server = session_.server;
+  const ServerFacts& server = session_.server();
   const std::u16string_view name = row_.name.Read();
-  session_.StatusDialog(inTableItem, iiNone, 0, table.GetOwner(true).c_str(),
-                        table.GetName().c_str(), name.data(), false);
+  session_.progress.StatusDialog(inTableItem, iiNone, 0, table.GetOwner(true).c_str(),
+                                 table.GetName().c_str(), name.data(), false);
 
   auto column = std::make_unique<LcWorkbookColumn>();
   column->SetParentTable(&table);
@@ -120,8 +120,9 @@ void ColumnReader::AddColumn(LcWorkbookTable& table) {
   column->SetPrecision(
       CutTo16Bits(take_precision ? row_.precision.ReadOr(0) : row_.length.ReadOr(0)));
 
-  if (!informix || !AccountForIUSVariations(column.get(), row_.type_name.Read(),
-                                            &session_.own_types(), session_.targets.data_types)) {
+  if (!informix ||
+      !AccountForIUSVariations(column.get(), row_.type_name.Read(), &session_.sink.own_types(),
+                               session_.sink.data_types())) {
     MapDataTypes(*column, data_type);
   }
   const LcWorkbookDatatype* type = column->GetDataType();
@@ -148,14 +149,14 @@ void ColumnReader::MapDataTypes(LcWorkbookColumn& column, long odbc_type) {
   // How Access and SQL Server call a column that the server numbers itself.
   const bool is_counter =
       odbc_type == SQL_INTEGER && base::EqualIgnoringCase(type_name, u"Counter");
-  const bool is_identity = session_.server.dbms_type == dbmsMSSQLServer &&
+  const bool is_identity = session_.server().dbms_type == dbmsMSSQLServer &&
                            base::ContainsIgnoringCase(type_name, u" identity");
   if (is_counter || is_identity) {
     column.SetReadOnly(true);
     column.SetGeneratedKey(true);
   }
-  const LcWorkbookDatatype* type =
-      session_.own_types().GetDataTypeByPhysicalCode(MapDataType(session_.server, odbc_type));
+  const LcWorkbookDatatype* type = session_.sink.own_types().GetDataTypeByPhysicalCode(
+      MapDataType(session_.server(), odbc_type));
   if (type != nullptr) column.SetDataType(type->Copy(), true, true);
 }
 
@@ -184,14 +185,14 @@ bool AccountForIUSVariations(LcWorkbookColumn* column, std::u16string_view type_
 }
 
 bool ColumnReader::GetColumnNamesForTableODBC() {
-  LcWBColumnInfoList* columns = session_.targets.column_names;
+  LcWBColumnInfoList* columns = session_.sink.column_names();
   if (columns == nullptr) return true;
 
   CatalogStatement statement;
   SQLRETURN result = OpenColumns(statement, session_.choices.single_item_owner,
                                  session_.choices.single_table_name);
   if (odbc::Succeeded(result)) {
-    while (!session_.WasImportStoppedOrCancelled()) {
+    while (!session_.progress.WasImportStoppedOrCancelled()) {
       row_.Empty();
       result = statement.Fetch();
       if (!odbc::Succeeded(result)) break;

@@ -23,24 +23,25 @@ bool GetSystemOwnerODBC(ImportSession& session) {
   BoundText owner;
   CatalogStatement statement;
   const SQLRETURN opened = statement.Open(
-      session.hdbc(),
+      session.connection.hdbc(),
       [&](odbc::Statement& call) {
         return call.Tables(CatalogArgument(session.choices), u"%", nullptr, u"'SYSTEM TABLE'");
       },
       [&](odbc::Statement& bind) { owner.Bind(bind, 2); });
-  if (!odbc::Succeeded(opened) || session.WasImportStoppedOrCancelled()) return false;
+  if (!odbc::Succeeded(opened) || session.progress.WasImportStoppedOrCancelled()) return false;
 
   owner.Empty();
   const SQLRETURN fetched = statement.Fetch();
   if (fetched == SQL_ERROR) handleErrorMsgsODBC(session, statement.Get());
   const bool found = odbc::Succeeded(fetched);
-  session.server.system_owner = found ? owner.Read() : std::u16string_view();
+  session.server().system_owner = found ? owner.Read() : std::u16string_view();
   return found;
 }
 
 void handleErrorMsgsODBC(const ImportSession& session, SQLHSTMT statement) {
   odbc::Diagnostic diagnostic;
-  odbc::TakeDiagnostic(session.henv(), session.hdbc(), statement, &diagnostic);
+  odbc::TakeDiagnostic(session.connection.henv(), session.connection.hdbc(), statement,
+                       &diagnostic);
 }
 
 }  // namespace odbcimport::generic

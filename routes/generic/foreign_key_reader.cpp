@@ -22,7 +22,7 @@ void ForeignKeyReader::Row::Empty() {
 
 SQLRETURN ForeignKeyReader::OpenForeignKeys(const LcWorkbookTable& table) {
   return statement_.Open(
-      session_.hdbc(),
+      session_.connection.hdbc(),
       [&](odbc::Statement& call) {
         return call.ForeignKeysTo(CatalogArgument(session_.choices),
                                   KeyOwnerArgument(session_.choices, table),
@@ -58,8 +58,8 @@ bool ForeignKeyReader::GetTableForeignKeysODBC(LcWorkbookTable& table,
 
     if (pending.key_column != nullptr) Complete(pending, table, *pending.referencing);
     pending = {key_column, foreign_column, last_looked_up};
-    session_.server.foreign_key_counter =
-        static_cast<std::uint16_t>(session_.server.foreign_key_counter + 2);
+    session_.server().foreign_key_counter =
+        static_cast<std::uint16_t>(session_.server().foreign_key_counter + 2);
   }
   statement_.EndResult();
   // The last relationship deliberately goes by the table of the last row, even where that row was

@@ -49,7 +49,7 @@ class GenericRoute {
 
   // Reports the end of a phase; false when the host has stopped or cancelled.
   bool EndPhase() const;
-  bool GoesOn() const { return !session_.WasImportStoppedOrCancelled(); }
+  bool GoesOn() const { return !session_.progress.WasImportStoppedOrCancelled(); }
 
   ImportSession& session_;
   // Used for all tables, and released at the end of the route whatever ended it.
@@ -100,13 +100,13 @@ bool GenericRoute::FindSystemOwner() {
 }
 
 bool GenericRoute::EndPhase() const {
-  session_.StatusDialog(inPhaseEnd);
+  session_.progress.StatusDialog(inPhaseEnd);
   return GoesOn();
 }
 
 bool GenericRoute::ReadOwnerNames() {
-  session_.StatusDialog(inPhaseStart, iiOwnerNames);
-  if (!OwnerSupported(session_)) {
+  session_.progress.StatusDialog(inPhaseStart, iiOwnerNames);
+  if (!OwnerSupported(session_.connection.hdbc(), session_.server())) {
     // Ends the route without the end of the phase, deliberately: a host that asked for owners first
     // has to ask again without them.
     result = false;
@@ -117,34 +117,34 @@ bool GenericRoute::ReadOwnerNames() {
 }
 
 bool GenericRoute::AddDataTypes() {
-  session_.StatusDialog(inPhaseStart, iiDataTypes);
-  if (session_.targets.data_types != nullptr) {
-    LcODBCDatatypeList(session_.choices.dbms_type, session_.server.dbms_version)
-        .GetHardcodedDataTypes(session_.targets.data_types);
+  session_.progress.StatusDialog(inPhaseStart, iiDataTypes);
+  if (session_.sink.data_types() != nullptr) {
+    LcODBCDatatypeList(session_.choices.dbms_type, session_.server().dbms_version)
+        .GetHardcodedDataTypes(session_.sink.data_types());
   }
   return EndPhase();
 }
 
 bool GenericRoute::ReadTableNames() {
-  session_.StatusDialog(inPhaseStart, iiTableNames);
+  session_.progress.StatusDialog(inPhaseStart, iiTableNames);
   result = tables_.GetTablesAndViewsODBC(true);
   return EndPhase();
 }
 
 bool GenericRoute::ReadSynonymNames() {
-  session_.StatusDialog(inPhaseStart, iiSynonymNames);
+  session_.progress.StatusDialog(inPhaseStart, iiSynonymNames);
   result = tables_.GetSynonymsODBC(true);
   return EndPhase();
 }
 
 bool GenericRoute::ReadColumnNames() {
-  session_.StatusDialog(inPhaseStart, iiColumnNames);
+  session_.progress.StatusDialog(inPhaseStart, iiColumnNames);
   result = columns_.GetColumnNamesForTableODBC();
   return EndPhase();
 }
 
 bool GenericRoute::AddOperators() {
-  session_.StatusDialog(inPhaseStart, iiOperators);
+  session_.progress.StatusDialog(inPhaseStart, iiOperators);
   result = GetOperatorsODBC(session_);
   return EndPhase();
 }
@@ -170,13 +170,13 @@ bool GenericRoute::AddAggregates() {
 }
 
 bool GenericRoute::ReadTables() {
-  return ReadTableList() && session_.targets.tables != nullptr && ReadColumnsAndKeys() &&
+  return ReadTableList() && session_.sink.tables() != nullptr && ReadColumnsAndKeys() &&
          ReadForeignKeys();
 }
 
 bool GenericRoute::ReadTableList() {
   const LcImportChoices& choices = session_.choices;
-  session_.StatusDialog(inPhaseStart, iiTablesAndViews);
+  session_.progress.StatusDialog(inPhaseStart, iiTablesAndViews);
   if (session_.HasItem(ibTables | ibViews)) {
     result = AnySpecificTablesOrViews(choices) ? tables_.GetRequestedTablesAndViewsODBC(false)
                                                : tables_.GetTablesAndViewsODBC(false);
@@ -186,25 +186,26 @@ bool GenericRoute::ReadTableList() {
     result = AnySpecificSynonyms(choices) ? tables_.GetRequestedSynonymsODBC(false)
                                           : tables_.GetSynonymsODBC(false);
   }
-  session_.StatusDialog(inPhaseEnd);
+  session_.progress.StatusDialog(inPhaseEnd);
   if (!result) return false;
   if (!GoesOn()) {
     // Nothing but names was read so far: not worth keeping.
-    if (session_.targets.tables != nullptr) session_.targets.tables->EmptyList();
+    if (session_.sink.tables() != nullptr) session_.sink.tables()->EmptyList();
     return false;
   }
   return true;
 }
 
 bool GenericRoute::ReadColumnsAndKeys() {
-  const bool has_primary_keys = odbc::HasFunction(session_.hdbc(), SQL_API_SQLPRIMARYKEYS);
+  const bool has_primary_keys =
+      odbc::HasFunction(session_.connection.hdbc(), SQL_API_SQLPRIMARYKEYS);
   // Asked so that a trace of the calls shows what the driver claims. Foreign keys are read whatever
   // it says: a driver without them only fails the calls.
-  static_cast<void>(odbc::HasFunction(session_.hdbc(), SQL_API_SQLFOREIGNKEYS));
+  static_cast<void>(odbc::HasFunction(session_.connection.hdbc(), SQL_API_SQLFOREIGNKEYS));
 
-  LcWorkbookTableList& tables = *session_.targets.tables;
+  LcWorkbookTableList& tables = *session_.sink.tables();
   const std::size_t count = tables.GetCount();
-  session_.StatusDialog(inLoopStart, iiTablesAndViews, count);
+  session_.progress.StatusDialog(inLoopStart, iiTablesAndViews, count);
   for (std::size_t i = 0; i < count; ++i) {
     LcWorkbookTable* table = tables.GetAt(i);
     if (table == nullptr) continue;
@@ -224,26 +225,26 @@ bool GenericRoute::ReadColumnsAndKeys() {
         return false;
       }
     }
-    session_.StatusDialog(inItemDone);
+    session_.progress.StatusDialog(inItemDone);
   }
-  session_.StatusDialog(inLoopEnd);
+  session_.progress.StatusDialog(inLoopEnd);
   return true;
 }
 
 bool GenericRoute::ReadForeignKeys() {
   if (!session_.choices.foreign_keys) return true;
-  LcWorkbookTableList& tables = *session_.targets.tables;
+  LcWorkbookTableList& tables = *session_.sink.tables();
   const std::size_t count = tables.GetCount();
-  session_.StatusDialog(inLoopStart, iiForeignKeys, count);
+  session_.progress.StatusDialog(inLoopStart, iiForeignKeys, count);
   for (std::size_t i = 0; i < count; ++i) {
     LcWorkbookTable* table = tables.GetAt(i);
     if (table == nullptr) continue;
-    session_.StatusDialog(inTableItem, iiNone, 0, table->GetOwner(true).c_str(),
-                          table->GetName().c_str(), u"", true);
+    session_.progress.StatusDialog(inTableItem, iiNone, 0, table->GetOwner(true).c_str(),
+                                   table->GetName().c_str(), u"", true);
     foreign_keys_.GetTableForeignKeysODBC(*table, tables);
     if (!GoesOn()) return false;
   }
-  session_.StatusDialog(inLoopEnd);
+  session_.progress.StatusDialog(inLoopEnd);
   return true;
 }
 

@@ -23,7 +23,7 @@ constexpr const char16_t* kAggregates[] = {u"AVG", u"COUNT", u"MAX", u"MIN", u"S
 }  // namespace
 
 bool GetProceduresODBC(ImportSession& session) {
-  LcWorkbookProcedureList* procedures = session.targets.procedures;
+  LcWorkbookProcedureList* procedures = session.sink.procedures();
   if (procedures == nullptr) return false;
 
   const LcImportChoices& choices = session.choices;
@@ -35,7 +35,7 @@ bool GetProceduresODBC(ImportSession& session) {
   BoundText name;
   CatalogStatement statement;
   SQLRETURN result = statement.Open(
-      session.hdbc(),
+      session.connection.hdbc(),
       [&](odbc::Statement& call) {
         return call.Procedures(CatalogArgument(choices), owner_pattern, nullptr);
       },
@@ -47,7 +47,7 @@ bool GetProceduresODBC(ImportSession& session) {
   std::u16string last_name;
   // Only a stop ends the loop, deliberately: a cancelled import throws the list away, a stopped one
   // keeps it.
-  while (odbc::Succeeded(result) && session.IsRunning()) {
+  while (odbc::Succeeded(result) && session.progress.IsRunning()) {
     qualifier.Empty();
     owner.Empty();
     name.Empty();
@@ -71,11 +71,11 @@ bool GetProceduresODBC(ImportSession& session) {
 bool GetOperatorsODBC(ImportSession& session) { return GetOperators(session); }
 
 bool GetAggregatesODBC(ImportSession& session) {
-  if (session.targets.aggregates == nullptr) return true;
-  const bool access = session.server.dbms_type == dbmsAccess;
+  if (session.sink.aggregates() == nullptr) return true;
+  const bool access = session.server().dbms_type == dbmsAccess;
   for (const char16_t* name :
        access ? std::span<const char16_t* const>(kAccessAggregates) : kAggregates) {
-    session.targets.aggregates->Append(std::make_unique<LcWorkbookAggregate>(name, name));
+    session.sink.aggregates()->Append(std::make_unique<LcWorkbookAggregate>(name, name));
   }
   return true;
 }
@@ -83,7 +83,7 @@ bool GetAggregatesODBC(ImportSession& session) {
 bool GetBooleanFunctionsODBC(ImportSession& /*session*/) { return false; }
 
 bool GetGeneralFunctionsODBC(ImportSession& session) {
-  return session.server.dbms_type == dbmsAccess && GetSystemFunctionsAccess(session);
+  return session.server().dbms_type == dbmsAccess && GetSystemFunctionsAccess(session);
 }
 
 }  // namespace odbcimport::generic

@@ -7,7 +7,7 @@ namespace odbcimport::generic {
 
 bool PrimaryKeyReader::GetTablePrimaryKeysODBC(LcWorkbookTable& table) {
   SQLRETURN result = key_statement_.Open(
-      session_.hdbc(),
+      session_.connection.hdbc(),
       [&](odbc::Statement& call) {
         return call.PrimaryKeys(CatalogArgument(session_.choices),
                                 KeyOwnerArgument(session_.choices, table), table.GetName().c_str());
@@ -44,7 +44,7 @@ void PrimaryKeyReader::GetIndexesODBC(LcWorkbookTable& table) {
   // The owner is deliberately not passed: drivers that have no primary keys have no owners either,
   // and some of them find nothing for an empty one.
   SQLRETURN result = index_statement_.Open(
-      session_.hdbc(),
+      session_.connection.hdbc(),
       [&](odbc::Statement& call) {
         return call.Statistics(CatalogArgument(session_.choices), nullptr, table.GetName().c_str(),
                                SQL_INDEX_UNIQUE, SQL_ENSURE);

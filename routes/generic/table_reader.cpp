@@ -10,7 +10,7 @@
 namespace odbcimport::generic {
 
 bool TableReader::GetOwnerNamesODBC() {
-  LcOwnerInfoList* owners = session_.targets.owner_names;
+  LcOwnerInfoList* owners = session_.sink.owner_names();
   if (owners == nullptr) return true;
 
   std::unordered_set<std::u16string> known;
@@ -18,13 +18,13 @@ bool TableReader::GetOwnerNamesODBC() {
 
   CatalogStatement statement;
   SQLRETURN result = statement.Open(
-      session_.hdbc(),
+      session_.connection.hdbc(),
       [&](odbc::Statement& call) {
         return call.Tables(CatalogArgument(session_.choices), u"%", nullptr, nullptr);
       },
       [&](odbc::Statement& bind) { owner_.Bind(bind, 2); });
   if (odbc::Succeeded(result)) {
-    while (!session_.WasImportStoppedOrCancelled()) {
+    while (!session_.progress.WasImportStoppedOrCancelled()) {
       owner_.Empty();
       result = statement.Fetch();
       if (!odbc::Succeeded(result)) break;
@@ -53,7 +53,7 @@ bool TableReader::GetTablesAndViewsODBC(bool names_only) {
   }
   statement_.Release();
 
-  const std::u16string& system_owner = session_.server.system_owner;
+  const std::u16string& system_owner = session_.server().system_owner;
   if (choices.include_system && !system_owner.empty() && !choices.owner_restriction.empty() &&
       system_owner != choices.owner_restriction) {
     return GetSystemTablesODBC();
@@ -88,7 +88,7 @@ bool TableReader::GetRequestedSynonymsODBC(bool /*names_only*/) { return false; 
 
 bool TableReader::GetSystemTablesODBC() {
   if (odbc::Succeeded(
-          OpenTables(session_.server.system_owner.c_str(), nullptr, u"'SYSTEM TABLE'"))) {
+          OpenTables(session_.server().system_owner.c_str(), nullptr, u"'SYSTEM TABLE'"))) {
     // System tables always go to the list of tables, deliberately, even while names are read.
     ReadRows(false);
   }
@@ -99,7 +99,7 @@ bool TableReader::GetSystemTablesODBC() {
 SQLRETURN TableReader::OpenTables(const char16_t* owner, const char16_t* table,
                                   const char16_t* types) {
   return statement_.Open(
-      session_.hdbc(),
+      session_.connection.hdbc(),
       [&](odbc::Statement& call) {
         return call.Tables(CatalogArgument(session_.choices), owner, table, types);
       },
@@ -127,19 +127,19 @@ bool TableReader::GetTableODBC(bool names_only) {
 
   // "SYSTEM TABLE" and whatever else a driver has are tables.
   const enumTableType type = type_.Read() == u"VIEW" ? ttView : ttTable;
-  if (names_only && session_.targets.table_names != nullptr) {
+  if (names_only && session_.sink.table_names() != nullptr) {
     auto info = std::make_unique<LcTableInfo>();
     info->name = name_.Read();
     info->owner = owner_.Read();
     info->type = type;
-    session_.targets.table_names->Append(std::move(info));
-  } else if (!names_only && session_.targets.tables != nullptr) {
+    session_.sink.table_names()->Append(std::move(info));
+  } else if (!names_only && session_.sink.tables() != nullptr) {
     auto table = std::make_unique<LcWorkbookTable>();
     table->SetName(std::u16string(name_.Read()));
     const std::u16string_view owner = owner_.Read();
     if (!owner.empty()) table->SetOwner(std::u16string(owner));
     table->SetType(type);
-    session_.targets.tables->Append(std::move(table));
+    session_.sink.tables()->Append(std::move(table));
   }
   return true;
 }

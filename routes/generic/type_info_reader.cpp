@@ -84,7 +84,8 @@ bool GetDataTypesODBC(ImportSession& session, LcWorkbookDatatypeList& types) {
   TypeInfoRow row;
   CatalogStatement statement;
   SQLRETURN result = statement.Open(
-      session.hdbc(), [](odbc::Statement& call) { return call.GetTypeInfo(SQL_ALL_TYPES); },
+      session.connection.hdbc(),
+      [](odbc::Statement& call) { return call.GetTypeInfo(SQL_ALL_TYPES); },
       [&row](odbc::Statement& bind) { row.Bind(bind); });
   while (odbc::Succeeded(result)) {
     row.Empty();

@@ -13,8 +13,8 @@ constexpr int kInterval = 14;
 constexpr int kSet = 19;         // the first type number of a complex type
 constexpr int kCollection = 23;  // the last
 
-bool SetListedType(const ImportSession& session, LcWorkbookColumn& column, int physical_code,
-                   bool is_ius, long extended_id) {
+bool SetListedType(ImportSession& session, LcWorkbookColumn& column, int physical_code, bool is_ius,
+                   long extended_id) {
   std::unique_ptr<LcWorkbookDatatype> type =
       CreateDataType(session, physical_code, false, extended_id);
   if (type == nullptr) return false;
@@ -23,9 +23,10 @@ bool SetListedType(const ImportSession& session, LcWorkbookColumn& column, int p
   return true;
 }
 
-bool SetNamedType(const ImportSession& session, LcWorkbookColumn& column, long extended_id) {
+bool SetNamedType(ImportSession& session, LcWorkbookColumn& column, long extended_id) {
   if (extended_id < 1) return false;
-  const LcWorkbookDatatype* named = session.TypesInForce().GetDataTypeByExtendedId(extended_id);
+  const LcWorkbookDatatype* named =
+      session.sink.TypesInForce().GetDataTypeByExtendedId(extended_id);
   if (named == nullptr) return false;
   column.SetDataType(named->Copy(), true, true);
   column.SetExtendedTypeName(named->GetTypeName());
@@ -52,7 +53,7 @@ bool SetComplexType(ComplexTypes& complex_types, LcWorkbookColumn& column, int p
   return true;
 }
 
-void SetType(const ImportSession& session, ComplexTypes& complex_types, LcWorkbookColumn& column,
+void SetType(ImportSession& session, ComplexTypes& complex_types, LcWorkbookColumn& column,
              int physical_code, int coltype, bool is_ius, long extended_id) {
   // CHAR has the number 0, as have named types that the catalog gives no number of their own: for
   // it the list of named types is asked first.
@@ -78,7 +79,7 @@ void SetQualifier(LcWorkbookColumn& column, long collength) {
 
 }  // namespace
 
-void ColumnDatatypeSetup(const ImportSession& session, ComplexTypes& complex_types,
+void ColumnDatatypeSetup(ImportSession& session, ComplexTypes& complex_types,
                          LcWorkbookColumn* column, int physical_code, int coltype, bool is_ius,
                          long extended_id, long collength) {
   column->SetPhysicalCode(physical_code);

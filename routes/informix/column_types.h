@@ -12,7 +12,7 @@ namespace odbcimport::informix {
 // Gives the column its physical code, data type (none when no list has it), required and serial
 // marks, width, precision, scale and, for DATETIME and INTERVAL, its qualifier. `is_ius` and
 // `extended_id` (0: none) are those of the database that the column is in.
-void ColumnDatatypeSetup(const ImportSession& session, ComplexTypes& complex_types,
+void ColumnDatatypeSetup(ImportSession& session, ComplexTypes& complex_types,
                          LcWorkbookColumn* column, int physical_code, int coltype, bool is_ius,
                          long extended_id, long collength);
 

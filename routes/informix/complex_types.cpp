@@ -81,13 +81,14 @@ bool ComplexTypes::GetComplexType(long extended_id, LcWorkbookDatatype* type) {
 }
 
 bool ComplexTypes::GetComplexType(const std::u16string& sql, LcWorkbookDatatype* type) try {
-  LcODBCRecordList rows;
-  session_.RunQuery(sql, rows);
+  const QueryResult query = session_.RunQuery(sql);
+  const LcODBCRecordList& rows = query.RowsEvenIfFailed();
   bool is_collection = false;
   for (int row = 1; row <= rows.GetRowCount(); ++row) {
     const long number = base::ParseInteger(rows.View(row, 3));
     bool found = false;
-    const int code = ConvertDatabaseTypeToODBC(rows.View(row, 3), session_.server.dbms_type, found);
+    const int code =
+        ConvertDatabaseTypeToODBC(rows.View(row, 3), session_.server().dbms_type, found);
     if (base::ParseInteger(rows.View(row, 1)) == 0) {  // the row of the type itself
       is_collection = IsCollectionCode(code);
       continue;
@@ -145,7 +146,7 @@ bool ComplexTypes::SetElement(const Part& part, LcWorkbookDatatype* type) {
 // The name of the first built-in type with that code in the list in force, empty when there is
 // none. The list is walked again only when it has grown.
 const std::u16string& ComplexTypes::RegularTypeName(int physical_code) {
-  const LcWorkbookDatatypeList& list = session_.TypesInForce();
+  const LcWorkbookDatatypeList& list = session_.sink.TypesInForce();
   if (regular_names_count_ != list.GetCount()) {
     regular_names_.fill({});
     std::array<bool, 19> seen{};

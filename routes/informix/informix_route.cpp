@@ -24,15 +24,15 @@ class InformixRoute {
   bool ReadOwnerNames() { return informix::ReadOwnerNames(session_); }
 
   bool ReadDataTypes() {
-    session_.StatusDialog(inPhaseStart, iiDataTypes);
+    session_.progress.StatusDialog(inPhaseStart, iiDataTypes);
     GetBuiltInDataTypes(session_);
     if (WasStopped()) return false;
-    if (session_.IsIUS() && session_.targets.data_types != nullptr) {
-      result = GetNamedDataTypes(session_, session_.targets.owner_names,
-                                 session_.targets.data_types, complex_types_);
+    if (session_.IsIUS() && session_.sink.data_types() != nullptr) {
+      result = GetNamedDataTypes(session_, session_.sink.owner_names(), session_.sink.data_types(),
+                                 complex_types_);
       if (WasStopped()) return false;
     }
-    session_.StatusDialog(inPhaseEnd);
+    session_.progress.StatusDialog(inPhaseEnd);
     return true;
   }
 
@@ -41,9 +41,9 @@ class InformixRoute {
   bool ReadColumnNames() { return informix::ReadColumnNames(session_); }
 
   bool AddOperators() {
-    session_.StatusDialog(inPhaseStart, iiOperators);
+    session_.progress.StatusDialog(inPhaseStart, iiOperators);
     result = GetOperators(session_);
-    session_.StatusDialog(inPhaseEnd);
+    session_.progress.StatusDialog(inPhaseEnd);
     return !WasStopped();
   }
 
@@ -80,7 +80,7 @@ class InformixRoute {
 
   bool ReadProcedures() {
     LcWorkbookProcedureList unwanted;
-    LcWorkbookProcedureList* target = session_.targets.procedures;
+    LcWorkbookProcedureList* target = session_.sink.procedures();
     result = GetProcedures(session_, target != nullptr ? *target : unwanted);
     return !WasStopped();
   }
@@ -89,9 +89,9 @@ class InformixRoute {
   bool result = true;
 
  private:
-  bool WasStopped() const { return session_.WasImportStoppedOrCancelled(); }
+  bool WasStopped() const { return session_.progress.WasImportStoppedOrCancelled(); }
   LcWorkbookTableList& tables() {
-    return session_.targets.tables != nullptr ? *session_.targets.tables : unwanted_tables_;
+    return session_.sink.tables() != nullptr ? *session_.sink.tables() : unwanted_tables_;
   }
 
   ImportSession& session_;
@@ -121,7 +121,8 @@ constexpr Phase<InformixRoute> kPhases[] = {
 }  // namespace
 
 bool ImportInformixItems(ImportSession& session, unsigned short& status) {
-  if (session.server.dbms_type != dbmsInformix || session.workbook == nullptr) return false;
+  if (session.server().dbms_type != dbmsInformix || session.sink.workbook() == nullptr)
+    return false;
   InformixRoute route(session);
   return RunRoute(session, route, kPhases, status);
 }

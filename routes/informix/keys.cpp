@@ -57,10 +57,10 @@ bool GetOnlineForeignKeys(const ImportSession& session, LcWorkbookTableList& tab
                           LcWorkbookTable* parent, int constraint_id, int parent_tabid) try {
   std::u16string sql;
   BuildOnlineSQLGetForeignKeys(parent_tabid, constraint_id, session.IsIUS(), sql);
-  LcODBCRecordList rows;
-  session.RunQuery(sql, rows);
+  const QueryResult query = session.RunQuery(sql);
+  const LcODBCRecordList& rows = query.RowsEvenIfFailed();
   for (int row = 1; row <= rows.GetRowCount(); ++row) {
-    if (session.WasImportStoppedOrCancelled()) return true;
+    if (session.progress.WasImportStoppedOrCancelled()) return true;
     LcWorkbookTable* child = tables.FindTable(Trimmed(rows, row, 2), Trimmed(rows, row, 1));
     if (child == nullptr) continue;
     LcWorkbookKeyList child_columns;
@@ -95,20 +95,20 @@ bool GetOnlinePrimaryForeignKeys(const ImportSession& session, LcWorkbookTableLi
                                  bool with_foreign_keys) {
   std::u16string sql;
   BuildOnlineSQLGetPrimaryKeys(&tables, session.IsIUS(), sql);
-  LcODBCRecordList rows;
-  session.RunQuery(sql, rows);
+  const QueryResult query = session.RunQuery(sql);
+  const LcODBCRecordList& rows = query.RowsEvenIfFailed();
   const int count = rows.GetRowCount();
   // The end of a phase is reported that has no beginning: hosts close the table phase with it.
-  session.StatusDialog(inPhaseEnd, iiPrimaryKeys);
-  session.StatusDialog(inLoopStart, iiPrimaryKeys, static_cast<unsigned long>(count));
+  session.progress.StatusDialog(inPhaseEnd, iiPrimaryKeys);
+  session.progress.StatusDialog(inLoopStart, iiPrimaryKeys, static_cast<unsigned long>(count));
   bool result = true;
   for (int row = 1; row <= count; ++row) {
-    if (session.WasImportStoppedOrCancelled()) break;
+    if (session.progress.WasImportStoppedOrCancelled()) break;
     const std::u16string name = Trimmed(rows, row, 1);
     const std::u16string owner = Trimmed(rows, row, 2);
     LcWorkbookTable* table = tables.FindTable(owner, name);
     if (table == nullptr) continue;
-    session.StatusDialog(inTableItem, iiNone, 0, owner.c_str(), name.c_str());
+    session.progress.StatusDialog(inTableItem, iiNone, 0, owner.c_str(), name.c_str());
     // A unique constraint (column 5) counts as a primary key; a table with several has the columns
     // of all in its key, and meets each relationship once for every constraint.
     if (session.IsIUS()) SetOnlinePrimaryKey(*table, base::TrimRightSpace(rows.View(row, 6)));
@@ -117,9 +117,9 @@ bool GetOnlinePrimaryForeignKeys(const ImportSession& session, LcWorkbookTableLi
       const int table_id = static_cast<int>(base::ParseInteger(rows.View(row, 4)));
       result = GetOnlineForeignKeys(session, tables, table, constraint_id, table_id);
     }
-    if (session.WasImportStoppedOrCancelled()) break;
+    if (session.progress.WasImportStoppedOrCancelled()) break;
   }
-  session.StatusDialog(inLoopEnd);
+  session.progress.StatusDialog(inLoopEnd);
   return result;
 }
 

@@ -18,23 +18,23 @@ void AppendTo(LcObjectList<T>* target, std::unique_ptr<T> entry) {
   if (target != nullptr) target->Append(std::move(entry));
 }
 
-void AppendOwner(const ImportSession& session, const LcODBCRecordList& rows, int row) {
+void AppendOwner(ImportSession& session, const LcODBCRecordList& rows, int row) {
   auto info = std::make_unique<LcOwnerInfo>();
   info->name = Trimmed(rows, row, 1);
-  if (!info->name.empty()) AppendTo(session.targets.owner_names, std::move(info));
+  if (!info->name.empty()) AppendTo(session.sink.owner_names(), std::move(info));
 }
 
-void AppendTableOrView(const ImportSession& session, const LcODBCRecordList& rows, int row) {
+void AppendTableOrView(ImportSession& session, const LcODBCRecordList& rows, int row) {
   auto info = std::make_unique<LcTableInfo>();
   info->name = Trimmed(rows, row, 2);
   if (info->name.empty()) return;
   info->owner = Trimmed(rows, row, 1);
   const std::u16string_view type = base::TrimRightSpace(rows.View(row, 3));
   if (!type.empty()) info->type = GetTableType(type, dbmsInformix);
-  AppendTo(session.targets.table_names, std::move(info));
+  AppendTo(session.sink.table_names(), std::move(info));
 }
 
-void AppendSynonym(const ImportSession& session, const LcODBCRecordList& rows, int row) {
+void AppendSynonym(ImportSession& session, const LcODBCRecordList& rows, int row) {
   auto info = std::make_unique<LcTableInfo>();
   info->name = Trimmed(rows, row, 7);
   if (info->name.empty()) return;
@@ -46,10 +46,10 @@ void AppendSynonym(const ImportSession& session, const LcODBCRecordList& rows, i
   info->synonym.database_name = Trimmed(rows, row, 4);
   info->synonym.base_owner = Trimmed(rows, row, 5);
   info->synonym.base_table_name = Trimmed(rows, row, 6);
-  AppendTo(session.targets.table_names, std::move(info));
+  AppendTo(session.sink.table_names(), std::move(info));
 }
 
-void AppendColumn(const ImportSession& session, const LcODBCRecordList& rows, int row) {
+void AppendColumn(ImportSession& session, const LcODBCRecordList& rows, int row) {
   auto info = std::make_unique<LcWBColumnInfo>();
   info->name = Trimmed(rows, row, 1);
   if (info->name.empty()) return;
@@ -59,29 +59,29 @@ void AppendColumn(const ImportSession& session, const LcODBCRecordList& rows, in
     info->data_type =
         CreateDataType(session, ConvertDatabaseTypeToODBC(type, dbmsInformix, found), false, 0);
   }
-  AppendTo(session.targets.column_names, std::move(info));
+  AppendTo(session.sink.column_names(), std::move(info));
 }
 
-using AppendRow = void (*)(const ImportSession&, const LcODBCRecordList&, int row);
+using AppendRow = void (*)(ImportSession&, const LcODBCRecordList&, int row);
 
 // The course that all name phases share.
-bool ReadNames(const ImportSession& session, enumImpItemType item, const std::u16string& sql,
+bool ReadNames(ImportSession& session, enumImpItemType item, const std::u16string& sql,
                AppendRow append_row) {
-  session.StatusDialog(inPhaseStart, item);
-  LcODBCRecordList rows;
-  session.RunQuery(sql, rows);
-  if (session.WasImportStoppedOrCancelled()) return false;
+  session.progress.StatusDialog(inPhaseStart, item);
+  const QueryResult query = session.RunQuery(sql);
+  const LcODBCRecordList& rows = query.RowsEvenIfFailed();
+  if (session.progress.WasImportStoppedOrCancelled()) return false;
   for (int row = 1; row <= rows.GetRowCount(); ++row) {
     append_row(session, rows, row);
-    if (session.WasImportStoppedOrCancelled()) return false;
+    if (session.progress.WasImportStoppedOrCancelled()) return false;
   }
-  session.StatusDialog(inPhaseEnd);
+  session.progress.StatusDialog(inPhaseEnd);
   return true;
 }
 
 }  // namespace
 
-bool ReadOwnerNames(const ImportSession& session) {
+bool ReadOwnerNames(ImportSession& session) {
   // No text is built for owners, and the empty one is run all the same: a host that offers owners
   // shows the user the error that comes of it.
   std::u16string sql;
@@ -89,19 +89,19 @@ bool ReadOwnerNames(const ImportSession& session) {
   return ReadNames(session, iiOwnerNames, sql, AppendOwner);
 }
 
-bool ReadTableAndViewNames(const ImportSession& session) {
+bool ReadTableAndViewNames(ImportSession& session) {
   std::u16string sql;
   BuildTableViewNameQuery(session.choices, sql, dbmsInformix);
   return ReadNames(session, iiTableNames, sql, AppendTableOrView);
 }
 
-bool ReadSynonymNames(const ImportSession& session) {
+bool ReadSynonymNames(ImportSession& session) {
   std::u16string sql;
   BuildSynonymNameQuery(session.choices, sql, dbmsInformix);
   return ReadNames(session, iiSynonymNames, sql, AppendSynonym);
 }
 
-bool ReadColumnNames(const ImportSession& session) {
+bool ReadColumnNames(ImportSession& session) {
   std::u16string sql;
   BuildColumnNameQuery(session.choices, sql);
   return ReadNames(session, iiColumnNames, sql, AppendColumn);

@@ -7,10 +7,10 @@
 
 namespace odbcimport::informix {
 
-[[nodiscard]] bool ReadOwnerNames(const ImportSession& session);
-[[nodiscard]] bool ReadTableAndViewNames(const ImportSession& session);
-[[nodiscard]] bool ReadSynonymNames(const ImportSession& session);
+[[nodiscard]] bool ReadOwnerNames(ImportSession& session);
+[[nodiscard]] bool ReadTableAndViewNames(ImportSession& session);
+[[nodiscard]] bool ReadSynonymNames(ImportSession& session);
 // The columns of the chosen single table.
-[[nodiscard]] bool ReadColumnNames(const ImportSession& session);
+[[nodiscard]] bool ReadColumnNames(ImportSession& session);
 
 }  // namespace odbcimport::informix

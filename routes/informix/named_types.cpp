@@ -76,11 +76,11 @@ std::unique_ptr<LcWorkbookDatatype> NamedType(const LcODBCRecordList& rows, int 
 
 bool GetDataTypes(const ImportSession& session, const std::u16string& sql,
                   LcWorkbookDatatypeList* types) try {
-  LcODBCRecordList rows;
-  session.RunQuery(sql, rows);
+  const QueryResult query = session.RunQuery(sql);
+  const LcODBCRecordList& rows = query.RowsEvenIfFailed();
   char16_t mode = 0;
   for (int row = 1; row <= rows.GetRowCount(); ++row) {
-    if (session.WasImportStoppedOrCancelled()) break;
+    if (session.progress.WasImportStoppedOrCancelled()) break;
     types->AddDataType(NamedType(rows, row, mode).release());
   }
   return true;
@@ -101,10 +101,10 @@ bool GetComplexDataTypes(LcWorkbookDatatypeList* types, ComplexTypes& complex_ty
 
 }  // namespace
 
-void GetBuiltInDataTypes(const ImportSession& session) {
-  LcODBCDatatypeList built_in(session.server.dbms_type, session.server.dbms_version);
+void GetBuiltInDataTypes(ImportSession& session) {
+  LcODBCDatatypeList built_in(session.server().dbms_type, session.server().dbms_version);
   built_in.EmptyList();
-  LcWorkbookDatatypeList* types = session.targets.data_types;
+  LcWorkbookDatatypeList* types = session.sink.data_types();
   if (types == nullptr) return;
   built_in.GetHardcodedDataTypes(types);
   // Only the first: a later type with this code has a precision of its own.

@@ -7,7 +7,7 @@
 namespace odbcimport::informix {
 
 // Appends the server's built-in types to the target list.
-void GetBuiltInDataTypes(const ImportSession& session);
+void GetBuiltInDataTypes(ImportSession& session);
 
 // Appends every extended type that has a name, then reads what the row and collection types among
 // them are made of. False when memory ran out.

@@ -28,8 +28,8 @@ bool DetermineIfRemoteIsIUS(const ImportSession& session, const std::u16string& 
                             const std::u16string& database) {
   std::u16string sql;
   BuildRemoteIsIUSQuery(sql, server, database);
-  LcODBCRecordList rows;
-  session.RunQuery(sql, rows);
+  const QueryResult query = session.RunQuery(sql);
+  const LcODBCRecordList& rows = query.RowsEvenIfFailed();
   return rows.GetRowCount() > 0;
 }
 

@@ -31,8 +31,8 @@ constexpr ColumnPositions kRemoteSynonymColumns{1, 2, 3, 6};
 class ColumnReader {
  public:
   // `is_ius` tells of the database that the columns are in.
-  ColumnReader(const ImportSession& session, ComplexTypes& complex_types,
-               const LcODBCRecordList& rows, const ColumnPositions& positions, bool is_ius)
+  ColumnReader(ImportSession& session, ComplexTypes& complex_types, const LcODBCRecordList& rows,
+               const ColumnPositions& positions, bool is_ius)
       : session_(session),
         complex_types_(complex_types),
         rows_(rows),
@@ -44,8 +44,8 @@ class ColumnReader {
             LcWorkbookTable& table) const {
     auto column = std::make_unique<LcWorkbookColumn>();
     column->SetName(std::u16string(base::TrimRightSpace(rows_.View(row, positions_.name))));
-    session_.StatusDialog(inTableItem, iiNone, 0, owner.c_str(), name.c_str(),
-                          column->GetName().c_str());
+    session_.progress.StatusDialog(inTableItem, iiNone, 0, owner.c_str(), name.c_str(),
+                                   column->GetName().c_str());
     const std::u16string_view type = base::TrimRightSpace(rows_.View(row, positions_.coltype));
     const int coltype = static_cast<int>(base::ParseInteger(type));
     bool found = false;
@@ -60,7 +60,7 @@ class ColumnReader {
   }
 
  private:
-  const ImportSession& session_;
+  ImportSession& session_;
   ComplexTypes& complex_types_;
   const LcODBCRecordList& rows_;
   const ColumnPositions& positions_;
@@ -70,10 +70,9 @@ class ColumnReader {
 // Makes the next table, with its owner and name, the session's current item.
 LcWorkbookTable* BeginTable(ImportSession& session, LcWorkbookTableList& tables,
                             const NameBoundary& boundary, std::unique_ptr<LcWorkbookTable> table) {
-  session.current_item.text1 = boundary.owner();
-  session.current_item.text2 = boundary.name();
-  table->SetOwner(session.current_item.text1);
-  table->SetName(session.current_item.text2);
+  session.progress.SetTableInHand(boundary.owner(), boundary.name());
+  table->SetOwner(boundary.owner());
+  table->SetName(boundary.name());
   return tables.Append(std::move(table));
 }
 
@@ -115,7 +114,7 @@ bool IsRemoteIUS(const ImportSession& session, const LcSynonymDetails& synonym,
   return databases.Append(std::move(info))->is_ius;
 }
 
-bool ReadRemoteSynonym(const ImportSession& session, ComplexTypes& complex_types,
+bool ReadRemoteSynonym(ImportSession& session, ComplexTypes& complex_types,
                        const LcTableInfo& entry, const LcODBCRecordList& rows, bool is_ius,
                        LcWorkbookTableList& tables) {
   if (rows.GetRowCount() == 0) return true;
@@ -128,7 +127,7 @@ bool ReadRemoteSynonym(const ImportSession& session, ComplexTypes& complex_types
   const ColumnReader columns(session, complex_types, rows, kRemoteSynonymColumns, is_ius);
   for (int row = 1; row <= rows.GetRowCount(); ++row) {
     columns.Read(row, entry.owner, entry.name, *table);
-    if (session.WasImportStoppedOrCancelled()) return false;
+    if (session.progress.WasImportStoppedOrCancelled()) return false;
   }
   return true;
 }
@@ -137,18 +136,18 @@ bool ReadRemoteSynonym(const ImportSession& session, ComplexTypes& complex_types
 
 bool ReadTablesAndViews(ImportSession& session, ComplexTypes& complex_types,
                         LcWorkbookTableList& tables) {
-  session.StatusDialog(inPhaseStart, iiTablesAndViews);
+  session.progress.StatusDialog(inPhaseStart, iiTablesAndViews);
   std::u16string sql;
   BuildTableColumnQuery(session.choices, sql, dbmsInformix, session.IsIUS());
-  if (session.WasImportStoppedOrCancelled()) return false;
-  LcODBCRecordList rows;
-  session.RunQuery(sql, rows);
-  if (session.WasImportStoppedOrCancelled()) return false;
-  session.StatusDialog(inPhaseEnd);
+  if (session.progress.WasImportStoppedOrCancelled()) return false;
+  const QueryResult query = session.RunQuery(sql);
+  const LcODBCRecordList& rows = query.RowsEvenIfFailed();
+  if (session.progress.WasImportStoppedOrCancelled()) return false;
+  session.progress.StatusDialog(inPhaseEnd);
 
   // The host hears the number of columns, and then of each column.
   const int count = rows.GetRowCount();
-  session.StatusDialog(inLoopStart, iiTablesAndViews, static_cast<unsigned long>(count));
+  session.progress.StatusDialog(inLoopStart, iiTablesAndViews, static_cast<unsigned long>(count));
   const ColumnReader columns(session, complex_types, rows, kTableColumns, session.IsIUS());
   NameBoundary boundary(NameBoundary::Nameless::kBelongsToNothing);
   LcWorkbookTable* table = nullptr;
@@ -162,13 +161,13 @@ bool ReadTablesAndViews(ImportSession& session, ComplexTypes& complex_types,
       made->SetType(GetTableType(type_text, dbmsInformix));
       table = BeginTable(session, tables, boundary, std::move(made));
     }
-    if (session.WasImportStoppedOrCancelled()) return false;
+    if (session.progress.WasImportStoppedOrCancelled()) return false;
     if (table == nullptr) continue;  // rows without any name, before the first table
     columns.Read(row, boundary.owner(), boundary.name(), *table);
-    if (session.WasImportStoppedOrCancelled()) return false;
+    if (session.progress.WasImportStoppedOrCancelled()) return false;
   }
-  if (session.WasImportStoppedOrCancelled()) return false;
-  session.StatusDialog(inLoopEnd);
+  if (session.progress.WasImportStoppedOrCancelled()) return false;
+  session.progress.StatusDialog(inLoopEnd);
   return true;
 }
 
@@ -176,15 +175,15 @@ bool ReadLocalSynonyms(ImportSession& session, ComplexTypes& complex_types,
                        LcWorkbookTableList& tables) {
   std::u16string sql;
   if (!BuildLocalSynonymQuery(session.choices, sql, dbmsInformix, session.IsIUS())) return true;
-  if (session.WasImportStoppedOrCancelled()) return false;
-  session.StatusDialog(inPhaseStart, iiLocalSynonyms);
-  LcODBCRecordList rows;
-  session.RunQuery(sql, rows);
-  session.StatusDialog(inPhaseEnd);
-  if (session.WasImportStoppedOrCancelled()) return false;
+  if (session.progress.WasImportStoppedOrCancelled()) return false;
+  session.progress.StatusDialog(inPhaseStart, iiLocalSynonyms);
+  const QueryResult query = session.RunQuery(sql);
+  const LcODBCRecordList& rows = query.RowsEvenIfFailed();
+  session.progress.StatusDialog(inPhaseEnd);
+  if (session.progress.WasImportStoppedOrCancelled()) return false;
 
   const int count = rows.GetRowCount();
-  session.StatusDialog(inLoopStart, iiLocalSynonyms, static_cast<unsigned long>(count));
+  session.progress.StatusDialog(inLoopStart, iiLocalSynonyms, static_cast<unsigned long>(count));
   const SelectedSynonyms selected(session.choices);
   const ColumnReader columns(session, complex_types, rows, kLocalSynonymColumns, session.IsIUS());
   NameBoundary boundary(NameBoundary::Nameless::kBelongsToNothing);
@@ -200,12 +199,12 @@ bool ReadLocalSynonyms(ImportSession& session, ComplexTypes& complex_types,
       }
       table = BeginTable(session, tables, boundary, std::move(made));
     }
-    if (session.WasImportStoppedOrCancelled()) return false;
+    if (session.progress.WasImportStoppedOrCancelled()) return false;
     if (table == nullptr) continue;  // rows without any name, before the first table
     columns.Read(row, boundary.owner(), boundary.name(), *table);
-    if (session.WasImportStoppedOrCancelled()) return false;
+    if (session.progress.WasImportStoppedOrCancelled()) return false;
   }
-  session.StatusDialog(inLoopEnd);
+  session.progress.StatusDialog(inLoopEnd);
   return true;
 }
 
@@ -215,23 +214,23 @@ bool ReadRemoteSynonyms(ImportSession& session, ComplexTypes& complex_types,
   unsigned long count = 0;
   for (const LcTableInfo* entry : selected) count += IsRemoteSynonym(entry) ? 1 : 0;
   if (count == 0) return true;
-  session.StatusDialog(inPhaseStart, iiRemoteSynonyms);
-  session.StatusDialog(inPhaseEnd);
-  session.StatusDialog(inLoopStart, iiRemoteSynonyms, count);
+  session.progress.StatusDialog(inPhaseStart, iiRemoteSynonyms);
+  session.progress.StatusDialog(inPhaseEnd);
+  session.progress.StatusDialog(inLoopStart, iiRemoteSynonyms, count);
   LcRemoteDatabaseInfoList databases;
   for (const LcTableInfo* entry : selected) {
-    if (session.WasImportStoppedOrCancelled()) return false;
+    if (session.progress.WasImportStoppedOrCancelled()) return false;
     if (!IsRemoteSynonym(entry)) continue;
     const bool is_ius = IsRemoteIUS(session, entry->synonym, databases);
     std::u16string sql;
     if (!BuildRemoteSynonymQuery(sql, dbmsInformix, *entry, is_ius)) continue;
-    if (session.WasImportStoppedOrCancelled()) return false;
-    LcODBCRecordList rows;
-    session.RunQuery(sql, rows);
-    if (session.WasImportStoppedOrCancelled()) return false;
+    if (session.progress.WasImportStoppedOrCancelled()) return false;
+    const QueryResult query = session.RunQuery(sql);
+    const LcODBCRecordList& rows = query.RowsEvenIfFailed();
+    if (session.progress.WasImportStoppedOrCancelled()) return false;
     if (!ReadRemoteSynonym(session, complex_types, *entry, rows, is_ius, tables)) return false;
   }
-  session.StatusDialog(inLoopEnd);
+  session.progress.StatusDialog(inLoopEnd);
   return true;
 }
 

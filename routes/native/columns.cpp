@@ -35,7 +35,7 @@ bool IsRedBrickWidthPrecision(std::u16string_view type_name) {
 
 // A SQL Server type that is not built in is a user-defined type, which the data type phase has put
 // into the workbook's list under its name.
-void SetSQLServerType(const ImportSession& session, LcWorkbookColumn& column,
+void SetSQLServerType(ImportSession& session, LcWorkbookColumn& column,
                       std::u16string_view type_name) {
   bool found = false;
   const int code = ConvertDatabaseTypeToODBC(type_name, dbmsMSSQLServer, found);
@@ -43,18 +43,17 @@ void SetSQLServerType(const ImportSession& session, LcWorkbookColumn& column,
     NativeColumnDatatypeSetup(session, column, code, 0);
     return;
   }
-  if (session.targets.data_types == nullptr) return;
+  if (session.sink.data_types() == nullptr) return;
   const LcWorkbookDatatype* type =
-      session.targets.data_types->GetDataTypeByName(std::u16string(type_name), tnExtendedTypeName);
+      session.sink.data_types()->GetDataTypeByName(std::u16string(type_name), tnExtendedTypeName);
   if (type == nullptr) return;
   column.SetPhysicalCode(type->GetPhysicalCode());
   if (type->GetPhysicalCode() == pcSerial) column.SetGeneratedKey(true);
   column.SetDataType(type->Copy(), true, true);
 }
 
-void SetDB2Type(const ImportSession& session, LcWorkbookColumn& column,
-                const LcODBCRecordList& rows, int row, const ColumnPositions& positions,
-                std::u16string_view type_name) {
+void SetDB2Type(ImportSession& session, LcWorkbookColumn& column, const LcODBCRecordList& rows,
+                int row, const ColumnPositions& positions, std::u16string_view type_name) {
   bool found = false;
   if (base::EqualIgnoringCase(base::TrimRightBlanks(rows.View(row, positions.meta_type)), u"T")) {
     // A distinct type: an unknown source type falls back to CHAR, the type's own id comes first.
@@ -68,10 +67,9 @@ void SetDB2Type(const ImportSession& session, LcWorkbookColumn& column,
   if (found) NativeColumnDatatypeSetup(session, column, code, 0);
 }
 
-void SetColumnType(const ImportSession& session, LcWorkbookColumn& column,
-                   const LcODBCRecordList& rows, int row, const ColumnPositions& positions,
-                   std::u16string_view type_name) {
-  const int dbms_type = session.server.dbms_type;
+void SetColumnType(ImportSession& session, LcWorkbookColumn& column, const LcODBCRecordList& rows,
+                   int row, const ColumnPositions& positions, std::u16string_view type_name) {
+  const int dbms_type = session.server().dbms_type;
   switch (dbms_type) {
     case dbmsMSSQLServer:
       SetSQLServerType(session, column, type_name);
@@ -105,7 +103,7 @@ void SetSizes(LcWorkbookColumn& column, const LcODBCRecordList& rows, int row,
 
 }  // namespace
 
-void NativeColumnDatatypeSetup(const ImportSession& session, LcWorkbookColumn& column, int code,
+void NativeColumnDatatypeSetup(ImportSession& session, LcWorkbookColumn& column, int code,
                                int extended_id) {
   column.SetPhysicalCode(code);
   if (code == pcSerial) column.SetGeneratedKey(true);
@@ -163,15 +161,16 @@ const ColumnPositions& SynonymColumnPositions(int dbms_type) {
   }
 }
 
-void AddNativeColumn(const ImportSession& session, const LcODBCRecordList& rows, int row,
+void AddNativeColumn(ImportSession& session, const LcODBCRecordList& rows, int row,
                      const ColumnPositions& positions, const std::u16string& owner,
                      const std::u16string& table_name, LcWorkbookTable& table) {
-  const int dbms_type = session.server.dbms_type;
+  const int dbms_type = session.server().dbms_type;
   auto column = std::make_unique<LcWorkbookColumn>();
   if (positions.name != 0) {
     const std::u16string name(base::TrimRightBlanks(rows.View(row, positions.name)));
     column->SetName(name);
-    session.StatusDialog(inTableItem, iiNone, 0, owner.c_str(), table_name.c_str(), name.c_str());
+    session.progress.StatusDialog(inTableItem, iiNone, 0, owner.c_str(), table_name.c_str(),
+                                  name.c_str());
     const std::u16string_view type_name = base::TrimRightBlanks(rows.View(row, positions.type));
     SetColumnType(session, *column, rows, row, positions, type_name);
     SetSizes(*column, rows, row, positions, type_name, dbms_type);

@@ -14,7 +14,7 @@ namespace odbcimport::native {
 // Gives the column its physical code and a type for it: the type with the server's extended id when
 // that is not 0 and known, else the one with the code. A serial column (code 19) becomes a
 // generated key. Without a matching type the column keeps the code alone.
-void NativeColumnDatatypeSetup(const ImportSession& session, LcWorkbookColumn& column, int code,
+void NativeColumnDatatypeSetup(ImportSession& session, LcWorkbookColumn& column, int code,
                                int extended_id);
 
 // Whether a catalog's nullability text lets a column be null. Compared exactly; only the server's
@@ -48,7 +48,7 @@ const ColumnPositions& SynonymColumnPositions(int dbms_type);
 
 // Makes a column of the row and gives it to the table, after reporting it as an item of `owner` and
 // `table_name`, texts that end with a zero character.
-void AddNativeColumn(const ImportSession& session, const LcODBCRecordList& rows, int row,
+void AddNativeColumn(ImportSession& session, const LcODBCRecordList& rows, int row,
                      const ColumnPositions& positions, const std::u16string& owner,
                      const std::u16string& table_name, LcWorkbookTable& table);
 

@@ -76,7 +76,7 @@ void AddOracleResult(const ImportSession& session, const LcODBCRecordList& rows,
                      LcFKInfoList& entries) {
   const int half = rows.GetRowCount() / 2;
   const std::size_t first = entries.size();
-  for (int row = 1; row <= half && !session.WasImportStoppedOrCancelled(); ++row) {
+  for (int row = 1; row <= half && !session.progress.WasImportStoppedOrCancelled(); ++row) {
     LcFKInfo& entry = entries.emplace_back();
     entry.owner = Trimmed(rows, row, kOracleOwner);
     entry.table = Trimmed(rows, row, kOracleTable);
@@ -86,7 +86,8 @@ void AddOracleResult(const ImportSession& session, const LcODBCRecordList& rows,
     entry.sequence = base::TrimRightBlanks(position.substr(0, position.find(u'.')));
   }
   int row = half;
-  for (std::size_t i = first; i < entries.size() && !session.WasImportStoppedOrCancelled(); ++i) {
+  for (std::size_t i = first; i < entries.size() && !session.progress.WasImportStoppedOrCancelled();
+       ++i) {
     ++row;
     entries[i].referenced_owner = Trimmed(rows, row, kOracleOwner);
     entries[i].referenced_table = Trimmed(rows, row, kOracleTable);
@@ -97,83 +98,84 @@ void AddOracleResult(const ImportSession& session, const LcODBCRecordList& rows,
 }  // namespace
 
 bool GetNativeForeignKeys(const ImportSession& session, LcWorkbookTableList& tables) {
-  const LeDBMSType dbms_type = session.server.dbms_type;
+  const LeDBMSType dbms_type = session.server().dbms_type;
   std::u16string sql;
   BuildForeignKeyQuery(session.choices, sql, dbms_type);
-  if (session.WasImportStoppedOrCancelled()) return true;
-  LcODBCRecordList rows;
-  session.RunQuery(sql, rows);
-  if (session.WasImportStoppedOrCancelled()) return true;
+  if (session.progress.WasImportStoppedOrCancelled()) return true;
+  const QueryResult query = session.RunQuery(sql);
+  const LcODBCRecordList& rows = query.RowsEvenIfFailed();
+  if (session.progress.WasImportStoppedOrCancelled()) return true;
 
   const int count = rows.GetRowCount();
-  session.StatusDialog(inLoopStart, iiForeignKeys, static_cast<unsigned long>(count));
+  session.progress.StatusDialog(inLoopStart, iiForeignKeys, static_cast<unsigned long>(count));
   LcFKInfoList entries;
   if (dbms_type == dbmsDB2) {
     entries.reserve(static_cast<std::size_t>(count));  // most keys have one column
-    for (int row = 1; row <= count && !session.WasImportStoppedOrCancelled(); ++row) {
+    for (int row = 1; row <= count && !session.progress.WasImportStoppedOrCancelled(); ++row) {
       AddDB2Row(rows, row, entries);
     }
   } else if (dbms_type == dbmsOracle) {
     AddOracleResult(session, rows, entries);
   }
   AssembleForeignKeys(session, entries, tables);
-  session.StatusDialog(inLoopEnd);
+  session.progress.StatusDialog(inLoopEnd);
   return true;
 }
 
 bool GetNativeForeignKeysOracle(const ImportSession& session, LcWorkbookTableList& tables) {
   std::vector<std::u16string> texts;
-  BuildForeignKeyQueries(session.choices, session.server.dbms_type, texts);
-  if (session.WasImportStoppedOrCancelled()) return true;
-  std::deque<LcODBCRecordList> results;  // record lists do not move
+  BuildForeignKeyQueries(session.choices, session.server().dbms_type, texts);
+  if (session.progress.WasImportStoppedOrCancelled()) return true;
+  std::deque<QueryResult> results;  // record lists do not move
   unsigned long count = 0;
   for (const std::u16string& text : texts) {
-    LcODBCRecordList& rows = results.emplace_back();
-    session.RunQuery(text, rows);
-    count += static_cast<unsigned long>(rows.GetRowCount());
+    const QueryResult& query = results.emplace_back(session.connection, text);
+    count += static_cast<unsigned long>(query.RowsEvenIfFailed().GetRowCount());
   }
-  if (session.WasImportStoppedOrCancelled()) return true;
+  if (session.progress.WasImportStoppedOrCancelled()) return true;
 
-  session.StatusDialog(inLoopStart, iiForeignKeys, count);
+  session.progress.StatusDialog(inLoopStart, iiForeignKeys, count);
   LcFKInfoList entries;
   entries.reserve(count / 2);
-  for (const LcODBCRecordList& rows : results) AddOracleResult(session, rows, entries);
-  if (session.WasImportStoppedOrCancelled()) return true;
+  for (const QueryResult& query : results) {
+    AddOracleResult(session, query.RowsEvenIfFailed(), entries);
+  }
+  if (session.progress.WasImportStoppedOrCancelled()) return true;
   AssembleForeignKeys(session, entries, tables);
-  session.StatusDialog(inLoopEnd);
+  session.progress.StatusDialog(inLoopEnd);
   return true;
 }
 
 bool GetNativeForeignKeysRedBrick(const ImportSession& session, LcWorkbookTableList& tables) {
   std::u16string sql;
   BuildForeignKeyQueryRedBrick1(session.choices, sql);
-  LcODBCRecordList referencing;
-  session.RunQuery(sql, referencing);
-  if (session.WasImportStoppedOrCancelled()) return true;
+  const QueryResult referencing_query = session.RunQuery(sql);
+  const LcODBCRecordList& referencing = referencing_query.RowsEvenIfFailed();
+  if (session.progress.WasImportStoppedOrCancelled()) return true;
   BuildForeignKeyQueryRedBrick2(session.choices, sql);
-  LcODBCRecordList referenced;
-  session.RunQuery(sql, referenced);
-  if (session.WasImportStoppedOrCancelled()) return true;
+  const QueryResult referenced_query = session.RunQuery(sql);
+  const LcODBCRecordList& referenced = referenced_query.RowsEvenIfFailed();
+  if (session.progress.WasImportStoppedOrCancelled()) return true;
 
   const int count = referencing.GetRowCount();
-  session.StatusDialog(inLoopStart, iiForeignKeys, 2 * static_cast<unsigned long>(count));
+  session.progress.StatusDialog(inLoopStart, iiForeignKeys, 2 * static_cast<unsigned long>(count));
   LcFKInfoList entries;
   entries.reserve(static_cast<std::size_t>(count));
   for (int row = 1; row <= count; ++row) {
-    if (session.WasImportStoppedOrCancelled()) return true;
+    if (session.progress.WasImportStoppedOrCancelled()) return true;
     LcFKInfo& entry = entries.emplace_back();
     entry.table = Trimmed(referencing, row, kRedBrickTable);
     entry.column = Trimmed(referencing, row, kRedBrickColumn);
     entry.sequence = Trimmed(referencing, row, kRedBrickSequence);
   }
   for (int row = 1; row <= count; ++row) {
-    if (session.WasImportStoppedOrCancelled()) return true;
+    if (session.progress.WasImportStoppedOrCancelled()) return true;
     LcFKInfo& entry = entries[static_cast<std::size_t>(row) - 1];
     entry.referenced_table = Trimmed(referenced, row, kRedBrickTable);
     entry.referenced_column = Trimmed(referenced, row, kRedBrickColumn);
   }
   AssembleForeignKeys(session, entries, tables);
-  session.StatusDialog(inLoopEnd);
+  session.progress.StatusDialog(inLoopEnd);
   return true;
 }
 

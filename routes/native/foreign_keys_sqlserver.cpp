@@ -55,21 +55,21 @@ void ReadKey(const ImportSession& session, const LcODBCRecordList& rows, int row
 bool GetNativeForeignKeysSQLServer(const ImportSession& session, LcWorkbookTableList& tables) {
   std::u16string sql;
   BuildForeignKeyQuerySQLServer(session.choices, sql);
-  LcODBCRecordList rows;
-  session.RunQuery(sql, rows);
-  if (session.WasImportStoppedOrCancelled()) return true;
+  const QueryResult query = session.RunQuery(sql);
+  const LcODBCRecordList& rows = query.RowsEvenIfFailed();
+  if (session.progress.WasImportStoppedOrCancelled()) return true;
 
   const int count = rows.GetRowCount();
-  session.StatusDialog(inLoopStart, iiForeignKeys, static_cast<unsigned long>(count));
-  for (int row = 1; row <= count && !session.WasImportStoppedOrCancelled(); ++row) {
+  session.progress.StatusDialog(inLoopStart, iiForeignKeys, static_cast<unsigned long>(count));
+  for (int row = 1; row <= count && !session.progress.WasImportStoppedOrCancelled(); ++row) {
     LcWorkbookTable* referencing = tables.FindTableById(Number(rows, row, kReferencingTable));
     if (referencing == nullptr) continue;
-    session.StatusDialog(inTableItem, iiNone, 0, referencing->GetOwner(true).c_str(),
-                         referencing->GetName().c_str());
+    session.progress.StatusDialog(inTableItem, iiNone, 0, referencing->GetOwner(true).c_str(),
+                                  referencing->GetName().c_str());
     LcWorkbookTable* referenced = tables.FindTableById(Number(rows, row, kReferencedTable));
     if (referenced != nullptr) ReadKey(session, rows, row, *referencing, *referenced);
   }
-  session.StatusDialog(inLoopEnd);
+  session.progress.StatusDialog(inLoopEnd);
   return true;
 }
 

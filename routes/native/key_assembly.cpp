@@ -15,7 +15,7 @@ class KeyAssembly {
   KeyAssembly(const ImportSession& session, LcWorkbookTableList& tables)
       : session_(session),
         tables_(tables),
-        is_red_brick_(session.server.dbms_type == dbmsRedBrick),
+        is_red_brick_(session.server().dbms_type == dbmsRedBrick),
         keys_(session) {}
 
   void Add(const LcFKInfo& entry);
@@ -84,7 +84,8 @@ void KeyAssembly::Add(const LcFKInfo& entry) {
       entry.referenced_table.empty() || entry.referenced_column.empty()) {
     return;
   }
-  session_.StatusDialog(inTableItem, iiNone, 0, owner_.c_str(), table_.c_str(), column_.c_str());
+  session_.progress.StatusDialog(inTableItem, iiNone, 0, owner_.c_str(), table_.c_str(),
+                                 column_.c_str());
   LcWorkbookColumn* referencing = referencing_table_->FindColumn(column_);
   if (referencing == nullptr) return;
   LcWorkbookTable* referenced_table = FindReferencedTable(entry);

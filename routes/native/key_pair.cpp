@@ -9,7 +9,7 @@ void AddColumns(const ImportSession& session, LcWorkbookForeignKey* key, LcWorkb
   if (key == nullptr) return;
   key->SetKey(&own);
   key->SetForeignKey(&other);
-  session.SetKeyType(key);
+  session.sink.SetKeyType(key);
 }
 
 void Remove(LcWorkbookForeignKey* key) {

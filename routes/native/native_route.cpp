@@ -93,7 +93,7 @@ class NativeRoute {
   bool result = true;
 
  private:
-  bool GoesOn() const { return !session_.WasImportStoppedOrCancelled(); }
+  bool GoesOn() const { return !session_.progress.WasImportStoppedOrCancelled(); }
 
   ImportSession& session_;
   QueryResults table_results_;
@@ -122,88 +122,88 @@ constexpr Phase<NativeRoute> kPhases[] = {
 // No text lists the owners of these servers, and the empty one is deliberately run all the same:
 // the driver's refusal, which the fetch layer shows, tells the user why the list stays empty.
 bool NativeRoute::ReadOwnerNames() {
-  session_.StatusDialog(inPhaseStart, iiOwnerNames);
+  session_.progress.StatusDialog(inPhaseStart, iiOwnerNames);
   std::u16string sql;
-  BuildOwnerNameQuery(session_.choices, sql, session_.server.dbms_type);
-  LcODBCRecordList rows;
-  session_.RunQuery(sql, rows);
+  BuildOwnerNameQuery(session_.choices, sql, session_.server().dbms_type);
+  const QueryResult query = session_.RunQuery(sql);
+  const LcODBCRecordList& rows = query.RowsEvenIfFailed();
   if (!GoesOn()) return false;
   for (int row = 1; row <= rows.GetRowCount(); ++row) {
     std::u16string name = Trimmed(rows, row, kOwner);
-    if (!name.empty() && session_.targets.owner_names != nullptr) {
+    if (!name.empty() && session_.sink.owner_names() != nullptr) {
       auto entry = std::make_unique<LcOwnerInfo>();
       entry->name = std::move(name);
-      session_.targets.owner_names->Append(std::move(entry));
+      session_.sink.owner_names()->Append(std::move(entry));
     }
     if (!GoesOn()) return false;
   }
-  session_.StatusDialog(inPhaseEnd);
+  session_.progress.StatusDialog(inPhaseEnd);
   return true;
 }
 
 bool NativeRoute::ReadDataTypes() {
-  session_.StatusDialog(inPhaseStart, iiDataTypes);
-  if (LcWorkbookDatatypeList* types = session_.targets.data_types; types != nullptr) {
-    LcODBCDatatypeList built_in(session_.server.dbms_type, session_.server.dbms_version);
+  session_.progress.StatusDialog(inPhaseStart, iiDataTypes);
+  if (LcWorkbookDatatypeList* types = session_.sink.data_types(); types != nullptr) {
+    LcODBCDatatypeList built_in(session_.server().dbms_type, session_.server().dbms_version);
     built_in.EmptyList();
     built_in.GetHardcodedDataTypes(types);
     // Servers without named types answer false, which is no failure of the import.
-    static_cast<void>(GetNativeNamedDataTypes(session_, session_.targets.owner_names, *types));
+    static_cast<void>(GetNativeNamedDataTypes(session_, session_.sink.owner_names(), *types));
   }
-  session_.StatusDialog(inPhaseEnd);
+  session_.progress.StatusDialog(inPhaseEnd);
   return GoesOn();
 }
 
 bool NativeRoute::ReadTableAndViewNames() {
-  session_.StatusDialog(inPhaseStart, iiTableNames);
-  const int dbms_type = session_.server.dbms_type;
+  session_.progress.StatusDialog(inPhaseStart, iiTableNames);
+  const int dbms_type = session_.server().dbms_type;
   std::u16string sql;
   BuildTableViewNameQuery(session_.choices, sql, dbms_type);
   if (!GoesOn()) return false;
-  LcODBCRecordList rows;
-  session_.RunQuery(sql, rows);
+  const QueryResult query = session_.RunQuery(sql);
+  const LcODBCRecordList& rows = query.RowsEvenIfFailed();
   if (!GoesOn()) return false;
   for (int row = 1; row <= rows.GetRowCount(); ++row) {
     if (std::unique_ptr<LcTableInfo> entry = MakeNameEntry(rows, row); entry != nullptr) {
       const std::u16string_view type = base::TrimRightBlanks(rows.View(row, kTableType));
       if (!type.empty()) entry->type = GetTableType(type, dbms_type);
-      if (session_.targets.table_names != nullptr) {
-        session_.targets.table_names->Append(std::move(entry));
+      if (session_.sink.table_names() != nullptr) {
+        session_.sink.table_names()->Append(std::move(entry));
       }
     }
     if (!GoesOn()) return false;
   }
-  session_.StatusDialog(inPhaseEnd);
+  session_.progress.StatusDialog(inPhaseEnd);
   return true;
 }
 
 bool NativeRoute::ReadSynonymNames() {
-  const int dbms_type = session_.server.dbms_type;
+  const int dbms_type = session_.server().dbms_type;
   if (dbms_type == dbmsDB2 || dbms_type == dbmsMSSQLServer || dbms_type == dbmsSybase) {
     return true;
   }
-  session_.StatusDialog(inPhaseStart, iiSynonymNames);
+  session_.progress.StatusDialog(inPhaseStart, iiSynonymNames);
   std::u16string sql;
   BuildSynonymNameQuery(session_.choices, sql, dbms_type);
   if (!GoesOn()) return false;
-  LcODBCRecordList rows;
-  session_.RunQuery(sql, rows);
+  const QueryResult query = session_.RunQuery(sql);
+  const LcODBCRecordList& rows = query.RowsEvenIfFailed();
   if (!GoesOn()) return false;
   for (int row = 1; row <= rows.GetRowCount(); ++row) {
     std::unique_ptr<LcTableInfo> entry = MakeSynonymEntry(rows, row, dbms_type);
-    if (entry != nullptr && session_.targets.table_names != nullptr) {
-      session_.targets.table_names->Append(std::move(entry));
+    if (entry != nullptr && session_.sink.table_names() != nullptr) {
+      session_.sink.table_names()->Append(std::move(entry));
     }
     if (!GoesOn()) return false;
   }
-  session_.StatusDialog(inPhaseEnd);
+  session_.progress.StatusDialog(inPhaseEnd);
   return true;
 }
 
 bool NativeRoute::AddOperators() {
-  session_.StatusDialog(inPhaseStart, iiOperators);
+  session_.progress.StatusDialog(inPhaseStart, iiOperators);
   result = GetOperators(session_);
-  session_.StatusDialog(inPhaseEnd);
+  session_.progress.StatusDialog(inPhaseEnd);
   return GoesOn();
 }
 
@@ -222,34 +222,34 @@ bool NativeRoute::ReadAggregates() {
 }
 
 bool NativeRoute::ReadTablesAndViews() {
-  if (session_.targets.tables == nullptr) return true;
-  session_.StatusDialog(inPhaseStart, iiTablesAndViews);
+  if (session_.sink.tables() == nullptr) return true;
+  session_.progress.StatusDialog(inPhaseStart, iiTablesAndViews);
   std::vector<std::u16string> texts;
-  BuildTableColumnQueries(session_.choices, session_.server.dbms_type, session_.IsIUS(), texts);
+  BuildTableColumnQueries(session_.choices, session_.server().dbms_type, session_.IsIUS(), texts);
   if (!GoesOn()) return false;
   table_results_.Run(session_, texts);
   if (!GoesOn()) return false;
-  session_.StatusDialog(inPhaseEnd);
+  session_.progress.StatusDialog(inPhaseEnd);
 
-  session_.StatusDialog(inLoopStart, iiTablesAndViews, table_results_.RowCount());
-  NativeTableReader reader(session_, *session_.targets.tables);
+  session_.progress.StatusDialog(inLoopStart, iiTablesAndViews, table_results_.RowCount());
+  NativeTableReader reader(session_, *session_.sink.tables());
   for (LcODBCRecordListListIter at = table_results_.Iterate(); !at.IsDone(); at.Next()) {
     if (!reader.Read(*at.CurrentItem())) return false;
   }
-  session_.StatusDialog(inLoopEnd);
+  session_.progress.StatusDialog(inLoopEnd);
   return true;
 }
 
 bool NativeRoute::ReadPrimaryKeys() {
-  if (session_.targets.tables == nullptr || !session_.choices.keys) return true;
-  result = GetNativePrimaryKeys(session_, *session_.targets.tables);
+  if (session_.sink.tables() == nullptr || !session_.choices.keys) return true;
+  result = GetNativePrimaryKeys(session_, *session_.sink.tables());
   return result && GoesOn();
 }
 
 bool NativeRoute::ReadForeignKeys() {
-  if (session_.targets.tables == nullptr || !session_.choices.foreign_keys) return true;
-  LcWorkbookTableList& tables = *session_.targets.tables;
-  switch (session_.server.dbms_type) {
+  if (session_.sink.tables() == nullptr || !session_.choices.foreign_keys) return true;
+  LcWorkbookTableList& tables = *session_.sink.tables();
+  switch (session_.server().dbms_type) {
     case dbmsRedBrick:
       result = GetNativeForeignKeysRedBrick(session_, tables);
       break;
@@ -267,58 +267,58 @@ bool NativeRoute::ReadForeignKeys() {
 }
 
 bool NativeRoute::ReadLocalSynonyms() {
-  if (session_.server.dbms_type == dbmsDB2 || session_.targets.tables == nullptr) return true;
+  if (session_.server().dbms_type == dbmsDB2 || session_.sink.tables() == nullptr) return true;
   std::vector<std::u16string> texts;
-  if (!BuildLocalSynonymQueries(session_.choices, session_.server.dbms_type, session_.IsIUS(),
+  if (!BuildLocalSynonymQueries(session_.choices, session_.server().dbms_type, session_.IsIUS(),
                                 texts)) {
     return true;
   }
-  session_.StatusDialog(inPhaseStart, iiLocalSynonyms);
+  session_.progress.StatusDialog(inPhaseStart, iiLocalSynonyms);
   synonym_results_.Run(session_, texts);
-  session_.StatusDialog(inPhaseEnd);
+  session_.progress.StatusDialog(inPhaseEnd);
   if (!GoesOn()) return false;
-  session_.StatusDialog(inLoopStart, iiLocalSynonyms, synonym_results_.RowCount());
-  LocalSynonymReader reader(session_, *session_.targets.tables);
+  session_.progress.StatusDialog(inLoopStart, iiLocalSynonyms, synonym_results_.RowCount());
+  LocalSynonymReader reader(session_, *session_.sink.tables());
   for (LcODBCRecordListListIter at = synonym_results_.Iterate(); !at.IsDone(); at.Next()) {
     if (!reader.Read(*at.CurrentItem())) return false;
   }
-  session_.StatusDialog(inLoopEnd);
+  session_.progress.StatusDialog(inLoopEnd);
   return true;
 }
 
 bool NativeRoute::ReadRemoteSynonyms() {
-  if (session_.server.dbms_type == dbmsDB2 || session_.targets.tables == nullptr) return true;
+  if (session_.server().dbms_type == dbmsDB2 || session_.sink.tables() == nullptr) return true;
   const LcTableInfoList& selected = session_.choices.selected_synonyms;
   unsigned long count = 0;
   for (const LcTableInfo* entry : selected) count += IsRemoteSynonym(entry) ? 1 : 0;
   if (count == 0) return true;
-  session_.StatusDialog(inPhaseStart, iiRemoteSynonyms);
-  session_.StatusDialog(inPhaseEnd);
-  session_.StatusDialog(inLoopStart, iiRemoteSynonyms, count);
+  session_.progress.StatusDialog(inPhaseStart, iiRemoteSynonyms);
+  session_.progress.StatusDialog(inPhaseEnd);
+  session_.progress.StatusDialog(inLoopStart, iiRemoteSynonyms, count);
   for (const LcTableInfo* entry : selected) {
     if (!IsRemoteSynonym(entry)) continue;
     std::u16string sql;
-    if (!BuildRemoteSynonymQuery(sql, session_.server.dbms_type, *entry, false)) continue;
+    if (!BuildRemoteSynonymQuery(sql, session_.server().dbms_type, *entry, false)) continue;
     if (!GoesOn()) return false;
-    LcODBCRecordList rows;
-    session_.RunQuery(sql, rows);
+    const QueryResult query = session_.RunQuery(sql);
+    const LcODBCRecordList& rows = query.RowsEvenIfFailed();
     if (!GoesOn()) return false;
-    if (!ReadRemoteSynonym(session_, *entry, rows, *session_.targets.tables)) return false;
+    if (!ReadRemoteSynonym(session_, *entry, rows, *session_.sink.tables())) return false;
   }
-  session_.StatusDialog(inLoopEnd);
+  session_.progress.StatusDialog(inLoopEnd);
   return true;
 }
 
 bool NativeRoute::ReadProcedures() {
-  if (session_.targets.procedures == nullptr) return true;
-  result = GetProcedures(session_, *session_.targets.procedures);
+  if (session_.sink.procedures() == nullptr) return true;
+  result = GetProcedures(session_, *session_.sink.procedures());
   return GoesOn();
 }
 
 }  // namespace
 
 bool ImportNativeItems(ImportSession& session, unsigned short& status) {
-  if (session.workbook == nullptr) return false;
+  if (session.sink.workbook() == nullptr) return false;
   NativeRoute route(session);
   return RunRoute(session, route, kPhases, status);
 }

@@ -92,21 +92,21 @@ void BuildNativeGetNamedDataTypes(int dbms_type, const LcOwnerInfoList* owners,
 bool GetNativeNamedDataTypes(const ImportSession& session, const LcOwnerInfoList* owners,
                              LcWorkbookDatatypeList& types) {
   std::u16string sql;
-  BuildNativeGetNamedDataTypes(session.server.dbms_type, owners, sql);
+  BuildNativeGetNamedDataTypes(session.server().dbms_type, owners, sql);
   if (sql.empty()) return false;
-  if (session.WasImportStoppedOrCancelled()) return true;
+  if (session.progress.WasImportStoppedOrCancelled()) return true;
   return GetNativeDataTypes(session, sql, types);
 }
 
 bool GetNativeDataTypes(const ImportSession& session, const std::u16string& sql,
                         LcWorkbookDatatypeList& types) {
-  LcODBCRecordList rows;
-  session.RunQuery(sql, rows);
-  const int dbms_type = session.server.dbms_type;
+  const QueryResult query = session.RunQuery(sql);
+  const LcODBCRecordList& rows = query.RowsEvenIfFailed();
+  const int dbms_type = session.server().dbms_type;
   const TypePositions* positions = FindTypePositions(dbms_type);
   if (positions == nullptr) return true;
   for (int row = 1; row <= rows.GetRowCount(); ++row) {
-    if (session.WasImportStoppedOrCancelled()) break;
+    if (session.progress.WasImportStoppedOrCancelled()) break;
     types.Append(MakeType(rows, row, *positions, dbms_type));
   }
   return true;

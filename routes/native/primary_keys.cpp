@@ -56,24 +56,24 @@ class CurrentTable {
 
 bool GetNativePrimaryKeys(const ImportSession& session, LcWorkbookTableList& tables) {
   std::u16string sql;
-  BuildPrimaryKeyQuery(session.choices, sql, session.server.dbms_type);
-  if (session.WasImportStoppedOrCancelled()) return true;
-  LcODBCRecordList rows;
-  session.RunQuery(sql, rows);
-  session.StatusDialog(inPhaseEnd, iiPrimaryKeys);
-  if (session.WasImportStoppedOrCancelled()) return true;
+  BuildPrimaryKeyQuery(session.choices, sql, session.server().dbms_type);
+  if (session.progress.WasImportStoppedOrCancelled()) return true;
+  const QueryResult query = session.RunQuery(sql);
+  const LcODBCRecordList& rows = query.RowsEvenIfFailed();
+  session.progress.StatusDialog(inPhaseEnd, iiPrimaryKeys);
+  if (session.progress.WasImportStoppedOrCancelled()) return true;
 
   const int count = rows.GetRowCount();
-  session.StatusDialog(inLoopStart, iiPrimaryKeys, static_cast<unsigned long>(count));
+  session.progress.StatusDialog(inLoopStart, iiPrimaryKeys, static_cast<unsigned long>(count));
   CurrentTable current(tables);
   std::u16string owner, table_name, column_name;
-  for (int row = 1; row <= count && !session.WasImportStoppedOrCancelled(); ++row) {
-    if (!IsReadHere(session.server.dbms_type)) return false;
+  for (int row = 1; row <= count && !session.progress.WasImportStoppedOrCancelled(); ++row) {
+    if (!IsReadHere(session.server().dbms_type)) return false;
     owner = base::TrimRightBlanks(rows.View(row, kOwner));
     table_name = base::TrimRightBlanks(rows.View(row, kTable));
     LcWorkbookTable* table = current.Find(owner, table_name);
     if (table == nullptr) continue;
-    session.StatusDialog(inTableItem, iiNone, 0, owner.c_str(), table_name.c_str());
+    session.progress.StatusDialog(inTableItem, iiNone, 0, owner.c_str(), table_name.c_str());
     column_name = base::TrimRightBlanks(rows.View(row, kColumn));
     if (LcWorkbookColumn* column = table->FindColumn(column_name)) {
       column->SetPrimaryKey(true);
@@ -81,7 +81,7 @@ bool GetNativePrimaryKeys(const ImportSession& session, LcWorkbookTableList& tab
     }
     // Polled again at the head of the loop.
   }
-  session.StatusDialog(inLoopEnd);
+  session.progress.StatusDialog(inLoopEnd);
   return true;
 }
 

@@ -16,8 +16,9 @@ void QueryResults::Clear() {
 void QueryResults::Run(const ImportSession& session, const std::vector<std::u16string>& texts) {
   for (const std::u16string& text : texts) {
     auto rows = std::make_unique<LcODBCRecordList>();
-    auto fetch = std::make_unique<LcODBCFetch>(text.c_str(), *rows, session.henv(), session.hdbc(),
-                                               session.server.dbms_type);
+    auto fetch =
+        std::make_unique<LcODBCFetch>(text.c_str(), *rows, session.connection.henv(),
+                                      session.connection.hdbc(), session.server().dbms_type);
     rows_.AddTail(rows.get());
     static_cast<void>(rows.release());
     fetches_.AddTail(fetch.get());

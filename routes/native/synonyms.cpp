@@ -16,9 +16,9 @@ constexpr int kName = 2;
 
 }  // namespace
 
-LocalSynonymReader::LocalSynonymReader(const ImportSession& session, LcWorkbookTableList& tables)
+LocalSynonymReader::LocalSynonymReader(ImportSession& session, LcWorkbookTableList& tables)
     : session_(session), tables_(tables) {
-  if (session.server.dbms_type != dbmsOracle) return;
+  if (session.server().dbms_type != dbmsOracle) return;
   for (const LcTableInfo* entry : session.choices.selected_synonyms.Present()) {
     if (entry->type != ttSynonym || entry->synonym.database_name.empty()) {
       continue;
@@ -33,7 +33,7 @@ void LocalSynonymReader::StartSynonym() {
   auto table = std::make_unique<LcWorkbookTable>();
   // PUBLIC is no user of Oracle: what belongs to it is kept with the system's own objects.
   const bool is_public =
-      session_.server.dbms_type == dbmsOracle && base::EqualIgnoringCase(owner, u"PUBLIC");
+      session_.server().dbms_type == dbmsOracle && base::EqualIgnoringCase(owner, u"PUBLIC");
   table->SetOwner(is_public ? u"SYS" : owner);
   table->SetName(name);
   table->SetType(ttSynonym);
@@ -46,20 +46,19 @@ void LocalSynonymReader::StartSynonym() {
     table->SetSynonymDetails(details);
   }
   synonym_ = tables_.Append(std::move(table));
-  session_.current_item.text1 = owner;
-  session_.current_item.text2 = name;
+  session_.progress.SetTableInHand(owner, name);
 }
 
 bool LocalSynonymReader::Read(const LcODBCRecordList& rows) {
-  const ColumnPositions& positions = SynonymColumnPositions(session_.server.dbms_type);
+  const ColumnPositions& positions = SynonymColumnPositions(session_.server().dbms_type);
   const int count = rows.GetRowCount();
   for (int row = 1; row <= count; ++row) {
     const std::u16string_view owner = base::TrimRightBlanks(rows.View(row, kOwner));
     const std::u16string_view name = base::TrimRightBlanks(rows.View(row, kName));
     if (boundary_.Next(owner, name)) StartSynonym();
-    if (session_.WasImportStoppedOrCancelled()) return false;
+    if (session_.progress.WasImportStoppedOrCancelled()) return false;
     AddNativeColumn(session_, rows, row, positions, boundary_.owner(), boundary_.name(), *synonym_);
-    if (session_.WasImportStoppedOrCancelled()) return false;
+    if (session_.progress.WasImportStoppedOrCancelled()) return false;
   }
   return true;
 }
@@ -68,7 +67,7 @@ bool IsRemoteSynonym(const LcTableInfo* entry) {
   return entry != nullptr && entry->type == ttSynonym && entry->synonym.base_table_id == 0;
 }
 
-bool ReadRemoteSynonym(const ImportSession& session, const LcTableInfo& entry,
+bool ReadRemoteSynonym(ImportSession& session, const LcTableInfo& entry,
                        const LcODBCRecordList& rows, LcWorkbookTableList& tables) {
   const int count = rows.GetRowCount();
   if (count == 0) return true;
@@ -78,10 +77,10 @@ bool ReadRemoteSynonym(const ImportSession& session, const LcTableInfo& entry,
   made->SetType(ttSynonym);
   made->SetSynonymDetails(entry.synonym);
   LcWorkbookTable* table = tables.Append(std::move(made));
-  const ColumnPositions& positions = SynonymColumnPositions(session.server.dbms_type);
+  const ColumnPositions& positions = SynonymColumnPositions(session.server().dbms_type);
   for (int row = 1; row <= count; ++row) {
     AddNativeColumn(session, rows, row, positions, entry.owner, entry.name, *table);
-    if (session.WasImportStoppedOrCancelled()) return false;
+    if (session.progress.WasImportStoppedOrCancelled()) return false;
   }
   return true;
 }

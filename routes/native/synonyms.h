@@ -15,7 +15,7 @@ namespace odbcimport::native {
 class LocalSynonymReader {
  public:
   // Reads the selected synonyms once. `tables` stays the caller's.
-  LocalSynonymReader(const ImportSession& session, LcWorkbookTableList& tables);
+  LocalSynonymReader(ImportSession& session, LcWorkbookTableList& tables);
 
   // False when the import was stopped or cancelled: it has to end then.
   bool Read(const LcODBCRecordList& rows);
@@ -23,7 +23,7 @@ class LocalSynonymReader {
  private:
   void StartSynonym();
 
-  const ImportSession& session_;
+  ImportSession& session_;
   LcWorkbookTableList& tables_;
   // The last selected synonym of each owner and name that lies behind an Oracle database link.
   std::map<std::pair<std::u16string_view, std::u16string_view>, const LcTableInfo*> linked_;
@@ -37,7 +37,7 @@ bool IsRemoteSynonym(const LcTableInfo* entry);
 
 // Makes a table of the selected synonym and gives it a column for each row. False when the import
 // was stopped or cancelled. Without rows nothing is made.
-bool ReadRemoteSynonym(const ImportSession& session, const LcTableInfo& entry,
+bool ReadRemoteSynonym(ImportSession& session, const LcTableInfo& entry,
                        const LcODBCRecordList& rows, LcWorkbookTableList& tables);
 
 }  // namespace odbcimport::native

@@ -18,7 +18,7 @@ constexpr int kTableType = 3;
 }  // namespace
 
 void NativeTableReader::StartTable(const LcODBCRecordList& rows, int row) {
-  const int dbms_type = session_.server.dbms_type;
+  const int dbms_type = session_.server().dbms_type;
   auto table = std::make_unique<LcWorkbookTable>();
   table->SetOwner(boundary_.owner());
   table->SetName(boundary_.name());
@@ -28,12 +28,11 @@ void NativeTableReader::StartTable(const LcODBCRecordList& rows, int row) {
     table->SetSynonymId(static_cast<std::int32_t>(base::ParseInteger(rows.View(row, position))));
   }
   table_ = tables_.Append(std::move(table));
-  session_.current_item.text1 = boundary_.owner();
-  session_.current_item.text2 = boundary_.name();
+  session_.progress.SetTableInHand(boundary_.owner(), boundary_.name());
 }
 
 bool NativeTableReader::Read(const LcODBCRecordList& rows) {
-  const ColumnPositions& positions = TableColumnPositions(session_.server.dbms_type);
+  const ColumnPositions& positions = TableColumnPositions(session_.server().dbms_type);
   const int count = rows.GetRowCount();
   for (int row = 1; row <= count; ++row) {
     const std::u16string_view owner = base::TrimRightBlanks(rows.View(row, kOwner));
@@ -42,9 +41,9 @@ bool NativeTableReader::Read(const LcODBCRecordList& rows) {
     if (boundary_.Next(owner, name)) StartTable(rows, row);
     // Deliberately after the new table and for this list alone: the lists that follow still show
     // their first table, so that a host sees in its workbook how far the catalog goes.
-    if (session_.WasImportStoppedOrCancelled()) return true;
+    if (session_.progress.WasImportStoppedOrCancelled()) return true;
     AddNativeColumn(session_, rows, row, positions, boundary_.owner(), boundary_.name(), *table_);
-    if (session_.WasImportStoppedOrCancelled()) return false;
+    if (session_.progress.WasImportStoppedOrCancelled()) return false;
   }
   return true;
 }

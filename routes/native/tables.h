@@ -13,7 +13,7 @@ namespace odbcimport::native {
 class NativeTableReader {
  public:
   // `tables` stays the caller's.
-  NativeTableReader(const ImportSession& session, LcWorkbookTableList& tables)
+  NativeTableReader(ImportSession& session, LcWorkbookTableList& tables)
       : session_(session), tables_(tables) {}
 
   // False when the import was stopped or cancelled after a column: it has to end then. A stop that
@@ -23,7 +23,7 @@ class NativeTableReader {
  private:
   void StartTable(const LcODBCRecordList& rows, int row);
 
-  const ImportSession& session_;
+  ImportSession& session_;
   LcWorkbookTableList& tables_;
   LcWorkbookTable* table_ = nullptr;
   NameBoundary boundary_{NameBoundary::Nameless::kBelongsToNothing};

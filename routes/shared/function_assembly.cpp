@@ -68,8 +68,8 @@ void AssembleFunctionsInformix(const ImportSession& session, const LcODBCRecordL
     if (how.with_overloads && !info->parameters.empty()) {
       AddOverload(*function, info->name, info->parameters);
     }
-    session.StatusDialog(how.item, iiNone, 0, info->owner.c_str(), info->name.c_str(),
-                         info->parameters.c_str());
+    session.progress.StatusDialog(how.item, iiNone, 0, info->owner.c_str(), info->name.c_str(),
+                                  info->parameters.c_str());
   }
 }
 
@@ -96,8 +96,8 @@ bool AssembleFunctionsDB2(const ImportSession& session, const LcODBCRecordList& 
         collected = 0;
       }
     }
-    session.StatusDialog(inFunctionItem, iiNone, 0, boundary.owner().c_str(),
-                         boundary.name().c_str(), parameters.c_str());
+    session.progress.StatusDialog(inFunctionItem, iiNone, 0, boundary.owner().c_str(),
+                                  boundary.name().c_str(), parameters.c_str());
   }
   return rows.GetRowCount() > 0;
 }

@@ -8,29 +8,36 @@
 namespace odbcimport {
 namespace {
 
-// Runs the query as a phase, and reports the number of rows when there are any.
-void FetchFunctions(const ImportSession& session, const std::u16string& query,
-                    enumImpItemType item_type, LcODBCRecordList& rows) {
-  session.StatusDialog(inPhaseStart, item_type);
-  session.RunQuery(query, rows);
-  session.StatusDialog(inPhaseEnd);
+// Runs the query as the phase that ReportFunctions ends.
+QueryResult FetchFunctions(const ImportSession& session, const std::u16string& query,
+                           enumImpItemType item_type) {
+  session.progress.StatusDialog(inPhaseStart, item_type);
+  return session.RunQuery(query);
+}
+
+// Ends the phase, and reports the number of rows when there are any.
+void ReportFunctions(const ImportSession& session, const LcODBCRecordList& rows,
+                     enumImpItemType item_type) {
+  session.progress.StatusDialog(inPhaseEnd);
   if (rows.GetRowCount() > 0) {
-    session.StatusDialog(inLoopStart, item_type, static_cast<unsigned long>(rows.GetRowCount()));
+    session.progress.StatusDialog(inLoopStart, item_type,
+                                  static_cast<unsigned long>(rows.GetRowCount()));
   }
 }
 
 }  // namespace
 
 bool GetBooleanFunctions(ImportSession& session) {
-  LcWorkbookFunctionList* functions = session.targets.boolean_functions;
-  const LeDBMSType dbms_type = session.server.dbms_type;
+  LcWorkbookFunctionList* functions = session.sink.boolean_functions();
+  const LeDBMSType dbms_type = session.server().dbms_type;
   std::u16string query;
   if (functions == nullptr ||
       !BuildBooleanFunctionsQuery(session.choices, query, dbms_type, session.IsIUS())) {
     return false;
   }
-  LcODBCRecordList rows;
-  FetchFunctions(session, query, iiBooleanFunctions, rows);
+  const QueryResult result_set = FetchFunctions(session, query, iiBooleanFunctions);
+  const LcODBCRecordList& rows = result_set.RowsEvenIfFailed();
+  ReportFunctions(session, rows, iiBooleanFunctions);
   if (rows.GetRowCount() == 0) return true;
   bool result = true;
   if (dbms_type == dbmsInformix) {
@@ -38,12 +45,12 @@ bool GetBooleanFunctions(ImportSession& session) {
   } else {
     result = AssembleFunctionsDB2(session, rows, *functions);
   }
-  session.StatusDialog(inLoopEnd);
+  session.progress.StatusDialog(inLoopEnd);
   return result;
 }
 
 bool GetGeneralFunctions(ImportSession& session) {
-  const LeDBMSType dbms_type = session.server.dbms_type;
+  const LeDBMSType dbms_type = session.server().dbms_type;
   switch (dbms_type) {
     case dbmsRedBrick:
       return GetGeneralFunctionsRedBrick(session);
@@ -63,7 +70,7 @@ bool GetGeneralFunctions(ImportSession& session) {
     default:
       break;
   }
-  LcWorkbookFunctionList* functions = session.targets.functions;
+  LcWorkbookFunctionList* functions = session.sink.functions();
   std::u16string query;
   // False for SQL Server too, although its catalogue was added: it lists no users' functions.
   if (functions == nullptr ||
@@ -71,8 +78,9 @@ bool GetGeneralFunctions(ImportSession& session) {
     return false;
   }
   const bool merge = !functions->IsEmpty();
-  LcODBCRecordList rows;
-  FetchFunctions(session, query, iiGeneralFunctions, rows);
+  const QueryResult result_set = FetchFunctions(session, query, iiGeneralFunctions);
+  const LcODBCRecordList& rows = result_set.RowsEvenIfFailed();
+  ReportFunctions(session, rows, iiGeneralFunctions);
   if (rows.GetRowCount() == 0) return true;
   bool result = true;
   if (dbms_type == dbmsInformix) {
@@ -81,7 +89,7 @@ bool GetGeneralFunctions(ImportSession& session) {
   } else {
     result = AssembleFunctionsDB2(session, rows, *functions);
   }
-  session.StatusDialog(inLoopEnd);
+  session.progress.StatusDialog(inLoopEnd);
   return result;
 }
 

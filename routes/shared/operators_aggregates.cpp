@@ -47,21 +47,21 @@ std::span<const Name> BuiltInAggregates(LeDBMSType dbms_type) {
 }  // namespace
 
 bool GetOperators(ImportSession& session) {
-  LcWorkbookOperatorList* operators = session.targets.operators;
+  LcWorkbookOperatorList* operators = session.sink.operators();
   if (operators == nullptr) return true;
   for (Name name : kOperators) operators->Append(std::make_unique<LcWorkbookOperator>(name, name));
   return true;
 }
 
 bool GetAggregates(ImportSession& session) {
-  LcWorkbookAggregateList* aggregates = session.targets.aggregates;
+  LcWorkbookAggregateList* aggregates = session.sink.aggregates();
   if (aggregates == nullptr) return true;
-  const LeDBMSType dbms_type = session.server.dbms_type;
-  session.StatusDialog(inPhaseStart, iiAggregates);
-  std::u16string query;
-  if (BuildAggregateQuery(session.choices, query, dbms_type, session.IsIUS())) {
-    LcODBCRecordList rows;
-    session.RunQuery(query, rows);
+  const LeDBMSType dbms_type = session.server().dbms_type;
+  session.progress.StatusDialog(inPhaseStart, iiAggregates);
+  std::u16string sql;
+  if (BuildAggregateQuery(session.choices, sql, dbms_type, session.IsIUS())) {
+    const QueryResult query = session.RunQuery(sql);
+    const LcODBCRecordList& rows = query.RowsEvenIfFailed();
     for (int row = 1; row <= rows.GetRowCount(); ++row) {
       const std::u16string name(base::TrimRightBlanks(rows.View(row, 1)));
       aggregates->Append(std::make_unique<LcWorkbookAggregate>(name, name));
@@ -70,17 +70,15 @@ bool GetAggregates(ImportSession& session) {
   for (Name name : BuiltInAggregates(dbms_type)) {
     aggregates->Append(std::make_unique<LcWorkbookAggregate>(name, name));
   }
-  session.StatusDialog(inPhaseEnd);
+  session.progress.StatusDialog(inPhaseEnd);
   return true;
 }
 
 bool DoesTableExist(ImportSession& session, const std::u16string& owner,
                     const std::u16string& table) {
-  std::u16string query;
-  BuildTableExistsQuery(owner, table, query, session.server.dbms_type);
-  LcODBCRecordList rows;
-  session.RunQuery(query, rows);
-  return rows.GetRowCount() > 0;
+  std::u16string sql;
+  BuildTableExistsQuery(owner, table, sql, session.server().dbms_type);
+  return session.RunQuery(sql).RowsEvenIfFailed().GetRowCount() > 0;
 }
 
 bool DoesExtendedTypeHaveSize(const LcWorkbookDatatype* type) { return type->GetExtendedId() == 0; }

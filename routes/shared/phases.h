@@ -30,21 +30,21 @@ struct Phase {
 template <class Route, std::size_t kCount>
 bool RunRoute(ImportSession& session, Route& route, const Phase<Route> (&phases)[kCount],
               unsigned short& status) {
-  session.BeginRoute();
+  session.progress.BeginRoute();
   try {
-    session.StatusDialog(inImportStart);
+    session.progress.StatusDialog(inImportStart);
     bool goes_on = true;
     for (const Phase<Route>& phase : phases) {
       if (phase.items != kWhateverIsWanted && !session.HasItem(phase.items)) continue;
       goes_on = (route.*phase.run)();
       if (!goes_on) break;
     }
-    if (goes_on && Route::kReportsEnd) session.StatusDialog(inImportEnd);
+    if (goes_on && Route::kReportsEnd) session.progress.StatusDialog(inImportEnd);
   } catch (...) {
     route.result = false;
   }
   route.Release();
-  session.EndRoute(status);
+  session.progress.EndRoute(status);
   return route.result;
 }
 

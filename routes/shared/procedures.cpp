@@ -10,25 +10,25 @@
 namespace odbcimport {
 
 bool GetProcedures(ImportSession& session, LcWorkbookProcedureList& procedures) {
-  std::u16string query;
-  if (!BuildProcedureQuery(session.choices, query, session.server.dbms_type)) return false;
-  session.StatusDialog(inPhaseStart, iiProcedures);
-  LcODBCRecordList rows;
-  session.RunQuery(query, rows);
-  session.StatusDialog(inPhaseEnd);
+  std::u16string sql;
+  if (!BuildProcedureQuery(session.choices, sql, session.server().dbms_type)) return false;
+  session.progress.StatusDialog(inPhaseStart, iiProcedures);
+  const QueryResult query = session.RunQuery(sql);
+  const LcODBCRecordList& rows = query.RowsEvenIfFailed();
+  session.progress.StatusDialog(inPhaseEnd);
   const int count = rows.GetRowCount();
   if (count > 0) {
-    session.StatusDialog(inLoopStart, iiProcedures, static_cast<unsigned long>(count));
+    session.progress.StatusDialog(inLoopStart, iiProcedures, static_cast<unsigned long>(count));
     for (int row = 1; row <= count; ++row) {
       const std::u16string owner(base::TrimRightBlanks(rows.View(row, 1)));
       const std::u16string name(base::TrimRightBlanks(rows.View(row, 2)));
-      session.StatusDialog(inProcedureItem, iiNone, 0, owner.c_str(), name.c_str());
+      session.progress.StatusDialog(inProcedureItem, iiNone, 0, owner.c_str(), name.c_str());
       procedures.Append(std::make_unique<LcWorkbookProcedure>(owner, name));
     }
   }
   // Sent without a loop start when there is no procedure, deliberately: hosts end their progress
   // display of the procedures with it.
-  session.StatusDialog(inLoopEnd);
+  session.progress.StatusDialog(inLoopEnd);
   return true;
 }
 

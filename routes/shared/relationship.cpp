@@ -29,8 +29,8 @@ Relationship Add(const ImportSession& session, LcWorkbookTable& referenced_table
   LcWorkbookForeignKey::Pair(made.forward, made.mirror);
   referenced_table.AddForeignKey(forward.release());
   referencing_table.AddForeignKey(mirror.release());
-  session.SetKeyType(made.forward);
-  session.SetKeyType(made.mirror);
+  session.sink.SetKeyType(made.forward);
+  session.sink.SetKeyType(made.mirror);
   return made;
 }
 

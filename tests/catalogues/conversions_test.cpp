@@ -143,7 +143,7 @@ struct CreateDataTypeTest : testing::Test, test::RecordedSession {
   CreateDataTypeTest() : RecordedSession(dbmsUnknown) {
     LcODBCDatatypeList(dbmsUnknown, 0).GetHardcodedDataTypes(&types);
   }
-  std::unique_ptr<LcWorkbookDatatype> Create(long code, bool map, long extended_id = 0) const {
+  std::unique_ptr<LcWorkbookDatatype> Create(long code, bool map, long extended_id = 0) {
     return CreateDataType(session, code, map, extended_id);
   }
   LcWorkbookDatatypeList& types = workbook.data_types;

@@ -14,8 +14,8 @@ struct Session : testing::Test, RecordedSession {
 
 TEST_F(Session, SendsTheRecordThatBelongsToTheNotification) {
   for (int notify = 0; notify <= 12; ++notify) {
-    session.StatusDialog(static_cast<enumImpNotify>(notify), iiForeignKeys, 7, u"owner", nullptr,
-                         u"detail", false);
+    session.progress.StatusDialog(static_cast<enumImpNotify>(notify), iiForeignKeys, 7, u"owner",
+                                  nullptr, u"detail", false);
     const Notification& received = Notifications().back();
     EXPECT_EQ(received.notify, notify);
     const bool starts = notify == 2 || notify == 4;
@@ -37,11 +37,11 @@ TEST_F(Session, EndsWithTheHostsReason) {
   } cases[] = {{true, false, 77}, {false, false, 9}, {true, true, 4}, {false, true, 4}};
   for (const auto& test : cases) {
     unsigned short status = 77;
-    session.BeginRoute();
+    session.progress.BeginRoute();
     EXPECT_TRUE(import.running);
     import.running = test.running;
     import.cancelled = test.cancelled;
-    session.EndRoute(status);
+    session.progress.EndRoute(status);
     EXPECT_EQ(status, test.status);
   }
 }
