@@ -21,6 +21,7 @@ install(FILES ${WB_DOCUMENTS}/wbimport.zsh
 install(FILES ${WB_DOCUMENTS}/wbimport.fish
   DESTINATION ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d COMPONENT program)
 install(FILES docs/schemas/request.schema.json docs/schemas/workbook.schema.json docs/schemas/diff.schema.json
+              docs/schemas/lint.schema.json
   DESTINATION ${CMAKE_INSTALL_DATADIR}/odbcimport/schemas COMPONENT program)
 foreach(component library dev program)
   if(component STREQUAL "library")

@@ -46,27 +46,31 @@ std::optional<fs::path> FindDefaultFile() {
   return std::nullopt;
 }
 
-// One key of the file and the option that it stands for.
+// One key of the file and the option that it stands for: a text, or a list of words.
 struct Key {
   const char* name;
-  std::optional<std::string>& target;
-  bool is_connection;
+  std::optional<std::string>* target;
+  bool is_connection = false;
+  std::vector<std::string>* list = nullptr;
 };
 
 std::vector<Key> Keys(Options& options) {
   ConnectionOptions& connection = options.connection;
   return {
-      {"connect", connection.connect, true},
-      {"connect-env", connection.connect_env, true},
-      {"dsn", connection.dsn, true},
-      {"user", connection.user, true},
-      {"password-env", connection.password_env, true},
-      {"sqlite", connection.sqlite, true},
-      {"sample", connection.sample, true},
-      {"format", options.output.format, false},
-      {"progress", options.report.progress, false},
-      {"log", options.report.log, false},
-      {"messages", options.report.messages, false},
+      {"connect", &connection.connect, true},
+      {"connect-env", &connection.connect_env, true},
+      {"dsn", &connection.dsn, true},
+      {"user", &connection.user, true},
+      {"password-env", &connection.password_env, true},
+      {"sqlite", &connection.sqlite, true},
+      {"sample", &connection.sample, true},
+      {"format", &options.output.format},
+      {"progress", &options.report.progress},
+      {"log", &options.report.log},
+      {"messages", &options.report.messages},
+      {"rules", nullptr, false, &options.lint.only},
+      {"rule", nullptr, false, &options.lint.more},
+      {"no-rule", nullptr, false, &options.lint.without},
   };
 }
 
@@ -94,12 +98,26 @@ toml::table ParseFile(const fs::path& file) {
   }
 }
 
+// `["a", "b"]`, or "a" alone.
+std::vector<std::string> WordsOf(const toml::node& node, const std::string& field,
+                                 const fs::path& file) {
+  std::vector<std::string> words;
+  if (const std::optional<std::string> word = node.value_exact<std::string>()) return {*word};
+  if (!node.is_array()) Refuse(file, field, "must be a list of strings");
+  for (const toml::node& element : *node.as_array()) {
+    const std::optional<std::string> word = element.value_exact<std::string>();
+    if (!word) Refuse(file, field, "must be a list of strings");
+    words.push_back(*word);
+  }
+  return words;
+}
+
 // Fills what is still open from the keys of one table, whose place in the file is `path`.
 void ApplyTable(const toml::table& table, const std::string& path, const fs::path& file,
                 Options& options) {
   const ConnectionOptions& connection = options.connection;
-  // Two files to compare need none.
-  const bool connection_given = options.diff.new_file || connection.connect ||
+  // Files to compare or to look at need none.
+  const bool connection_given = options.diff.new_file || options.lint.file || connection.connect ||
                                 connection.connect_env || connection.connect_stdin ||
                                 connection.dsn || connection.sqlite || connection.sample ||
                                 connection.replay;
@@ -112,10 +130,15 @@ void ApplyTable(const toml::table& table, const std::string& path, const fs::pat
     if (key == keys.end()) {
       Refuse(file, field, fmt::format("is not known; there are {}", fmt::join(ConfigKeys(), " ")));
     }
+    if (key->list != nullptr) {
+      std::vector<std::string> words = WordsOf(node, field, file);
+      if (key->list->empty()) *key->list = std::move(words);
+      continue;
+    }
     const std::optional<std::string> value = node.value_exact<std::string>();
     if (!value) Refuse(file, field, "must be a string");
-    if (key->target || (key->is_connection && connection_given)) continue;
-    key->target = *value;
+    if (*key->target || (key->is_connection && connection_given)) continue;
+    *key->target = *value;
   }
 }
 

@@ -4,40 +4,14 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <fstream>
 
 #include "compare/writer.h"
 #include "host/commands.h"
-#include "host/dialect_file.h"
-#include "host/host_session.h"
-#include "host/resolve_names.h"
+#include "host/schema_source.h"
 #include "host/text.h"
 
 namespace wbhost {
 namespace {
-
-// One side: what is compared, and what people call it.
-struct Schema {
-  std::unique_ptr<LcWorkbook> workbook = std::make_unique<LcWorkbook>();
-  LcWorkbookFileInfo info;
-  std::string label;
-};
-
-Schema ReadSchema(const std::string& file) {
-  Schema schema;
-  schema.label = file;
-  // A folder opens like a file and throws when it is read.
-  std::ifstream in;
-  if (access(file.c_str(), R_OK) == 0) in.open(file, std::ios::binary);
-  if (!in.is_open()) {
-    throw Failure(ExitCode::kUsage, fmt::format("cannot read the workbook file {}", file));
-  }
-  std::string why;
-  if (!ReadWorkbookFile(in, *schema.workbook, schema.info, why)) {
-    throw Failure(ExitCode::kUsage, fmt::format("{} is no workbook file: {}", file, why));
-  }
-  return schema;
-}
 
 // The choices that made a file; those of one that does not tell are the usual ones, read the way
 // that the file was.
@@ -50,39 +24,6 @@ Choices ChoicesOf(const Schema& old_side) {
   choices.reading =
       old_side.info.route == u"exact" ? Choices::Reading::kExact : Choices::Reading::kCompatible;
   return choices;
-}
-
-std::string LabelOf(const ConnectionOptions& options, const Connection& connection) {
-  if (options.sqlite) return *options.sqlite;
-  if (options.dsn) return "data source " + *options.dsn;
-  if (options.sample) return "sample " + *options.sample;
-  if (options.replay) return *options.replay;
-  return connection.connect_text();
-}
-
-Schema ImportSchema(Run& run, const Schema& old_side, const OutputFile& output, Outcome& outcome) {
-  // What is left out is left out of the comparison: the other side has it too.
-  ChoiceOptions options = run.options.choices;
-  options.exclude.clear();
-  Choices choices = ReadChoices(options, ChoicesOf(old_side));
-  TakeDialectFile(choices);
-  HostSession session(run, choices, output);
-  const std::uint32_t items = choices.ItemMask();
-  ResolveNames(choices, items, std::nullopt, session.runner(), run.screen);
-  choices.items = items;
-  session.NoteChoices(choices);
-  ImportResult result = session.runner().Run(choices.importer, items);
-  result.info.choices = WriteRequest(choices);
-  if (choices.reading == Choices::Reading::kExact && !result.why_not_exact.empty()) {
-    run.screen.Say("the exact reading is not possible: " + result.why_not_exact);
-  }
-  session.runner().Judge(result, outcome);
-  session.Finish(outcome);
-  Schema schema;
-  schema.workbook = std::move(result.workbook);
-  schema.info = std::move(result.info);
-  schema.label = LabelOf(run.options.connection, session.connection());
-  return schema;
 }
 
 // `OLD=NEW`, parted at the first sign outside of double quotes.
@@ -148,8 +89,9 @@ void RunDiff(Run& run, Outcome& outcome) {
   const wbcompare::Format* format =
       wbcompare::FindFormat(wanted.format.value_or(on_terminal ? "text" : "json"));
   const Schema before = ReadSchema(run.options.diff.old_file);
-  const Schema after = run.options.diff.new_file ? ReadSchema(*run.options.diff.new_file)
-                                                 : ImportSchema(run, before, output, outcome);
+  const Schema after = run.options.diff.new_file
+                           ? ReadSchema(*run.options.diff.new_file)
+                           : ImportSchema(run, ChoicesOf(before), output, outcome);
   const wbcompare::Side old_side{*before.workbook, before.info};
   const wbcompare::Side new_side{*after.workbook, after.info};
   wbcompare::Comparison comparison;

@@ -53,6 +53,7 @@ FileRoles::FileRoles(const Options& options) {
   Reads(options.render_file, "the workbook file to render");
   Reads(options.diff.old_file, "OLD");
   Reads(options.diff.new_file.value_or(""), "NEW");
+  Reads(options.lint.file.value_or(""), "the workbook file to look at");
   if (options.dialect_action == "check") Reads(options.dialect_operand, "the dialect to check");
   AddStandardFiles(options);
   if (options.connection.connect) AddConnection(*options.connection.connect);

@@ -17,6 +17,7 @@
 #include "host/samples.h"
 #include "host/text.h"
 #include "importer/workbook/enums.h"
+#include "lint/writer.h"
 
 namespace wbhost {
 namespace {
@@ -74,6 +75,12 @@ constexpr const char* kDiffExamples =
     "  wbimport diff shop.json --dsn shop --rename client=customer --format markdown -o drift.md\n"
     "The choices and the reading of OLD, which its file keeps, hold for the import unless others "
     "are given.";
+
+constexpr const char* kLintExamples =
+    "Examples:\n"
+    "  wbimport lint shop.json\n"
+    "  wbimport lint --sqlite shop.db --no-rule quoted-name,L013 --exclude 'tmp_*'\n"
+    "  wbimport lint --dsn shop --rules all --fail-on warning --format markdown -o lint.md";
 
 // A text option that may be left out; the last one given counts. It takes any text as it stands,
 // the empty one and `[a,b]` too, since names in a database look like anything.
@@ -354,6 +361,45 @@ void AddDiff(CLI::App& app, Options& options) {
   AddFile(app, options.output);
 }
 
+void AddLint(CLI::App& app, Options& options) {
+  LintOptions& lint = options.lint;
+  AddText(app, "FILE", lint.file,
+          "A workbook file, as --format json writes it; without it the schema of the connection",
+          "FILE");
+  const char* group = "Rules";
+  AddTexts(app, "--rules", lint.only,
+           "Only these rules, by id or name, parted by commas; all stands for every rule", "RULE")
+      ->delimiter(',')
+      ->group(group);
+  AddTexts(app, "--rule", lint.more, "These rules too, which are off otherwise", "RULE")
+      ->delimiter(',')
+      ->group(group);
+  AddTexts(app, "--no-rule", lint.without, "Not these rules", "RULE")->delimiter(',')->group(group);
+  AddTexts(app, "--exclude", options.choices.exclude,
+           "Pass over tables of this name, * and ? standing for anything; may be repeated",
+           "[OWNER.]NAME")
+      ->group(group);
+  AddText(app, "--fail-on", lint.fail_on,
+          "error, warning or any (the default): from which findings on the exit code is 10",
+          "SEVERITY")
+      ->check(OneOf({"error", "warning", "any"}))
+      ->group(group);
+  AddText(app, "-f,--format", options.output.format,
+          Names(wblint::AllFormats()) +
+              "; the default goes by the output file, else text on a terminal and json elsewhere",
+          "NAME")
+      ->check(OneOf(NamesOf(wblint::AllFormats())))
+      ->group("Output");
+  AddFile(app, options.output);
+}
+
+// Whether a command that has formats of its own has this one; nothing for the other commands.
+std::optional<bool> HasFormat(Command command, const std::string& name) {
+  if (command == Command::kDiff) return wbcompare::FindFormat(name) != nullptr;
+  if (command == Command::kLint) return wblint::FindFormat(name) != nullptr;
+  return std::nullopt;
+}
+
 // The format that the output file's extension says, where the command has it.
 std::optional<std::string> FormatOfFile(const Options& options) {
   const wbexport::Format* format = wbexport::FindFormatOfFile(options.output.file);
@@ -361,8 +407,8 @@ std::optional<std::string> FormatOfFile(const Options& options) {
   const bool of_workbooks =
       options.command == Command::kImport || options.command == Command::kRender;
   const std::string name = format->name;
-  if (options.command == Command::kDiff) {
-    return wbcompare::FindFormat(name) != nullptr ? std::optional(name) : std::nullopt;
+  if (const std::optional<bool> has = HasFormat(options.command, name)) {
+    return *has ? std::optional(name) : std::nullopt;
   }
   const auto& answers = AnswerFormats();
   if (!of_workbooks && std::find(answers.begin(), answers.end(), name) == answers.end()) {
@@ -430,6 +476,18 @@ void CheckDiff(const Options& options, bool connected) {
   }
 }
 
+void CheckLint(const Options& options, bool connected) {
+  ChoiceOptions choices = options.choices;
+  choices.exclude.clear();  // of the findings
+  if (options.lint.file && (connected || !(choices == ChoiceOptions()))) {
+    throw Failure(ExitCode::kUsage,
+                  "lint takes a workbook file or a connection with its choices, not both");
+  }
+  if (!options.lint.file && !connected) {
+    throw Failure(ExitCode::kUsage, "lint takes a workbook file or a connection");
+  }
+}
+
 void CheckTogether(const Options& options) {
   const ConnectionOptions& connection = options.connection;
   const bool has_string = connection.connect || connection.connect_env || connection.connect_stdin;
@@ -443,6 +501,7 @@ void CheckTogether(const Options& options) {
                   "--sample and --replay: one connection a run");
   }
   if (options.command == Command::kDiff) CheckDiff(options, ways != 0);
+  if (options.command == Command::kLint) CheckLint(options, ways != 0);
   if (options.report.record_names && !options.report.record) {
     throw Failure(ExitCode::kUsage, "--record-names goes with --record");
   }
@@ -464,7 +523,7 @@ void CheckTogether(const Options& options) {
                   fmt::format("--sample: there is no sample '{}'{}", *connection.sample,
                               DidYouMean(*connection.sample, NamesOf(AllSamples()))));
   }
-  if (options.command == Command::kDiff) return;  // which has formats of its own
+  if (HasFormat(options.command, "")) return;  // which has formats of its own
   if (options.output.format && wbexport::FindFormat(*options.output.format) == nullptr) {
     throw Failure(ExitCode::kUsage,
                   fmt::format("--format: there is no format '{}'{}", *options.output.format,
@@ -515,6 +574,15 @@ void DeclareCommandLine(CLI::App& app, Options& options, std::optional<std::stri
   AddProgress(*diff, options.report);
   AddReports(*diff, options.report);
 
+  CLI::App* lint =
+      add_command("lint", Command::kLint, "Hold a schema to rules of good schemas", kLintExamples);
+  AddLint(*lint, options);
+  AddConnection(*lint, options.connection, "Connection (in place of FILE)");
+  AddRouteChoices(*lint, options.choices);
+  AddChoices(*lint, options.choices, false);
+  AddProgress(*lint, options.report);
+  AddReports(*lint, options.report);
+
   for (CLI::App* command : {import, list, info}) {
     AddConnection(*command, options.connection);
     AddRouteChoices(*command, options.choices);
@@ -524,7 +592,9 @@ void DeclareCommandLine(CLI::App& app, Options& options, std::optional<std::stri
     }
     AddReports(*command, options.report);
   }
-  for (CLI::App* command : {import, list, info, render, diff}) AddQuiet(*command, options.report);
+  for (CLI::App* command : {import, list, info, render, diff, lint}) {
+    AddQuiet(*command, options.report);
+  }
   AddOutput(*import, options.output);
   import
       ->add_flag(
@@ -582,9 +652,9 @@ ParsedCommandLine ParseCommandLine(const std::vector<std::string>& arguments) {
   options.connection.connect_in_arguments = options.connection.connect.has_value();
   const bool own_format = options.output.format.has_value();
   ApplyConfigFile(config, commands, app.get_subcommands().front()->get_name(), options);
-  // A format for all commands may be one that a comparison does not have.
-  if (options.command == Command::kDiff && !own_format && options.output.format &&
-      wbcompare::FindFormat(*options.output.format) == nullptr) {
+  // A format for all commands may be one that a command with formats of its own does not have.
+  if (!own_format && options.output.format &&
+      HasFormat(options.command, *options.output.format) == std::optional(false)) {
     options.output.format.reset();
   }
   CheckTogether(options);

@@ -7,7 +7,7 @@
 
 namespace wbhost {
 
-enum class Command { kImport, kList, kInfo, kDrivers, kRender, kDiff, kDialects };
+enum class Command { kImport, kList, kInfo, kDrivers, kRender, kDiff, kLint, kDialects };
 
 // Where to connect to. At most one of connect, connect_env, connect_stdin, dsn, sqlite, sample and
 // replay is given.
@@ -85,6 +85,15 @@ struct DiffOptions {
   bool spellings = false;
 };
 
+// Of `lint`, beside the choices of its import. Rules by id or name.
+struct LintOptions {
+  std::optional<std::string> file;     // empty: the schema comes from the connection
+  std::vector<std::string> only;       // empty: those that are on without being asked for
+  std::vector<std::string> more;       // these too
+  std::vector<std::string> without;    // not these
+  std::optional<std::string> fail_on;  // error, warning or any; empty: any
+};
+
 struct Options {
   Command command = Command::kImport;
   ConnectionOptions connection;
@@ -94,6 +103,7 @@ struct Options {
   std::string list_kind;
   std::string render_file;
   DiffOptions diff;
+  LintOptions lint;
   std::string dialect_action = "list";  // list, show or check
   std::string dialect_operand;          // a name to show, a file to check
   std::string config_file;              // that was read; empty: none

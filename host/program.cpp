@@ -12,7 +12,8 @@ namespace {
 void RunCommand(Run& run, Outcome& outcome) {
   const Command command = run.options.command;
   const bool imports = command == Command::kImport || command == Command::kList ||
-                       (command == Command::kDiff && !run.options.diff.new_file);
+                       (command == Command::kDiff && !run.options.diff.new_file) ||
+                       (command == Command::kLint && !run.options.lint.file);
   InstallInterruptHandlers(imports);
   switch (command) {
     case Command::kImport:
@@ -29,6 +30,8 @@ void RunCommand(Run& run, Outcome& outcome) {
       return RunRender(run);
     case Command::kDiff:
       return RunDiff(run, outcome);
+    case Command::kLint:
+      return RunLint(run, outcome);
   }
 }
 
