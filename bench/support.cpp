@@ -57,6 +57,48 @@ std::size_t FetchAll(odbc::Statement& statement, CatalogRow& row) {
   return rows;
 }
 
+struct Name {
+  std::u16string owner;
+  std::u16string name;
+};
+
+// A statement of the plain loop with its bindings, which hold for all its calls.
+class BoundStatement {
+ public:
+  explicit BoundStatement(CatalogRow& row) : row_(row) {}
+
+  void BindText(SQLUSMALLINT column, int target) {
+    statement.BindCol(column, SQL_C_WCHAR, row_.text[target], 128, &row_.indicator[target]);
+  }
+  void BindLong(SQLUSMALLINT column, int target) {
+    statement.BindCol(column, SQL_C_LONG, &row_.number[target], 4, &row_.indicator[8 + target]);
+  }
+
+  odbc::Statement statement;
+
+ private:
+  CatalogRow& row_;
+};
+
+std::vector<Name> ReadTables(void* hdbc, const std::u16string& catalog, CatalogRow& row) {
+  std::vector<Name> tables;
+  BoundStatement bound(row);
+  odbc::Statement& statement = bound.statement;
+  statement.Allocate(hdbc);
+  statement.Tables(OrNull(catalog), nullptr, nullptr, u"'TABLE','VIEW'");
+  bound.BindText(2, 0);
+  bound.BindText(3, 1);
+  bound.BindText(4, 2);
+  for (;;) {
+    row.text[0][0] = row.text[1][0] = row.text[2][0] = 0;
+    if (!odbc::Succeeded(statement.Fetch())) break;
+    tables.push_back({row.text[0], row.text[1]});
+  }
+  statement.Cancel();
+  statement.Close();
+  return tables;
+}
+
 }  // namespace
 
 void WarmCatalog(void* hdbc, const std::u16string& catalog) {
@@ -69,73 +111,47 @@ void WarmCatalog(void* hdbc, const std::u16string& catalog) {
 }
 
 std::size_t PlainCatalogLoop(void* hdbc, const std::u16string& catalog, bool with_foreign_keys) {
-  struct Name {
-    std::u16string owner;
-    std::u16string name;
-  };
-  std::vector<Name> tables;
   CatalogRow row = {};
-  std::size_t rows = 0;
-  const auto bind_text = [&row](odbc::Statement& statement, SQLUSMALLINT column, int target) {
-    statement.BindCol(column, SQL_C_WCHAR, row.text[target], 128, &row.indicator[target]);
-  };
-  const auto bind_long = [&row](odbc::Statement& statement, SQLUSMALLINT column, int target) {
-    statement.BindCol(column, SQL_C_LONG, &row.number[target], 4, &row.indicator[8 + target]);
-  };
-  {
-    odbc::Statement statement;
-    statement.Allocate(hdbc);
-    statement.Tables(OrNull(catalog), nullptr, nullptr, u"'TABLE','VIEW'");
-    bind_text(statement, 2, 0);
-    bind_text(statement, 3, 1);
-    bind_text(statement, 4, 2);
-    for (;;) {
-      row.text[0][0] = row.text[1][0] = row.text[2][0] = 0;
-      if (!odbc::Succeeded(statement.Fetch())) break;
-      tables.push_back({row.text[0], row.text[1]});
-      ++rows;
-    }
-    statement.Cancel();
-    statement.Close();
-  }
-  odbc::Statement columns;
-  odbc::Statement primary_keys;
+  const std::vector<Name> tables = ReadTables(hdbc, catalog, row);
+  std::size_t rows = tables.size();
+  BoundStatement columns(row);
+  BoundStatement primary_keys(row);
   bool first = true;
   for (const Name& table : tables) {
-    if (first) columns.Allocate(hdbc);
-    columns.Columns(OrNull(catalog), OrNull(table.owner), table.name.c_str(), nullptr);
+    if (first) columns.statement.Allocate(hdbc);
+    columns.statement.Columns(OrNull(catalog), OrNull(table.owner), table.name.c_str(), nullptr);
     if (first) {
-      bind_text(columns, 4, 0);
-      bind_long(columns, 5, 0);
-      bind_text(columns, 6, 1);
-      bind_long(columns, 7, 1);
-      bind_long(columns, 8, 2);
-      bind_long(columns, 9, 3);
-      bind_long(columns, 11, 4);
+      columns.BindText(4, 0);
+      columns.BindLong(5, 0);
+      columns.BindText(6, 1);
+      columns.BindLong(7, 1);
+      columns.BindLong(8, 2);
+      columns.BindLong(9, 3);
+      columns.BindLong(11, 4);
     }
-    rows += FetchAll(columns, row);
-    if (first) primary_keys.Allocate(hdbc);
-    primary_keys.PrimaryKeys(OrNull(catalog), table.owner.c_str(), table.name.c_str());
+    rows += FetchAll(columns.statement, row);
+    if (first) primary_keys.statement.Allocate(hdbc);
+    primary_keys.statement.PrimaryKeys(OrNull(catalog), table.owner.c_str(), table.name.c_str());
     if (first) {
-      bind_text(primary_keys, 2, 0);
-      bind_text(primary_keys, 3, 1);
-      bind_text(primary_keys, 4, 2);
-      bind_long(primary_keys, 5, 0);
+      primary_keys.BindText(2, 0);
+      primary_keys.BindText(3, 1);
+      primary_keys.BindText(4, 2);
+      primary_keys.BindLong(5, 0);
     }
-    rows += FetchAll(primary_keys, row);
+    rows += FetchAll(primary_keys.statement, row);
     first = false;
   }
   if (!with_foreign_keys) return rows;
-  odbc::Statement foreign_keys;
+  BoundStatement foreign_keys(row);
   first = true;
   for (const Name& table : tables) {
-    if (first) foreign_keys.Allocate(hdbc);
-    foreign_keys.ForeignKeysTo(OrNull(catalog), table.owner.c_str(), table.name.c_str());
+    if (first) foreign_keys.statement.Allocate(hdbc);
+    foreign_keys.statement.ForeignKeysTo(OrNull(catalog), table.owner.c_str(), table.name.c_str());
     if (first) {
       for (SQLUSMALLINT column = 1; column <= 8; ++column)
-        bind_text(foreign_keys, column, column - 1);
+        foreign_keys.BindText(column, column - 1);
     }
-    rows += FetchAll(foreign_keys, row);
+    rows += FetchAll(foreign_keys.statement, row);
     first = false;
   }
   return rows;

@@ -89,51 +89,70 @@ double AllocationsACell(const bench::Connection& connection, LeDBMSType type,
   return cells > 0 ? std::max(0.0, made - driver) / cells : 0;
 }
 
-std::string Measure(const Arguments& arguments) {
-  const bench::Connection connection(arguments.connection);
-  LcWorkbook scratch;
-  LcODBCWorkbookImport probe(nullptr, &scratch);
-  probe.SyncLogin(connection.henv, connection.hdbc);
-  probe.choices.item_mask = ibTables | ibViews;
-  const auto decision = probe.DecideRoute();
-  const bool own = !LcODBCWorkbookImport::GetRoute(decision.route).uses_catalog_functions;
-  const std::vector<std::u16string> texts =
-      own ? bench::OwnQueries(probe.choices, decision.dbms_type, decision.dbms_version)
-          : std::vector<std::u16string>();
+// What an import has to read, by its route.
+struct Work {
+  explicit Work(const bench::Connection& connection) {
+    LcWorkbook scratch;
+    LcODBCWorkbookImport probe(nullptr, &scratch);
+    probe.SyncLogin(connection.henv, connection.hdbc);
+    probe.choices.item_mask = ibTables | ibViews;
+    const auto decision = probe.DecideRoute();
+    type = decision.dbms_type;
+    own = !LcODBCWorkbookImport::GetRoute(decision.route).uses_catalog_functions;
+    if (own) texts = bench::OwnQueries(probe.choices, type, decision.dbms_version);
+  }
 
-  // Memory first, in a process of its own that has read nothing yet but the driver's own data.
-  const std::string memory = bench::InChild([&] {
-    LcWorkbook workbook;
-    // What the driver keeps for itself is not the import's: one turn of its calls brings it in.
-    if (own) {
-      bench::PlainQueryLoop(connection.hdbc, texts);
-    } else {
-      bench::WarmCatalog(connection.hdbc, arguments.catalog);
-    }
-    const double a_cell = own ? AllocationsACell(connection, decision.dbms_type, texts) : 0;
-    malloc_trim(0);
-    bench::ResetPeak();
-    const std::size_t before = bench::ResidentBytes();
-    const std::uint64_t allocations = bench::Allocations();
-    ImportResult counts;
-    const double seconds =
-        bench::Seconds([&] { counts = Import(connection, arguments, workbook); });
-    const std::uint64_t made = bench::Allocations() - allocations;
-    const std::size_t peak = bench::PeakResidentBytes();
-    malloc_trim(0);
-    const std::size_t held = bench::ResidentBytes();
-    const double columns = counts.columns > 0 ? static_cast<double>(counts.columns) : 1;
-    char text[320];
-    std::snprintf(text, sizeof text,
-                  "\"held_bytes_a_column\": %.0f, \"peak_bytes_a_column\": %.0f, "
-                  "\"allocations_a_column\": %.2f, \"allocations_a_cell\": %.4f, "
-                  "\"first_import_s\": %.6f",
-                  (static_cast<double>(held) - static_cast<double>(before)) / columns,
-                  (static_cast<double>(peak) - static_cast<double>(before)) / columns,
-                  static_cast<double>(made) / columns, a_cell, seconds);
-    return std::string(text);
-  });
+  LeDBMSType type = dbmsUnknown;
+  bool own = false;                   // by texts of its own
+  std::vector<std::u16string> texts;  // empty for the catalog functions
+};
 
+// Memory and allocations of one import, as members of the object that is printed. To be called in a
+// process that has read nothing yet but the driver's own data.
+std::string MeasureMemory(const bench::Connection& connection, const Arguments& arguments,
+                          const Work& work) {
+  LcWorkbook workbook;
+  // What the driver keeps for itself is not the import's: one turn of its calls brings it in.
+  if (work.own) {
+    bench::PlainQueryLoop(connection.hdbc, work.texts);
+  } else {
+    bench::WarmCatalog(connection.hdbc, arguments.catalog);
+  }
+  const double a_cell = work.own ? AllocationsACell(connection, work.type, work.texts) : 0;
+  malloc_trim(0);
+  bench::ResetPeak();
+  const std::size_t before = bench::ResidentBytes();
+  const std::uint64_t allocations = bench::Allocations();
+  ImportResult counts;
+  const double seconds = bench::Seconds([&] { counts = Import(connection, arguments, workbook); });
+  const std::uint64_t made = bench::Allocations() - allocations;
+  const std::size_t peak = bench::PeakResidentBytes();
+  malloc_trim(0);
+  const std::size_t held = bench::ResidentBytes();
+  const double columns = counts.columns > 0 ? static_cast<double>(counts.columns) : 1;
+  char text[320];
+  std::snprintf(text, sizeof text,
+                "\"held_bytes_a_column\": %.0f, \"peak_bytes_a_column\": %.0f, "
+                "\"allocations_a_column\": %.2f, \"allocations_a_cell\": %.4f, "
+                "\"first_import_s\": %.6f",
+                (static_cast<double>(held) - static_cast<double>(before)) / columns,
+                (static_cast<double>(peak) - static_cast<double>(before)) / columns,
+                static_cast<double>(made) / columns, a_cell, seconds);
+  return text;
+}
+
+// Times in seconds, a value a round, and what the last turn read.
+struct Times {
+  std::vector<double> imports;
+  std::vector<double> plain_loops;
+  std::vector<double> ratios;
+  std::vector<double> own_times;
+  std::size_t rows = 0;
+  ImportResult counts;
+};
+
+Times MeasureTimes(const bench::Connection& connection, const Arguments& arguments,
+                   const Work& work) {
   // From here on the process keeps the memory it has: no block of its own for large arrays, nothing
   // given back. Otherwise large schemas would be measured with fresh pages for each import, which
   // a virtual machine supplies at a cost of its own, and small ones without.
@@ -144,20 +163,15 @@ std::string Measure(const Arguments& arguments) {
   // it. Any mallopt joins them.
   const auto join_free_memory = [] { mallopt(M_TRIM_THRESHOLD, -1); };
 
-  std::vector<double> imports;
-  std::vector<double> plain_loops;
-  std::vector<double> ratios;
-  std::vector<double> own_times;
-  std::size_t rows = 0;
-  ImportResult counts;
+  Times times;
   const auto measure_plain = [&] {
     join_free_memory();
-    return bench::Seconds([&] { rows = Plain(connection, arguments, texts); });
+    return bench::Seconds([&] { times.rows = Plain(connection, arguments, work.texts); });
   };
   const auto measure_import = [&] {
     join_free_memory();
     LcWorkbook workbook;
-    return bench::Seconds([&] { counts = Import(connection, arguments, workbook); });
+    return bench::Seconds([&] { times.counts = Import(connection, arguments, workbook); });
   };
   // One unmeasured turn of each warms the driver's caches. Then every import stands between two
   // plain loops, whose mean it is compared with: a machine that slows down over seconds slows both.
@@ -165,17 +179,27 @@ std::string Measure(const Arguments& arguments) {
   measure_import();
   double before = measure_plain();
   for (int round = 0; round < arguments.rounds; ++round) {
-    const double import = measure_import();
+    const double imported = measure_import();
     const double after = measure_plain();
     const double plain = (before + after) / 2;
-    imports.push_back(import);
-    plain_loops.push_back(plain);
-    ratios.push_back(import / plain);
-    own_times.push_back(import - plain);
+    times.imports.push_back(imported);
+    times.plain_loops.push_back(plain);
+    times.ratios.push_back(imported / plain);
+    times.own_times.push_back(imported - plain);
     before = after;
   }
-  const double import = bench::Median(imports);
-  const double plain = bench::Median(plain_loops);
+  return times;
+}
+
+std::string Measure(const Arguments& arguments) {
+  const bench::Connection connection(arguments.connection);
+  const Work work(connection);
+  // Memory first, in a process of its own.
+  const std::string memory =
+      bench::InChild([&] { return MeasureMemory(connection, arguments, work); });
+  const Times times = MeasureTimes(connection, arguments, work);
+  const ImportResult& counts = times.counts;
+  const double median = bench::Median(times.imports);
   char text[1024];
   std::snprintf(text, sizeof text,
                 "{\"label\": \"%s\", \"route\": \"%s\", \"tables\": %zu, \"columns\": %zu, "
@@ -183,10 +207,11 @@ std::string Measure(const Arguments& arguments) {
                 "\"plain_s\": %.6f, \"ratio\": %.4f, \"own_s\": %.6f, "
                 "\"own_quartiles_s\": [%.6f, %.6f], "
                 "\"rows_a_second\": %.0f, %s}",
-                arguments.label.c_str(), own ? "own SQL" : "generic", counts.tables, counts.columns,
-                counts.relationships / 2, counts.result ? "true" : "false", rows, import, plain,
-                bench::Median(ratios), bench::Median(own_times), bench::Quantile(own_times, 0.25),
-                bench::Quantile(own_times, 0.75), static_cast<double>(rows) / import,
+                arguments.label.c_str(), work.own ? "own SQL" : "generic", counts.tables,
+                counts.columns, counts.relationships / 2, counts.result ? "true" : "false",
+                times.rows, median, bench::Median(times.plain_loops), bench::Median(times.ratios),
+                bench::Median(times.own_times), bench::Quantile(times.own_times, 0.25),
+                bench::Quantile(times.own_times, 0.75), static_cast<double>(times.rows) / median,
                 memory.c_str());
   return text;
 }

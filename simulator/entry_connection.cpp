@@ -16,6 +16,61 @@ using catalogsim::OnConnection;
 
 namespace {
 
+struct FixedText {
+  SQLUSMALLINT info;
+  const char* answer;
+};
+
+struct FixedNumber {
+  SQLUSMALLINT info;
+  SQLUSMALLINT size;  // bytes of the answer
+  SQLUINTEGER answer;
+};
+
+// What every server answers alike.
+constexpr FixedText kFixedTexts[] = {
+    {SQL_DRIVER_NAME, "libcatalogsim.so"},
+    {SQL_DRIVER_VER, "01.00.0000"},
+    {SQL_DRIVER_ODBC_VER, "03.51"},
+    {SQL_DATA_SOURCE_NAME, ""},
+    {SQL_USER_NAME, ""},
+    {SQL_IDENTIFIER_QUOTE_CHAR, "\""},
+    {SQL_SEARCH_PATTERN_ESCAPE, "\\"},
+    {SQL_TABLE_TERM, "table"},
+    {SQL_PROCEDURE_TERM, "procedure"},
+    {SQL_ACCESSIBLE_TABLES, "Y"},
+    {SQL_ACCESSIBLE_PROCEDURES, "Y"},
+    {SQL_DATA_SOURCE_READ_ONLY, "N"},
+    {SQL_NEED_LONG_DATA_LEN, "N"},
+    {SQL_MULT_RESULT_SETS, "N"},
+    {SQL_DESCRIBE_PARAMETER, "N"},
+    {SQL_SPECIAL_CHARACTERS, ""},
+    {SQL_KEYWORDS, ""},
+};
+
+constexpr FixedNumber kFixedNumbers[] = {
+    {SQL_POS_OPERATIONS, 4, 0},
+    {SQL_ASYNC_MODE, 4, 0},
+    {SQL_SCROLL_CONCURRENCY, 4, 0},
+    {SQL_GETDATA_EXTENSIONS, 4, SQL_GD_ANY_COLUMN | SQL_GD_ANY_ORDER},
+    {SQL_SCROLL_OPTIONS, 4, SQL_SO_FORWARD_ONLY},
+    {SQL_ODBC_INTERFACE_CONFORMANCE, 4, SQL_OIC_CORE},
+    {SQL_FETCH_DIRECTION, 4, SQL_FD_FETCH_NEXT},
+    {SQL_CURSOR_COMMIT_BEHAVIOR, 2, SQL_CB_PRESERVE},
+    {SQL_CURSOR_ROLLBACK_BEHAVIOR, 2, SQL_CB_PRESERVE},
+    {SQL_TXN_CAPABLE, 2, SQL_TC_NONE},
+    {SQL_IDENTIFIER_CASE, 2, SQL_IC_MIXED},
+    {SQL_MAX_CATALOG_NAME_LEN, 2, 128},
+    {SQL_MAX_SCHEMA_NAME_LEN, 2, 128},
+    {SQL_MAX_TABLE_NAME_LEN, 2, 128},
+    {SQL_MAX_COLUMN_NAME_LEN, 2, 128},
+    {SQL_MAX_PROCEDURE_NAME_LEN, 2, 128},
+    {SQL_ACTIVE_CONNECTIONS, 2, 0},  // no limit
+    {SQL_ACTIVE_STATEMENTS, 2, 0},
+    {SQL_ODBC_API_CONFORMANCE, 2, SQL_OAC_LEVEL2},
+    {SQL_ODBC_SQL_CONFORMANCE, 2, SQL_OSC_CORE},
+};
+
 std::string InfoText(const Connection& connection, SQLUSMALLINT info, bool& known) {
   const catalogsim::ServerTraits& traits = connection.traits();
   const bool has_catalog = traits.catalog_usage != 0;
@@ -30,23 +85,10 @@ std::string InfoText(const Connection& connection, SQLUSMALLINT info, bool& know
       return std::string(traits.dbms_name);
     case SQL_DBMS_VER:
       return std::string(traits.dbms_version);
-    case SQL_DRIVER_NAME:
-      return "libcatalogsim.so";
-    case SQL_DRIVER_VER:
-      return "01.00.0000";
-    case SQL_DRIVER_ODBC_VER:
-      return "03.51";
     case SQL_DATABASE_NAME:
       return std::string(traits.catalog);
     case SQL_SERVER_NAME:
       return std::string(traits.name);
-    case SQL_DATA_SOURCE_NAME:
-    case SQL_USER_NAME:
-      return "";
-    case SQL_IDENTIFIER_QUOTE_CHAR:
-      return "\"";
-    case SQL_SEARCH_PATTERN_ESCAPE:
-      return "\\";
     case SQL_CATALOG_NAME:
       return has_catalog ? "Y" : "N";
     case SQL_CATALOG_TERM:
@@ -55,34 +97,22 @@ std::string InfoText(const Connection& connection, SQLUSMALLINT info, bool& know
       return has_catalog ? "." : "";
     case SQL_SCHEMA_TERM:
       return traits.owner_usage != 0 ? "owner" : "";
-    case SQL_TABLE_TERM:
-      return "table";
-    case SQL_PROCEDURE_TERM:
-      return "procedure";
     case SQL_PROCEDURES:
       return connection.HasFunction(SQL_API_SQLPROCEDURES) ? "Y" : "N";
-    case SQL_ACCESSIBLE_TABLES:
-    case SQL_ACCESSIBLE_PROCEDURES:
-      return "Y";
-    case SQL_DATA_SOURCE_READ_ONLY:
-    case SQL_NEED_LONG_DATA_LEN:
-    case SQL_MULT_RESULT_SETS:
-    case SQL_DESCRIBE_PARAMETER:
-      return "N";
-    case SQL_SPECIAL_CHARACTERS:
-    case SQL_KEYWORDS:
-      return "";
     default:
-      known = false;
-      return "";
+      break;
   }
+  for (const FixedText& fixed : kFixedTexts) {
+    if (fixed.info == info) return fixed.answer;
+  }
+  known = false;
+  return "";
 }
 
 // False when the number is not known. `size` becomes the bytes of the answer.
 bool InfoNumber(Connection& connection, SQLUSMALLINT info, SQLUINTEGER& number, int& size) {
   const catalogsim::ServerTraits& traits = connection.traits();
   size = 4;
-  number = 0;
   switch (info) {
     case catalogsim::kInfoCalls:
       number = static_cast<SQLUINTEGER>(connection.gate().calls());
@@ -102,59 +132,22 @@ bool InfoNumber(Connection& connection, SQLUSMALLINT info, SQLUINTEGER& number, 
     case SQL_CATALOG_USAGE:
       number = traits.catalog_usage;
       return true;
-    case SQL_POS_OPERATIONS:
-    case SQL_ASYNC_MODE:
-    case SQL_SCROLL_CONCURRENCY:
-      return true;
-    case SQL_GETDATA_EXTENSIONS:
-      number = SQL_GD_ANY_COLUMN | SQL_GD_ANY_ORDER;
-      return true;
-    case SQL_SCROLL_OPTIONS:
-      number = SQL_SO_FORWARD_ONLY;
-      return true;
-    case SQL_ODBC_INTERFACE_CONFORMANCE:
-      number = SQL_OIC_CORE;
-      return true;
-    case SQL_FETCH_DIRECTION:
-      number = SQL_FD_FETCH_NEXT;
-      return true;
-    default:
-      size = 2;
-      break;
-  }
-  switch (info) {
-    case SQL_CURSOR_COMMIT_BEHAVIOR:
-    case SQL_CURSOR_ROLLBACK_BEHAVIOR:
-      number = SQL_CB_PRESERVE;
-      return true;
-    case SQL_TXN_CAPABLE:
-      number = SQL_TC_NONE;
-      return true;
     case SQL_CATALOG_LOCATION:
+      size = 2;
       number = traits.catalog_usage != 0 ? SQL_CL_START : 0;
       return true;
-    case SQL_IDENTIFIER_CASE:
-      number = SQL_IC_MIXED;
-      return true;
-    case SQL_MAX_CATALOG_NAME_LEN:
-    case SQL_MAX_SCHEMA_NAME_LEN:
-    case SQL_MAX_TABLE_NAME_LEN:
-    case SQL_MAX_COLUMN_NAME_LEN:
-    case SQL_MAX_PROCEDURE_NAME_LEN:
-      number = 128;
-      return true;
-    case SQL_ACTIVE_CONNECTIONS:
-    case SQL_ACTIVE_STATEMENTS:
-      return true;  // 0: no limit
-    case SQL_ODBC_API_CONFORMANCE:
-      number = SQL_OAC_LEVEL2;
-      return true;
-    case SQL_ODBC_SQL_CONFORMANCE:
-      number = SQL_OSC_CORE;
-      return true;
     default:
-      return false;
+      break;
   }
+  for (const FixedNumber& fixed : kFixedNumbers) {
+    if (fixed.info != info) continue;
+    size = fixed.size;
+    number = fixed.answer;
+    return true;
+  }
+  size = 2;
+  number = 0;
+  return false;
 }
 
 bool IsPrivateInfo(SQLUSMALLINT info) {

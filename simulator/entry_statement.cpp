@@ -3,6 +3,8 @@
 #include <sqlucode.h>
 
 #include <algorithm>
+#include <optional>
+#include <string_view>
 
 #include "simulator/entry.h"
 #include "simulator/fetch.h"
@@ -102,6 +104,61 @@ const catalogsim::Column* FindColumn(Statement& statement, SQLUSMALLINT column) 
   return &statement.result->columns[column - 1U];
 }
 
+// Nothing for a field that is a text, or none.
+std::optional<SQLLEN> NumberOfColumn(Statement& statement, const catalogsim::Column& column,
+                                     SQLUSMALLINT field) {
+  switch (field) {
+    case SQL_DESC_TYPE:
+    case SQL_DESC_CONCISE_TYPE:
+      return catalogsim::TypeForVersion(column.sql_type, statement.connection().odbc_version());
+    case SQL_DESC_DISPLAY_SIZE:
+    case SQL_DESC_LENGTH:
+    case SQL_DESC_PRECISION:
+    case SQL_COLUMN_LENGTH:
+    case SQL_COLUMN_PRECISION:
+    case SQL_DESC_OCTET_LENGTH:
+      return static_cast<SQLLEN>(column.size);
+    case SQL_DESC_SCALE:
+    case SQL_COLUMN_SCALE:
+      return column.digits;
+    case SQL_DESC_NULLABLE:
+    case SQL_COLUMN_NULLABLE:
+      return column.nullable;
+    case SQL_DESC_SEARCHABLE:
+      return SQL_PRED_SEARCHABLE;
+    case SQL_DESC_UNSIGNED:
+    case SQL_DESC_AUTO_UNIQUE_VALUE:
+    case SQL_DESC_CASE_SENSITIVE:
+    case SQL_DESC_FIXED_PREC_SCALE:
+    case SQL_DESC_UPDATABLE:
+    case SQL_DESC_UNNAMED:
+      return 0;
+    default:
+      return std::nullopt;
+  }
+}
+
+std::optional<std::string_view> TextOfColumn(const catalogsim::Column& column, SQLUSMALLINT field) {
+  switch (field) {
+    case SQL_DESC_NAME:
+    case SQL_DESC_LABEL:
+    case SQL_DESC_BASE_COLUMN_NAME:
+    case SQL_COLUMN_NAME:
+      return column.name;
+    case SQL_DESC_TYPE_NAME:
+    case SQL_DESC_TABLE_NAME:
+    case SQL_DESC_SCHEMA_NAME:
+    case SQL_DESC_CATALOG_NAME:
+    case SQL_DESC_BASE_TABLE_NAME:
+    case SQL_DESC_LITERAL_PREFIX:
+    case SQL_DESC_LITERAL_SUFFIX:
+    case SQL_DESC_LOCAL_TYPE_NAME:
+      return "";
+    default:
+      return std::nullopt;
+  }
+}
+
 SQLRETURN ColumnAttribute(Statement& statement, SQLUSMALLINT column, SQLUSMALLINT field,
                           SQLPOINTER text, SQLSMALLINT bytes, SQLSMALLINT* length, SQLLEN* number) {
   if (field == SQL_DESC_COUNT || field == SQL_COLUMN_COUNT) {
@@ -112,61 +169,17 @@ SQLRETURN ColumnAttribute(Statement& statement, SQLUSMALLINT column, SQLUSMALLIN
   }
   const catalogsim::Column* const found = FindColumn(statement, column);
   if (found == nullptr) return SQL_ERROR;
-  const auto answer_text = [&](std::string_view answer) {
+  if (const auto answer = TextOfColumn(*found, field)) {
     SQLSMALLINT characters = 0;
     const bool whole =
-        catalogsim::AnswerText(answer, static_cast<SQLWCHAR*>(text), bytes / 2, &characters);
+        catalogsim::AnswerText(*answer, static_cast<SQLWCHAR*>(text), bytes / 2, &characters);
     catalogsim::Answer<SQLSMALLINT>(length, static_cast<SQLSMALLINT>(characters * 2));
     return whole ? SQLRETURN{SQL_SUCCESS} : statement.Warn("01004", "the name was cut");
-  };
-  const auto answer_number = [&](SQLLEN answer) {
-    catalogsim::Answer<SQLLEN>(number, answer);
-    return SQLRETURN{SQL_SUCCESS};
-  };
-  switch (field) {
-    case SQL_DESC_NAME:
-    case SQL_DESC_LABEL:
-    case SQL_DESC_BASE_COLUMN_NAME:
-    case SQL_COLUMN_NAME:
-      return answer_text(found->name);
-    case SQL_DESC_TYPE_NAME:
-    case SQL_DESC_TABLE_NAME:
-    case SQL_DESC_SCHEMA_NAME:
-    case SQL_DESC_CATALOG_NAME:
-    case SQL_DESC_BASE_TABLE_NAME:
-    case SQL_DESC_LITERAL_PREFIX:
-    case SQL_DESC_LITERAL_SUFFIX:
-    case SQL_DESC_LOCAL_TYPE_NAME:
-      return answer_text("");
-    case SQL_DESC_TYPE:
-    case SQL_DESC_CONCISE_TYPE:
-      return answer_number(
-          catalogsim::TypeForVersion(found->sql_type, statement.connection().odbc_version()));
-    case SQL_DESC_DISPLAY_SIZE:
-    case SQL_DESC_LENGTH:
-    case SQL_DESC_PRECISION:
-    case SQL_COLUMN_LENGTH:
-    case SQL_COLUMN_PRECISION:
-    case SQL_DESC_OCTET_LENGTH:
-      return answer_number(static_cast<SQLLEN>(found->size));
-    case SQL_DESC_SCALE:
-    case SQL_COLUMN_SCALE:
-      return answer_number(found->digits);
-    case SQL_DESC_NULLABLE:
-    case SQL_COLUMN_NULLABLE:
-      return answer_number(found->nullable);
-    case SQL_DESC_SEARCHABLE:
-      return answer_number(SQL_PRED_SEARCHABLE);
-    case SQL_DESC_UNSIGNED:
-    case SQL_DESC_AUTO_UNIQUE_VALUE:
-    case SQL_DESC_CASE_SENSITIVE:
-    case SQL_DESC_FIXED_PREC_SCALE:
-    case SQL_DESC_UPDATABLE:
-    case SQL_DESC_UNNAMED:
-      return answer_number(0);
-    default:
-      return statement.Fail("HY091", "there is no such field");
   }
+  const std::optional<SQLLEN> answer = NumberOfColumn(statement, *found, field);
+  if (!answer) return statement.Fail("HY091", "there is no such field");
+  catalogsim::Answer<SQLLEN>(number, *answer);
+  return SQL_SUCCESS;
 }
 
 }  // namespace
