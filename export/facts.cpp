@@ -20,12 +20,33 @@ void Join(std::string& list, const std::string& piece, const char* separator = "
   list += piece;
 }
 
-// "fillfactor 70, engine InnoDB"
+// Options that are there or not there; their values are "1" and "0".
+constexpr std::u16string_view kFlags[] = {
+    u"deterministic",    u"enabled",
+    u"hidden",           u"ignored",
+    u"invisible",        u"leakproof",
+    u"no inherit",       u"nulls not distinct",
+    u"row security",     u"rowid",
+    u"security definer", u"shadow table",
+    u"strict",           u"system versioned",
+    u"unlogged",         u"valid",
+    u"validated",        u"without overlaps",
+    u"without rowid",    u"without system versioning",
+};
+
+std::string Show(const LcOptions::Option& option) {
+  const bool is_flag =
+      std::find(std::begin(kFlags), std::end(kFlags), option.name.View()) != std::end(kFlags);
+  const std::string name = Show(option.name);
+  if (is_flag && option.value.View() == u"1") return name;
+  if (is_flag && option.value.View() == u"0") return "not " + name;
+  return name + " " + Show(option.value);
+}
+
+// "fillfactor 70, engine InnoDB, without rowid"
 std::string Show(const LcOptions& options) {
   std::string list;
-  for (const LcOptions::Option& option : options.All()) {
-    Join(list, Show(option.name) + " " + Show(option.value));
-  }
+  for (const LcOptions::Option& option : options.All()) Join(list, Show(option));
   return list;
 }
 

@@ -171,8 +171,11 @@ std::string Excuse(const Drawing& drawing, const char* format) {
     case End::kCancelled:
       return "The layout was cancelled.";
     case End::kRefused:
-      if (drawing.text.find("not recognized") == std::string::npos) break;
-      return fmt::format("Graphviz cannot write {} here: its plugin for it is not installed.",
+      if (drawing.text.find("not recognized") == std::string::npos &&
+          drawing.text.find("unavailable") == std::string::npos) {
+        break;
+      }
+      return fmt::format("Graphviz cannot write {} here: its plugin for that is not installed.",
                          format);
     case End::kTooLong:
     case End::kCrashed:
