@@ -67,7 +67,7 @@ function connectedParts(boxes, lines) {
 function shelve(groups, gap) {
   const area = groups.reduce((sum, {width, height}) => sum + (width + gap) * (height + gap), 0);
   const wide = Math.max(
-    Math.sqrt(area * 1.7),
+    Math.sqrt(area * 2.4),
     largest(groups, ({width}) => width),
   );
   let x = 0,

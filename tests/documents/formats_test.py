@@ -1,6 +1,7 @@
 #!/usr/bin/python3
 """The JSON schemas and docs/formats.md against what wbimport writes and takes."""
 import json
+import os
 import pathlib
 import re
 import subprocess
@@ -64,6 +65,19 @@ class Workbook(unittest.TestCase):
         document = json.loads(text)
         self.assertEqual(faults(document, strict(WORKBOOK)), [], name)
         self.assertEqual(faults(document["source"].get("choices", {}), REQUEST), [], name)
+
+    def test_bears_the_title_and_the_time_that_it_is_given(self):
+        def source(*options, **environment):
+            result = subprocess.run([WBIMPORT, "import", "-q", "--format", "json", *options], capture_output=True, text=True,
+                                    env={**os.environ, **environment})
+            return json.loads(result.stdout)["source"] if result.returncode == 0 else result.returncode
+        self.assertNotIn("importedAt", source())
+        marked = source("--title", "City \"library\"", "--stamp", "--compact", SOURCE_DATE_EPOCH="1709208000")
+        self.assertEqual((marked["title"], marked["importedAt"]), ("City \"library\"", "2024-02-29T12:00:00Z"))
+        self.assertRegex(source("--stamp", SOURCE_DATE_EPOCH="")["importedAt"], r"^20\d\d-\d\d-\d\dT\d\d:\d\d:\d\dZ$")
+        for wrong in ("-1", "1.5", "now", "99999999999999"):
+            self.assertEqual(source("--stamp", SOURCE_DATE_EPOCH=wrong), 2, wrong)
+        self.assertEqual(wbimport("import", "--format", "text", "--compact").returncode, 2)
 
     def test_that_the_schema_refuses_is_no_workbook_file(self):
         self.assertTrue(faults({"format": "workbook", "version": 1}, WORKBOOK))
