@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <variant>
@@ -172,6 +173,7 @@ struct Comparison {
   std::vector<Group> groups;  // in the order in which people look for them
   std::vector<Unknown> unknown;
   std::vector<std::string> notes;  // sentences: what is compared and what is not
+  std::vector<std::string> lead;   // of two readings: sentences that say it in short
   std::size_t tables = 0;          // that have changes
 
   std::size_t Count(Severity severity) const;
@@ -182,6 +184,12 @@ struct Comparison {
 struct Side {
   const LcWorkbook& workbook;
   const LcWorkbookFileInfo& info;
+};
+
+// Two readings of one schema, as sentences name them: "the compatible reading".
+struct Readings {
+  std::string old_name;
+  std::string new_name;
 };
 
 struct Options {
@@ -201,6 +209,9 @@ struct Options {
   using LeavesOut = std::function<bool(std::u16string_view, std::u16string_view)>;
   LeavesOut leaves_out;
   LeavesOut leaves_out_part;
+  // What only one of the readings can know is missing on the other side, not unknown there; no
+  // change is worse than another. Names of keys are not compared.
+  std::optional<Readings> readings;
 };
 
 // A kind of object ("index"), a property ("comment"), both ("column.default"), or an object with an

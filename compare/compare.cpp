@@ -11,6 +11,7 @@
 #include "compare/context.h"
 #include "compare/items.h"
 #include "compare/pairs.h"
+#include "compare/readings.h"
 #include "compare/tables.h"
 
 namespace wbcompare {
@@ -76,6 +77,7 @@ class Comparing {
   }
 
   void TellReading() {
+    if (context_.readings) return TellReadings();
     const LcWorkbookFileInfo& before = context_.before.info;
     const LcWorkbookFileInfo& after = context_.after.info;
     if (context_.mixed) {
@@ -99,6 +101,14 @@ class Comparing {
           "in two ways.",
           before.dbms_name.empty() ? "an unknown server" : base::ToUtf8(before.dbms_name),
           after.dbms_name.empty() ? "an unknown server" : base::ToUtf8(after.dbms_name)));
+    }
+  }
+
+  void TellReadings() {
+    if (context_.mixed) result_.notes.emplace_back("Names of keys are not compared.");
+    if (!Old().procedures.IsEmpty() || !Old().functions.IsEmpty()) {
+      result_.notes.emplace_back(
+          "Routines are compared by name; those that the server brings along are not.");
     }
   }
 
@@ -127,7 +137,7 @@ class Comparing {
   }
 
   void CompareOwners() {
-    if (!context_.mixed) {
+    if (!context_.mixed || context_.readings) {
       context_.ComparePair(Object::kDatabase, &Old().details, &New().details, nullptr, nullptr);
     }
     const auto& before = Old().details.schemas;
@@ -145,6 +155,7 @@ class Comparing {
   }
 
   void CompareTypes() {
+    if (context_.readings && context_.mixed) return CompareTypesOfReadings();
     CompareLists(Object::kType, Old().details.types, New().details.types,
                  [](const LcTypeDetails& type) { return std::vector<ObjectRef>{&type}; });
     if (context_.both_exact) return;
@@ -154,6 +165,19 @@ class Comparing {
           const bool named = type != nullptr && (type->GetExtendedId() != 0 || type->IsDistinct());
           return named ? std::vector<ObjectRef>{type} : std::vector<ObjectRef>();
         });
+  }
+
+  // The exact reading has named types apart, the compatible one among those of the server.
+  void CompareTypesOfReadings() {
+    if (!context_.Compares(Object::kType)) return;
+    ItemMatcher matcher(context_, Object::kType, nullptr, nullptr);
+    for (const LcWorkbookDatatype* type : Old().data_types.Present()) {
+      if (type->GetExtendedId() != 0 || type->IsDistinct()) matcher.AddBefore(type);
+    }
+    for (const LcTypeDetails& type : New().details.types) {
+      if (!context_.LeavesOut(type.schema.View(), type.name.View())) matcher.AddAfter(&type);
+    }
+    matcher.Compare();
   }
 
   // The tables and columns that only one side has, where a sequence may belong to one.
@@ -197,7 +221,26 @@ class Comparing {
                  });
   }
 
+  // Of the compatible reading's routines nothing tells whether they are the server's own.
+  void TellRoutinesOfExactReading() {
+    std::unordered_set<std::string> known;
+    for (const LcWorkbookFunctionList* list : {&Old().functions, &Old().boolean_functions}) {
+      for (const LcWorkbookFunction* function : list->Present())
+        known.insert(context_.old_names.Name(function->GetName()));
+    }
+    for (const LcWorkbookProcedure* procedure : Old().procedures.Present())
+      known.insert(context_.old_names.Name(procedure->GetName()));
+    for (const LcRoutineDetails& routine : New().details.routines) {
+      if (known.count(context_.new_names.Name(routine.name.View())) != 0 ||
+          context_.LeavesOut(routine.schema.View(), routine.name.View())) {
+        continue;
+      }
+      context_.AddOneSided(Object::kRoutine, &routine, false, nullptr, nullptr);
+    }
+  }
+
   void CompareRoutines() {
+    if (context_.readings && context_.mixed) return TellRoutinesOfExactReading();
     CompareLists(Object::kRoutine, Old().details.routines, New().details.routines,
                  [](const LcRoutineDetails& routine) { return std::vector<ObjectRef>{&routine}; });
     if (context_.both_exact) return;
@@ -265,7 +308,9 @@ class Comparing {
 
 bool Compare(const Side& before, const Side& after, const Options& options, Comparison& result,
              std::string& why) {
-  return Comparing(before, after, options, result).Run(why);
+  if (!Comparing(before, after, options, result).Run(why)) return false;
+  if (options.readings) result.lead = LeadOf(result.changes, *options.readings);
+  return true;
 }
 
 std::size_t Comparison::Count(Severity severity) const {

@@ -83,10 +83,17 @@ Context::Context(const Side& old_side, const Side& new_side, const Options& want
       new_knows(new_side),
       both_exact(old_knows.IsExact() && new_knows.IsExact()),
       mixed(old_knows.IsExact() != new_knows.IsExact()),
+      readings(wanted.readings.has_value()),
       product(FindProduct(old_side.info) == FindProduct(new_side.info) ? FindProduct(old_side.info)
                                                                        : Product::kOther) {}
 
 bool Context::Compares(Object object, Property property) const {
+  // What a driver says of reading only is no part of the schema.
+  if (readings) return property != Property::kReadOnly;
+  return IsShared(object, property);
+}
+
+bool Context::IsShared(Object object, Property property) const {
   if (mixed) return IsKnownToAll(object, property);
   // The driver's word, which the catalog's replaces.
   return property != Property::kReadOnly || !both_exact;
@@ -95,7 +102,7 @@ bool Context::Compares(Object object, Property property) const {
 std::string Context::DefinitionOf(Object object, const ObjectRef& ref, const Names& names) const {
   std::string definition;
   for (const Property property : PropertiesOf(object)) {
-    if (property == Property::kComment || !Compares(object, property)) continue;
+    if (property == Property::kComment || !IsShared(object, property)) continue;
     const Fact fact = FactOf(ref, property, names);
     if (fact) definition += "=" + *fact;
     definition += '\n';
@@ -127,7 +134,7 @@ bool Context::LeavesOutPart(const Change& change) const {
 
 void Context::Add(Change change) {
   if (Ignores(change) || LeavesOutPart(change)) return;
-  change.severity = SeverityOf(change);
+  if (!readings) change.severity = SeverityOf(change);
   result.changes.push_back(std::move(change));
 }
 
@@ -164,7 +171,7 @@ void Context::AddOneSided(Object object, const ObjectRef& ref, bool is_old,
   change.new_table = new_table;
   (is_old ? change.before : change.after) = ref;
   if (LeavesOutPart(change)) return;
-  if (mixed && IsGenerated(ref)) {
+  if (mixed && !readings && IsGenerated(ref)) {
     AddUnknown(object, !is_old, kHidden, FullName(object, ref, is_old ? old_table : new_table));
     return;
   }
@@ -183,11 +190,17 @@ bool Context::AreEqual(const Change& change, const Fact& a, const Fact& b) const
     return std::string_view(PlainKind(change.before)) == PlainKind(change.after);
   }
   // MariaDB's driver 3.1 tells of a numbered key column that it may be null.
-  if (mixed && change.property == Property::kNullable &&
+  if (mixed && !readings && change.property == Property::kNullable &&
       (IsInKey(change.before) || IsInKey(change.after))) {
     return true;
   }
-  if (mixed && change.property == Property::kDataType) return !a || !b || CanBeSameType(*a, *b);
+  if (mixed && change.property == Property::kDataType) {
+    return !a || !b ||
+           (readings ? CompareTypes(*a, *b) == TypeChange::kNone : CanBeSameType(*a, *b));
+  }
+  // What only the exact reading can tell to be otherwise.
+  if (readings && change.property == Property::kEnforced && a.value_or("yes") == b.value_or("yes"))
+    return true;
   return !options.spellings && AreSpellingsOfOne(product, change.object, change.property, a, b);
 }
 
@@ -224,7 +237,7 @@ void Context::ComparePair(Object object, const ObjectRef& old_ref, const ObjectR
     if (object == Object::kColumn && property == Property::kExpression && (!a || !b)) continue;
     AddChanged(change, !a, !b);
   }
-  if (!mixed) CompareOptions(change);
+  if (!mixed || readings) CompareOptions(change);
 }
 
 void Context::CompareOptions(const Change& pair) {

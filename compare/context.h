@@ -27,9 +27,10 @@ class Context {
   const Knowledge new_knows;
   const bool both_exact;
   const bool mixed;       // one side was read exactly, the other was not
+  const bool readings;    // what one side cannot know counts
   const Product product;  // of both sides; kOther where they differ
 
-  // Whether both sides can know this of an object.
+  // Whether both sides can know this of an object, or are to be asked for it all the same.
   bool Compares(Object object, Property property = Property::kNone) const;
 
   // All that is compared but the name and the comment, for finding what is alike.
@@ -52,6 +53,8 @@ class Context {
   void AddUnknown(Object object, bool old_side, const std::string& reason, const std::string& name);
 
  private:
+  // Whether both sides can know this of an object.
+  bool IsShared(Object object, Property property) const;
   bool Ignores(const Change& change) const;
   bool AreEqual(const Change& change, const Fact& a, const Fact& b) const;
   const std::string* WhyMissing(const Change& change, bool old_side) const;

@@ -136,6 +136,7 @@ std::string ItemMatcher::IdentityOf(const Item& item, const Names& names) const 
 void ItemMatcher::Tell(Item& before, Item& after) {
   before.matched = after.matched = true;
   if (before.name != after.name && object_ != Object::kRoutine && !context_.mixed &&
+      !context_.readings &&
       (context_.options.server_names || !IsMade(before, old_table_) ||
        !IsMade(after, new_table_))) {
     Change change;

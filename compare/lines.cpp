@@ -1,6 +1,7 @@
 #include "compare/lines.h"
 
 #include <fmt/format.h>
+#include <fmt/ranges.h>
 
 #include <algorithm>
 #include <array>
@@ -28,16 +29,6 @@ constexpr std::array kReasons = {
     Reason{evName, "the names resemble each other"},
     Reason{evComment, "the same comment"},
 };
-
-// What is there under a plural in -s, -es or -ies.
-std::string Plural(std::string word) {
-  if (word == "index") return "indexes";
-  if (word.back() == 'y' && word != "key" && word.find("key") == std::string::npos) {
-    word.pop_back();
-    return word + "ies";
-  }
-  return word + "s";
-}
 
 bool IsTable(Object object) {
   return object == Object::kTable || object == Object::kView || object == Object::kSynonym;
@@ -132,6 +123,15 @@ Line Lines::Describe(const Change& change) {
   return line;
 }
 
+std::string Plural(std::string word) {
+  if (word == "index") return "indexes";
+  if (word.back() == 'y' && word != "key" && word.find("key") == std::string::npos) {
+    word.pop_back();
+    return word + "ies";
+  }
+  return word + "s";
+}
+
 std::string Spoken(std::string word) {
   std::replace(word.begin(), word.end(), '-', ' ');
   return word;
@@ -188,6 +188,7 @@ std::string Heading(const Group& group, const Comparison& comparison) {
 }
 
 std::string Summary(const Comparison& comparison) {
+  if (!comparison.lead.empty()) return fmt::format("{}", fmt::join(comparison.lead, " "));
   if (comparison.changes.empty()) return "No differences";
   const std::size_t breaking = comparison.Count(Severity::kBreaking);
   const std::size_t careful = comparison.Count(Severity::kCareful);

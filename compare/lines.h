@@ -40,6 +40,8 @@ class Lines {
   Places new_places_;
 };
 
+// "columns", "foreign keys".
+std::string Plural(std::string word);
 // "column", "foreign key", for people.
 std::string Spoken(std::string word);
 // "column name", "view", "primary key customer_pkey".
@@ -51,7 +53,7 @@ std::string Predicate(const Change& change, const Line& line);
 // "sales.customer", with " -> sales.buyer" behind it where it is called so now; what the changes of
 // a group without a table are about.
 std::string Heading(const Group& group, const Comparison& comparison);
-// "2 breaking, 1 careful and 3 harmless changes in 2 tables".
+// "2 breaking, 1 careful and 3 harmless changes in 2 tables"; of two readings, their lead.
 std::string Summary(const Comparison& comparison);
 // "3 indexes not known on the old side (t.a, t.b, u.c): no right".
 std::string UnknownText(const Unknown& unknown);

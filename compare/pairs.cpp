@@ -57,7 +57,7 @@ PairComparison::PairComparison(Context& context)
       old_foreign_keys_(context.before.workbook),
       new_foreign_keys_(context.after.workbook),
       in_pairs_(context.mixed && (IsGeneric(context.before.info) || IsGeneric(context.after.info))),
-      keys_known_(!context.mixed ||
+      keys_known_(!context.mixed || context.readings ||
                   (HasKeys(context.before.workbook) && HasKeys(context.after.workbook))) {}
 
 void PairComparison::Compare(const TablePair& pair) {
@@ -96,7 +96,8 @@ void PairComparison::CompareLists(Object object, const LcWorkbookTable& before,
 }
 
 void PairComparison::CompareKeys(const LcWorkbookTable& before, const LcWorkbookTable& after) {
-  if (keys_known_ && !(context_.mixed && IsMadeOfUnique(before, after))) {
+  const bool may_differ = context_.mixed && !context_.readings;
+  if (keys_known_ && !(may_differ && IsMadeOfUnique(before, after))) {
     ItemMatcher matcher(context_, Object::kPrimaryKey, &before, &after);
     if (const auto key = PrimaryKeyOf(before); key.index() != 0) matcher.AddBefore(key);
     if (const auto key = PrimaryKeyOf(after); key.index() != 0) matcher.AddAfter(key);

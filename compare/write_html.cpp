@@ -37,7 +37,9 @@ std::string Escape(const std::string& text) {
   return escaped;
 }
 
-std::string Badge(Severity severity) {
+// Two readings are not rated.
+std::string Badge(Severity severity, const Comparison& comparison) {
+  if (!comparison.lead.empty()) return {};
   return std::string("<span class=\"badge ") + NameOf(severity) + "\">" + NameOf(severity) +
          "</span>";
 }
@@ -102,7 +104,7 @@ class Page {
         worst = std::max(worst, comparison_.changes[at].severity);
       }
       out_ << "<li><a href=\"#g" << i << "\">" << Escape(Heading(group, comparison_)) << "</a> "
-           << Badge(worst) << "</li>\n";
+           << Badge(worst, comparison_) << "</li>\n";
     }
     out_ << "</ul>\n";
   }
@@ -137,7 +139,7 @@ class Page {
     const auto cell = [&](const std::optional<std::string>& text) {
       return text && !line.is_text ? Escape(*text) : std::string();
     };
-    out_ << "<tr><td>" << Badge(change.severity) << "</td><td>" << Escape(what)
+    out_ << "<tr><td>" << Badge(change.severity, comparison_) << "</td><td>" << Escape(what)
          << "</td><td class=\"type\">" << cell(line.from) << "</td><td class=\"type\">"
          << cell(line.to) << "</td></tr>\n";
   }

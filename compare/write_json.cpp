@@ -4,6 +4,7 @@
 #include "base/utf.h"
 #include "compare/lines.h"
 #include "compare/objects.h"
+#include "compare/readings.h"
 #include "compare/text.h"
 #include "compare/writer.h"
 
@@ -119,6 +120,16 @@ void WriteJson(const Document& document, const WriteOptions& /*options*/, std::o
              {"harmless", comparison.Count(Severity::kHarmless)},
              {"tables", comparison.tables},
              {"unknown", unknown_count}});
+  if (!comparison.lead.empty()) {
+    Array readings(out, "readings");
+    for (const ReadingCount& kind : CountByKind(comparison.changes)) {
+      readings.Add({{"object", NameOf(kind.object)},
+                    {"property", NameOf(kind.property)},
+                    {"oldLacks", kind.old_lacks},
+                    {"newLacks", kind.new_lacks},
+                    {"differ", kind.differ}});
+    }
+  }
   out << "\n}\n";
 }
 

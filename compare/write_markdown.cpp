@@ -92,8 +92,12 @@ class Writer {
     const auto cell = [&](const std::optional<std::string>& text) {
       return text && !line.is_text ? Code(*text) : std::string();
     };
-    out_ << "| " << (breaking ? "**" + severity + "**" : severity) << " | " << what << " | "
-         << cell(line.from) << " | " << cell(line.to) << " |\n";
+    const bool rates = document_.comparison.lead.empty();
+    out_ << "| "
+         << (!rates     ? ""
+             : breaking ? "**" + severity + "**"
+                        : severity)
+         << " | " << what << " | " << cell(line.from) << " | " << cell(line.to) << " |\n";
   }
 
   void WriteText(const Line& line) {

@@ -1,5 +1,5 @@
 // The comparison for a terminal: a line a change under the name of its table, one line that sums
-// up.
+// up. Of two readings, what sums up comes first.
 #include "compare/lines.h"
 #include "compare/text.h"
 #include "compare/writer.h"
@@ -17,6 +17,7 @@ class Writer {
     const Comparison& comparison = document_.comparison;
     WriteSide("old", document_.old_label, document_.before.info);
     WriteSide("new", document_.new_label, document_.after.info);
+    for (const std::string& sentence : comparison.lead) out_ << In("\033[1m", sentence) << '\n';
     for (const std::string& note : comparison.notes) out_ << note << '\n';
     for (const Group& group : comparison.groups) {
       out_ << '\n' << In("\033[1;34m", Heading(group, comparison)) << '\n';
@@ -24,7 +25,7 @@ class Writer {
     }
     out_ << '\n';
     for (const Unknown& unknown : comparison.unknown) out_ << UnknownText(unknown) << '\n';
-    out_ << In("\033[1m", Summary(comparison)) << '\n';
+    if (comparison.lead.empty()) out_ << In("\033[1m", Summary(comparison)) << '\n';
   }
 
  private:
@@ -40,9 +41,12 @@ class Writer {
     static constexpr const char* kSigns[] = {"+", "-", "~", "~"};
     const Line line = lines_.Describe(change);
     const std::string severity = NameOf(change.severity);
-    out_ << "  " << In(kColours[static_cast<int>(change.severity)], severity)
-         << std::string(10 - severity.size(), ' ')
-         << (change.guess ? "?" : kSigns[static_cast<int>(change.action)]) << ' '
+    out_ << "  ";
+    if (document_.comparison.lead.empty()) {
+      out_ << In(kColours[static_cast<int>(change.severity)], severity)
+           << std::string(10 - severity.size(), ' ');
+    }
+    out_ << (change.guess ? "?" : kSigns[static_cast<int>(change.action)]) << ' '
          << Subject(change, line) << (change.action == Action::kChanged ? ": " : " ")
          << Predicate(change, line) << '\n';
     if (line.is_text) WriteDiff(line);

@@ -25,6 +25,7 @@ void RunDrivers(Run& run);
 void RunRender(Run& run);
 void RunDiff(Run& run, Outcome& outcome);
 void RunLint(Run& run, Outcome& outcome);
+void RunCompareReadings(Run& run, Outcome& outcome);
 
 // The whole program: takes the command line apart, runs the command, reports a failure. Returns the
 // exit code.

@@ -20,6 +20,8 @@ class HostSession {
 
   ImportRunner& runner() { return runner_; }
   const Connection& connection() const { return connection_; }
+  // Whether imports from now on go by the catalog functions on every server.
+  void ReadGenerically(bool generic) { services_.ReadGenerically(generic); }
   // Keeps the choices with a recording, once the names in them are the server's.
   void NoteChoices(const Choices& choices) { recording_.NoteChoices(choices); }
   // The choices are those of the recording that is played: their names were resolved when it was

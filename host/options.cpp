@@ -81,6 +81,13 @@ constexpr const char* kLintExamples =
     "  wbimport lint shop.json\n"
     "  wbimport lint --sqlite shop.db --no-rule quoted-name,L013 --exclude 'tmp_*'\n"
     "  wbimport lint --dsn shop --rules all --fail-on warning --format markdown -o lint.md";
+constexpr const char* kReadingsExamples =
+    "Examples:\n"
+    "  wbimport compare-readings --dsn shop\n"
+    "  wbimport compare-readings --sqlite shop.db --ignore comment,place --format html -o "
+    "two.html\n"
+    "  wbimport compare-readings --dsn shop --record two.jsonl.zst\n"
+    "Where no dialect fits the server, its own SQL is compared with the catalog functions of ODBC.";
 
 // A text option that may be left out; the last one given counts. It takes any text as it stands,
 // the empty one and `[a,b]` too, since names in a database look like anything.
@@ -206,10 +213,6 @@ void AddChoices(CLI::App& app, ChoiceOptions& options, bool with_exclude = true)
   AddText(app, "--catalog", options.catalog,
           "Catalog (database) that the generic route reads; list catalogs shows them", "NAME")
       ->group(group);
-  AddText(app, "--reading", options.reading,
-          "exact, compatible, or auto: exact where a dialect fits the server", "MODE")
-      ->check(CLI::IsMember({"exact", "compatible", "auto"}))
-      ->group(group);
   AddText(app, "--dialect", options.dialect, "Dialect file for the exact reading", "FILE")
       ->group(group);
   AddSwitch(app, "system", options.system, "Read system tables too", "Undo a file's includeSystem");
@@ -235,6 +238,14 @@ void AddChoices(CLI::App& app, ChoiceOptions& options, bool with_exclude = true)
   }
   AddText(app, "--table", options.table, "The single table whose column names are read",
           "[OWNER.]NAME")
+      ->group(group);
+}
+
+void AddReading(CLI::App& app, ChoiceOptions& options) {
+  const char* group = "Choices";
+  AddText(app, "--reading", options.reading,
+          "exact, compatible, or auto: exact where a dialect fits the server", "MODE")
+      ->check(CLI::IsMember({"exact", "compatible", "auto"}))
       ->group(group);
 }
 
@@ -320,6 +331,31 @@ void AddTextOrJson(CLI::App& app, OutputOptions& options) {
   AddFile(app, options);
 }
 
+// What a comparison leaves out.
+void AddIgnore(CLI::App& app, Options& options) {
+  const char* group = "Comparison";
+  AddTexts(app, "--ignore", options.diff.ignore,
+           "Kinds of changes to leave out, parted by commas: an object (index), a property "
+           "(comment), both (column.default), or an object with what became of it (table.added)",
+           "KIND")
+      ->delimiter(',')
+      ->group(group);
+  AddTexts(app, "--exclude", options.choices.exclude,
+           "Leave out what has this name, * and ? standing for anything; may be repeated",
+           "[OWNER.]NAME|TABLE.NAME")
+      ->group(group);
+}
+
+void AddComparisonOutput(CLI::App& app, OutputOptions& options) {
+  AddText(app, "-f,--format", options.format,
+          Names(wbcompare::AllFormats()) +
+              "; the default goes by the output file, else text on a terminal and json elsewhere",
+          "NAME")
+      ->check(OneOf(NamesOf(wbcompare::AllFormats())))
+      ->group("Output");
+  AddFile(app, options);
+}
+
 void AddDiff(CLI::App& app, Options& options) {
   DiffOptions& diff = options.diff;
   app.add_option("OLD", diff.old_file, "A workbook file, as --format json writes it")->required();
@@ -330,16 +366,7 @@ void AddDiff(CLI::App& app, Options& options) {
            "An owner, [OWNER.]TABLE or [OWNER.]TABLE.COLUMN and its name now; may be repeated",
            "OLD=NEW")
       ->group(group);
-  AddTexts(app, "--ignore", diff.ignore,
-           "Kinds of changes to leave out, parted by commas: an object (index), a property "
-           "(comment), both (column.default), or an object with what became of it (table.added)",
-           "KIND")
-      ->delimiter(',')
-      ->group(group);
-  AddTexts(app, "--exclude", options.choices.exclude,
-           "Leave out what has this name, * and ? standing for anything; may be repeated",
-           "[OWNER.]NAME|TABLE.NAME")
-      ->group(group);
+  AddIgnore(app, options);
   AddText(app, "--fail-on", diff.fail_on,
           "breaking, careful or any (the default): from which changes on the exit code is 10",
           "SEVERITY")
@@ -352,13 +379,11 @@ void AddDiff(CLI::App& app, Options& options) {
   app.add_flag("--spellings", diff.spellings,
                "Count what only a server's versions spell differently, too")
       ->group(group);
-  AddText(app, "-f,--format", options.output.format,
-          Names(wbcompare::AllFormats()) +
-              "; the default goes by the output file, else text on a terminal and json elsewhere",
-          "NAME")
-      ->check(OneOf(NamesOf(wbcompare::AllFormats())))
-      ->group("Output");
-  AddFile(app, options.output);
+  AddComparisonOutput(app, options.output);
+}
+
+bool Compares(Command command) {
+  return command == Command::kDiff || command == Command::kCompareReadings;
 }
 
 void AddLint(CLI::App& app, Options& options) {
@@ -395,7 +420,7 @@ void AddLint(CLI::App& app, Options& options) {
 
 // Whether a command that has formats of its own has this one; nothing for the other commands.
 std::optional<bool> HasFormat(Command command, const std::string& name) {
-  if (command == Command::kDiff) return wbcompare::FindFormat(name) != nullptr;
+  if (Compares(command)) return wbcompare::FindFormat(name) != nullptr;
   if (command == Command::kLint) return wblint::FindFormat(name) != nullptr;
   return std::nullopt;
 }
@@ -502,6 +527,9 @@ void CheckTogether(const Options& options) {
   }
   if (options.command == Command::kDiff) CheckDiff(options, ways != 0);
   if (options.command == Command::kLint) CheckLint(options, ways != 0);
+  if (options.command == Command::kCompareReadings && ways == 0) {
+    throw Failure(ExitCode::kUsage, "compare-readings takes a connection");
+  }
   if (options.report.record_names && !options.report.record) {
     throw Failure(ExitCode::kUsage, "--record-names goes with --record");
   }
@@ -571,8 +599,19 @@ void DeclareCommandLine(CLI::App& app, Options& options, std::optional<std::stri
   AddConnection(*diff, options.connection, "Connection (in place of NEW)");
   AddRouteChoices(*diff, options.choices);
   AddChoices(*diff, options.choices, false);
+  AddReading(*diff, options.choices);
   AddProgress(*diff, options.report);
   AddReports(*diff, options.report);
+  CLI::App* readings =
+      add_command("compare-readings", Command::kCompareReadings,
+                  "Read a schema both ways and tell what each lacks", kReadingsExamples);
+  AddConnection(*readings, options.connection);
+  AddRouteChoices(*readings, options.choices);
+  AddChoices(*readings, options.choices, false);
+  AddIgnore(*readings, options);
+  AddComparisonOutput(*readings, options.output);
+  AddProgress(*readings, options.report);
+  AddReports(*readings, options.report);
 
   CLI::App* lint =
       add_command("lint", Command::kLint, "Hold a schema to rules of good schemas", kLintExamples);
@@ -580,6 +619,7 @@ void DeclareCommandLine(CLI::App& app, Options& options, std::optional<std::stri
   AddConnection(*lint, options.connection, "Connection (in place of FILE)");
   AddRouteChoices(*lint, options.choices);
   AddChoices(*lint, options.choices, false);
+  AddReading(*lint, options.choices);
   AddProgress(*lint, options.report);
   AddReports(*lint, options.report);
 
@@ -588,11 +628,12 @@ void DeclareCommandLine(CLI::App& app, Options& options, std::optional<std::stri
     AddRouteChoices(*command, options.choices);
     if (command != info) {
       AddChoices(*command, options.choices);
+      AddReading(*command, options.choices);
       AddProgress(*command, options.report);
     }
     AddReports(*command, options.report);
   }
-  for (CLI::App* command : {import, list, info, render, diff, lint}) {
+  for (CLI::App* command : {import, list, info, render, diff, readings, lint}) {
     AddQuiet(*command, options.report);
   }
   AddOutput(*import, options.output);

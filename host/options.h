@@ -7,7 +7,17 @@
 
 namespace wbhost {
 
-enum class Command { kImport, kList, kInfo, kDrivers, kRender, kDiff, kLint, kDialects };
+enum class Command {
+  kImport,
+  kList,
+  kInfo,
+  kDrivers,
+  kRender,
+  kDiff,
+  kCompareReadings,
+  kLint,
+  kDialects
+};
 
 // Where to connect to. At most one of connect, connect_env, connect_stdin, dsn, sqlite, sample and
 // replay is given.

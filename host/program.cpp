@@ -12,6 +12,7 @@ namespace {
 void RunCommand(Run& run, Outcome& outcome) {
   const Command command = run.options.command;
   const bool imports = command == Command::kImport || command == Command::kList ||
+                       command == Command::kCompareReadings ||
                        (command == Command::kDiff && !run.options.diff.new_file) ||
                        (command == Command::kLint && !run.options.lint.file);
   InstallInterruptHandlers(imports);
@@ -32,6 +33,8 @@ void RunCommand(Run& run, Outcome& outcome) {
       return RunDiff(run, outcome);
     case Command::kLint:
       return RunLint(run, outcome);
+    case Command::kCompareReadings:
+      return RunCompareReadings(run, outcome);
   }
 }
 

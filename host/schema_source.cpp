@@ -10,7 +10,6 @@
 #include "host/resolve_names.h"
 
 namespace wbhost {
-namespace {
 
 std::string LabelOf(const ConnectionOptions& options, const Connection& connection) {
   if (options.sqlite) return *options.sqlite;
@@ -19,8 +18,6 @@ std::string LabelOf(const ConnectionOptions& options, const Connection& connecti
   if (options.replay) return *options.replay;
   return connection.connect_text();
 }
-
-}  // namespace
 
 Schema ReadSchema(const std::string& file) {
   Schema schema;
@@ -45,7 +42,9 @@ Schema ImportSchema(Run& run, Choices otherwise, const OutputFile& output, Outco
   TakeDialectFile(choices);
   HostSession session(run, choices, output);
   const std::uint32_t items = choices.ItemMask();
-  ResolveNames(choices, items, std::nullopt, session.runner(), run.screen);
+  if (!session.RepeatsChoices()) {
+    ResolveNames(choices, items, std::nullopt, session.runner(), run.screen);
+  }
   choices.items = items;
   session.NoteChoices(choices);
   ImportResult result = session.runner().Run(choices.importer, items);

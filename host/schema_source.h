@@ -6,6 +6,7 @@
 
 #include "host/choices.h"
 #include "host/commands.h"
+#include "host/connection.h"
 #include "host/output_file.h"
 #include "importer/workbook/workbook_file.h"
 
@@ -16,6 +17,9 @@ struct Schema {
   LcWorkbookFileInfo info;
   std::string label;  // what people call it
 };
+
+// What people call a connection, without its secrets.
+std::string LabelOf(const ConnectionOptions& options, const Connection& connection);
 
 // Throws a Failure where the file cannot be read or is none.
 Schema ReadSchema(const std::string& file);

@@ -38,12 +38,17 @@ class InstalledServices::Store : public platform::SettingsStore {
   std::optional<std::uint32_t> ReadDWORD(const std::u16string& key,
                                          const std::u16string& value) override {
     const std::optional<std::uint32_t> number = Find(key, value);
+    // A replay decides on its own way.
+    if (generic_ && value == u"GenericWorkbookImport") return number;
     if (number) recording_.NoteSetting(value, *number);
     return number;
   }
 
+  void ReadGenerically(bool generic) { generic_ = generic; }
+
  private:
   std::optional<std::uint32_t> Find(const std::u16string& key, const std::u16string& value) {
+    if (generic_ && value == u"GenericWorkbookImport") return *generic_ ? 1 : 0;
     const auto setting = settings_.find(value);
     if (setting != settings_.end()) {
       // A text counts as not set, and hides what the store behind has.
@@ -58,6 +63,7 @@ class InstalledServices::Store : public platform::SettingsStore {
   }
 
   Settings settings_;
+  std::optional<bool> generic_;
   std::shared_ptr<platform::SettingsStore> behind_;
   RunRecording& recording_;
   const ReplayNotes* notes_;
@@ -123,16 +129,19 @@ class InstalledServices::Log : public platform::CallLog {
 InstalledServices::InstalledServices(const Settings& settings, Screen& screen, Reports& reports,
                                      RunRecording& recording, const ReplayNotes* notes)
     : box_(std::make_shared<Box>(screen, reports)),
+      store_(std::make_shared<Store>(settings, platform::GetServices().settings, recording, notes)),
       log_(std::make_shared<Log>(reports, recording.recorder())),
       saved_(std::make_unique<platform::Services>(platform::GetServices())) {
   platform::Services& services = platform::GetServices();
   services.message_box = box_;
-  services.settings = std::make_shared<Store>(settings, saved_->settings, recording, notes);
+  services.settings = store_;
   services.database = std::make_shared<Database>(saved_->database, recording, notes);
   services.call_log = log_;
 }
 
 InstalledServices::~InstalledServices() { platform::GetServices() = *saved_; }
+
+void InstalledServices::ReadGenerically(bool generic) { store_->ReadGenerically(generic); }
 
 std::uint32_t InstalledServices::ErrorsShown() const { return box_->count(); }
 std::size_t InstalledServices::Failures() const { return log_->failures(); }

@@ -25,6 +25,9 @@ class InstalledServices {
   InstalledServices(const InstalledServices&) = delete;
   InstalledServices& operator=(const InstalledServices&) = delete;
 
+  // Goes before all settings, for runs from now on.
+  void ReadGenerically(bool generic);
+
   // Message boxes shown so far.
   std::uint32_t ErrorsShown() const;
   // How many of the driver's calls failed so far.
@@ -38,6 +41,7 @@ class InstalledServices {
   class Log;
   class Database;
   std::shared_ptr<Box> box_;
+  std::shared_ptr<Store> store_;
   std::shared_ptr<Log> log_;
   std::unique_ptr<platform::Services> saved_;
 };

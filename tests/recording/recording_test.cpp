@@ -205,6 +205,42 @@ TEST_F(Recordings, OfRealDriversGiveWhatTheyGave) {
   }
 }
 
+TEST_F(Recordings, TellTwoReadingsApart) {
+  const auto compare = [](const Words& arguments) {
+    return RunProgram(
+        {Words{"compare-readings", "--progress", "none", "--format", "text"} + arguments});
+  };
+  const auto told = [](const ProgramResult& result) {  // without the lines that name the sides
+    return result.out.substr(result.out.find("\nThe "));
+  };
+  const struct {
+    const char* sample;
+    const char* lacks;
+  } cases[] = {
+      {"sqlite", "The compatible reading lacks 1 database option, 2 view texts,"},
+      {"informix", "The reading with SQL of its own lacks 2 routines and 2 foreign keys."},
+  };
+  for (const auto& [sample, lacks] : cases) {
+    const ProgramResult recorded = compare({"--sample", sample, "--record", file_});
+    EXPECT_EQ(recorded.exit_code, 10) << recorded.err;
+    EXPECT_THAT(recorded.out, HasSubstr(lacks));
+    const ProgramResult replayed = compare({"--replay", file_});
+    EXPECT_EQ(replayed.exit_code, 10) << replayed.err;
+    EXPECT_EQ(FirstDifference(told(replayed), told(recorded)), "");
+  }
+  Import({"--sample", "sqlite", "--record", file_});
+  const std::pair<Words, const char*> refused[] = {
+      {{}, "takes a connection"},
+      {{"--sample", "access"}, "is read in one way only"},
+      {{"--replay", file_}, "does not hold the compatible reading"},
+  };
+  for (const auto& [arguments, message] : refused) {
+    const ProgramResult result = compare(arguments);
+    EXPECT_EQ(result.exit_code, 2);
+    EXPECT_THAT(result.err, HasSubstr(message));
+  }
+}
+
 // What an import has of a schema besides its names, and the order that names give.
 std::string Shape(const std::string& workbook) {
   const json file = json::parse(workbook);
