@@ -1,6 +1,8 @@
 // Execution, bound cells and long cells.
 #include "odbc/query.h"
 
+#include <algorithm>
+
 #include "base/fast_utf.h"
 #include "base/utf.h"
 #include "odbc/driver.h"
@@ -142,7 +144,10 @@ QueryState Query::Fetch() {
   }
   if (!Succeeded(fetched)) return Fail();
   for (std::size_t i = 0; i < cells_.size(); ++i) {
-    if (!TakeCell(i)) return Fail();
+    if (TakeCell(i)) continue;
+    if (failure_.diagnostics.empty()) return Fail();
+    Close();
+    return QueryState::kFailed;
   }
   return QueryState::kRow;
 }
@@ -170,15 +175,30 @@ bool Query::TakeCell(std::size_t column) {
   return true;
 }
 
+bool Query::RefuseCell(const char* why) {
+  Diagnostic refusal;
+  AppendAscii(why, refusal.message);
+  failure_.diagnostics = {refusal};
+  return false;
+}
+
+// The driver's word for the length is no reason to take memory: what a piece may have at most grows
+// with what has arrived.
 bool Query::TakeLongCell(std::size_t column) {
   constexpr std::size_t kPieceBytes = 65536;
+  constexpr std::size_t kMostFirstBytes = std::size_t{1024} * 1024;
+  constexpr std::size_t kMostPieceBytes = std::size_t{16} * 1024 * 1024;
+  constexpr std::size_t kMostBytes = std::size_t{256} * 1024 * 1024;
   BoundCell& cell = *bound_[column];
   const std::size_t terminator = narrow_ ? sizeof(char) : sizeof(char16_t);
   std::string bytes;
   std::size_t read = 0;
-  std::size_t room =
-      cell.indicator > 0 ? static_cast<std::size_t>(cell.indicator) + terminator : kPieceBytes;
+  std::size_t room = kPieceBytes;
+  if (cell.indicator > 0) {
+    room = std::min(static_cast<std::size_t>(cell.indicator), kMostFirstBytes) + terminator;
+  }
   for (;;) {
+    if (read > kMostBytes) return RefuseCell("a text is longer than 256 MiB");
     bytes.resize(read + room);
     SQLLEN rest = 0;
     const SQLRETURN result = statement_->GetData(
@@ -189,7 +209,7 @@ bool Query::TakeLongCell(std::size_t column) {
     const bool ends = rest >= 0 && static_cast<std::size_t>(rest) + terminator <= room;
     read += ends ? static_cast<std::size_t>(rest) : room - terminator;
     if (ends) break;
-    room = kPieceBytes;
+    room = std::clamp(read, kPieceBytes, kMostPieceBytes);
   }
   bytes.resize(read);
   if (narrow_) {

@@ -78,6 +78,7 @@ class Query {
   bool BindCells(std::size_t columns);
   bool TakeCell(std::size_t column);
   bool TakeLongCell(std::size_t column);
+  bool RefuseCell(const char* why);
 
   void* henv_;
   void* hdbc_;

@@ -39,9 +39,9 @@ void Fill(const Statement& statement, SQLULEN slot, int row) {
     if (binding.buffer == nullptr) continue;
     char* text = binding.buffer + slot * static_cast<SQLULEN>(binding.bytes);
     SQLLEN* indicator = &binding.indicator[slot];
-    if (lie == "no-terminator" || lie == "huge-indicator") {
+    if (lie == "no-terminator" || lie == "huge-indicator" || lie == "endless-cell") {
       std::fill_n(reinterpret_cast<char16_t*>(text), binding.bytes / 2, u'x');
-      *indicator = lie == "huge-indicator" ? 0x7fffffffffffffff : binding.bytes;
+      *indicator = lie != "no-terminator" ? 0x7fffffffffffffff : binding.bytes;
       continue;
     }
     const char16_t cell[] = {static_cast<char16_t>(u'a' + column),
@@ -140,6 +140,23 @@ DRIVER_ENTRY SQLBindCol(SQLHSTMT handle, SQLUSMALLINT column, SQLSMALLINT, SQLPO
   static_cast<Statement*>(handle)->bindings[column - 1] = {static_cast<char*>(buffer), bytes,
                                                            indicator};
   return SQL_SUCCESS;
+}
+
+// Rows of cells that do not fit, whose rest is longer than any memory, or that never end.
+DRIVER_ENTRY SQLFetch(SQLHSTMT handle) {
+  Statement& statement = *static_cast<Statement*>(handle);
+  if (statement.row == kRows) return SQL_NO_DATA;
+  Fill(statement, 0, statement.row++);
+  return SQL_SUCCESS;
+}
+
+DRIVER_ENTRY SQLGetData(SQLHSTMT, SQLUSMALLINT, SQLSMALLINT, SQLPOINTER buffer, SQLLEN bytes,
+                        SQLLEN* indicator) {
+  static int pieces = 0;
+  std::fill_n(static_cast<char16_t*>(buffer), bytes / 2, u'x');
+  const bool ends = lie == "huge-indicator" && ++pieces % 3 == 0;
+  *indicator = ends ? 4 : 0x7fffffffffffffff;
+  return ends ? SQL_SUCCESS : SQL_SUCCESS_WITH_INFO;
 }
 
 DRIVER_ENTRY SQLExtendedFetch(SQLHSTMT handle, SQLUSMALLINT, SQLLEN, SQLULEN* rows,

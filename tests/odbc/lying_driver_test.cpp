@@ -5,6 +5,7 @@
 
 #include "base/utf.h"
 #include "odbc/fetch.h"
+#include "odbc/query.h"
 #include "tests/support/connection.h"
 
 namespace {
@@ -55,5 +56,24 @@ INSTANTIATE_TEST_SUITE_P(
       std::replace(name.begin(), name.end(), '-', '_');
       return name;
     });
+
+// A cell of which the driver says anything is read in pieces that grow with what arrives, up to a
+// limit.
+TEST(LyingQuery, GetsNoMemoryForALengthAlone) {
+  const std::pair<const char*, odbc::QueryState> cases[] = {
+      {"huge-indicator", odbc::QueryState::kRow}, {"endless-cell", odbc::QueryState::kFailed}};
+  for (const auto& [lie, state] : cases) {
+    wbtest::Connection connection(
+        std::string("Driver=" WB_BUILD_DIR "/lib/liblyingdriver.so;Lie=") + lie + ";");
+    odbc::Query query(connection.henv(), connection.hdbc(), [] { return false; });
+    ASSERT_EQ(query.Execute("anything", {}, 2), odbc::QueryState::kRow);
+    ASSERT_EQ(query.Fetch(), state) << lie;
+    if (state == odbc::QueryState::kFailed) {
+      EXPECT_NE(query.Failure().Text().find(u"longer than 256 MiB"), std::u16string::npos);
+    } else {
+      EXPECT_EQ(query.Cell(0).size(), 512U * 1024U + (512U * 1024U - 1) + 2);  // three pieces
+    }
+  }
+}
 
 }  // namespace
