@@ -109,6 +109,71 @@ TEST(ConnectionCheck, TellsAHostWhatItsConnectionLacks) {
   EXPECT_FALSE(OdbcImportCheckConnection(lost.henv(), nullptr, why));
 }
 
+std::vector<std::size_t> CountsOf(const LcWorkbook& workbook) {
+  return {workbook.tables.GetCount(),       workbook.table_names.GetCount(),
+          workbook.column_names.GetCount(), workbook.owner_names.GetCount(),
+          workbook.data_types.GetCount(),   workbook.functions.GetCount(),
+          workbook.aggregates.GetCount(),   workbook.operators.GetCount(),
+          workbook.procedures.GetCount()};
+}
+
+// No list looks for what it holds already, so a second import stands behind the first, but for the
+// owners of the catalog functions and the users' functions of Informix.
+TEST(Importer, AppendsAllAgainToTheSameWorkbook) {
+  constexpr std::size_t kOwners = 3;
+  constexpr std::size_t kFunctions = 5;
+  const struct {
+    const char* server;
+    std::size_t merging_list;
+    std::size_t merged;
+  } cases[] = {{"informix", kFunctions, 3}, {"oracle", kOwners, 0}, {"generic", kOwners, 3}};
+  for (const auto& c : cases) {
+    const auto connection = Connection::OpenSimulator(c.server);
+    LcWorkbook workbook;
+    LcODBCWorkbookImport importer(nullptr, &workbook);
+    importer.SyncLogin(connection->henv(), connection->hdbc());
+    importer.choices.item_mask = 0xffffffff;
+    importer.choices.single_table_name = u"member";
+    unsigned short status = 0;
+    importer.ImportItems(status);
+    std::vector<std::size_t> twice = CountsOf(workbook);
+    for (std::size_t& count : twice) count *= 2;
+    twice[c.merging_list] -= c.merged;
+    importer.ImportItems(status);
+    EXPECT_EQ(CountsOf(workbook), twice) << c.server;
+    EXPECT_GT(twice[0], 0U);
+  }
+}
+
+// The last phase that has a result gives that of the import.
+TEST(Importer, FailsWithThePhaseThatComesLast) {
+  const struct {
+    const char* server;
+    const char* fault;
+    std::uint32_t items;
+    bool result;
+  } cases[] = {
+      {"sqlserver", "", ibBooleanFunctions, false},
+      {"sqlserver", "", ibFunctions, false},  // its catalogue alone was added
+      {"sqlserver", "", ibFunctions | ibProcedures, true},
+      {"db2", "", ibFunctions, true},
+      {"redbrick", "", ibProcedures, false},
+      {"generic", "Fail=SQLTables:1", ibOwnerNames, false},
+      {"generic", "Fail=SQLTables:1", ibTableNames, true},
+      {"generic", "Fail=SQLColumns:1", ibColumnNames, false},
+  };
+  for (const auto& c : cases) {
+    const auto connection = Connection::OpenSimulator(c.server, c.fault);
+    LcWorkbook workbook;
+    LcODBCWorkbookImport importer(nullptr, &workbook);
+    importer.SyncLogin(connection->henv(), connection->hdbc());
+    importer.choices.item_mask = c.items;
+    importer.choices.single_table_name = u"member";
+    unsigned short status = 0;
+    EXPECT_EQ(importer.ImportItems(status), c.result) << c.server << ' ' << c.items;
+  }
+}
+
 struct CountingCursor : platform::BusyCursor {
   int shown = 0;
   void Show() override { ++shown; }
