@@ -139,6 +139,11 @@ const LcWorkbookTable* FindAround(const LcWorkbook& workbook, const std::string&
   return table;
 }
 
+bool HasTableToDrawAround(const LcWorkbook& workbook, const std::string& around) {
+  std::vector<std::string> notes;
+  return FindAround(workbook, around, notes) != nullptr;
+}
+
 bool SelectDiagram(const Document& document, const Options& options, Diagram& diagram,
                    std::vector<std::string>& notes) {
   const Relationships relationships(document.workbook);

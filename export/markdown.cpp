@@ -1,9 +1,6 @@
 // Markdown: one page, or a folder with a page for each table.
 #include <fmt/format.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <set>
@@ -48,47 +45,6 @@ class FileNames {
   std::unordered_map<std::string, int> last_number_;  // given to a stem
 };
 
-// A folder beside the wanted one, which takes its place or gives its files to it when it is whole;
-// removed with all that is still in it.
-class TemporaryFolder {
- public:
-  explicit TemporaryFolder(const fs::path& wanted)
-      : path_((wanted.parent_path() / ".wbimport-XXXXXX").string()) {
-    std::error_code error;
-    fs::create_directories(wanted.parent_path(), error);
-    if (mkdtemp(path_.data()) == nullptr) path_.clear();
-    if (!path_.empty()) fs::permissions(path_, FolderPermissions(), error);
-  }
-  ~TemporaryFolder() {
-    std::error_code error;
-    if (!path_.empty()) fs::remove_all(path_, error);
-  }
-  TemporaryFolder(const TemporaryFolder&) = delete;
-  TemporaryFolder& operator=(const TemporaryFolder&) = delete;
-
-  const std::string& path() const { return path_; }  // empty where it could not be made
-
- private:
-  static fs::perms FolderPermissions() {
-    const mode_t mask = umask(0);
-    umask(mask);
-    return static_cast<fs::perms>(0777 & ~mask);
-  }
-  std::string path_;
-};
-
-// Moves the pages into a folder that is there already, over those of the same name.
-bool MovePages(const fs::path& from, const fs::path& folder, std::error_code& error) {
-  fs::create_directories(folder / "tables", error);
-  for (const auto& page : fs::directory_iterator(from / "tables", error)) {
-    if (error) return false;
-    fs::rename(page.path(), folder / "tables" / page.path().filename(), error);
-    if (error) return false;
-  }
-  if (!error) fs::rename(from / "README.md", folder / "README.md", error);
-  return !error;
-}
-
 bool WritePage(const fs::path& path, const std::string& text) {
   std::ofstream out(path, std::ios::binary);
   out << text;
@@ -96,7 +52,6 @@ bool WritePage(const fs::path& path, const std::string& text) {
   return !out.fail();
 }
 
-// All pages, into a folder that is there.
 bool WritePages(const Document& document, const Options& options, const fs::path& folder,
                 fs::path& failed) {
   // Links as the start page sees them; from a table's page the others lie beside it.
@@ -114,11 +69,12 @@ bool WritePages(const Document& document, const Options& options, const fs::path
   start.WriteHead(page);
   start.WriteTableList(page);
   start.WriteRest(page);
-  failed = folder / "README.md";
-  if (!WritePage(failed, page.str())) return false;
   failed = folder / "tables";
   std::error_code error;
-  if (!fs::create_directory(failed, error)) return false;
+  fs::create_directories(failed, error);
+  if (!fs::is_directory(failed, error)) return false;
+  failed = folder / "README.md";
+  if (!WritePage(failed, page.str())) return false;
   const std::string title =
       document.info.title.empty() ? "All tables" : Display(document.info.title);
   for (const LcWorkbookTable* table : beside.tables()) {
@@ -155,23 +111,10 @@ bool WriteMarkdown(const Document& document, const Options& options, std::ostrea
 
 bool WriteMarkdownFolder(const Document& document, const Options& options,
                          const std::string& folder, Notes& notes) {
-  std::error_code error;
-  fs::path wanted = fs::absolute(folder, error);
-  if (!wanted.has_filename()) wanted = wanted.parent_path();
-  const TemporaryFolder temporary(wanted);
-  fs::path failed = wanted;
-  bool written =
-      !temporary.path().empty() && WritePages(document, options, temporary.path(), failed);
-  if (written && fs::exists(wanted, error)) {
-    failed = wanted / "tables";
-    written = MovePages(temporary.path(), wanted, error);
-  } else if (written) {
-    fs::rename(temporary.path(), wanted, error);
-    failed = wanted;
-    written = !error;
-  }
-  if (!written) notes.push_back("Cannot write " + failed.string() + ".");
-  return written;
+  fs::path failed;
+  if (WritePages(document, options, folder, failed)) return true;
+  notes.push_back("Cannot write " + failed.string() + ".");
+  return false;
 }
 
 }  // namespace wbexport

@@ -56,6 +56,9 @@ struct Format {
                        std::vector<std::string>& notes) = nullptr;
   bool compacts = false;  // Options::compact means something to it
 };
+// Whether there is a table to draw the surroundings of, as Options::around names it.
+bool HasTableToDrawAround(const LcWorkbook& workbook, const std::string& around);
+
 const std::vector<Format>& AllFormats();
 // Null when there is no such format.
 const Format* FindFormat(std::string_view name);

@@ -55,7 +55,10 @@ class Sheet {
     options.around = options_.around.value_or("");
     options.distance = options_.distance;
     options.detail = DetailOf(options_.detail.value_or(""));
-    options.is_cancelled = [] { return GetInterruptWish() == InterruptWish::kCancel; };
+    // What an import read before it was cancelled is written all the same.
+    options.is_cancelled = [before = GetInterruptWish()] {
+      return before != InterruptWish::kCancel && GetInterruptWish() == InterruptWish::kCancel;
+    };
     options.whole = options_.whole;
     options.dialect_out = options_.dialect_out;
     std::vector<std::string> notes;
@@ -67,7 +70,11 @@ class Sheet {
                                return format_.write({workbook, info}, options, out, notes);
                              });
     if (!written) {
-      throw Failure(output_.IsFolder() ? ExitCode::kOutput : ExitCode::kUsage,
+      const bool is_usage =
+          options_.around && !wbexport::HasTableToDrawAround(workbook, options.around);
+      throw Failure(is_usage                 ? ExitCode::kUsage
+                    : options.is_cancelled() ? ExitCode::kCancelled
+                                             : ExitCode::kOutput,
                     notes.empty() ? "nothing could be written" : notes.back());
     }
     for (const std::string& note : notes) screen.Say(note);
