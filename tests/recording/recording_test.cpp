@@ -101,6 +101,11 @@ TEST_F(Recordings, OfEveryPracticeServerPlayToTheSameBytes) {
   }
 }
 
+// An exact reading of PostgreSQL, where no server is.
+#define WB_EXACT(faults) \
+  "recording;File=" WB_SOURCE_DIR "/tests/recording/fixtures/postgresql_exact.jsonl" faults
+const Words kExact = {"--reading", "exact", "--items", "tables,views,synonyms,data-types"};
+
 TEST_F(Recordings, KeepWhatGoesWrong) {
   const struct {
     const char* server;
@@ -127,6 +132,8 @@ TEST_F(Recordings, KeepWhatGoesWrong) {
       {"informix", 0, {"--select-table", "member", "--no-foreign-keys", "--items", "tables"}},
       {"informix", 0, {"--select-synonym", "joe.books"}},
       {"sqlserver", 0, {"--items", "column-names", "--table", "dbo.member"}},
+      {WB_EXACT(";DropConnection=25"), 5, kExact},
+      {WB_EXACT(";Fail=SQLExecDirect:9"), 3, kExact},
       {"nosuch", 5},
   };
   for (const auto& [server, exit_code, choices] : cases) {
@@ -138,12 +145,13 @@ TEST_F(Recordings, KeepWhatGoesWrong) {
 
 TEST_F(Recordings, StopWhereTheRecordedImportStopped) {
   const std::string slow = "Slow=SQLExecDirect:20,SQLColumns:20,SQLForeignKeys:20";
-  for (const char* server : {"informix", "generic"}) {
+  for (const char* server : {"informix", "generic", WB_EXACT("")}) {
     for (const auto& [signal_number, exit_code] : {std::pair(SIGINT, 9), std::pair(SIGTERM, 4)}) {
       SCOPED_TRACE(server + std::to_string(signal_number));
       const Words connection = {"--connect",
                                 SimulatorString(std::string("Server=") + server + ";" + slow)};
-      EXPECT_EQ(Check(connection, signal_number).exit_code, exit_code);
+      const bool exact = std::string_view(server).starts_with("recording");
+      EXPECT_EQ(Check(connection + (exact ? kExact : Words{}), signal_number).exit_code, exit_code);
     }
   }
 }
@@ -193,7 +201,8 @@ TEST_F(Recordings, AreRefusedWhenTheyAreNone) {
 // the answers are about is the schema of tests/real; scripts/record_fixtures made them.
 // WB_RENEW_GOLDEN=1 writes the outlines anew.
 TEST_F(Recordings, OfRealDriversGiveWhatTheyGave) {
-  for (const char* name : {"access", "mariadb", "postgresql", "sqlite"}) {
+  for (const char* name : {"access", "mariadb", "mariadb_exact", "postgresql", "postgresql_exact",
+                           "sqlite", "sqlite_exact"}) {
     const std::string at = std::string(WB_SOURCE_DIR "/tests/recording/fixtures/") + name;
     const ProgramResult result =
         RunProgram({"import", "--replay", at + ".jsonl", "--record", again_, "--progress", "none"});
