@@ -437,6 +437,10 @@ bool Dialect::IsFor(std::string_view product) const {
   });
 }
 
+bool Dialect::IsForAnyProduct() const {
+  return std::find(products.begin(), products.end(), "*") != products.end();
+}
+
 std::vector<const Section*> Dialect::Find(Kind kind, const Version& version) const {
   std::vector<const Section*> found;
   for (const Section& section : sections) {

@@ -62,6 +62,7 @@ struct Dialect {
   std::vector<Section> sections;
 
   bool IsFor(std::string_view product) const;  // UTF-8
+  bool IsForAnyProduct() const;
   // The sections of a kind that a server of that version is asked, in turn: the first, and the
   // fallbacks behind it. Empty where the server has no such kind.
   std::vector<const Section*> Find(Kind kind, const Version& version) const;

@@ -1,6 +1,8 @@
 #include "routes/exact/dialects.h"
 
+#include <algorithm>
 #include <array>
+#include <utility>
 
 #include "embedded_odbcimport_objects.h"
 
@@ -8,6 +10,7 @@ namespace odbcimport::exact {
 
 std::span<const BuiltInDialect> BuiltInDialects() {
   static const std::array kDialects = {
+      BuiltInDialect{"information_schema", files::kInformationSchema},
       BuiltInDialect{"mariadb", files::kMariadb},
       BuiltInDialect{"postgresql", files::kPostgresql},
       BuiltInDialect{"sqlite", files::kSqlite},
@@ -15,14 +18,17 @@ std::span<const BuiltInDialect> BuiltInDialects() {
   return kDialects;
 }
 
-std::shared_ptr<const Dialect> FindBuiltInDialect(std::string_view product) {
+std::vector<std::shared_ptr<const Dialect>> FindBuiltInDialects(std::string_view product) {
+  std::vector<std::shared_ptr<const Dialect>> found;
   for (const BuiltInDialect& candidate : BuiltInDialects()) {
     auto dialect = std::make_shared<Dialect>();
     // What is built in is right; a test reads every one of them.
     static_cast<void>(ParseDialect(candidate.file, *dialect));
-    if (dialect->IsFor(product)) return dialect;
+    if (dialect->IsFor(product)) found.push_back(std::move(dialect));
   }
-  return nullptr;
+  std::stable_partition(found.begin(), found.end(),
+                        [](const auto& dialect) { return !dialect->IsForAnyProduct(); });
+  return found;
 }
 
 }  // namespace odbcimport::exact

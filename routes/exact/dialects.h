@@ -5,6 +5,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "routes/exact/dialect.h"
 
@@ -16,7 +17,8 @@ struct BuiltInDialect {
 };
 std::span<const BuiltInDialect> BuiltInDialects();
 
-// The built-in dialect for a product (SQL_DBMS_NAME, UTF-8); null where there is none.
-std::shared_ptr<const Dialect> FindBuiltInDialect(std::string_view product);
+// The built-in dialects that may fit a product (SQL_DBMS_NAME, UTF-8): those made for it, then
+// those for any product.
+std::vector<std::shared_ptr<const Dialect>> FindBuiltInDialects(std::string_view product);
 
 }  // namespace odbcimport::exact

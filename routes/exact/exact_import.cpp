@@ -1,6 +1,8 @@
 #include "routes/exact/exact_import.h"
 
 #include <memory>
+#include <utility>
+#include <vector>
 
 #include "base/utf.h"
 #include "routes/exact/catalog.h"
@@ -10,23 +12,28 @@
 namespace odbcimport::exact {
 namespace {
 
-std::shared_ptr<const Dialect> FindDialect(const LcImportChoices& choices,
-                                           const std::u16string& dbms_name, std::string& why) {
-  if (!choices.dialect.empty()) {
-    auto dialect = std::make_shared<Dialect>();
-    const std::vector<DialectProblem> problems = ParseDialect(choices.dialect, *dialect);
-    if (problems.empty()) return dialect;
-    why = "the dialect file, line " + std::to_string(problems.front().line) + ": " +
-          problems.front().text;
-    return nullptr;
+using Candidates = std::vector<std::shared_ptr<const Dialect>>;
+
+// Those that may fit, the best first; none, with the reason, where there are none.
+Candidates FindCandidates(const LcImportChoices& choices, const std::string& product,
+                          std::string& why) {
+  if (choices.dialect.empty()) return FindBuiltInDialects(product);
+  auto dialect = std::make_shared<Dialect>();
+  const std::vector<DialectProblem> problems = ParseDialect(choices.dialect, *dialect);
+  if (problems.empty()) return {std::move(dialect)};
+  why = "the dialect file, line " + std::to_string(problems.front().line) + ": " +
+        problems.front().text;
+  return {};
+}
+
+// The dialect made for the server tells best why it does not fit.
+std::string WhyNot(const Dialect& dialect, const std::string& product, const std::string& answer) {
+  if (!dialect.IsForAnyProduct()) {
+    return "the dialect " + dialect.name + " does not fit, " + answer;
   }
-  const std::string product = base::ToUtf8(dbms_name);
-  std::shared_ptr<const Dialect> dialect = FindBuiltInDialect(product);
-  if (dialect == nullptr) {
-    why = product.empty() ? "the driver does not name the server"
-                          : "there is no dialect for " + product;
-  }
-  return dialect;
+  const std::string none = product.empty() ? std::string("the driver does not name the server")
+                                           : "there is no dialect for " + product;
+  return none + ", and " + dialect.name + " does not fit, " + answer;
 }
 
 }  // namespace
@@ -34,15 +41,19 @@ std::shared_ptr<const Dialect> FindDialect(const LcImportChoices& choices,
 std::string FindDialectFor(void* henv, void* hdbc, const LcImportChoices& choices,
                            ServerFacts& server, std::string& why) {
   server.finding = nullptr;
-  const std::shared_ptr<const Dialect> dialect = FindDialect(choices, server.dbms_name, why);
-  if (dialect == nullptr) return {};
-  auto answer = std::make_shared<Server>();
-  if (!AskServer(henv, hdbc, dialect, *answer, why)) {
-    why = "the dialect " + dialect->name + " does not fit, " + why;
-    return {};
+  why.clear();
+  const std::string product = base::ToUtf8(server.dbms_name);
+  for (const auto& dialect : FindCandidates(choices, product, why)) {
+    auto found = std::make_shared<Server>();
+    std::string answer;
+    if (AskServer(henv, hdbc, dialect, *found, answer)) {
+      server.finding = std::move(found);
+      why.clear();
+      return dialect->name;
+    }
+    if (why.empty()) why = WhyNot(*dialect, product, answer);
   }
-  server.finding = std::move(answer);
-  return dialect->name;
+  return {};
 }
 
 bool ImportExactItems(ImportSession& session, unsigned short& status) {
