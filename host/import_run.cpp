@@ -99,7 +99,7 @@ ImportResult ImportRunner::Run(const LcImportChoices& choices, std::uint32_t ite
   ImportResult result;
   result.workbook = std::make_unique<LcWorkbook>();
   result.items = item_mask;
-  const std::size_t failures_before = services_.Failures();
+  failures_before_ = services_.Failures();
   Progress progress(progress_mode_, screen_, choices.keys, choices.foreign_keys);
   {
     Importer importer(*this, choices, result.workbook.get());
@@ -127,7 +127,7 @@ ImportResult ImportRunner::Run(const LcImportChoices& choices, std::uint32_t ite
   result.seconds = progress.Finish();
   result.info.errors_shown = services_.ErrorsShown();
   result.connection_lost = connection_.IsDead();
-  if (services_.Failures() != failures_before) result.last_failure = services_.LastFailure();
+  if (services_.Failures() != failures_before_) result.last_failure = services_.LastFailure();
   result.info.incomplete = result.info.status != 0 || result.connection_lost;
   return result;
 }
@@ -179,7 +179,8 @@ void ImportRunner::OnNotify(enumImpNotify notify, void* record) { active_->Notif
 
 void ImportRunner::Notify(enumImpNotify notify, void* record) {
   // A route sets the running mark when it starts, so that an interrupt before counts from here on.
-  ++notifications_;
+  // What was refused while the route was looked for is no failure of the import.
+  if (++notifications_ == 1) failures_before_ = services_.Failures();
   InterruptWish wish = GetInterruptWish();
   if (notes_ != nullptr) wish = std::max(wish, notes_->WishAt(imports_, notifications_));
   recording_.NoteInterrupt(wish, imports_, notifications_);

@@ -80,8 +80,9 @@ class ImportRunner {
   LcWorkbookImport* importer_ = nullptr;
   Progress* progress_ = nullptr;
   bool traced_ = true;
-  unsigned imports_ = 0;        // begun
-  unsigned notifications_ = 0;  // of the one in hand
+  unsigned imports_ = 0;             // begun
+  unsigned notifications_ = 0;       // of the one in hand
+  std::size_t failures_before_ = 0;  // driver calls that failed before the import in hand began
 };
 
 }  // namespace wbhost

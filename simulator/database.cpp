@@ -115,6 +115,7 @@ Database OpenCached(const ServerTraits& traits, const std::vector<NamedScript>& 
 Database OpenServer(const ServerTraits& traits, const Settings& settings, std::string& why) {
   std::vector<NamedScript> scripts;
   if (traits.library) scripts.push_back({"the library", std::string(kLibrary)});
+  if (traits.shop) scripts.push_back({"the shop", std::string(kShop)});
   scripts.push_back({"the script of " + std::string(traits.name), std::string(*traits.script)});
   const bool large = settings.scale.tables > 0;
   if (large && traits.scale_script == nullptr) {

@@ -2,6 +2,7 @@
 #include "simulator/helper_functions.h"
 
 #include <cstdlib>
+#include <string>
 #include <string_view>
 
 #include "simulator/text.h"
@@ -42,14 +43,62 @@ void Slice(sqlite3_context* context, int, sqlite3_value** arguments) {
     sqlite3_result_text(context, slice.data(), static_cast<int>(slice.size()), SQLITE_TRANSIENT);
 }
 
+// CONCAT of Transact-SQL: NULL is an empty text.
+void Concat(sqlite3_context* context, int count, sqlite3_value** arguments) {
+  std::string text;
+  for (int i = 0; i < count; ++i) text += TextOf(arguments[i]);
+  sqlite3_result_text(context, text.data(), static_cast<int>(text.size()), SQLITE_TRANSIENT);
+}
+
+// PARSENAME(name, n): the n-th part from the right of `[server].[database].[schema].[name]`.
+void ParseName(sqlite3_context* context, int, sqlite3_value** arguments) {
+  std::string_view name = TextOf(arguments[0]);
+  for (int left = sqlite3_value_int(arguments[1]); !name.empty(); --left) {
+    const std::size_t dot = name.rfind('.');
+    std::string_view part = dot == std::string_view::npos ? name : name.substr(dot + 1);
+    name = dot == std::string_view::npos ? std::string_view() : name.substr(0, dot);
+    if (left != 1) continue;
+    if (part.starts_with('[')) part = part.substr(1, part.size() - 2);
+    sqlite3_result_text(context, part.data(), static_cast<int>(part.size()), SQLITE_TRANSIENT);
+    return;
+  }
+}
+
+// Functions of a server that tell where one is and what one may do: always the same.
+template <const char* kText>
+void Constant(sqlite3_context* context, int, sqlite3_value**) {
+  sqlite3_result_text(context, kText, -1, SQLITE_STATIC);
+}
+constexpr char kLibrary[] = "library";
+constexpr char kDbo[] = "dbo";
+constexpr char kYes[] = "1";
+
+struct Function {
+  const char* name;
+  int arguments;  // -1: any number
+  void (*function)(sqlite3_context*, int, sqlite3_value**);
+};
+constexpr Function kFunctions[] = {
+    {"sim_index_key", 2, IndexKey},
+    {"sim_slice", 3, Slice},
+    {"concat", -1, Concat},
+    {"parsename", 2, ParseName},
+    {"db_name", 0, Constant<kLibrary>},
+    {"schema_name", 0, Constant<kDbo>},
+    {"has_perms_by_name", 3, Constant<kYes>},
+};
+
 }  // namespace
 
 bool RegisterHelperFunctions(sqlite3* database) {
   constexpr int kFlags = SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_INNOCUOUS;
-  return sqlite3_create_function(database, "sim_index_key", 2, kFlags, nullptr, IndexKey, nullptr,
-                                 nullptr) == SQLITE_OK &&
-         sqlite3_create_function(database, "sim_slice", 3, kFlags, nullptr, Slice, nullptr,
-                                 nullptr) == SQLITE_OK;
+  for (const Function& function : kFunctions) {
+    if (sqlite3_create_function(database, function.name, function.arguments, kFlags, nullptr,
+                                function.function, nullptr, nullptr) != SQLITE_OK) {
+      return false;
+    }
+  }
+  return true;
 }
 
 }  // namespace catalogsim

@@ -26,6 +26,7 @@ struct ServerTraits {
   const std::string_view* script;        // null: a recording is played
   const std::string_view* scale_script;  // null: no generated tables
   bool library = false;                  // servers/library.sql runs before the script
+  bool shop = false;                     // servers/shop.sql runs before the script
   std::string_view dbms_name;
   std::string_view dbms_version;
   std::string_view catalog;     // of every object, empty: none

@@ -14,6 +14,7 @@ std::span<const BuiltInDialect> BuiltInDialects() {
       BuiltInDialect{"mariadb", files::kMariadb},
       BuiltInDialect{"postgresql", files::kPostgresql},
       BuiltInDialect{"sqlite", files::kSqlite},
+      BuiltInDialect{"sqlserver", files::kSqlserver},
   };
   return kDialects;
 }

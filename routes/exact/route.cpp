@@ -61,6 +61,7 @@ class ExactRoute {
 
   void ReadTypes(LcWorkbookDatatypeList* list);
   void AppendBuiltInTypes(LcWorkbookDatatypeList& list);
+  bool IsHere(const LcSynonymDetails& synonym) const;
   void FillSynonyms();
   void NarrowToTables(Model& model, const Selection& selection);
   // False where the import was stopped meanwhile, or the connection lost.
@@ -311,11 +312,19 @@ bool ExactRoute::ReadColumns() {
   return GoesOn();
 }
 
+// What a synonym of another server or database stands for is not read, whatever has its name here.
+bool ExactRoute::IsHere(const LcSynonymDetails& synonym) const {
+  const std::u16string& database = synonym.database_name;
+  return synonym.server_name.empty() &&
+         (database.empty() || base::ToUtf8(database) == catalog_.server().catalog);
+}
+
 // A synonym has the columns of what it stands for.
 void ExactRoute::FillSynonyms() {
   for (const TableEntry& entry : model_.tables) {
     if (!entry.wanted || entry.table->GetType() != ttSynonym || entry.columns != 0) continue;
     const LcSynonymDetails synonym = entry.table->GetSynonymDetails();
+    if (!IsHere(synonym)) continue;
     const std::uint32_t base =
         model_.FindTable(base::ToUtf8(synonym.base_owner), base::ToUtf8(synonym.base_table_name));
     if (base == kNoTable || model_.tables[base].table == nullptr) continue;

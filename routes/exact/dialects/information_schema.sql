@@ -167,35 +167,27 @@ WHERE k.referenced_table_name IS NOT NULL
   /*@owners AND k.table_schema IN (?list(owner)) */
   /*@tables AND k.table_name IN (?list(table)) */;
 
--- Where several keys have one name, or several tables a key of the name that is referred to, what leads where is not told:
--- those are left out, and said to be.
+-- Where several keys have one name, or several tables a key of the name that is referred to, a column has several
+-- targets: those keys are left out, and said to be.
 -- @foreign_keys fallback
 -- row: schema, table, name, position, column, target_schema, target_table, target_column, on_update, on_delete,
--- row: match{NONE=simple,SIMPLE=simple,FULL=full,PARTIAL=partial}, deferrable{NO=,YES=immediate,NO NO=,YES NO=immediate,YES YES=deferred}
-SELECT DISTINCT k.table_schema, k.table_name, k.constraint_name, k.ordinal_position, k.column_name, u.table_schema, u.table_name,
-       u.column_name, LOWER(r.update_rule), LOWER(r.delete_rule), r.match_option,
-       CONCAT(CONCAT(t.is_deferrable, ' '), t.initially_deferred)
-FROM information_schema.referential_constraints r
-JOIN (SELECT x.constraint_schema, x.constraint_name FROM information_schema.referential_constraints x
-      GROUP BY x.constraint_schema, x.constraint_name
-      HAVING MIN(x.unique_constraint_schema) = MAX(x.unique_constraint_schema)
-         AND MIN(x.unique_constraint_name) = MAX(x.unique_constraint_name)) o
-  ON o.constraint_schema = r.constraint_schema AND o.constraint_name = r.constraint_name
-JOIN (SELECT y.constraint_schema, y.constraint_name FROM information_schema.table_constraints y
-      WHERE y.constraint_type IN ('PRIMARY KEY', 'UNIQUE')
-      GROUP BY y.constraint_schema, y.constraint_name HAVING COUNT(*) = 1) q
-  ON q.constraint_schema = r.unique_constraint_schema AND q.constraint_name = r.unique_constraint_name
-JOIN information_schema.table_constraints t
-  ON t.constraint_schema = r.constraint_schema AND t.constraint_name = r.constraint_name AND t.constraint_type = 'FOREIGN KEY'
-JOIN information_schema.key_column_usage k
-  ON k.constraint_schema = r.constraint_schema AND k.constraint_name = r.constraint_name
- AND k.table_schema = t.table_schema AND k.table_name = t.table_name
-JOIN information_schema.key_column_usage u
-  ON u.constraint_schema = r.unique_constraint_schema AND u.constraint_name = r.unique_constraint_name
- AND u.ordinal_position = k.position_in_unique_constraint
-WHERE TRUE
-  /*@owners AND k.table_schema IN (?list(owner)) */
-  /*@tables AND k.table_name IN (?list(table)) */;
+-- row: match{NONE=simple,SIMPLE=simple,FULL=full,PARTIAL=partial}
+SELECT f.table_schema, f.table_name, f.constraint_name, f.ordinal_position, f.column_name, f.target_schema, f.target_table,
+       f.target_column, f.on_update, f.on_delete, f.match_option
+FROM (SELECT e.*, COUNT(*) OVER (PARTITION BY e.table_schema, e.table_name, e.constraint_name, e.ordinal_position) AS targets
+FROM (SELECT DISTINCT k.table_schema, k.table_name, k.constraint_name, k.ordinal_position, k.column_name, u.table_schema AS target_schema,
+             u.table_name AS target_table, u.column_name AS target_column, LOWER(r.update_rule) AS on_update,
+             LOWER(r.delete_rule) AS on_delete, r.match_option
+      FROM information_schema.key_column_usage k
+      JOIN information_schema.referential_constraints r
+        ON r.constraint_schema = k.constraint_schema AND r.constraint_name = k.constraint_name
+      JOIN information_schema.key_column_usage u
+        ON u.constraint_schema = r.unique_constraint_schema AND u.constraint_name = r.unique_constraint_name
+       AND u.ordinal_position = k.position_in_unique_constraint
+      WHERE k.position_in_unique_constraint IS NOT NULL
+        /*@owners AND k.table_schema IN (?list(owner)) */
+        /*@tables AND k.table_name IN (?list(table)) */) e) f
+WHERE f.targets = 1;
 
 -- Where a check says its table, its name may come again in another one. Else what keeps a column from being NULL may come
 -- as a check; those have names that the server made.
@@ -275,23 +267,21 @@ WHERE NOT EXISTS (SELECT 1 FROM information_schema.domains d WHERE d.domain_name
   /*@owners AND r.constraint_schema IN (?list(owner)) */
 GROUP BY r.constraint_schema, r.constraint_name HAVING COUNT(r.unique_constraint_name) = 0
 UNION ALL
-SELECT 'foreign_keys', r.constraint_schema, r.constraint_name, 'several keys have this name: information_schema does not tell them apart', 0
-FROM information_schema.referential_constraints r
-WHERE TRUE
-  /*@owners AND r.constraint_schema IN (?list(owner)) */
-GROUP BY r.constraint_schema, r.constraint_name
-HAVING MIN(r.unique_constraint_schema) <> MAX(r.unique_constraint_schema)
-    OR MIN(r.unique_constraint_name) <> MAX(r.unique_constraint_name)
-UNION ALL
-SELECT 'foreign_keys', r.constraint_schema, r.constraint_name,
-       'it refers to a key whose name several tables use: information_schema does not tell them apart', 0
-FROM information_schema.referential_constraints r
-JOIN (SELECT y.constraint_schema, y.constraint_name FROM information_schema.table_constraints y
-      WHERE y.constraint_type IN ('PRIMARY KEY', 'UNIQUE')
-      GROUP BY y.constraint_schema, y.constraint_name HAVING COUNT(*) > 1) q
-  ON q.constraint_schema = r.unique_constraint_schema AND q.constraint_name = r.unique_constraint_name
-WHERE TRUE
-  /*@owners AND r.constraint_schema IN (?list(owner)) */;
+SELECT 'foreign_keys', e.table_schema, e.constraint_name,
+       'several keys have this name or that of their target: information_schema does not tell them apart', 0
+FROM (SELECT DISTINCT k.table_schema, k.table_name, k.constraint_name, k.ordinal_position, k.column_name, u.table_schema AS target_schema,
+             u.table_name AS target_table, u.column_name AS target_column, LOWER(r.update_rule) AS on_update,
+             LOWER(r.delete_rule) AS on_delete, r.match_option
+      FROM information_schema.key_column_usage k
+      JOIN information_schema.referential_constraints r
+        ON r.constraint_schema = k.constraint_schema AND r.constraint_name = k.constraint_name
+      JOIN information_schema.key_column_usage u
+        ON u.constraint_schema = r.unique_constraint_schema AND u.constraint_name = r.unique_constraint_name
+       AND u.ordinal_position = k.position_in_unique_constraint
+      WHERE k.position_in_unique_constraint IS NOT NULL
+        /*@owners AND k.table_schema IN (?list(owner)) */
+        /*@tables AND k.table_name IN (?list(table)) */) e
+GROUP BY e.table_schema, e.table_name, e.constraint_name, e.ordinal_position HAVING COUNT(*) > 1 AND e.ordinal_position = 1;
 
 -- Where there are no domains, keys say their targets themselves.
 -- @not_read fallback
