@@ -86,6 +86,7 @@ constexpr Function kFunctions[] = {
     {"db_name", 0, Constant<kLibrary>},
     {"schema_name", 0, Constant<kDbo>},
     {"has_perms_by_name", 3, Constant<kYes>},
+    {"sys_context", 2, Constant<kLibrary>},
 };
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include "base/utf.h"
 #include "odbc/error_report.h"
 #include "odbc/server_info.h"
+#include "routes/exact/sql_text.h"
 
 namespace odbcimport::exact {
 namespace {
@@ -31,6 +32,8 @@ bool ReadServerRow(odbc::Query& query, const Section& section, const Server& ser
   values.version = server.version;
   const FilledStatement statement =
       section.statement.Fill(values, server.dialect->quotes, server.dialect->list_limit);
+  why = WhyNotReading(statement.text, server.dialect->first_words);
+  if (!why.empty()) return false;
   Observe(statement, section.heading.size());
   odbc::QueryState state = query.Execute(statement.text, statement.parameters,
                                          section.heading.size(), section.heading_text);
@@ -230,6 +233,11 @@ ReadResult Catalog::ReadEach(Kind kind, const Section& section, RowReader& reade
 ReadResult Catalog::RunSection(const Section& section, RowReader& reader) {
   const FilledStatement statement =
       section.statement.Fill(values, dialect_.quotes, dialect_.list_limit);
+  // Marks can put together what none of the parts said.
+  if (const std::string why = WhyNotReading(statement.text, dialect_.first_words); !why.empty()) {
+    SetFailure(why);
+    return ReadResult::kFailed;
+  }
   Observe(statement, section.heading.size());
   Row row(section);
   reader.Mark();
@@ -247,15 +255,18 @@ ReadResult Catalog::RunSection(const Section& section, RowReader& reader) {
   if (state == odbc::QueryState::kStopped) return ReadResult::kStopped;
   failure_ = query_.Failure();
   query_.Close();
-  if (!packed_well) {
-    odbc::Diagnostic diagnostic;
-    diagnostic.message = u"a packed cell has other parts than its heading";
-    failure_.diagnostics = {diagnostic};
-  }
+  if (!packed_well) SetFailure("a packed cell has other parts than its heading");
   reader.Undo();
   lost_ = failure_.IsConnectionLost();
   if (guards_ || began_) RunPlain(dialect_.undo);
   return ReadResult::kFailed;
+}
+
+void Catalog::SetFailure(const std::string& why) {
+  odbc::Diagnostic diagnostic;
+  diagnostic.message = base::ToUtf16(why);
+  failure_ = {};
+  failure_.diagnostics = {diagnostic};
 }
 
 ReadResult Catalog::Failed(Kind kind, std::string_view owner, std::string_view name) {

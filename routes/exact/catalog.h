@@ -99,6 +99,7 @@ class Catalog {
   ReadResult ReadOnce(Kind kind, const std::vector<const Section*>& sections, RowReader& reader);
   ReadResult ReadEach(Kind kind, const Section& section, RowReader& reader);
   ReadResult RunSection(const Section& section, RowReader& reader);
+  void SetFailure(const std::string& why);
   ReadResult Failed(Kind kind, std::string_view owner, std::string_view name);
   bool RunPlain(const std::string& sql);
 

@@ -53,6 +53,19 @@ bool BeginsWith(std::string_view sql, std::initializer_list<std::string_view> wo
   return !own.empty() && std::find(words.begin(), words.end(), own.front()) != words.end();
 }
 
+// `begin` may be several statements; each is one of transactions.
+bool IsOfTransactions(std::string_view sql) {
+  for (std::size_t at = 0; at <= sql.size();) {
+    const std::size_t end = FindStatementEnd(sql, at);
+    const bool plain = BeginsWith(
+        sql.substr(at, end - at),
+        {"SAVEPOINT", "SAVE", "ROLLBACK", "RELEASE", "BEGIN", "START", "SET", "COMMIT", "END"});
+    if (!plain) return false;
+    at = end + 1;
+  }
+  return true;
+}
+
 class FileReader {
  public:
   FileReader(std::string_view file, Dialect& dialect) : file_(file), dialect_(dialect) {}
@@ -194,7 +207,7 @@ class FileReader {
     for (const Line& line : kLines) {
       if (line.name != name) continue;
       dialect_.*line.text = value;
-      if (!BeginsWith(value, line.words)) {
+      if (!BeginsWith(value, line.words) || !IsOfTransactions(value)) {
         Complain(line_, std::string(name) + " is a statement of transactions");
       }
     }
@@ -233,9 +246,10 @@ class FileReader {
   // The words behind the @.
   bool ReadSectionLine(std::string_view text, Section& section) {
     const std::string_view name = TakeWord(text);
+    section_ = "@" + std::string(name);
     const std::optional<Kind> kind = FindKind(name);
     if (!kind) {
-      Complain(line_, "there is no kind @" + std::string(name));
+      Complain(line_, "there is no kind " + section_);
     } else {
       section.kind = *kind;
     }
@@ -289,23 +303,26 @@ class FileReader {
     constexpr std::string_view kOption = "option:";
     if (name.starts_with(kOption)) {
       slot.option = Trim(name.substr(kOption.size()));
-      if (slot.option.empty()) Complain(section_line_, "option: needs a name");
+      if (slot.option.empty()) Complain(section_line_, section_ + ": option: needs a name");
     } else if (name != "-") {
       slot.field = FindField(name);
-      if (!slot.field) Complain(section_line_, "there is no column " + std::string(name));
+      if (!slot.field) {
+        Complain(section_line_, section_ + ": there is no column " + std::string(name));
+      }
     }
     return slot;
   }
 
   void ReadValues(std::string_view text, Slot& slot) {
     if (!text.ends_with('}')) {
-      Complain(section_line_, "a } is missing");
+      Complain(section_line_, section_ + ": a } is missing behind " + std::string(text));
       return;
     }
     for (const std::string_view value : List(text.substr(0, text.size() - 1), ',')) {
       const std::size_t equals = value.find('=');
       if (equals == std::string_view::npos) {
-        Complain(section_line_, "between { and } stands what=meaning");
+        Complain(section_line_,
+                 section_ + ": between { and } stands what=meaning, not " + std::string(value));
         continue;
       }
       slot.values.emplace_back(Trim(value.substr(0, equals)), Trim(value.substr(equals + 1)));
@@ -330,14 +347,28 @@ class FileReader {
     std::string why = WhyNotReading(sql, dialect_.first_words);
     std::size_t where = 0;
     if (!why.empty()) {
-      Complain(section.line, std::move(why));
+      Complain(section.line, section_ + ": " + why);
     } else if (!section.statement.Parse(sql, why, where)) {
       const std::string_view before = sql.substr(0, where);
       Complain(first_line + static_cast<int>(std::count(before.begin(), before.end(), '\n')),
-               std::move(why));
+               section_ + ": " + why);
     } else if (section.statement.UsesNames() && !dialect_.quotes.IsKnown()) {
-      Complain(section.line, "?name() needs a `quote` in the head");
+      Complain(section.line, section_ + ": ?name() needs a `quote` in the head");
+    } else if (why = WhyNotReading(FillMarks(section.statement), dialect_.first_words);
+               !why.empty()) {
+      Complain(section.line, section_ + ", with its marks filled in: " + why);
     }
+  }
+
+  // The statement where every condition holds. What else marks make is looked at before it is sent.
+  std::string FillMarks(const StatementText& statement) const {
+    MarkValues all;
+    all.system = all.by_ids = all.by_types = all.has_schema = all.has_table = true;
+    all.owners = all.table_owners = all.table_names = {"a"};
+    all.table_ids = all.type_ids = all.type_modifiers = {"1"};
+    all.schema = all.table_schema = all.table_name = "a";
+    all.version = Version("999999");
+    return statement.Fill(all, dialect_.quotes, 0).text;
   }
 
   void CheckHeading(const Section& section) {
@@ -345,7 +376,8 @@ class FileReader {
     const bool owners =
         dialect_.owners && (!dialect_.each_schema || section.kind == Kind::kSchemas);
     const RowShape shape = ShapeOf(section.kind, owners);
-    if (section.heading.empty()) Complain(section.line, "the heading is missing: -- row: ...");
+    if (section.heading.empty())
+      Complain(section.line, section_ + ": the heading is missing: -- row: ...");
     std::vector<Field> there;
     for (const HeadingCell& cell : section.heading) {
       for (const Slot& slot : cell) CheckSlot(section, shape, slot, there);
@@ -377,7 +409,7 @@ class FileReader {
     if (!shape.Has(*slot.field)) {
       Complain(section.line, kind + " has no column " + name);
     } else if (std::find(there.begin(), there.end(), *slot.field) != there.end()) {
-      Complain(section.line, "the column " + name + " is there twice");
+      Complain(section.line, kind + ": the column " + name + " is there twice");
     }
     there.push_back(*slot.field);
   }
@@ -402,6 +434,7 @@ class FileReader {
   std::size_t at_ = 0;
   int line_ = 1;
   int section_line_ = 1;
+  std::string section_;  // @ and the kind of the section in hand
   std::vector<DialectProblem> problems_;
 };
 

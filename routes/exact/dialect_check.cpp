@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "base/utf.h"
+#include "routes/exact/sql_text.h"
 
 namespace odbcimport::exact {
 namespace {
@@ -68,6 +69,8 @@ class Trial {
 
   // The first problem there is.
   std::string Run(const Section& section, const FilledStatement& statement, long& rows) {
+    const std::string why = WhyNotReading(statement.text, server_.dialect->first_words);
+    if (!why.empty()) return why;
     Row row(section);
     odbc::QueryState state = query_.Execute(statement.text, statement.parameters,
                                             section.heading.size(), section.heading_text);

@@ -10,8 +10,10 @@ namespace odbcimport::exact {
 
 std::span<const BuiltInDialect> BuiltInDialects() {
   static const std::array kDialects = {
+      BuiltInDialect{"db2", files::kDb2},
       BuiltInDialect{"information_schema", files::kInformationSchema},
       BuiltInDialect{"mariadb", files::kMariadb},
+      BuiltInDialect{"oracle", files::kOracle},
       BuiltInDialect{"postgresql", files::kPostgresql},
       BuiltInDialect{"sqlite", files::kSqlite},
       BuiltInDialect{"sqlserver", files::kSqlserver},

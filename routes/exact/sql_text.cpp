@@ -19,11 +19,13 @@ bool IsWordCharacter(char c) {
 
 char UpperCase(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
 
-std::size_t EndOfQuoted(std::string_view sql, std::size_t begin) {
+std::size_t EndOfQuoted(std::string_view sql, std::size_t begin, bool backslashes) {
   const char quote = sql[begin];
   std::size_t at = begin + 1;
   while (at < sql.size()) {
-    if (sql[at] != quote) {
+    if (backslashes && quote != '`' && sql[at] == '\\') {
+      at += 2;
+    } else if (sql[at] != quote) {
       ++at;
     } else if (at + 1 < sql.size() && sql[at + 1] == quote) {
       at += 2;
@@ -42,9 +44,9 @@ bool BeginsSpecial(std::string_view sql, std::size_t at) {
 }
 
 // `/*! ... */` of MySQL, `/*M! ... */` of MariaDB.
-bool HasExecutableComment(std::string_view sql) {
+bool HasExecutableComment(std::string_view sql, bool backslashes) {
   for (std::size_t at = 0; at < sql.size();) {
-    const SqlSpan span = FindSpan(sql, at);
+    const SqlSpan span = FindSpan(sql, at, backslashes);
     const std::string_view comment = sql.substr(at, span.end - at);
     if (comment.starts_with("/*!") || comment.starts_with("/*M!")) return true;
     at = span.end;
@@ -52,9 +54,48 @@ bool HasExecutableComment(std::string_view sql) {
   return false;
 }
 
+// `$$ ... $$` and `$name$ ... $name$` of PostgreSQL.
+bool BeginsDollarQuote(std::string_view text) {
+  std::size_t at = 1;
+  while (at < text.size() && IsWordCharacter(text[at])) ++at;
+  return text.starts_with('$') && at < text.size() && text[at] == '$';
+}
+
+// Quotes and comments that only some servers know could hide from the others' rules what is sent.
+bool HasForeignQuotes(std::string_view sql) {
+  for (std::size_t at = 0; at < sql.size();) {
+    const SqlSpan span = FindSpan(sql, at);
+    for (; span.part == SqlPart::kText && at < span.end; ++at) {
+      if (sql[at] == '$' && BeginsDollarQuote(sql.substr(at))) return true;
+      // The rest of the line is a comment to MySQL.
+      const std::string_view line = sql.substr(at, sql.find('\n', at) - at);
+      if (sql[at] == '#' && line.find_first_of("'\"`*") != std::string_view::npos) return true;
+    }
+    at = span.end;
+  }
+  return false;
+}
+
+// What a statement that reads has nowhere, taken apart one way or the other.
+std::string WhyNotPlain(std::string_view sql, bool shows, bool backslashes) {
+  const std::vector<std::string> words = WordsOf(sql, backslashes);
+  for (const std::string_view word : kWritingWords) {
+    if (!shows && std::find(words.begin(), words.end(), word) != words.end()) {
+      return "a statement only reads; outside quotes it has no " + std::string(word);
+    }
+  }
+  if (HasExecutableComment(sql, backslashes)) {
+    return "a comment that the server executes hides what is read";
+  }
+  if (FindStatementEnd(sql, 0, backslashes) != sql.size()) {
+    return "there is more than one statement";
+  }
+  return {};
+}
+
 }  // namespace
 
-SqlSpan FindSpan(std::string_view sql, std::size_t begin) {
+SqlSpan FindSpan(std::string_view sql, std::size_t begin, bool backslashes) {
   if (begin >= sql.size()) return {SqlPart::kText, sql.size()};
   if (!BeginsSpecial(sql, begin)) {
     std::size_t at = begin;
@@ -69,13 +110,13 @@ SqlSpan FindSpan(std::string_view sql, std::size_t begin) {
     const std::size_t end = sql.find("*/", begin + 2);
     return {SqlPart::kBlockComment, end == std::string_view::npos ? sql.size() : end + 2};
   }
-  return {SqlPart::kQuoted, EndOfQuoted(sql, begin)};
+  return {SqlPart::kQuoted, std::min(EndOfQuoted(sql, begin, backslashes), sql.size())};
 }
 
-std::vector<std::string> WordsOf(std::string_view sql) {
+std::vector<std::string> WordsOf(std::string_view sql, bool backslashes) {
   std::vector<std::string> words;
   for (std::size_t at = 0; at < sql.size();) {
-    const SqlSpan span = FindSpan(sql, at);
+    const SqlSpan span = FindSpan(sql, at, backslashes);
     bool in_word = false;
     for (; span.part == SqlPart::kText && at < span.end; ++at) {
       const bool word = IsWordCharacter(sql[at]);
@@ -88,9 +129,9 @@ std::vector<std::string> WordsOf(std::string_view sql) {
   return words;
 }
 
-std::size_t FindStatementEnd(std::string_view sql, std::size_t begin) {
+std::size_t FindStatementEnd(std::string_view sql, std::size_t begin, bool backslashes) {
   for (std::size_t at = begin; at < sql.size();) {
-    const SqlSpan span = FindSpan(sql, at);
+    const SqlSpan span = FindSpan(sql, at, backslashes);
     if (span.part == SqlPart::kText) {
       const std::size_t semicolon = sql.substr(at, span.end - at).find(';');
       if (semicolon != std::string_view::npos) return at + semicolon;
@@ -113,14 +154,10 @@ std::string WhyNotReading(std::string_view sql, const std::vector<std::string>& 
   // SHOW CREATE TABLE and the like are the dialect's own affair.
   const bool shows =
       std::find(first_words.begin(), first_words.end(), words.front()) != first_words.end();
-  for (const std::string_view word : kWritingWords) {
-    if (!shows && std::find(words.begin(), words.end(), word) != words.end()) {
-      return "a statement only reads; outside quotes it has no " + std::string(word);
-    }
-  }
-  if (HasExecutableComment(sql)) return "a comment that the server executes hides what is read";
-  if (FindStatementEnd(sql, 0) != sql.size()) return "there is more than one statement";
-  return {};
+  if (HasForeignQuotes(sql)) return "quotes are '', \"\" and ``, comments -- and /* */";
+  // Whether a backslash takes a quote out of its meaning is the server's affair.
+  std::string why = WhyNotPlain(sql, shows, false);
+  return why.empty() ? WhyNotPlain(sql, shows, true) : why;
 }
 
 }  // namespace odbcimport::exact
