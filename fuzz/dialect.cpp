@@ -44,7 +44,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
       const FilledStatement filled = section.statement.Fill(values, dialect.quotes, 2);
       // What marks put together is looked at once more before it is sent.
       if (!WhyNotReading(filled.text, dialect.first_words).empty()) continue;
-      if (CountMarkers(filled.text) > filled.text.size()) std::abort();
+      if (CountMarkers(filled.text) != filled.parameters.size()) std::abort();
       if (section.statement.Source().size() > size) std::abort();
     }
   }

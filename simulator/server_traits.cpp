@@ -31,7 +31,7 @@ constexpr ServerTraits kServers[] = {
      .dbms_name = "Microsoft SQL Server", .dbms_version = "08.00.0194", .catalog = "library",
      .owner_usage = kEverywhere, .catalog_usage = kEverywhere, .dialect = kIndexCol,
      .row_distance = 0, .wide = true, .schemas = {}, .missing_functions = {}},
-    {.name = "sqlserver-2019", .script = &kSqlserver2019, .scale_script = nullptr,
+    {.name = "sqlserver-2019", .script = &kSqlserver2019, .scale_script = &kScaleSqlserver2019,
      .shop = true,
      .dbms_name = "Microsoft SQL Server", .dbms_version = "15.00.2000", .catalog = "library",
      .owner_usage = kEverywhere, .catalog_usage = kEverywhere, .dialect = kNoDialect,

@@ -61,6 +61,16 @@ bool BeginsDollarQuote(std::string_view text) {
   return text.starts_with('$') && at < text.size() && text[at] == '$';
 }
 
+// A quote or a comment that is no mark begins on the line.
+bool HidesOnLine(std::string_view line) {
+  if (line.find_first_of("'\"`") != std::string_view::npos) return true;
+  for (std::size_t at = line.find("/*"); at != std::string_view::npos;
+       at = line.find("/*", at + 2)) {
+    if (!line.substr(at).starts_with("/*@")) return true;
+  }
+  return false;
+}
+
 // Quotes and comments that only some servers know could hide from the others' rules what is sent.
 bool HasForeignQuotes(std::string_view sql) {
   for (std::size_t at = 0; at < sql.size();) {
@@ -68,8 +78,7 @@ bool HasForeignQuotes(std::string_view sql) {
     for (; span.part == SqlPart::kText && at < span.end; ++at) {
       if (sql[at] == '$' && BeginsDollarQuote(sql.substr(at))) return true;
       // The rest of the line is a comment to MySQL.
-      const std::string_view line = sql.substr(at, sql.find('\n', at) - at);
-      if (sql[at] == '#' && line.find_first_of("'\"`*") != std::string_view::npos) return true;
+      if (sql[at] == '#' && HidesOnLine(sql.substr(at, sql.find('\n', at) - at))) return true;
     }
     at = span.end;
   }
