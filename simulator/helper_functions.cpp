@@ -64,6 +64,17 @@ void ParseName(sqlite3_context* context, int, sqlite3_value** arguments) {
   }
 }
 
+// MOD and TRUNC of whole numbers, which SQLite has for others alone.
+void Modulo(sqlite3_context* context, int, sqlite3_value** arguments) {
+  const sqlite3_int64 divisor = sqlite3_value_int64(arguments[1]);
+  if (sqlite3_value_type(arguments[0]) == SQLITE_NULL || divisor == 0) return;
+  sqlite3_result_int64(context, sqlite3_value_int64(arguments[0]) % divisor);
+}
+void Truncate(sqlite3_context* context, int, sqlite3_value** arguments) {
+  if (sqlite3_value_type(arguments[0]) == SQLITE_NULL) return;
+  sqlite3_result_int64(context, sqlite3_value_int64(arguments[0]));
+}
+
 // Functions of a server that tell where one is and what one may do: always the same.
 template <const char* kText>
 void Constant(sqlite3_context* context, int, sqlite3_value**) {
@@ -83,6 +94,8 @@ constexpr Function kFunctions[] = {
     {"sim_slice", 3, Slice},
     {"concat", -1, Concat},
     {"parsename", 2, ParseName},
+    {"mod", 2, Modulo},
+    {"trunc", 1, Truncate},
     {"db_name", 0, Constant<kLibrary>},
     {"schema_name", 0, Constant<kDbo>},
     {"has_perms_by_name", 3, Constant<kYes>},

@@ -132,7 +132,9 @@ void RewriteColonCasts(Tokens& tokens) {
 
 void RewriteKeywordNames(Tokens& tokens) {
   for (std::size_t i = 1; i < tokens.size(); ++i) {
-    if (!IsWord(tokens[i], "REFERENCES") || !IsSymbol(tokens[i - 1], ".")) continue;
+    const bool is_keyword = IsWord(tokens[i], "REFERENCES") || IsWord(tokens[i], "PRIMARY") ||
+                            IsWord(tokens[i], "DEFAULT");
+    if (!is_keyword || !IsSymbol(tokens[i - 1], ".")) continue;
     tokens[i] = {Kind::kQuoted, '"' + tokens[i].text + '"'};
   }
 }

@@ -8,7 +8,7 @@ namespace catalogsim {
 namespace {
 
 constexpr std::uint32_t kInformixDialect =
-    kDoubleQuotedTexts | kColonCasts | kOuterKeyword | kDatabasePrefix;
+    kDoubleQuotedTexts | kColonCasts | kOuterKeyword | kDatabasePrefix | kKeywordNames;
 
 // SQL_OU_DML_STATEMENTS and the rest of the owner and catalog usages.
 constexpr std::uint32_t kEverywhere = 0x1F;
@@ -27,6 +27,11 @@ constexpr ServerTraits kServers[] = {
      .row_distance = 2048, .wide = false,
      .schemas = {"informix", "archive"},
      .missing_functions = {}},
+    {.name = "informix-14", .script = &kInformix14, .scale_script = nullptr,
+     .shop = true,
+     .dbms_name = "Informix", .dbms_version = "14.10.0000", .catalog = "library",
+     .owner_usage = kEverywhere, .catalog_usage = kEverywhere, .dialect = kInformixDialect,
+     .row_distance = 2048, .wide = false, .schemas = {"informix"}, .missing_functions = {}},
     {.name = "sqlserver", .script = &kSqlserver, .scale_script = &kScaleSqlserver,
      .dbms_name = "Microsoft SQL Server", .dbms_version = "08.00.0194", .catalog = "library",
      .owner_usage = kEverywhere, .catalog_usage = kEverywhere, .dialect = kIndexCol,

@@ -18,7 +18,7 @@ enum Dialect : std::uint32_t {
   kDatabasePrefix = 8,     // database@server:owner.table
   kDatabaseLinks = 16,     // table@link
   kIndexCol = 32,          // index_col(table, index, key)
-  kKeywordNames = 64,      // SYSCAT.REFERENCES
+  kKeywordNames = 64,      // SYSCAT.REFERENCES, a.default
 };
 
 struct ServerTraits {

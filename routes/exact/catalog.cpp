@@ -6,6 +6,7 @@
 #include "base/utf.h"
 #include "odbc/error_report.h"
 #include "odbc/server_info.h"
+#include "routes/exact/pieces.h"
 #include "routes/exact/sql_text.h"
 
 namespace odbcimport::exact {
@@ -240,6 +241,7 @@ ReadResult Catalog::RunSection(const Section& section, RowReader& reader) {
   }
   Observe(statement, section.heading.size());
   Row row(section);
+  Pieces pieces(row);
   reader.Mark();
   odbc::QueryState state = query_.Execute(statement.text, statement.parameters,
                                           section.heading.size(), section.heading_text);
@@ -249,8 +251,13 @@ ReadResult Catalog::RunSection(const Section& section, RowReader& reader) {
     if (state != odbc::QueryState::kRow) break;
     packed_well = row.Take(query_);
     if (!packed_well) break;
-    reader.Read(row);
+    if (pieces.IsNeeded()) {
+      pieces.Add(reader);
+    } else {
+      reader.Read(row);
+    }
   }
+  if (state == odbc::QueryState::kEnd) pieces.Flush(reader);
   if (state == odbc::QueryState::kEnd) return ReadResult::kRead;
   if (state == odbc::QueryState::kStopped) return ReadResult::kStopped;
   failure_ = query_.Failure();

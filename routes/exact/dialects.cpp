@@ -12,6 +12,7 @@ std::span<const BuiltInDialect> BuiltInDialects() {
   static const std::array kDialects = {
       BuiltInDialect{"db2", files::kDb2},
       BuiltInDialect{"information_schema", files::kInformationSchema},
+      BuiltInDialect{"informix", files::kInformix},
       BuiltInDialect{"mariadb", files::kMariadb},
       BuiltInDialect{"oracle", files::kOracle},
       BuiltInDialect{"postgresql", files::kPostgresql},

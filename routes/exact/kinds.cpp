@@ -17,7 +17,7 @@ constexpr std::array<std::string_view, kFields> kFieldNames = {
     "key_count", "key_id", "key_position", "kind", "label", "language", "length", "match", "maximum", "method",
     "method_id", "minimum", "mode", "name", "not_null", "nullable", "of", "on_delete", "on_update",
     "operator_class", "operator_class_ids", "orders", "owner_column", "owner_position", "owner_schema",
-    "owner_table", "owner_table_id", "parent_id", "parent_schema", "parent_table", "position", "precision",
+    "owner_table", "owner_table_id", "parent_id", "parent_schema", "parent_table", "part", "position", "precision",
     "predicate", "prefix", "reason", "result", "sample", "scale", "schema", "schema_id", "sequence_id",
     "set_positions", "start", "table", "table_id", "target_column", "target_database", "target_id",
     "target_positions", "target_schema", "target_server", "target_table", "text", "timing", "trigger_id",
@@ -44,8 +44,8 @@ constexpr std::array<KindRow, kKinds> kKindRows = {{
      "schema/schema_id* table* table_id kind* column_count collation comment text definition parent_id parent_schema "
      "parent_table target_server target_database target_schema target_table reason option:"},
     {"table_options", "table_id/schema+table* kind comment option:"},
-    {"view_texts", "table_id/schema+table* text* reason option:"},
-    {"definitions", "table_id/schema+table* definition*"},
+    {"view_texts", "table_id/schema+table* text* part reason option:"},
+    {"definitions", "table_id/schema+table* definition* part"},
     {"columns",
      "table_id/schema+table* position* column* type_id/type+base_type* type_modifier type_schema length precision "
      "scale dimensions nullable not_null default generated expression identity collation collation_id key_position "
@@ -71,19 +71,19 @@ constexpr std::array<KindRow, kKinds> kKindRows = {{
      "comment option:"},
     {"foreign_key_rules",
      "table_id/schema+table* name* on_update on_delete match deferrable enforced comment option:"},
-    {"checks", "table_id/type_id/schema+table* name* expression* column kind enforced constraint_id comment option:"},
+    {"checks", "table_id/type_id/schema+table* name* expression* part column kind enforced constraint_id comment option:"},
     {"indexes",
      "table_id/schema+table* name* unique* column_positions/position* column expression descending included prefix "
      "operator_class collation key_count orders operator_class_ids collation_ids expressions index_id method method_id "
      "predicate key definition comment option:"},
-    {"triggers", "table_id/schema+table* name* timing events text definition trigger_id comment option:"},
+    {"triggers", "table_id/schema+table* name* timing events text definition part trigger_id comment option:"},
     {"types",
      "schema/schema_id* name* kind* type_id base_type nullable not_null default check collation collation_id "
      "position label attribute attribute_type comment option:"},
     {"sequences",
      "schema/schema_id* name* sequence_id type start increment minimum maximum cycle cache owner_schema owner_table "
      "owner_column owner_table_id owner_position comment option:"},
-    {"routines", "schema/schema_id* name* id* kind* arguments result language text comment reason option:"},
+    {"routines", "schema/schema_id* name* id* kind* arguments result language text part comment reason option:"},
     {"parameters", "id* position* type* mode name default option:"},
     {"comments", "of* id* position comment*"},
     {"not_read", "kind* schema name reason* failed"},

@@ -113,6 +113,7 @@ enum class Field : std::uint8_t {
   kParentId,
   kParentSchema,
   kParentTable,
+  kPart,
   kPosition,
   kPrecision,
   kPredicate,

@@ -44,6 +44,14 @@ class Row {
     std::string_view name;
     std::string_view value;
   };
+  // The values as they stand, for who puts rows together (pieces.h).
+  std::vector<std::string_view>& values() { return values_; }
+  static constexpr std::size_t kNoPlace = static_cast<std::size_t>(-1);
+  std::size_t PlaceOf(Field field) const {
+    const std::uint8_t slot = slot_of_[static_cast<std::size_t>(field)];
+    return slot != kNoSlot ? slot : kNoPlace;
+  }
+
   bool HasOptions() const { return !option_slots_.empty(); }
   template <class Function>
   void ForEachOption(Function function) const {

@@ -45,6 +45,7 @@ CREATE TABLE all_triggers (owner VARCHAR2(128), trigger_name VARCHAR2(128), trig
 CREATE TABLE all_sequences (sequence_owner VARCHAR2(128), sequence_name VARCHAR2(128), min_value NUMBER, max_value NUMBER, increment_by NUMBER,
   cycle_flag VARCHAR2(1), order_flag VARCHAR2(1), cache_size NUMBER, last_number NUMBER);
 CREATE TABLE all_objects (owner VARCHAR2(128), object_name VARCHAR2(128), object_id NUMBER, object_type VARCHAR2(23), status VARCHAR2(7));
+CREATE TABLE all_source (owner VARCHAR2(128), name VARCHAR2(128), type VARCHAR2(12), line NUMBER, text VARCHAR2(4000));
 CREATE TABLE all_procedures (owner VARCHAR2(128), object_name VARCHAR2(128), procedure_name VARCHAR2(128), object_id NUMBER, subprogram_id NUMBER,
   overload VARCHAR2(40), object_type VARCHAR2(13), aggregate VARCHAR2(3));
 CREATE TABLE all_arguments (owner VARCHAR2(128), object_name VARCHAR2(128), package_name VARCHAR2(128), object_id NUMBER, overload VARCHAR2(40),
@@ -111,6 +112,9 @@ INSERT INTO all_sequences SELECT s.name, q.name, q.minimum, q.maximum, q.increme
 INSERT INTO all_synonyms SELECT s.name, y.name, y.target_schema, y.target, CASE WHEN y.server IS NOT NULL THEN upper(y.server) END
   FROM shop_synonym y JOIN shop_schema s ON s.number = y.schema_number;
 INSERT INTO all_catalog SELECT owner, name, upper(kind) FROM shop UNION ALL SELECT owner, synonym_name, 'SYNONYM' FROM all_synonyms;
+-- Two lines, of which the first ends with a blank.
+INSERT INTO all_source SELECT s.name, r.name, upper(r.kind), 1, substr(r.text, 1, 7) FROM shop_routine r JOIN shop_schema s ON s.number = r.schema_number;
+INSERT INTO all_source SELECT s.name, r.name, upper(r.kind), 2, substr(r.text, 8) FROM shop_routine r JOIN shop_schema s ON s.number = r.schema_number;
 INSERT INTO all_procedures SELECT s.name, r.name, NULL, 500 + r.number, 1, NULL, upper(r.kind), 'NO' FROM shop_routine r JOIN shop_schema s ON s.number = r.schema_number;
 INSERT INTO all_arguments SELECT s.name, r.name, NULL, 500 + r.number, NULL, 1, NULL, 0, 1, 0, h.name, 'OUT', NULL, coalesce(h.precision, r.size), coalesce(h.scale, r.digits), NULL, NULL
   FROM shop_routine r JOIN shop_schema s ON s.number = r.schema_number JOIN here h ON h.type = r.result;

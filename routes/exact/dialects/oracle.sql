@@ -4,7 +4,7 @@
 -- Columns used (https://docs.oracle.com/en/database/oracle/oracle-database/19/refrn/, the pages ALL_TABLES, ALL_TAB_COLS, ALL_CONSTRAINTS, ...), all of
 -- 11.1 but for: ALL_USERS.ORACLE_MAINTAINED, ALL_TAB_COLS.USER_GENERATED and IDENTITY_COLUMN, ALL_TAB_IDENTITY_COLS 12.1;
 -- ALL_CONSTRAINTS.SEARCH_CONDITION_VC 12.1. An empty text is NULL.
--- Not read: the texts of routines, which the server keeps line by line; where a sequence started, which it does not keep.
+-- Not read: the text of a package, which is none of one routine's; where a sequence started, which the server does not keep.
 --
 -- dialect: oracle
 -- product: Oracle
@@ -213,10 +213,11 @@ WHERE q.sequence_name NOT LIKE 'ISEQ$$%' AND (1 = 0 /*@system OR 1 = 1 */ OR q.s
   /*@owners AND q.sequence_owner IN (?list(owner)) */;
 
 -- A routine of a package has the package's name before its own; overloads differ in their number in it. A function has an argument at place 0.
+-- The server keeps texts line by line.
 -- @routines
--- row: schema, name, id, kind, result, language, option:overload
+-- row: schema, name, id, part, text, kind, result, language, option:overload
 SELECT p.owner, CASE WHEN p.object_type = 'PACKAGE' THEN p.object_name || '.' || p.procedure_name ELSE p.object_name END,
-       p.object_id || '.' || p.subprogram_id,
+       p.object_id || '.' || p.subprogram_id, s.line, s.text,
        CASE WHEN p.aggregate = 'YES' THEN 'aggregate' WHEN c.object_id IS NOT NULL THEN 'function' ELSE 'procedure' END,
        CASE WHEN c.type_owner IS NOT NULL THEN c.type_owner || '.' || c.type_name
             WHEN c.data_type = 'NUMBER' AND c.data_precision IS NULL AND c.data_scale = 0 THEN 'NUMBER(*,0)'
@@ -228,9 +229,11 @@ SELECT p.owner, CASE WHEN p.object_type = 'PACKAGE' THEN p.object_name || '.' ||
        'PL/SQL', p.overload
 FROM all_procedures p
 LEFT JOIN all_arguments c ON c.object_id = p.object_id AND c.subprogram_id = p.subprogram_id AND c.position = 0 AND c.data_level = 0
+LEFT JOIN all_source s ON s.owner = p.owner AND s.name = p.object_name AND s.type = p.object_type AND s.type IN ('FUNCTION', 'PROCEDURE')
 WHERE p.object_type IN ('FUNCTION', 'PROCEDURE', 'PACKAGE') AND (p.object_type <> 'PACKAGE' OR p.procedure_name IS NOT NULL)
   AND (1 = 0 /*@system OR 1 = 1 */ OR p.owner /*@before 12.1 NOT IN ('SYS', 'SYSTEM', 'OUTLN', 'DBSNMP', 'XDB', 'CTXSYS', 'MDSYS', 'WMSYS', 'ORDSYS', 'ORDDATA', 'ORDPLUGINS', 'EXFSYS', 'OLAPSYS', 'SYSMAN', 'APPQOSSYS', 'FLOWS_FILES', 'ANONYMOUS', 'XS$NULL') @else*/ IN (SELECT u.username FROM all_users u WHERE u.oracle_maintained = 'N') /*@end*/)
-  /*@owners AND p.owner IN (?list(owner)) */;
+  /*@owners AND p.owner IN (?list(owner)) */
+ORDER BY 3, 4;
 
 -- A routine without parameters has one row without a type.
 -- @parameters
