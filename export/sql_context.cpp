@@ -4,6 +4,7 @@
 #include <unordered_map>
 
 #include "base/utf.h"
+#include "export/sql_lists.h"
 #include "export/sql_order.h"
 
 namespace wbexport::sql {
@@ -53,6 +54,11 @@ std::string Context::Name(std::u16string_view schema, std::u16string_view name) 
 
 std::string Context::Name(const LcWorkbookTable& table) const {
   return Name(table.GetOwner(false), table.GetName());
+}
+
+std::string Context::Expression(const LcText& text) const {
+  std::string words = base::ToUtf8(text.View());
+  return target.has_types && !translated ? WithPlainLists(words) : words;
 }
 
 void Context::WriteSearchPath() {

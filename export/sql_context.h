@@ -36,6 +36,8 @@ class Context {
   std::string Name(std::u16string_view schema, std::u16string_view name) const;
   std::string Name(const LcWorkbookTable& table) const;
   std::string Literal(const LcText& text) const { return target.Literal(text.View()); }
+  // An expression or a query in the server's own words.
+  std::string Expression(const LcText& text) const;
   // The names that mean the default schema when nothing stands before them, for targets that look
   // for names along a path.
   void WriteSearchPath();

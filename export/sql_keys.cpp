@@ -69,8 +69,8 @@ std::string IncludeClause(const Context& context, const LcIndexDetails& index) {
 }
 
 // The method of a MariaDB key behind its columns: tables in memory hash where nothing is said.
-std::string MethodClause(const LcWorkbookTable& table, const LcIndexDetails& index) {
-  if (index.method.IsPresent()) return " USING " + base::ToUtf8(index.method.View());
+std::string MethodClause(const LcWorkbookTable& table, const LcText& method) {
+  if (method.IsPresent()) return " USING " + base::ToUtf8(method.View());
   const bool in_memory = table.GetDetails()->options.Find(u"engine").View() == u"MEMORY";
   return in_memory ? " USING BTREE" : "";
 }
@@ -85,7 +85,7 @@ std::string IndexClause(const Context& context, const LcWorkbookTable& table,
     const bool leads = method == "FULLTEXT" || method == "SPATIAL" || method == "VECTOR";
     clause += (leads ? method + " " : "") + "KEY " + target.Quote(index.name.View()) + " (" +
               IndexParts(context, index) + ")";
-    if (!leads && !context.translated) clause += MethodClause(table, index);
+    if (!leads && !context.translated) clause += MethodClause(table, index.method);
     clause += target.Clauses(index.options, target.index_options);
     if (index.comment.IsPresent()) clause += " COMMENT " + context.Literal(index.comment);
   }
@@ -103,7 +103,7 @@ void WriteIndex(Context& context, const LcWorkbookTable& table, const LcIndexDet
   context.out << IncludeClause(context, index);
   context.out << target.Clauses(index.options, target.index_options);
   if (index.predicate.IsPresent()) {
-    context.out << " WHERE " << base::ToUtf8(index.predicate.View());
+    context.out << " WHERE " << context.Expression(index.predicate);
   }
   context.out << ";\n";
 }
@@ -162,10 +162,13 @@ std::string KeyClause(const Context& context, const LcWorkbookTable& table,
   clause += " (" + columns + ")";
   if (index != nullptr) {
     clause += IncludeClause(context, *index) + target.Clauses(index->options, target.key_options);
-    // A hash that MariaDB chose for long texts is not asked for.
-    if (target.indexes_inside && !context.translated && index->method.View() != u"HASH") {
-      clause += MethodClause(table, *index);
-    }
+  }
+  // A hash that MariaDB chose for long texts is not asked for.
+  const LcText method = index != nullptr ? index->method : LcText();
+  if (target.indexes_inside && !context.translated && method.View() != u"HASH") {
+    clause += MethodClause(table, method);
+  }
+  if (index != nullptr) {
     if (target.indexes_inside && index->comment.IsPresent()) {
       clause += " COMMENT " + context.Literal(index->comment);
     }
@@ -191,7 +194,7 @@ std::string ColumnKeyClause(const Context& context, const LcWorkbookTable& table
 }
 
 std::string CheckClause(const Context& context, const LcCheckDetails& check) {
-  const std::string expression = base::ToUtf8(check.expression.View());
+  const std::string expression = context.Expression(check.expression);
   const std::string rest = context.target.Clauses(check.options, context.target.check_options);
   // An exclusion constraint is its whole text.
   if (expression.starts_with("EXCLUDE "))

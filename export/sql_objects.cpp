@@ -292,7 +292,7 @@ void WriteTriggers(Context& context) {
       if (context.translated || !trigger.text.IsPresent()) {
         context.LeaveOut(what, "triggers");
       } else if (BeginsWithCreate(trigger.text.View())) {
-        context.WriteBody(base::ToUtf8(trigger.text.View()));
+        context.WriteBody(context.Expression(trigger.text));
         WriteState(context, *table, trigger);
       } else {
         context.WriteBody(fmt::format("CREATE TRIGGER {} {} {} ON {} FOR EACH ROW\n{}",

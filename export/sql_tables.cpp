@@ -112,7 +112,7 @@ std::string DefaultClause(Context& context, const LcWorkbookColumn& column,
   if (details.generated != gnNone) {
     if (context.translated) return "";
     if (RowTime(details)) return " GENERATED ALWAYS AS " + base::ToUtf8(details.expression.View());
-    return fmt::format(" GENERATED ALWAYS AS ({}) {}", base::ToUtf8(details.expression.View()),
+    return fmt::format(" GENERATED ALWAYS AS ({}) {}", context.Expression(details.expression),
                        details.generated == gnStored ? "STORED" : "VIRTUAL");
   }
   if (!details.default_text.IsPresent() || details.identity != idNone) return "";

@@ -20,7 +20,7 @@ void WriteView(Context& context, const LcWorkbookTable& view) {
     return;
   }
   const Target& target = context.target;
-  std::string text = base::ToUtf8(details->view_text.View());
+  std::string text = context.Expression(details->view_text);
   while (!text.empty() && (text.back() == ';' || text.back() == ' ' || text.back() == '\n')) {
     text.pop_back();
   }

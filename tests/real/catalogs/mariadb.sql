@@ -64,6 +64,7 @@ CREATE TABLE by_range (a int NOT NULL, b date) PARTITION BY RANGE (a) (PARTITION
 CREATE TABLE by_hash (a int NOT NULL, b int) PARTITION BY LIST (a) SUBPARTITION BY HASH (b) SUBPARTITIONS 2 (PARTITION one VALUES IN (1, 2), PARTITION two VALUES IN (3));
 CREATE TABLE isam (a int, b text, c varchar(20), p point NOT NULL, FULLTEXT KEY ft (b, c), SPATIAL KEY sp (p), KEY ignored (a) IGNORED) ENGINE = MyISAM CHARACTER SET latin1 COLLATE latin1_german1_ci;
 CREATE TABLE in_memory (a int, b int, KEY h (a) USING HASH, KEY t (b) USING BTREE) ENGINE = MEMORY;
+CREATE TABLE in_memory_too (a int, b int, PRIMARY KEY (a) USING BTREE, UNIQUE KEY u (b)) ENGINE = MEMORY;
 CREATE TABLE in_aria (a int) ENGINE = Aria TRANSACTIONAL = 1;
 CREATE TABLE long_unique (t text UNIQUE);
 CREATE TABLE no_case (`Id` int PRIMARY KEY, `id2` int, FOREIGN KEY (`ID2`) REFERENCES no_case (`ID`));

@@ -149,6 +149,12 @@ CREATE FOREIGN TABLE plain.far_part (at date OPTIONS ("column" 'A "t"'), place t
 COMMENT ON FOREIGN TABLE plain.far_part IS 'Far away';
 CREATE FOREIGN TABLE plain.far_away (id integer NOT NULL, "n" text COLLATE "C") SERVER "ser ver" OPTIONS ("table" 'x');
 
+CREATE DOMAIN plain.lister AS varchar(9) CHECK (VALUE IN ('a', 'b'));
+CREATE TABLE plain.lists (a varchar(10) CHECK (a IN ('x', 'it''s ,', '])::text[])')), "B ('" varchar CHECK ("B ('" NOT IN ('a', 'b')), c text CHECK (c IN ('a', 'b')), d varchar,
+  g boolean GENERATED ALWAYS AS (d IN ('a', 'b')) STORED, CHECK (d IN ('a', 'b') OR a NOT IN ('c', 'd')));
+CREATE INDEX lists_part ON plain.lists (a) WHERE d IN ('a', 'b');
+CREATE VIEW plain.of_lists AS SELECT a FROM plain.lists l WHERE l.a IN ('a', 'b') AND lower(l.d)::varchar IN ('a', 'b');
+
 -- Partitions.
 CREATE TABLE plain.measured (at date NOT NULL, place text NOT NULL, value numeric(8, 2), parent_id integer REFERENCES plain.parent, PRIMARY KEY (at, place)) PARTITION BY RANGE (at);
 CREATE TABLE plain.measured_2020 PARTITION OF plain.measured FOR VALUES FROM ('2020-01-01') TO ('2021-01-01');

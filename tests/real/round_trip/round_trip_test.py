@@ -24,7 +24,7 @@ EXPECTED = {
 
 
 def run(command, **more):
-    done = subprocess.run(command, capture_output=True, text=True, **more)
+    done = subprocess.run(command, capture_output=True, text=True, errors="replace", **more)
     if done.returncode != 0:
         raise RuntimeError(f"{' '.join(command)}: exit code {done.returncode}\n{done.stdout[-2000:]}{done.stderr[-4000:]}")
     return done
