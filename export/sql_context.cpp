@@ -28,6 +28,16 @@ LeTableKind KindOf(const LcWorkbookTable& table) {
   return table.GetDetails() != nullptr ? table.GetDetails()->kind : tkUnknown;
 }
 
+// Names with a zero between them, which none of them has.
+std::u16string OwnerKey(std::u16string_view schema, std::u16string_view table,
+                        std::u16string_view column) {
+  std::u16string key(schema);
+  key += u'\0';
+  key += table;
+  key += u'\0';
+  return key += column;
+}
+
 }  // namespace
 
 Context::Context(const Document& document, const Target& the_target, std::ostream& stream)
@@ -40,12 +50,23 @@ Context::Context(const Document& document, const Target& the_target, std::ostrea
   for (const LcWorkbookTable* table : workbook.tables) {
     if (table == nullptr) continue;
     (IsView(*table) ? views_ : tables_).insert(Lowered(table->GetName()));
+    if (translated) names_.insert(Lowered(table->GetName()));
+  }
+  for (const LcSequenceDetails& sequence : workbook.details.sequences) {
+    if (!sequence.owner_column.IsPresent()) continue;
+    sequences_.emplace(
+        OwnerKey(sequence.schema.View(), sequence.owner_table.View(), sequence.owner_column.View()),
+        &sequence);
   }
 }
 
 std::string Context::Name(std::u16string_view schema, std::u16string_view name) const {
   const bool goes_without =
       !target.has_databases || (!target.has_schemas && schema == default_schema_);
+  // Where there are no schemas at all, names of one that is not the default one begin with it.
+  if (translated && !target.has_databases && !schema.empty() && schema != default_schema_) {
+    return target.Quote(std::u16string(schema) + u'.' + std::u16string(name));
+  }
   if (schema.empty() || goes_without) {
     return target.Quote(name);
   }
@@ -54,6 +75,48 @@ std::string Context::Name(std::u16string_view schema, std::u16string_view name) 
 
 std::string Context::Name(const LcWorkbookTable& table) const {
   return Name(table.GetOwner(false), table.GetName());
+}
+
+const LcSequenceDetails* Context::SequenceOf(const LcWorkbookColumn& column) const {
+  const LcWorkbookTable& table = *column.GetParentTable();
+  const auto found =
+      sequences_.find(OwnerKey(table.GetOwner(false), table.GetName(), column.GetName()));
+  return found == sequences_.end() ? nullptr : found->second;
+}
+
+bool Context::IsInKey(const LcWorkbookColumn& column) {
+  if (!std::exchange(keys_known_, true)) {
+    const auto add = [&](const std::vector<LcWorkbookColumn*>& columns) {
+      in_keys_.insert(columns.begin(), columns.end());
+    };
+    for (const LcWorkbookTable* table : workbook.tables.Present()) {
+      add(table->GetPrimaryKey().GetColumns());
+      for (const auto& key : table->GetForeignKeys()) {
+        if (key->GetKey() != nullptr) add(key->GetKey()->GetColumns());
+      }
+      const LcTableDetails* details = table->GetDetails();
+      if (details == nullptr) continue;
+      for (const LcKeyDetails& key : details->unique_keys) add(key.columns);
+      for (const LcOutsideKey& key : details->outside_keys) add(key.columns);
+      for (const LcIndexDetails& index : details->indexes) {
+        for (const LcIndexPart& part : index.parts) {
+          if (part.column != nullptr) in_keys_.insert(part.column);
+        }
+      }
+    }
+  }
+  return in_keys_.count(&column) != 0;
+}
+
+std::string Context::UniqueName(const LcWorkbookTable& table, std::u16string_view name) {
+  if (!translated || name.empty()) return base::ToUtf8(name);
+  if (name == u"PRIMARY") return "";
+  std::u16string unique(name);
+  for (int i = 1; !names_.insert(Lowered(unique)).second; ++i) {
+    unique = table.GetName() + u'_' + std::u16string(name);
+    if (i > 1) unique += u'_' + base::ToUtf16(std::to_string(i));
+  }
+  return base::ToUtf8(unique);
 }
 
 std::string Context::Expression(const LcText& text) const {

@@ -35,12 +35,22 @@ class Context {
   // the target has schemas, or where it is not the one that the script is loaded into.
   std::string Name(std::u16string_view schema, std::u16string_view name) const;
   std::string Name(const LcWorkbookTable& table) const;
+  bool IsDefaultSchema(const std::u16string& schema) const { return schema == default_schema_; }
   std::string Literal(const LcText& text) const { return target.Literal(text.View()); }
   // An expression or a query in the server's own words.
   std::string Expression(const LcText& text) const;
   // The names that mean the default schema when nothing stands before them, for targets that look
   // for names along a path.
   void WriteSearchPath();
+
+  // The sequence that is a column's own; null where there is none.
+  const LcSequenceDetails* SequenceOf(const LcWorkbookColumn& column) const;
+  // Whether a key, an index or a foreign key is on the column.
+  bool IsInKey(const LcWorkbookColumn& column);
+  // The name of a key, an index or a foreign key. In a translation it is another one where the
+  // target has had it already, since servers differ in what names have to be unique in; empty for a
+  // primary key that has no name of its own.
+  std::string UniqueName(const LcWorkbookTable& table, std::u16string_view name);
 
   // Writes a statement whose text may hold semicolons.
   void WriteBody(const std::string& statement);
@@ -65,6 +75,10 @@ class Context {
   std::map<std::string, int> left_out_;
   std::set<std::u16string> tables_;  // their names, and those of views
   std::set<std::u16string> views_;
+  std::unordered_map<std::u16string, const LcSequenceDetails*> sequences_;  // by their columns
+  std::set<std::u16string> names_;  // of what is unique in a schema, or in all of it
+  std::set<const LcWorkbookColumn*> in_keys_;
+  bool keys_known_ = false;
 };
 
 // What has to be there before a routine can be made, as a text that mentions it.

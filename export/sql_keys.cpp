@@ -3,12 +3,16 @@
 
 #include "base/utf.h"
 #include "export/sql_parts.h"
+#include "export/sql_translate.h"
 
 namespace wbexport::sql {
 namespace {
 
+std::string ConstraintName(const Context& context, const std::string& name) {
+  return name.empty() ? "" : "CONSTRAINT " + context.target.Quote(base::ToUtf16(name)) + " ";
+}
 std::string ConstraintName(const Context& context, const LcText& name) {
-  return name.View().empty() ? "" : "CONSTRAINT " + context.target.Quote(name.View()) + " ";
+  return ConstraintName(context, base::ToUtf8(name.View()));
 }
 
 std::string Deferrable(bool offered, LeDeferrable deferrable) {
@@ -75,7 +79,7 @@ std::string MethodClause(const LcWorkbookTable& table, const LcText& method) {
   return in_memory ? " USING BTREE" : "";
 }
 
-std::string IndexClause(const Context& context, const LcWorkbookTable& table,
+std::string IndexClause(Context& context, const LcWorkbookTable& table,
                         const LcIndexDetails& index) {
   const Target& target = context.target;
   std::string clause = index.unique ? "UNIQUE " : "";
@@ -83,7 +87,8 @@ std::string IndexClause(const Context& context, const LcWorkbookTable& table,
     // The method is a word before KEY, or comes behind the columns.
     const std::string method = base::ToUtf8(index.method.View());
     const bool leads = method == "FULLTEXT" || method == "SPATIAL" || method == "VECTOR";
-    clause += (leads ? method + " " : "") + "KEY " + target.Quote(index.name.View()) + " (" +
+    clause += (leads ? method + " " : "") + "KEY " +
+              target.Quote(base::ToUtf16(context.UniqueName(table, index.name.View()))) + " (" +
               IndexParts(context, index) + ")";
     if (!leads && !context.translated) clause += MethodClause(table, index.method);
     clause += target.Clauses(index.options, target.index_options);
@@ -94,14 +99,18 @@ std::string IndexClause(const Context& context, const LcWorkbookTable& table,
 
 void WriteIndex(Context& context, const LcWorkbookTable& table, const LcIndexDetails& index) {
   const Target& target = context.target;
-  context.out << fmt::format("CREATE {}INDEX {} ON {}{} ({})", index.unique ? "UNIQUE " : "",
-                             target.Quote(index.name.View()), context.Name(table),
-                             index.method.IsPresent() && target.has_index_methods
-                                 ? " USING " + base::ToUtf8(index.method.View())
-                                 : "",
-                             IndexParts(context, index));
-  context.out << IncludeClause(context, index);
-  context.out << target.Clauses(index.options, target.index_options);
+  context.out << fmt::format(
+      "CREATE {}INDEX {} ON {}{} ({})", index.unique ? "UNIQUE " : "",
+      target.Quote(base::ToUtf16(context.UniqueName(table, index.name.View()))),
+      context.Name(table),
+      index.method.IsPresent() && target.has_index_methods && !context.translated
+          ? " USING " + base::ToUtf8(index.method.View())
+          : "",
+      IndexParts(context, index));
+  if (!context.translated) {
+    context.out << IncludeClause(context, index)
+                << target.Clauses(index.options, target.index_options);
+  }
   if (index.predicate.IsPresent()) {
     context.out << " WHERE " << context.Expression(index.predicate);
   }
@@ -109,7 +118,10 @@ void WriteIndex(Context& context, const LcWorkbookTable& table, const LcIndexDet
 }
 
 bool CanBeTranslated(const LcIndexDetails& index) {
-  return !index.predicate.IsPresent() &&
+  static constexpr std::u16string_view kCommon[] = {u"", u"btree", u"BTREE", u"hash", u"HASH"};
+  const bool common =
+      std::find(std::begin(kCommon), std::end(kCommon), index.method.View()) != std::end(kCommon);
+  return common && !index.predicate.IsPresent() &&
          std::all_of(index.parts.begin(), index.parts.end(),
                      [](const LcIndexPart& part) { return part.column != nullptr; });
 }
@@ -122,6 +134,21 @@ struct Reference {
   std::string target_columns;
 };
 
+// Whether a foreign key's columns have the types of its target's, as the target server asks for;
+// its table has to be there, too.
+bool AgreeInTypes(Context& context, const std::vector<LcWorkbookColumn*>& columns,
+                  const std::vector<LcWorkbookColumn*>& targets) {
+  if (!context.Makes(*targets.front()->GetParentTable())) return false;
+  if (!context.target.needs_types) return true;
+  const std::vector<std::string> pending = context.pending;
+  const bool agree = std::equal(columns.begin(), columns.end(), targets.begin(), targets.end(),
+                                [&](const LcWorkbookColumn* a, const LcWorkbookColumn* b) {
+                                  return TranslatedType(context, *a) == TranslatedType(context, *b);
+                                });
+  context.pending = pending;
+  return agree;
+}
+
 std::vector<Reference> ReferencesOf(Context& context, const LcWorkbookTable& table) {
   std::vector<Reference> references;
   for (const auto& key : table.GetForeignKeys()) {
@@ -130,12 +157,26 @@ std::vector<Reference> ReferencesOf(Context& context, const LcWorkbookTable& tab
     }
     const std::vector<LcWorkbookColumn*> targets = key->GetForeignKey()->GetColumns();
     if (targets.empty()) continue;
+    if (context.translated && !AgreeInTypes(context, key->GetKey()->GetColumns(), targets)) {
+      context.LeaveOut(fmt::format("foreign key ({}) of {} to {}, whose types differ",
+                                   DisplayColumns(key->GetKey()->GetColumns()), DisplayName(table),
+                                   DisplayName(*targets.front()->GetParentTable())),
+                       "foreign keys");
+      continue;
+    }
     references.push_back({key->GetDetails(), key->GetKey()->GetColumns(),
                           context.Name(*targets.front()->GetParentTable()),
                           context.target.Quote(targets)});
   }
   if (table.GetDetails() == nullptr) return references;
   for (const LcOutsideKey& key : table.GetDetails()->outside_keys) {
+    if (context.translated) {
+      context.LeaveOut(fmt::format("foreign key {} of {} to {}", Display(key.details.name.View()),
+                                   DisplayName(table),
+                                   ShowName(key.target_owner.View(), key.target_table.View())),
+                       "foreign keys");
+      continue;
+    }
     std::string columns;
     for (const LcText& column : key.target_columns) {
       columns += (columns.empty() ? "" : ", ") + context.target.Quote(column.View());
@@ -146,21 +187,41 @@ std::vector<Reference> ReferencesOf(Context& context, const LcWorkbookTable& tab
   return references;
 }
 
+bool IsNumbered(const Context& context, const LcWorkbookColumn& column) {
+  if (context.translated) return NumbersRows(context, column) && CanNumberRows(context, column);
+  return column.GetDetails() != nullptr && column.GetDetails()->identity != idNone;
+}
+
+bool Descends(const LcWorkbookTable& table, const LcKeyDetails& key) {
+  const LcIndexDetails* index = FindIndex(table, key);
+  return index != nullptr && index->parts.front().descending;
+}
+
+// SQLite numbers rows by a column whose key stands with it. Behind the columns a descending key
+// would be the row's number, which it is not with its column.
+bool StandsWithColumn(const Context& context, const LcWorkbookTable& table,
+                      const LcKeyDetails& key) {
+  return context.target.auto_increment_with_key && key.columns.size() == 1 &&
+         (IsNumbered(context, *key.columns.front()) || Descends(table, key));
+}
+
 }  // namespace
 
-std::string KeyClause(const Context& context, const LcWorkbookTable& table,
-                      const LcKeyDetails& key) {
+std::string KeyClause(Context& context, const LcWorkbookTable& table, const LcKeyDetails& key) {
   const Target& target = context.target;
   // What the key's own index says more of its columns stands with them.
   const LcIndexDetails* index = FindIndex(table, key);
   std::string columns = index != nullptr ? IndexParts(context, *index) : target.Quote(key.columns);
   // A key's index has its name: where the primary one is always PRIMARY, none is given.
   const bool named = !(target.indexes_inside && key.kind == kkPrimary);
-  std::string clause = (named ? ConstraintName(context, key.name) : "") +
-                       (key.kind == kkPrimary ? "PRIMARY KEY" : "UNIQUE");
-  if (index != nullptr) clause += target.Clauses(index->options, target.key_prefixes);
+  std::string clause =
+      (named ? ConstraintName(context, context.UniqueName(table, key.name.View())) : "") +
+      (key.kind == kkPrimary ? "PRIMARY KEY" : "UNIQUE");
+  if (index != nullptr && !context.translated) {
+    clause += target.Clauses(index->options, target.key_prefixes);
+  }
   clause += " (" + columns + ")";
-  if (index != nullptr) {
+  if (index != nullptr && !context.translated) {
     clause += IncludeClause(context, *index) + target.Clauses(index->options, target.key_options);
   }
   // A hash that MariaDB chose for long texts is not asked for.
@@ -177,20 +238,14 @@ std::string KeyClause(const Context& context, const LcWorkbookTable& table,
   return clause + Deferrable(target.has_deferrable_keys, key.deferrable);
 }
 
-std::string ColumnKeyClause(const Context& context, const LcWorkbookTable& table,
+std::string ColumnKeyClause(Context& context, const LcWorkbookTable& table,
                             const LcKeyDetails& key) {
-  if (!context.target.auto_increment_with_key || key.columns.size() != 1) return "";
-  const LcColumnDetails* column = key.columns.front()->GetDetails();
-  const bool numbers = column != nullptr && column->identity != idNone;
-  // Behind the columns a descending key would be the row's number, which this one is not.
-  const LcIndexDetails* index = FindIndex(table, key);
-  const bool descends = index != nullptr && index->parts.front().descending;
-  if (!numbers && !descends) return "";
-  return " " + ConstraintName(context, key.name) + "PRIMARY KEY" + (descends ? " DESC" : "") +
-         (context.translated
-              ? ""
-              : context.target.Clauses(key.options, context.target.constraint_options)) +
-         (numbers ? " AUTOINCREMENT" : "");
+  if (!StandsWithColumn(context, table, key)) return "";
+  const bool conflict = !context.translated;
+  return " " + ConstraintName(context, context.UniqueName(table, key.name.View())) + "PRIMARY KEY" +
+         (Descends(table, key) ? " DESC" : "") +
+         (conflict ? context.target.Clauses(key.options, context.target.constraint_options) : "") +
+         (IsNumbered(context, *key.columns.front()) ? " AUTOINCREMENT" : "");
 }
 
 std::string CheckClause(const Context& context, const LcCheckDetails& check) {
@@ -202,13 +257,15 @@ std::string CheckClause(const Context& context, const LcCheckDetails& check) {
   return ConstraintName(context, check.name) + "CHECK (" + expression + ")" + rest;
 }
 
-std::string ForeignKeyClause(const Context& context, const LcForeignKeyDetails* details,
+std::string ForeignKeyClause(Context& context, const LcWorkbookTable& table,
+                             const LcForeignKeyDetails* details,
                              const std::vector<LcWorkbookColumn*>& columns,
                              const std::string& target, const std::string& target_columns) {
   static const LcForeignKeyDetails kNone;
   const LcForeignKeyDetails& d = details != nullptr ? *details : kNone;
   std::string clause =
-      fmt::format("{}FOREIGN KEY ({}) REFERENCES {}{}", ConstraintName(context, d.name),
+      fmt::format("{}FOREIGN KEY ({}) REFERENCES {}{}",
+                  ConstraintName(context, context.UniqueName(table, d.name.View())),
                   context.target.Quote(columns), target,
                   target_columns.empty() ? "" : " (" + target_columns + ")");
   const auto add = [&](const char* word, const LcText& value, std::u16string_view usual) {
@@ -234,9 +291,9 @@ std::string IndexParts(const Context& context, const LcIndexDetails& index) {
     if (!list.empty()) list += ", ";
     list += part.column != nullptr ? target.Quote(part.column->GetName())
                                    : target.Expression(part.expression.View());
-    list += target.Clauses(part.options, target.index_part_options);
+    if (!context.translated) list += target.Clauses(part.options, target.index_part_options);
     if (part.descending) list += " DESC";
-    list += target.Clauses(part.options, target.index_order_options);
+    if (!context.translated) list += target.Clauses(part.options, target.index_order_options);
   }
   return list;
 }
@@ -245,7 +302,7 @@ std::vector<std::string> InnerConstraints(Context& context, const LcWorkbookTabl
                                           bool foreign_keys) {
   std::vector<std::string> clauses;
   for (const LcKeyDetails* key : KeysOf(table)) {
-    if (key->kind == kkPrimary && !ColumnKeyClause(context, table, *key).empty()) continue;
+    if (key->kind == kkPrimary && StandsWithColumn(context, table, *key)) continue;
     clauses.push_back(KeyClause(context, table, *key));
   }
   if (const LcTableDetails* details = table.GetDetails(); details != nullptr) {
@@ -264,7 +321,7 @@ std::vector<std::string> InnerConstraints(Context& context, const LcWorkbookTabl
   if (foreign_keys) {
     for (const Reference& r : ReferencesOf(context, table)) {
       clauses.push_back(
-          ForeignKeyClause(context, r.details, r.columns, r.target, r.target_columns));
+          ForeignKeyClause(context, table, r.details, r.columns, r.target, r.target_columns));
     }
   }
   return clauses;
@@ -273,7 +330,7 @@ std::vector<std::string> InnerConstraints(Context& context, const LcWorkbookTabl
 void WriteKeys(Context& context) {
   if (!context.target.adds_keys) return;
   for (const LcWorkbookTable* table : PartsFirst(context.workbook)) {
-    if (table->GetDetails() == nullptr) continue;
+    if (table->GetDetails() == nullptr || !context.Makes(*table)) continue;
     std::vector<std::string> clauses;
     for (const LcKeyDetails* key : KeysOf(*table))
       clauses.push_back(KeyClause(context, *table, *key));
@@ -300,11 +357,12 @@ void WriteIndexes(Context& context) {
     if (table != nullptr && IsView(*table)) tables.push_back(table);
   }
   for (const LcWorkbookTable* table : tables) {
-    if (table->GetDetails() == nullptr) continue;
+    const bool view = IsView(*table);
+    if (table->GetDetails() == nullptr || (!view && !context.Makes(*table))) continue;
     const bool inside = context.target.indexes_inside && IsPlainTable(*table);
     bool first = true;
     for (const LcIndexDetails& index : table->GetDetails()->indexes) {
-      const bool left_out = context.translated && !CanBeTranslated(index);
+      const bool left_out = context.translated && (view || !CanBeTranslated(index));
       if ((inside && !left_out) || IsOfConstraint(*table, index)) continue;
       if (std::exchange(first, false)) context.out << '\n';
       if (left_out) {
@@ -321,13 +379,13 @@ void WriteIndexes(Context& context) {
 void WriteForeignKeys(Context& context) {
   if (!context.target.adds_foreign_keys) return;
   for (const LcWorkbookTable* table : context.workbook.tables) {
-    if (table == nullptr || !IsPlainTable(*table)) continue;
+    if (table == nullptr || !context.Makes(*table)) continue;
     const std::vector<Reference> references = ReferencesOf(context, *table);
     if (!references.empty()) context.out << '\n';
     for (const Reference& r : references) {
       context.out << fmt::format(
           "ALTER TABLE {} ADD {};\n", context.Name(*table),
-          ForeignKeyClause(context, r.details, r.columns, r.target, r.target_columns));
+          ForeignKeyClause(context, *table, r.details, r.columns, r.target, r.target_columns));
     }
   }
 }

@@ -195,14 +195,17 @@ std::string SequenceClauses(const Context& context, const LcSequenceDetails& seq
   add("START WITH", sequence.start);
   add("INCREMENT BY", sequence.increment);
   add("MINVALUE", sequence.minimum);
-  add("MAXVALUE", sequence.maximum);
+  // MariaDB's greatest number is one less.
+  const bool greatest = sequence.maximum.View() == u"9223372036854775807";
+  if (!(context.translated && greatest)) add("MAXVALUE", sequence.maximum);
   clauses += context.target.Clauses(sequence.options, context.target.sequence_options);
   if (sequence.cycle) clauses += " CYCLE";
   return clauses;
 }
 
 void WriteSchemas(Context& context) {
-  if (!context.target.has_schemas) return;
+  const bool databases = context.translated && context.target.has_databases;
+  if (!context.target.has_schemas && !databases) return;
   std::vector<std::u16string> names;
   for (const LcSchemaDetails& schema : context.workbook.details.schemas) {
     names.push_back(schema.name.Text());
@@ -215,6 +218,8 @@ void WriteSchemas(Context& context) {
   names.erase(std::unique(names.begin(), names.end()), names.end());
   if (!names.empty()) context.out << '\n';
   for (const std::u16string& name : names) {
+    // Another database of MariaDB's; the default one is that which the script is loaded into.
+    if (!context.target.has_schemas && context.IsDefaultSchema(name)) continue;
     context.out << "CREATE SCHEMA IF NOT EXISTS " << context.target.Quote(name) << ";\n";
   }
   context.WriteSearchPath();
@@ -239,6 +244,8 @@ void WriteSequences(Context& context) {
   bool first = true;
   for (const LcSequenceDetails& sequence : context.workbook.details.sequences) {
     if (NumbersIdentity(context, sequence)) continue;
+    // In a translation its column says that the server numbers it.
+    if (context.translated && sequence.owner_column.IsPresent()) continue;
     if (std::exchange(first, false)) context.out << '\n';
     if (!context.target.has_sequences) {
       context.LeaveOut("sequence " + ShowName(sequence.schema.View(), sequence.name.View()),

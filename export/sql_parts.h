@@ -37,13 +37,13 @@ void WriteComments(Context& context);
 
 // Pieces that several parts need.
 std::string SequenceClauses(const Context& context, const LcSequenceDetails& sequence);
-std::string KeyClause(const Context& context, const LcWorkbookTable& table,
-                      const LcKeyDetails& key);
+std::string KeyClause(Context& context, const LcWorkbookTable& table, const LcKeyDetails& key);
 // A key that has to stand with its column, as SQLite's that numbers rows; empty for any other.
-std::string ColumnKeyClause(const Context& context, const LcWorkbookTable& table,
+std::string ColumnKeyClause(Context& context, const LcWorkbookTable& table,
                             const LcKeyDetails& key);
 std::string CheckClause(const Context& context, const LcCheckDetails& check);
-std::string ForeignKeyClause(const Context& context, const LcForeignKeyDetails* details,
+std::string ForeignKeyClause(Context& context, const LcWorkbookTable& table,
+                             const LcForeignKeyDetails* details,
                              const std::vector<LcWorkbookColumn*>& columns,
                              const std::string& target, const std::string& target_columns);
 std::string IndexParts(const Context& context, const LcIndexDetails& index);

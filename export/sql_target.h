@@ -15,7 +15,7 @@ enum class Sizes { kNone, kLength, kPrecision };
 
 // How a server calls the types of one physical code.
 struct TypeName {
-  int code;  // ODBC's
+  int code;  // physical, as the workbook has it
   std::string_view name;
   Sizes sizes;
 };

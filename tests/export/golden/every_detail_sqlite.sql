@@ -10,7 +10,6 @@
 -- Left out: type sales.address.
 -- Left out: type sales.span.
 
--- Left out: sequence sales.order_no_seq.
 -- Left out: sequence sales.free_seq.
 
 -- Left out: function sales.touch.
@@ -20,14 +19,14 @@
 CREATE TABLE "customer" (
   "id" INTEGER NOT NULL CONSTRAINT "customer_pkey" PRIMARY KEY AUTOINCREMENT,
   "name" VARCHAR(40) NOT NULL,
-  "mood" VARCHAR,
-  "shout" TEXT,
-  "since" TIMESTAMP NOT NULL,
-  "extra" TEXT,
+  "mood" DEFAULT 'happy',
+  "shout",
+  "since" TIMESTAMP NOT NULL DEFAULT CURRENT_TIMESTAMP,
+  "extra",
   CONSTRAINT "customer_name_key" UNIQUE ("name", "since")
 );
--- Left out: default 'happy'::sales.mood of mood.
--- Left out: default now() of since.
+-- Left out: expression of shout.
+-- Left out: foreign key order_warehouse_fkey of sales.order to stock.warehouse.
 
 CREATE TABLE "order" (
   "region" VARCHAR(40) NOT NULL,
@@ -37,17 +36,16 @@ CREATE TABLE "order" (
   "warehouse" INTEGER,
   CONSTRAINT "order_pkey" PRIMARY KEY ("order_no", "region"),
   CONSTRAINT "order_customer_fkey" FOREIGN KEY ("customer_id") REFERENCES "customer" ("id") ON DELETE CASCADE DEFERRABLE INITIALLY DEFERRED,
-  CONSTRAINT "order ""entry"" fkey" FOREIGN KEY ("region", "order_no") REFERENCES "entry" ("region", "order_no") ON UPDATE CASCADE ON DELETE SET NULL,
-  CONSTRAINT "order_warehouse_fkey" FOREIGN KEY ("warehouse") REFERENCES "warehouse" ("id") ON UPDATE RESTRICT ON DELETE SET DEFAULT
+  CONSTRAINT "order ""entry"" fkey" FOREIGN KEY ("region", "order_no") REFERENCES "Audit Log.entry" ("region", "order_no") ON UPDATE CASCADE ON DELETE SET NULL
 );
--- Left out: default nextval('sales.order_no_seq'::regclass) of order_no.
+-- Left out: numbers of order_no.
 
 CREATE TABLE "order_eu" (
   "region" VARCHAR(40) NOT NULL,
   "order_no" INTEGER NOT NULL
 );
 
-CREATE TABLE "entry" (
+CREATE TABLE "Audit Log.entry" (
   "region" VARCHAR(40) NOT NULL,
   "order_no" INTEGER NOT NULL,
   CONSTRAINT "entry_key" UNIQUE ("region", "order_no")
@@ -57,7 +55,7 @@ CREATE TABLE "entry" (
 -- Left out: view sales.order_stats, whose text is postgresql's.
 
 -- Left out: index customer_lower_idx of sales.customer.
-CREATE INDEX "customer_extra_idx" ON "customer" ("extra");
+-- Left out: index customer_extra_idx of sales.customer.
 
 -- Left out: trigger customer_touch of sales.customer.
 -- Left out: comment on sales.customer: Who buys | "things" <here>.
