@@ -176,5 +176,74 @@ TEST(SimulatedRoute, KeepsWhatCameBeforeAFailedFetch) {
   EXPECT_EQ(import.workbook.tables.GetAt(1)->GetColumnCount(), 0);
 }
 
+TEST(SimulatedRoute, ListsSystemTablesAsTablesEvenAmongNames) {
+  ODBCImport run("generic");
+  run.base.choices.item_mask = ibTableNames;
+  run.base.choices.owner_restriction = u"library";
+  run.base.choices.include_system = true;
+  EXPECT_TRUE(run.Run());
+  EXPECT_EQ(run.workbook.table_names.GetCount(), 17U);
+  EXPECT_EQ(run.workbook.tables.GetCount(), 6U);
+}
+
+TEST(SimulatedRoute, EndsTheListOfProceduresForAStopAlone) {
+  for (const bool cancel : {false, true}) {
+    ODBCImport run("generic");
+    run.base.choices.item_mask = ibProcedures;
+    run.on_event = [&](const std::string&) { run.End(cancel); };
+    run.Run();
+    EXPECT_EQ(run.workbook.procedures.IsEmpty(), !cancel);
+  }
+}
+
+TEST(SimulatedRoute, GivesTheLastRelationshipToTheTableOfTheLastRow) {
+  // reservation is the last table that refers to member, and loan the one before.
+  ODBCImport run("generic",
+                 "Sql={UPDATE information_schema.key_column_usage SET column_name = 'gone' WHERE "
+                 "table_name = 'reservation' AND column_name = 'member_id' AND "
+                 "constraint_type = 'FOREIGN KEY'}");
+  EXPECT_TRUE(run.Run());
+  EXPECT_THAT(run.Keys("member"), Contains("library.member(member_id) <- library.loan(member_id)"));
+  bool holds_mirror = false;  // one whose columns are loan's
+  for (const auto& key : run.Table("library.reservation")->GetForeignKeys()) {
+    holds_mirror |= key->GetKey()->GetColumns()[0]->GetParentTable() != key->GetTable();
+  }
+  EXPECT_TRUE(holds_mirror);
+}
+
+// What a host's call log shows of the keys.
+TEST(SimulatedRoute, AsksForIndexesWithoutOwnerAndTakesTheColumnsDiagnostic) {
+  struct Log : platform::CallLog {
+    void OnCall(const platform::DriverCall& call) override {
+      const std::string_view function = call.function;
+      if (function == "SQLColumnsW") columns = call.handle;
+      if (function == "SQLStatisticsW") {
+        EXPECT_EQ(std::string_view(call.asked[1].name), "owner");
+        EXPECT_EQ(std::get<const char16_t*>(call.asked[1].value), nullptr);
+        ++indexes;
+      }
+      if (keys_failed) {
+        EXPECT_EQ(function, "SQLErrorW");
+        EXPECT_EQ(call.handle, columns);
+        ++diagnostics;
+      }
+      keys_failed = function == "SQLPrimaryKeysW";
+    }
+    void* columns = nullptr;
+    bool keys_failed = false;
+    int indexes = 0;
+    int diagnostics = 0;
+  };
+  const auto log = std::make_shared<Log>();
+  const wbtest::ScopedService<platform::CallLog> scope(platform::GetServices().call_log, log);
+  for (const char* fault : {"Without=SQLPrimaryKeys", "Fail=SQLPrimaryKeys:*"}) {
+    ODBCImport run("generic", fault);
+    run.Run();
+    EXPECT_THAT(run.messages.shown(), IsEmpty());
+  }
+  EXPECT_EQ(log->indexes, 18);
+  EXPECT_EQ(log->diagnostics, 18);
+}
+
 }  // namespace
 }  // namespace odbcimport::generic

@@ -5,6 +5,7 @@
 
 #include "routes/informix/key_queries.h"
 #include "routes/informix/type_queries.h"
+#include "routes/shared/query_batches.h"
 #include "tests/routes/query_cases.h"
 
 namespace odbcimport::informix {
@@ -70,6 +71,16 @@ TEST(CatalogQueries, AreAsExpectedCharacterForCharacter) {
        {"complex_type", OneText([](const QueryCase&, Text& text) {
           return BuildSQLGetComplexType(2049, text), true;
         })}});
+}
+
+TEST(CatalogQueries, ReadLocalSynonymsOfAllOwnersWhereNoneIsSelected) {
+  LcImportChoices choices;
+  std::u16string of_all;
+  EXPECT_TRUE(BuildLocalSynonymQuery(choices, of_all, dbmsInformix, true));
+  choices.owner_restriction = u"sales";
+  std::vector<std::u16string> texts;
+  EXPECT_TRUE(BuildLocalSynonymQueries(choices, dbmsInformix, true, texts));
+  EXPECT_EQ(texts, std::vector{of_all});
 }
 
 }  // namespace

@@ -60,7 +60,7 @@ TEST(TypeNumbers, HaveNamesAndCodes) {
   } cases[] = {
       {0, u"char", 1, 0},          {8, u"money", 2, 1},        {23, u"collection", 12, 7},
       {41, u"fixedopaque", 13, 8}, {296, u"varopaque", 21, 8}, {4118, u"row", 11, 6},
-      {24, u"UNKNOWN", 0, 9},      {255, u"UNKNOWN", 0, 9},
+      {24, u"UNKNOWN", 0, 9},      {255, u"UNKNOWN", 0, 9},    {14, u"interval", 8, 2},
   };
   for (const auto& c : cases) {
     std::u16string name;
