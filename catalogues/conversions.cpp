@@ -35,9 +35,9 @@ struct TableKind {
 
 // clang-format off
 
-// By the numbers of syscolumns.coltype. Some types deliberately go to a code of another type although
-// the Informix list has one of their own (smallfloat, byte, text, nchar, nvarchar): columns that hosts
-// have stored carry these codes.
+// By the numbers of syscolumns.coltype. Required: some types go to a code of another type although the
+// Informix list has one of their own (smallfloat, byte, text, nchar, nvarchar). The smallfloat is in
+// conversions_test, the others are in the outlines of informix_route_test.
 constexpr NumberedType kInformixTypes[] = {
     { 0, pcChar},          // char
     { 1, pcSmallInt},      // smallint
@@ -118,8 +118,8 @@ constexpr NamedType kOracleTypes[] = {
     {u"Clob",             pcClob},
 };
 
-// TIME and TIMESTAMP are deliberately one code higher than on other servers, and CLOB is LONG VARCHAR
-// although the hard-coded list files it under another code: hosts have stored columns with these.
+// Required (conversions_test): TIME and TIMESTAMP are one code higher than on other servers, and CLOB
+// is LONG VARCHAR although the hard-coded list files it under another code.
 constexpr NamedType kDB2Types[] = {
     {u"SMALLINT",         pcSmallInt},
     {u"INTEGER",          pcInteger},
@@ -159,8 +159,8 @@ constexpr NamedType kRedBrickTypes[] = {
     {u"NUMERIC",          pcDecimal},
 };
 
-// The last nine have deliberately no generic code: types made from catalog rows with these codes go
-// to the group "other", while the hard-coded lists give the same codes generic codes of their own.
+// Required (conversions_test): the last nine have no generic code. Types made from catalog rows with
+// these codes go to the group "other"; the hard-coded lists give them generic codes of their own.
 constexpr GenericType kGenericTypes[] = {
     {pcChar,              dtChar},
     {pcNumeric,           dtInteger},
@@ -273,7 +273,7 @@ std::span<const NamedType> TypeNamesOf(int dbms_type) {
     case dbmsRedBrick:
       return kRedBrickTypes;
     default:
-      // Sybase too, deliberately, although it has the type list of SQL Server.
+      // Required (conversions_test): Sybase too, although it has the type list of SQL Server.
       return {};
   }
 }
@@ -311,7 +311,7 @@ std::uint16_t MapDataType(const ServerFacts& server, long odbc_type) {
   }
   if (odbc_type >= kSQLIntervalYear && odbc_type <= kSQLIntervalMinuteToSecond) return pcInterval;
   // Codes that are not known, the wide character types and the dates of ODBC 3 among them, become
-  // CHAR deliberately: a column keeps a type that way.
+  // CHAR. Required (conversions_test): a column keeps a type that way.
   const long last = kFirstODBCType + static_cast<long>(std::size(kCodesOfODBCTypes)) - 1;
   if (odbc_type < kFirstODBCType || odbc_type > last) return pcChar;
   return static_cast<std::uint16_t>(kCodesOfODBCTypes[odbc_type - kFirstODBCType]);

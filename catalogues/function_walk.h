@@ -22,9 +22,9 @@ struct FunctionRow {
 // Always true; without a target list nothing is reported or added.
 //
 // A name that differs from the one before, in more than upper and lower case, begins a new
-// function. A name that comes back after others therefore makes a second function, deliberately:
-// the order of a catalogue stays visible, and the functions of a server's own catalog are merged
-// into the first.
+// function. Required (functions_catalogues_test): a name that comes back after others makes a
+// second function. The order of a catalogue stays visible, and the functions of a server's own
+// catalog are merged into the first.
 bool AddSystemFunctions(ImportSession& session, std::span<const FunctionRow> rows,
                         unsigned long announced);
 

@@ -4,8 +4,8 @@
 namespace odbcimport {
 namespace {
 
-// RTRIM's result is deliberately a number: hosts compare catalogues with those that they have
-// stored.
+// Required (functions_facts.txt): RTRIM's result is a number. Hosts compare catalogues with those
+// that they have stored.
 // clang-format off
 constexpr FunctionRow kAccessFunctions[] = {
     {u"ASCII",      u"ASCII(character)",                      u"number"},

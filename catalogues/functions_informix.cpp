@@ -19,7 +19,7 @@ constexpr Types kComparison      = {u"char", u"nchar", u"varchar", u"nvarchar", 
 constexpr Types kArithmetic      = {u"smallint", u"integer", u"int8", u"decimal", u"smallfloat", u"float"};
 constexpr Types kSerials         = {u"serial", u"serial8"};
 constexpr Types kCollections     = {u"set", u"multiset", u"list", u"collection"};
-// "vchar" is deliberate, here alone: hosts compare the texts with those of workbooks that they stored.
+// "vchar" is required, here alone (functions_facts.txt): hosts compare the texts with stored ones.
 constexpr Types kDateSources     = {u"char", u"vchar", u"datetime", u"decimal", u"money", u"smallint", u"integer",
                                     u"int8", u"serial", u"serial8", u"smallfloat", u"float"};
 constexpr Types kDatePartSources = {u"date", u"datetime", u"char", u"varchar", u"decimal", u"money", u"smallint",
@@ -51,8 +51,8 @@ struct InformixGroup : FunctionGroup {
   Server server;
 };
 
-// Deliberate: the result "nteger" of three overloads of compare, and minus in two runs, which make
-// two functions. Hosts compare with workbooks that they stored.
+// Required (functions_facts.txt): the result "nteger" of three overloads of compare, and minus in two
+// runs, which make two functions. Hosts compare with workbooks that they stored.
 constexpr InformixGroup kGroups[] = {
     {kUniversal, u"cardinality",        u"cardinality($)",                       u"integer", kCollections},
     {kBoth,      u"dbinfo",             u"dbinfo(char)",                         u"integer"},
@@ -162,7 +162,7 @@ constexpr auto& kRowsIDS = FunctionExpansion<kGroups, OnDynamicServer>::kRows;
 static_assert(kRowsIUS.size() == 571);
 static_assert(kRowsIDS.size() == 546);
 
-// Two more than there are, deliberately: hosts scale their progress display to this number.
+// Required (functions_facts.txt): two more than there are, as hosts have been told.
 constexpr std::uint32_t kAnnouncedIUS = 573;
 
 }  // namespace

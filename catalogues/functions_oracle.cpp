@@ -4,8 +4,8 @@
 namespace odbcimport {
 namespace {
 
-// The signature of TO_DATE deliberately names TO_CHAR: hosts compare these texts with those of
-// workbooks that they stored; a mended text would pass for a changed function.
+// Required (functions_facts.txt): the signature of TO_DATE names TO_CHAR. Hosts compare these texts
+// with those of workbooks that they stored; a mended text would pass for a changed function.
 // clang-format off
 constexpr FunctionRow kOracle[] = {
     {u"ABS",                  u"ABS(numeric)",                                                   u"numeric"},

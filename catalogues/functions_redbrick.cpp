@@ -19,9 +19,9 @@ constexpr Exceptions kDecimalGivesNothing = {{u"DECIMAL", u""}};
 constexpr Exceptions kExactGivesDecimal = {
     {u"INTEGER", u"DECIMAL"}, {u"NUMERIC", u"DECIMAL"}, {u"SMALLINT", u"DECIMAL"}, {u"TINYINT", u"DECIMAL"}};
 
-// Deliberate: the signatures of DATEDIFF and DATENAME say DATEADD, and INT(DECIMAL) has no result.
-// Hosts compare these texts with those of workbooks that they stored; a mended text would pass for a
-// changed function.
+// Required (functions_facts.txt): the signatures of DATEDIFF and DATENAME say DATEADD, and
+// INT(DECIMAL) has no result. Hosts compare these texts with those of workbooks that they stored; a
+// mended text would pass for a changed function.
 constexpr FunctionGroup kGroups[] = {
     {u"CASE",              u"CASE expression WHEN expression THEN result ELSE result END", u"result"},
     {u"COALESCE",          u"COALESCE(expression, expression)",                            u"expression"},

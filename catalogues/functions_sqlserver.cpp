@@ -4,9 +4,9 @@
 namespace odbcimport {
 namespace {
 
-// Deliberate: the blank at the end of the name "@@FETCH_STATUS ", the blank in "text_ ptr", and
-// PATINDEX twice, as a text function and as a text pointer function. Hosts compare these texts with
-// those of workbooks that they stored; a mended text would pass for a changed function.
+// Required (functions_facts.txt): the blank at the end of the name "@@FETCH_STATUS ", the one in
+// "text_ ptr", and PATINDEX twice, as a text function and as a text pointer function. Hosts compare
+// these texts with stored ones; a mended text would pass for a changed function.
 // clang-format off
 constexpr FunctionRow kSQLServer[] = {
     {u"@@CONNECTIONS",           u"@@CONNECTIONS",                                                             u"integer"},

@@ -579,7 +579,8 @@ void DeclareCommandLine(CLI::App& app, Options& options, std::optional<std::stri
     sub->callback([&options, command] { options.command = command; });
     return sub;
   };
-  CLI::App* import = add_command("import", Command::kImport, "Import a schema", kImportExamples);
+  CLI::App* import_command =
+      add_command("import", Command::kImport, "Import a schema", kImportExamples);
   CLI::App* list = add_command("list", Command::kList, "List names only", kListExamples);
   CLI::App* info =
       add_command("info", Command::kInfo, "Tell about the server and its driver", kInfoExamples);
@@ -623,7 +624,7 @@ void DeclareCommandLine(CLI::App& app, Options& options, std::optional<std::stri
   AddProgress(*lint, options.report);
   AddReports(*lint, options.report);
 
-  for (CLI::App* command : {import, list, info}) {
+  for (CLI::App* command : {import_command, list, info}) {
     AddConnection(*command, options.connection);
     AddRouteChoices(*command, options.choices);
     if (command != info) {
@@ -633,11 +634,11 @@ void DeclareCommandLine(CLI::App& app, Options& options, std::optional<std::stri
     }
     AddReports(*command, options.report);
   }
-  for (CLI::App* command : {import, list, info, render, diff, readings, lint}) {
+  for (CLI::App* command : {import_command, list, info, render, diff, readings, lint}) {
     AddQuiet(*command, options.report);
   }
-  AddOutput(*import, options.output);
-  import
+  AddOutput(*import_command, options.output);
+  import_command
       ->add_flag(
           "--stamp", options.output.stamp,
           "Write the time of the import (UTC) too, that of SOURCE_DATE_EPOCH where it is set")

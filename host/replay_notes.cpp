@@ -101,11 +101,12 @@ std::optional<ReplayNotes> ReplayNotes::Read(const std::string& file) {
   return notes;
 }
 
-InterruptWish ReplayNotes::WishAt(unsigned import, unsigned notification) const {
+InterruptWish ReplayNotes::WishAt(unsigned import_number, unsigned notification) const {
   InterruptWish wish = InterruptWish::kNone;
   for (const Interrupt& interrupt : interrupts) {
-    const bool came = import > interrupt.import ||
-                      (import == interrupt.import && notification >= interrupt.notification);
+    const bool came =
+        import_number > interrupt.import_number ||
+        (import_number == interrupt.import_number && notification >= interrupt.notification);
     if (came) wish = std::max(wish, interrupt.wish);
   }
   return wish;

@@ -18,11 +18,11 @@ struct ReplayNotes {
   static std::optional<ReplayNotes> Read(const std::string& file);
 
   // What was wanted when the n-th notification of an import of the run came; both count from 1.
-  InterruptWish WishAt(unsigned import, unsigned notification) const;
+  InterruptWish WishAt(unsigned import_number, unsigned notification) const;
 
   struct Interrupt {
     InterruptWish wish;
-    unsigned import;
+    unsigned import_number;
     unsigned notification;
   };
   std::optional<Choices> choices;

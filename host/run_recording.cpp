@@ -156,11 +156,12 @@ void RunRecording::NoteCatalogSchema(const std::u16string& schema) {
   Note("schema", {{"owner", schema.c_str()}});
 }
 
-void RunRecording::NoteInterrupt(InterruptWish wish, unsigned import, unsigned notification) {
+void RunRecording::NoteInterrupt(InterruptWish wish, unsigned import_number,
+                                 unsigned notification) {
   if (wish == wish_noted_) return;
   wish_noted_ = wish;
   Note(wish == InterruptWish::kStop ? "stop" : "cancel",
-       {{"import", import}, {"notification", notification}});
+       {{"import", import_number}, {"notification", notification}});
 }
 
 void RunRecording::Note(const char* what, std::initializer_list<DriverField> fields) {

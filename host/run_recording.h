@@ -34,7 +34,7 @@ class RunRecording {
   void NoteSetting(const std::u16string& name, std::uint32_t value);
   void NoteCatalogSchema(const std::u16string& schema);
   // What is wanted since the n-th notification of an import of the run; both count from 1.
-  void NoteInterrupt(InterruptWish wish, unsigned import, unsigned notification);
+  void NoteInterrupt(InterruptWish wish, unsigned import_number, unsigned notification);
   // Ends the file; whether all of it could be written.
   bool Finish();
   bool IsGood() const;

@@ -202,8 +202,8 @@ bool LcODBCFetch::State::FetchData(LcODBCRecordList& rows, unsigned long max_row
     DropStatement();
     return false;
   }
-  // Deliberately uneven: an exact multiple gets one call more. A host that pages by these numbers
-  // would lose its place if the rule were mended.
+  // Required (fetch_test, faulty_server_test): an exact multiple gets one call more. A host that
+  // pages by these numbers would lose its place if the rule were mended.
   unsigned long calls = 1;
   if (max_rows > rowset_size) {
     calls = max_rows / rowset_size + (max_rows % rowset_size == 0 ? 1 : 0);

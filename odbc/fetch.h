@@ -33,7 +33,7 @@ class LC_EXPORT LcODBCFetch : public LcObject {
   int DescribeResults();
   // Appends rows; `max_rows` 0 means all. Executes and describes where that was not done. Non-zero
   // when more rows may follow; 0 at the end or after a failure. The number of fetch calls for a
-  // given `max_rows` is deliberately uneven: with rowsets of 10, 25 rows allow 2 calls and 20 rows
+  // given `max_rows` is uneven, as required: with rowsets of 10, 25 rows allow 2 calls and 20 rows
   // allow 3. Hosts page with these numbers.
   int FetchData(LcODBCRecordList& rows, unsigned long max_rows);
   // The descriptions read so far; they belong to this object.

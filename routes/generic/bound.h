@@ -19,8 +19,9 @@ inline bool IsNull(SQLLEN indicator) {
   return static_cast<std::int32_t>(indicator) == SQL_NULL_DATA;
 }
 
-// A text. The buffer is bound with 128 bytes, deliberately less than it has: at most 63 characters
-// of a name arrive, the rest is cut by the driver. Hosts' stored selections hold the cut names.
+// A text. Required (sqlite_route_test): the buffer is bound with 128 bytes, less than it has. At
+// most 63 characters of a name arrive, the driver cuts the rest; stored selections hold the cut
+// names.
 class BoundText {
  public:
   static constexpr std::size_t kBoundBytes = 128;

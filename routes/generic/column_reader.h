@@ -1,8 +1,8 @@
 // Reads the columns of tables from SQLColumns and gives each its data type.
 //
 // Owner and name of a table are passed as they stand, so an underscore in a name is a pattern: the
-// columns of a table that it matches as well are added too. Deliberate, as are the names that are
-// read in part (bound.h): escaping works in some drivers only, and hosts show what the driver gave.
+// columns of a table that it matches as well are added too. Required (sqlite_route_test), as are
+// the names that are read in part (bound.h): escaping works in some drivers only.
 #pragma once
 
 #include <string_view>
@@ -50,9 +50,9 @@ class ColumnReader {
 };
 
 // Informix through the generic route: the types that its driver names in its own way. False when
-// the column received no type. A SERIAL type is added to `importer_types` for every such column,
-// deliberately (the list is the importer's own, and its first entry is the one that is found), and
-// to `workbook_types` (may be null) once.
+// the column received no type. Required (generic readers_test): a SERIAL type is added to
+// `importer_types` for every such column (the list is the importer's own, and its first entry is
+// the one that is found), and to `workbook_types` (may be null) once.
 bool AccountForIUSVariations(LcWorkbookColumn* column, std::u16string_view type_name,
                              LcWorkbookDatatypeList* importer_types,
                              LcWorkbookDatatypeList* workbook_types);

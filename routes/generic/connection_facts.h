@@ -12,8 +12,8 @@ bool SetupTableTypesODBC(const LcImportChoices& choices, BoundText& type_list);
 // Finds the owner of the system tables: that of the first system table there is. False, with the
 // system owner empty, when there is none; left as it was when the host has stopped the import.
 bool GetSystemOwnerODBC(ImportSession& session);
-// Takes the pending diagnostic of a statement away. It is deliberately not shown: a driver that
-// lacks a catalog function would raise a message for every table.
+// Takes the pending diagnostic of a statement away. Required (program_test): it is not shown. A
+// driver that lacks a catalog function would raise a message for every table.
 void handleErrorMsgsODBC(const ImportSession& session, SQLHSTMT statement);
 
 // The catalog argument of every catalog call.

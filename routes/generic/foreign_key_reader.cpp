@@ -45,8 +45,8 @@ bool ForeignKeyReader::GetTableForeignKeysODBC(LcWorkbookTable& table,
     row_.Empty();
     if (!odbc::Succeeded(statement_.Fetch())) break;
     any_row = true;
-    // The referencing table is deliberately looked for under the owner of the referenced one:
-    // drivers leave FKTABLE_OWNER empty or fill it with a catalog.
+    // Required (simulated_route_test): the referencing table is looked for under the owner of the
+    // referenced one. Drivers leave FKTABLE_OWNER empty or fill it with a catalog.
     name_ = row_.foreign_table.Read();
     last_looked_up = tables.FindTable(table.GetOwner(false), name_);
     if (last_looked_up == nullptr) continue;
@@ -62,9 +62,9 @@ bool ForeignKeyReader::GetTableForeignKeysODBC(LcWorkbookTable& table,
         static_cast<std::uint16_t>(session_.server().foreign_key_counter + 2);
   }
   statement_.EndResult();
-  // The last relationship deliberately goes by the table of the last row, even where that row was
-  // left out: it is dropped when that table is not in the workbook, and its mirror is held by that
-  // table otherwise. Hosts drop a mirror whose columns are another table's.
+  // Required (simulator routes_test): the last relationship goes by the table of the last row, even
+  // where that row was left out. It is dropped when that table is not in the workbook, and its
+  // mirror is held by that table otherwise. Hosts drop a mirror whose columns are another table's.
   if (pending.key_column != nullptr && last_looked_up != nullptr) {
     Complete(pending, table, *last_looked_up);
   }

@@ -107,8 +107,8 @@ bool GenericRoute::EndPhase() const {
 bool GenericRoute::ReadOwnerNames() {
   session_.progress.StatusDialog(inPhaseStart, iiOwnerNames);
   if (!OwnerSupported(session_.connection.hdbc(), session_.server())) {
-    // Ends the route without the end of the phase, deliberately: a host that asked for owners first
-    // has to ask again without them.
+    // Required (sqlite_route_test): the route ends without the end of the phase. A host that asked
+    // for owners first has to ask again without them.
     result = false;
     return false;
   }

@@ -12,9 +12,9 @@ namespace odbcimport::generic {
 bool ImportODBCItems(ImportSession& session, unsigned short& status);
 
 // What an early end leaves of the tables. Removes those behind the first empty entry of the list,
-// up to the next one, and keeps all others, also those without columns. Deliberate: hosts part the
-// tables of an earlier import from the new ones by an empty entry, and offer a broken import's
-// tables for another try.
+// up to the next one, and keeps all others, also those without columns. Required (generic
+// readers_test): hosts part the tables of an earlier import from the new ones by an empty entry,
+// and offer a broken import's tables for another try.
 void RemoveNoColTables(LcWorkbookTableList* tables);
 
 }  // namespace odbcimport::generic

@@ -45,7 +45,7 @@ bool GetProceduresODBC(ImportSession& session) {
         name.Bind(bind, 3);
       });
   std::u16string last_name;
-  // Only a stop ends the loop, deliberately: a cancelled import throws the list away, a stopped one
+  // Required: only a stop ends the loop. A cancelled import throws the list away, a stopped one
   // keeps it.
   while (odbc::Succeeded(result) && session.progress.IsRunning()) {
     qualifier.Empty();
@@ -59,7 +59,7 @@ bool GetProceduresODBC(ImportSession& session) {
     auto procedure = std::make_unique<LcWorkbookProcedure>();
     procedure->SetName(last_name);
     procedure->SetOwner(std::u16string(owner.Read()));
-    // Deliberately the name once more: hosts address the procedure by it.
+    // Required (simulated_route_test): the name once more, by which hosts address the procedure.
     procedure->SetServer(last_name);
     procedure->SetQualifier(std::u16string(qualifier.Read()));
     procedures->Append(std::move(procedure));

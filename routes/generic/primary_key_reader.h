@@ -23,8 +23,8 @@ class PrimaryKeyReader {
   // Marks the key's columns and puts them into the table's key list in the order of KEY_SEQ. Always
   // false: a table without a key is an ordinary one.
   bool GetTablePrimaryKeysODBC(LcWorkbookTable& table);
-  // Makes the columns of all unique indexes together the primary key, deliberately, in the driver's
-  // order: without the name of an index in the workbook there is no telling them apart.
+  // Makes the columns of all unique indexes together the primary key, in the driver's order.
+  // Required (simulated_route_test): without an index's name there is no telling them apart.
   void GetIndexesODBC(LcWorkbookTable& table);
 
  private:
@@ -39,8 +39,8 @@ class PrimaryKeyReader {
     BoundText column;
   };
 
-  // A failed primary-key call deliberately takes the diagnostic of the column statement; its own
-  // goes with the next call on it. A host that logs diagnostics sees them in this order.
+  // Required: a failed primary-key call takes the diagnostic of the column statement; its own goes
+  // with the next call on it. A host that logs diagnostics sees them in this order.
   void TakeColumnDiagnostic();
   // Null when the table has no such column.
   LcWorkbookColumn* FindColumn(const LcWorkbookTable& table, std::u16string_view name);

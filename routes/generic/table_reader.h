@@ -2,7 +2,7 @@
 // tables that the column and key readers fill.
 //
 // Names that a host selected are passed as they stand, so an underscore or a per cent sign in them
-// is a pattern. That is deliberate: hosts offer it to their users as a way to select.
+// is a pattern. Required (sqlite_route_test): hosts offer it to their users as a way to select.
 #pragma once
 
 #include "routes/generic/bound.h"
@@ -25,8 +25,8 @@ class TableReader {
   // twice. Always true.
   bool GetRequestedTablesAndViewsODBC(bool names_only);
   // ODBC has no catalog function for synonyms; neither reads anything. A request for selected
-  // synonyms deliberately fails, which ends the route before it reads columns: the user would take
-  // the result for complete.
+  // synonyms fails, which ends the route before it reads columns. Required (sqlite_route_test): the
+  // user would take the result for complete.
   bool GetSynonymsODBC(bool names_only);
   bool GetRequestedSynonymsODBC(bool names_only);
 

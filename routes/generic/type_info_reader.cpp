@@ -71,8 +71,8 @@ constexpr GenericCodes kGenericCodes[] = {
 };
 // clang-format on
 
-// Here, unlike for columns, a negative code is CHAR, deliberately: a driver's long, binary and bit
-// types are in the hard-coded lists under the server's own names.
+// Required (sqlite_route_test): here, unlike for columns, a negative code is CHAR. A driver's long,
+// binary and bit types are in the hard-coded lists under the server's own names.
 int PhysicalCodeOf(long odbc_type) {
   static const ServerFacts kNoServer;
   return odbc_type < 0 ? int{pcChar} : int{MapDataType(kNoServer, odbc_type)};

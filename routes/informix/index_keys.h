@@ -14,8 +14,8 @@ void ParseOnlineIndexKeys(std::u16string_view index_keys, std::vector<std::int16
 // Appends the number of a column item, 0 for an item without "[". The order is not kept.
 void ParseOnlineColKey(std::u16string_view item, std::vector<std::int16_t>& out);
 // Appends the arguments of a functional item but the last, and none at all for an item without "-".
-// That is deliberate: an index on a function bears no constraint, and to read its columns as a
-// key's would invent keys in odd catalogs.
+// Required (decoders_test): an index on a function bears no constraint, and to read its columns as
+// a key's would invent keys in odd catalogs.
 void ParseOnlineFuncKey(std::u16string_view item, std::vector<std::int16_t>& out);
 
 }  // namespace odbcimport::informix

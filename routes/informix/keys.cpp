@@ -1,9 +1,9 @@
 // The key phase.
 //
-// On Dynamic Server the sixteen column numbers of a constraint's index are deliberately not made a
-// primary key. Hosts have always got Dynamic Server tables without keys, and users have drawn keys
-// of their own on top; read keys would stand beside those. A foreign key, whose sides must have
-// equally many columns, is then kept only when its index names no columns either.
+// Required (MarksNoKeysOnDynamicServer): on Dynamic Server the sixteen column numbers of a
+// constraint's index are not made a primary key. Hosts have always got these tables without keys,
+// and users have drawn keys of their own on top; read keys would stand beside those. A foreign key,
+// whose sides must have equally many columns, is then kept only when its index names none either.
 #include "routes/informix/keys.h"
 
 #include <limits>

@@ -20,7 +20,7 @@ struct TypeNumber {
 
 // clang-format off
 
-// INTERVAL is in the integer group deliberately: hosts have stored named types with this group, and
+// Required: INTERVAL is in the integer group. Hosts have stored named types with this group, and
 // would see every one of them as changed.
 constexpr TypeNumber kTypeNumbers[] = {
     { 0, u"char",        dtChar,        dgCharacter},
@@ -127,8 +127,8 @@ std::uint32_t ComputeInformixPrecision(long coltype, long collength) {
     case 8:  // MONEY
       return static_cast<std::uint32_t>(collength / 256);
     case 13:  // VARCHAR
-      // A server packs the reserved space of VARCHAR(n, r) above 8 bits, and it is deliberately cut
-      // above 11: hosts have stored the precisions that come of it.
+      // A server packs the reserved space of VARCHAR(n, r) above 8 bits. Required (decoders_test):
+      // it is cut above 11, and hosts have stored the precisions that come of it.
       return static_cast<std::uint32_t>(collength >= 0 && collength <= 2048 ? collength
                                                                             : collength % 2048);
     default:

@@ -146,10 +146,10 @@ const ColumnPositions& TableColumnPositions(int dbms_type) {
   }
 }
 
-// The remote query of Oracle delivers six columns only, the precision last. Its rows are
-// deliberately read with the positions of the local query all the same: the precision arrives as
-// the column's name and everything after it as empty. Workbooks of hosts refer to such columns by
-// these names, and naming them rightly would cut those references.
+// The remote query of Oracle delivers six columns only, the precision last. Required
+// (native_route_test): its rows are read with the positions of the local query. The precision
+// arrives as the column's name and everything after it as empty. Workbooks of hosts refer to such
+// columns by these names, and naming them rightly would cut those references.
 const ColumnPositions& SynonymColumnPositions(int dbms_type) {
   switch (dbms_type) {
     case dbmsOracle:

@@ -139,7 +139,7 @@ bool BuildForeignKeyQueries(const LcImportChoices& choices, int dbms_type,
 
 bool AddSpecificOnesRedBrickFK(const LcImportChoices& choices, std::u16string& sql) {
   if (choices.selected_tables.IsEmpty()) return false;
-  // Owners are deliberately left out: Red Brick's relationships do not record a creator.
+  // Required (native query texts): no owners, since Red Brick's relationships record no creator.
   sql += u" AND (";
   std::u16string_view separator;
   for (const LcTableInfo* entry : choices.selected_tables) {

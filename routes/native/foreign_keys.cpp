@@ -69,9 +69,9 @@ void AddDB2Row(const LcODBCRecordList& rows, int row, LcFKInfoList& entries) {
 }
 
 // Splits an Oracle result at half its rows: the first half names the referencing columns, the
-// second the referenced ones, in the order in which they come; an odd row is left over. Deliberate,
-// although the rows of a union may come in any order: the result does not say from which half a row
-// stems. The rows are read as long as the import is not stopped.
+// second the referenced ones, in the order in which they come; an odd row is left over. Required
+// (OracleSplitsTheUnionAtHalfItsRows), although the rows of a union may come in any order: none
+// says from which half it stems. The rows are read as long as the import is not stopped.
 void AddOracleResult(const ImportSession& session, const LcODBCRecordList& rows,
                      LcFKInfoList& entries) {
   const int half = rows.GetRowCount() / 2;

@@ -65,8 +65,9 @@ LcWorkbookTable* KeyAssembly::FindReferencedTable(const LcFKInfo& entry) {
 
 // Whether there is a forward key for a further pair. A Red Brick key whose first pair was passed
 // over gets one that no table holds, and its pairs join the mirror key in hand, that of the last
-// first pair that made one. Deliberate: the rows of the two Red Brick queries are matched by their
-// place alone, and dropping such a pair would leave the mirror key shorter than the server's key.
+// first pair that made one. Required (RedBrickContinuesWithoutAFirstPair): rows of the two queries
+// are matched by place alone, and without such a pair the mirror key would be shorter than the
+// server's.
 bool KeyAssembly::HasForwardKey() {
   if (keys_.forward() != nullptr) return true;
   if (!is_red_brick_) return false;

@@ -119,8 +119,9 @@ constexpr Phase<NativeRoute> kPhases[] = {
 };
 // clang-format on
 
-// No text lists the owners of these servers, and the empty one is deliberately run all the same:
-// the driver's refusal, which the fetch layer shows, tells the user why the list stays empty.
+// No text lists the owners of these servers. Required (ReportsItsPhasesInOrder): the empty one is
+// run, and the driver's refusal, which the fetch layer shows, tells the user why the list stays
+// empty.
 bool NativeRoute::ReadOwnerNames() {
   session_.progress.StatusDialog(inPhaseStart, iiOwnerNames);
   std::u16string sql;

@@ -39,8 +39,9 @@ bool NativeTableReader::Read(const LcODBCRecordList& rows) {
     const std::u16string_view name = base::TrimRightBlanks(rows.View(row, kTable));
     if (owner.empty() || name.empty()) continue;
     if (boundary_.Next(owner, name)) StartTable(rows, row);
-    // Deliberately after the new table and for this list alone: the lists that follow still show
-    // their first table, so that a host sees in its workbook how far the catalog goes.
+    // Required (AStopBeforeAColumnLeavesOutTheListOnly): after the new table, for this list alone.
+    // The lists that follow still show their first table, so that a host sees how far the catalog
+    // goes.
     if (session_.progress.WasImportStoppedOrCancelled()) return true;
     AddNativeColumn(session_, rows, row, positions, boundary_.owner(), boundary_.name(), *table_);
     if (session_.progress.WasImportStoppedOrCancelled()) return false;

@@ -15,8 +15,8 @@ void AppendQuoted(std::u16string& sql, std::u16string_view before, std::u16strin
   sql.append(before).append(owner).append(u"'");
 }
 
-// The system owner is told in exact case, deliberately: Informix keeps owners in the case in which
-// they were quoted, so INFORMIX is another owner.
+// Required (functions_queries_test): the system owner is told in exact case. Informix keeps owners
+// in the case in which they were quoted, so INFORMIX is another owner.
 void AppendInformixOwnerClause(const LcImportChoices& choices, std::u16string& sql) {
   const std::u16string& owner = choices.owner_restriction;
   if (owner.empty()) return;
@@ -72,8 +72,9 @@ void ProceduresSQLServer(const LcImportChoices& choices, std::u16string& sql) {
     if (!choices.include_system) sql += u" AND U.name != 'dbo'";
   } else {
     AppendQuoted(sql, u"  AND U.name='", owner);
-    // Without parentheses, deliberately: the OR binds the whole condition, so a host that asks for
-    // an owner with the system's objects gets all objects of dbo, as it always has.
+    // Required (functions_queries_test): no parentheses. The OR binds the whole condition, so that
+    // a host that asks for an owner with the system's objects gets all objects of dbo, as it always
+    // has.
     if (choices.include_system) sql += u" OR U.name = 'dbo'";
   }
   sql += u" ORDER BY 1, 2";

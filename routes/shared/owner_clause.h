@@ -41,8 +41,8 @@ inline constexpr OwnerRule kOwnerRedBrickKeys{u"T.CREATOR", u"", u"",
 // Returns whether anything was appended.
 //
 // With the second system owner chosen the added condition reads "is not the first system owner",
-// which lets in every other owner as well. That is deliberate: hosts count on it to list a whole
-// server for its administrator, and reading "=" there would take those lists away.
+// which lets in every other owner as well. Required (functions_queries_test): hosts count on it to
+// list a whole server for its administrator, and reading "=" there would take those lists away.
 bool AppendOwnerClause(const LcImportChoices& choices, std::u16string& sql, const OwnerRule& rule,
                        std::u16string_view joiner);
 

@@ -26,8 +26,8 @@ bool GetProcedures(ImportSession& session, LcWorkbookProcedureList& procedures) 
       procedures.Append(std::make_unique<LcWorkbookProcedure>(owner, name));
     }
   }
-  // Sent without a loop start when there is no procedure, deliberately: hosts end their progress
-  // display of the procedures with it.
+  // Required (functions_servers_test): sent without a loop start when there is no procedure. Hosts
+  // end their progress display of the procedures with it.
   session.progress.StatusDialog(inLoopEnd);
   return true;
 }

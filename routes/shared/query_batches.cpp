@@ -30,8 +30,9 @@ void BuildOracleTableColumnBatches(const LcImportChoices& choices,
 // One text for the synonyms at the positions `first` to `last` - 1 of the selection.
 //
 // A batch without a local synonym gets " AND ()" when another batch has one, and the server refuses
-// it. That is deliberate: leaving the condition out would read every synonym of the database
-// instead, and leaving the batch out would hide from the user that the selection holds none there.
+// it. Required (OracleReadsManySynonymsInBatches): without the condition every synonym would be
+// read instead, and leaving the batch out would hide from the user that the selection holds none
+// there.
 std::u16string OracleSynonymBatch(const LcImportChoices& choices, const LocalSynonymPieces& pieces,
                                   bool any_local, std::size_t first, std::size_t last) {
   std::u16string sql(pieces.base);
@@ -61,8 +62,8 @@ void BuildOracleSynonymBatches(const LcImportChoices& choices, const LocalSynony
   } while (first < selected);
 }
 
-// Deliberately without an owner clause where nothing is selected, unlike the single text: a synonym
-// often belongs to another owner than its table, and a clause would lose those.
+// Required: no owner clause where nothing is selected, unlike the single text. A synonym often
+// belongs to another owner than its table, and a clause would lose those.
 std::u16string InformixSynonymText(const LcImportChoices& choices,
                                    const LocalSynonymPieces& pieces) {
   std::u16string sql(pieces.base);

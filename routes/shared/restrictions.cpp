@@ -7,9 +7,9 @@ namespace odbcimport {
 
 namespace {
 
-// Where the column of a type is missing, the fragment goes on right behind the T or the quote. That
-// is deliberate: the texts are what hosts and servers have been seeing, and a column put in here
-// would change which rows come back.
+// Where the column of a type is missing, the fragment goes on right behind the T or the quote.
+// Required (restrictions_test): the texts are what hosts and servers have been seeing, and a column
+// put in here would change which rows come back.
 struct Fragments {
   int dbms_type;
   std::u16string_view owner;        // of a selected owner, before the value
@@ -141,8 +141,8 @@ bool AddSpecificTablesAndViews(const LcImportChoices& choices, std::u16string& s
     if (table == nullptr || i > end) break;
     if (i < begin) continue;
     if (table->type != ttTable && table->type != ttView) continue;
-    // Deliberate: a slice whose first entry is a synonym begins with " OR ". Callers send such a
-    // text and the server refuses it; mending it would import what was not asked for so far.
+    // Required (restrictions_test): a slice whose first entry is a synonym begins with " OR ". The
+    // server refuses such a text; mending it would import what was not asked for so far.
     if (i != begin) sql += u" OR ";
     sql += u"(";
     if (!table->owner.empty()) {

@@ -156,7 +156,7 @@ TEST_F(CreateDataTypeTest, FindsByCodeInTheTargetListOrFailingThatInItsOwn) {
   EXPECT_EQ(Create(pcMoney, false), nullptr);
   types.EmptyList();
   EXPECT_EQ(Create(12, true), nullptr);
-  import.targets.data_types = nullptr;
+  importer.targets.data_types = nullptr;
   EXPECT_EQ(Create(12, true)->GetTypeName(), u"VARCHAR");
 }
 

@@ -177,19 +177,19 @@ TEST(ExitCodes, AgreeWithTheWorkbookWhateverCallFails) {
   const std::string trace = folder.path() + "/trace";
   const int step = std::getenv("WB_LONG") != nullptr ? 7 : 101;
   for (const char* const server : {"informix", "db2", "generic"}) {
-    const auto import = [&](const std::string& fault) {
+    const auto run_import = [&](const std::string& fault) {
       return RunProgram({"import", "--connect",
                          SimulatorString(std::string("Server=") + server + ";" + fault),
                          "--progress", "none", "--trace", trace});
     };
-    import("Log=" + log);
+    run_import("Log=" + log);
     const std::string lines = ReadFile(log);  // the last one is numbered, and disconnects
     const int calls = std::stoi(lines.substr(lines.rfind('\n', lines.size() - 2) + 1));
     ASSERT_GT(calls, 50);
     std::filesystem::remove(log);
     for (int call = 1; call < calls; call += call < 10 ? 1 : step) {
       SCOPED_TRACE(std::string(server) + ", call " + std::to_string(call));
-      const ProgramResult failed = import("FailCall=" + std::to_string(call));
+      const ProgramResult failed = run_import("FailCall=" + std::to_string(call));
       const json file = failed.out.empty() ? json() : json::parse(failed.out);
       int code = 5;  // no workbook: there was no connection
       if (!file.is_null()) code = !file["result"] ? 1 : file["errorsShown"] > 0 ? 3 : 0;
@@ -198,7 +198,7 @@ TEST(ExitCodes, AgreeWithTheWorkbookWhateverCallFails) {
       const bool own_sql = ReadFile(trace).find(R"("notify": 2, "item": 12,)") != std::string::npos;
       EXPECT_TRUE(file.is_null() || (file["source"]["route"] != "odbc") == own_sql);
       if (call > 1 && call < 10) continue;
-      const ProgramResult lost = import("DropConnection=" + std::to_string(call));
+      const ProgramResult lost = run_import("DropConnection=" + std::to_string(call));
       EXPECT_EQ(lost.exit_code, 5);
       EXPECT_TRUE(lost.out.empty() || json::parse(lost.out).value("incomplete", false));
     }

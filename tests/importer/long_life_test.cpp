@@ -50,12 +50,12 @@ void Choose(LcODBCWorkbookImport& importer, const wbtest::Connection& connection
 
 class LongLife : public testing::TestWithParam<const char*> {
  protected:
-  void ExpectFlat(const wbtest::Connection& connection, const std::function<void()>& import) {
+  void ExpectFlat(const wbtest::Connection& connection, const std::function<void()>& run_import) {
     // The first imports fill caches: of the driver, of the driver manager, of the allocator.
-    for (int i = 0; i < 10; ++i) import();
+    for (int i = 0; i < 10; ++i) run_import();
     const std::size_t bytes = LiveBytes();
     const std::size_t descriptors = OpenDescriptors();
-    for (int i = 0; i < Rounds(); ++i) import();
+    for (int i = 0; i < Rounds(); ++i) run_import();
     // Less than one small object an import; a workbook has hundreds of kilobytes.
     EXPECT_LT(LiveBytes(), bytes + 16 * static_cast<std::size_t>(Rounds()) + kMallocKeeps);
     EXPECT_EQ(OpenDescriptors(), descriptors);

@@ -36,10 +36,10 @@ TEST(SQLite, GivesWhatItsPragmasHold) {
   const wbtest::Connection server("Driver=SQLite3;Database=:memory:");
   for (const std::string& statement : MakeSchema(kSQLiteDialect)) server.Execute(statement);
   server.Execute("CREATE TABLE implied(x INTEGER REFERENCES t000)");
-  const Import import(server, u"");
-  EXPECT_TRUE(import.result);
-  EXPECT_GE(import.workbook.tables.GetCount(), 330U);
-  ExpectDifferences(Ask(server, kQueries), wbtest::FactsOf(import.workbook), kMeant);
+  const Import run(server, u"");
+  EXPECT_TRUE(run.result);
+  EXPECT_GE(run.workbook.tables.GetCount(), 330U);
+  ExpectDifferences(Ask(server, kQueries), wbtest::FactsOf(run.workbook), kMeant);
 }
 
 // The file that WBIMPORT_TEST_MDB names, whatever is in it, or what the driver answered about one:
@@ -54,10 +54,10 @@ TEST(Access, IsReadFromAFile) {
                                       : "Driver=" WB_BUILD_DIR
                                         "/lib/libcatalogsim.so;Server=recording;File=" WB_SOURCE_DIR
                                         "/tests/recording/fixtures/access.jsonl");
-  const Import import(server, u"");
-  EXPECT_TRUE(import.result);
-  ASSERT_FALSE(import.workbook.tables.IsEmpty());
-  for (const LcWorkbookTable* table : import.workbook.tables) {
+  const Import run(server, u"");
+  EXPECT_TRUE(run.result);
+  ASSERT_FALSE(run.workbook.tables.IsEmpty());
+  for (const LcWorkbookTable* table : run.workbook.tables) {
     EXPECT_GT(table->GetColumnCount(), 0);
     // No column of another table slipped in: a table's columns have different names.
     for (int i = 0; i < table->GetColumnCount(); ++i) {

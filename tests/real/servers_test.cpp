@@ -166,11 +166,11 @@ class RealServer : public testing::TestWithParam<const Kind*> {
 std::map<std::string, std::unique_ptr<Connection>> RealServer::servers;
 
 TEST_P(RealServer, GivesWhatItsInformationSchemaHolds) {
-  const Import import(*server_, catalog_);
-  EXPECT_TRUE(import.result);
-  EXPECT_EQ(import.status, 0);
-  EXPECT_GE(import.workbook.tables.GetCount(), 330U);
-  ExpectDifferences(Ask(*server_, kind_.queries), wbtest::FactsOf(import.workbook), kind_.meant);
+  const Import run(*server_, catalog_);
+  EXPECT_TRUE(run.result);
+  EXPECT_EQ(run.status, 0);
+  EXPECT_GE(run.workbook.tables.GetCount(), 330U);
+  ExpectDifferences(Ask(*server_, kind_.queries), wbtest::FactsOf(run.workbook), kind_.meant);
 }
 
 // Without a catalog the driver gives the tables of all databases, the server's own among them.
@@ -184,18 +184,18 @@ TEST_P(RealServer, ReadsTheWholeServerWithoutACatalog) {
 
 TEST_P(RealServer, HasDatabasesWithoutTables) {
   const Connection blank(ConnectionString("blank", kind_.user));
-  const Import import(blank, kind_.databases_are_catalogs ? u"blank" : u"");
-  EXPECT_TRUE(import.result);
-  EXPECT_TRUE(import.workbook.tables.IsEmpty());
+  const Import run(blank, kind_.databases_are_catalogs ? u"blank" : u"");
+  EXPECT_TRUE(run.result);
+  EXPECT_TRUE(run.workbook.tables.IsEmpty());
 }
 
 TEST_P(RealServer, ShowsWhatItLikesToAUserWithoutRights) {
   const Connection guest(
       ConnectionString(kind_.databases_are_catalogs ? "" : kind_.database, "guest"));
-  const Import import(guest, catalog_, {}, ibTableNames | ibViewNames);
-  EXPECT_TRUE(import.result);
-  EXPECT_EQ(import.workbook.table_names.GetCount() >= 300U, kind_.guests_see_names);
-  EXPECT_EQ(import.workbook.table_names.IsEmpty(), !kind_.guests_see_names);
+  const Import run(guest, catalog_, {}, ibTableNames | ibViewNames);
+  EXPECT_TRUE(run.result);
+  EXPECT_EQ(run.workbook.table_names.GetCount() >= 300U, kind_.guests_see_names);
+  EXPECT_EQ(run.workbook.table_names.IsEmpty(), !kind_.guests_see_names);
 }
 
 // The server ends the connection under the import, early, in the columns and in the foreign keys.
@@ -205,12 +205,12 @@ TEST_P(RealServer, GoesAwayInTheMiddle) {
     std::string end_session = kind_.end_session;
     end_session.replace(end_session.find('#'), 1, victim.Execute(kind_.ask_session).at(0).at(0));
     int last = 0;
-    const Import import(victim, catalog_, [&](int event) {
+    const Import run(victim, catalog_, [&](int event) {
       last = event;
       if (event == loss.event) server_->Execute(end_session);
     });
-    EXPECT_EQ(import.result, loss.result) << loss.event;
-    EXPECT_EQ(import.status, 0) << loss.event;
+    EXPECT_EQ(run.result, loss.result) << loss.event;
+    EXPECT_EQ(run.status, 0) << loss.event;
     EXPECT_GE(last, loss.event);
   }
 }

@@ -92,11 +92,11 @@ TEST_F(Recordings, OfEveryPracticeServerPlayToTheSameBytes) {
       // simulator does not have.
       if (sample == std::string("sqlite")) continue;
       // What comes before the choices are settled is not asked again, nor counted.
-      const auto import = [](const std::string& text) {
+      const auto imported = [](const std::string& text) {
         const std::size_t begin = text.find("\"choices\"");
         return text.substr(begin, text.rfind("{\"host\":\"end\"") - begin);
       };
-      EXPECT_EQ(FirstDifference(import(Text(again_)), import(Text(file_))), "");
+      EXPECT_EQ(FirstDifference(imported(Text(again_)), imported(Text(file_))), "");
     }
   }
 }

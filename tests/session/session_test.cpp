@@ -38,9 +38,9 @@ TEST_F(Session, EndsWithTheHostsReason) {
   for (const auto& test : cases) {
     unsigned short status = 77;
     session.progress.BeginRoute();
-    EXPECT_TRUE(import.running);
-    import.running = test.running;
-    import.cancelled = test.cancelled;
+    EXPECT_TRUE(importer.running);
+    importer.running = test.running;
+    importer.cancelled = test.cancelled;
     session.progress.EndRoute(status);
     EXPECT_EQ(status, test.status);
   }

@@ -49,12 +49,12 @@ struct RecordedSession {
     Notifications().clear();
   }
   LcWorkbook workbook;
-  wbtest::BareImport import{&workbook};
+  wbtest::BareImport importer{&workbook};
   ServerFacts server;
   LcImpItemInfo item;
-  ImportSession session{import, &workbook,
-                        server, std::make_shared<LcODBCDatatypeList>(dbmsUnknown, 0),
-                        Record, item};
+  ImportSession session{importer, &workbook,
+                        server,   std::make_shared<LcODBCDatatypeList>(dbmsUnknown, 0),
+                        Record,   item};
 };
 
 }  // namespace odbcimport::test

@@ -25,13 +25,13 @@ class ODBCImport : public RouteRun {
 };
 
 TEST(SimulatedRoute, ListsOwnersOnce) {
-  ODBCImport import("generic");
-  import.base.choices.item_mask = ibOwnerNames;
-  EXPECT_TRUE(import.Run());
-  EXPECT_TRUE(import.server.owner_supported);
-  EXPECT_THAT(import.events, ElementsAre("0", "2 4 0", "3"));
+  ODBCImport run("generic");
+  run.base.choices.item_mask = ibOwnerNames;
+  EXPECT_TRUE(run.Run());
+  EXPECT_TRUE(run.server.owner_supported);
+  EXPECT_THAT(run.events, ElementsAre("0", "2 4 0", "3"));
   Lines owners;
-  for (const auto* owner : import.workbook.owner_names) owners.push_back(ToUtf8(owner->name));
+  for (const auto* owner : run.workbook.owner_names) owners.push_back(ToUtf8(owner->name));
   EXPECT_THAT(owners, testing::UnorderedElementsAre("accounts", "information_schema", "library"));
 }
 
@@ -47,68 +47,68 @@ TEST(SimulatedRoute, AddsTheSystemOwnersTablesToARestrictedImport) {
       {u"", false, 15, 0},        {u"", true, 15, 6},
   };
   for (const auto& c : cases) {
-    ODBCImport import("generic");
-    import.base.choices.item_mask = ibTables;
-    import.base.choices.owner_restriction = c.restriction;
-    import.base.choices.include_system = c.include_system;
-    EXPECT_TRUE(import.Run());
+    ODBCImport run("generic");
+    run.base.choices.item_mask = ibTables;
+    run.base.choices.owner_restriction = c.restriction;
+    run.base.choices.include_system = c.include_system;
+    EXPECT_TRUE(run.Run());
     std::map<std::u16string, std::size_t> tables;  // by owner
-    for (const LcWorkbookTable* table : import.workbook.tables) ++tables[table->GetOwner(false)];
+    for (const LcWorkbookTable* table : run.workbook.tables) ++tables[table->GetOwner(false)];
     EXPECT_EQ(tables[u"library"], c.of_library);
     EXPECT_EQ(tables[u"information_schema"], c.of_system);
-    EXPECT_EQ(import.server.system_owner, c.include_system ? u"information_schema" : u"");
+    EXPECT_EQ(run.server.system_owner, c.include_system ? u"information_schema" : u"");
   }
 }
 
 TEST(SimulatedRoute, LooksForAReferencingTableUnderTheReferencedOnesOwner) {
-  ODBCImport import("generic");
-  EXPECT_TRUE(import.Run());
-  EXPECT_THAT(import.Tables(), Contains("accounts.fine"));
+  ODBCImport run("generic");
+  EXPECT_TRUE(run.Run());
+  EXPECT_THAT(run.Tables(), Contains("accounts.fine"));
   // accounts.fine refers to library.loan.
-  EXPECT_THAT(import.Keys("loan"), ElementsAre("library.loan key (loan_id)"));
+  EXPECT_THAT(run.Keys("loan"), ElementsAre("library.loan key (loan_id)"));
   EXPECT_THAT(
-      import.Keys("copy"),
+      run.Keys("copy"),
       ElementsAre("library.copy key (isbn,copy_number)", "library.copy(isbn) <- library.loan(isbn)",
                   "library.copy(copy_number) <- library.loan(copy_number)"));
-  ExpectKeysInPairs(import.workbook.tables);
+  ExpectKeysInPairs(run.workbook.tables);
 }
 
 TEST(SimulatedRoute, EndsWhenTheColumnsOfATableCannotBeRead) {
-  ODBCImport import("generic", "Fail=SQLColumns:3");
-  EXPECT_FALSE(import.Run());
-  EXPECT_EQ(import.status, 0);
-  ASSERT_EQ(import.workbook.tables.GetCount(), 18U);  // all stay
+  ODBCImport run("generic", "Fail=SQLColumns:3");
+  EXPECT_FALSE(run.Run());
+  EXPECT_EQ(run.status, 0);
+  ASSERT_EQ(run.workbook.tables.GetCount(), 18U);  // all stay
   for (std::size_t i = 0; i < 18; ++i) {
-    EXPECT_EQ(import.workbook.tables.GetAt(i)->GetColumnCount() > 0, i < 2) << i;
+    EXPECT_EQ(run.workbook.tables.GetAt(i)->GetColumnCount() > 0, i < 2) << i;
   }
-  EXPECT_THAT(import.events, Not(Contains("5")));
+  EXPECT_THAT(run.events, Not(Contains("5")));
 }
 
 TEST(SimulatedRoute, GoesOnWithoutKeysThatCannotBeRead) {
   for (const char* fault : {"Fail=SQLPrimaryKeys:*,SQLForeignKeys:*", "Without=SQLForeignKeys"}) {
-    ODBCImport import("generic", fault);
-    EXPECT_TRUE(import.Run());
-    EXPECT_EQ(import.Columns("loan").size(), 8U);
-    EXPECT_THAT(import.Keys("copy"), Not(Contains(testing::HasSubstr("<-"))));
-    EXPECT_EQ(import.events.back(), "5");
+    ODBCImport run("generic", fault);
+    EXPECT_TRUE(run.Run());
+    EXPECT_EQ(run.Columns("loan").size(), 8U);
+    EXPECT_THAT(run.Keys("copy"), Not(Contains(testing::HasSubstr("<-"))));
+    EXPECT_EQ(run.events.back(), "5");
   }
 }
 
 TEST(SimulatedRoute, MakesAKeyOfAllUniqueIndexesWhereThereAreNoPrimaryKeys) {
-  ODBCImport import("generic", "Without=SQLPrimaryKeys");
-  EXPECT_TRUE(import.Run());
-  EXPECT_THAT(import.Keys("member"), Contains("library.member key (card_number,member_id)"));
-  EXPECT_THAT(import.Keys("copy"), Contains("library.copy key (isbn,copy_number)"));
-  EXPECT_THAT(import.Keys("overdue_loan"), IsEmpty());
+  ODBCImport run("generic", "Without=SQLPrimaryKeys");
+  EXPECT_TRUE(run.Run());
+  EXPECT_THAT(run.Keys("member"), Contains("library.member key (card_number,member_id)"));
+  EXPECT_THAT(run.Keys("copy"), Contains("library.copy key (isbn,copy_number)"));
+  EXPECT_THAT(run.Keys("overdue_loan"), IsEmpty());
 }
 
 TEST(SimulatedRoute, OrdersAKeyByItsSequenceAndSkipsHoles) {
-  ODBCImport import("generic",
-                    "Sql={UPDATE information_schema.key_column_usage SET ordinal_position = "
-                    "CASE column_name WHEN 'isbn' THEN 7 ELSE 3 END WHERE table_name = 'copy' AND "
-                    "constraint_type = 'PRIMARY KEY'}");
-  EXPECT_TRUE(import.Run());
-  EXPECT_THAT(import.Keys("copy"), Contains("library.copy key (copy_number,isbn)"));
+  ODBCImport run("generic",
+                 "Sql={UPDATE information_schema.key_column_usage SET ordinal_position = "
+                 "CASE column_name WHEN 'isbn' THEN 7 ELSE 3 END WHERE table_name = 'copy' AND "
+                 "constraint_type = 'PRIMARY KEY'}");
+  EXPECT_TRUE(run.Run());
+  EXPECT_THAT(run.Keys("copy"), Contains("library.copy key (copy_number,isbn)"));
 }
 
 TEST(SimulatedRoute, SkipsAProcedureOfTheSameNameAsTheOneBefore) {
@@ -124,15 +124,15 @@ TEST(SimulatedRoute, SkipsAProcedureOfTheSameNameAsTheOneBefore) {
       {u"accounts", u"library", {"accounts.fine_of", "accounts.return_copy"}},
   };
   for (const auto& c : cases) {
-    ODBCImport import("generic",
-                      "Sql={INSERT INTO information_schema.routines VALUES "
-                      "('library', 'lend_copy', 'PROCEDURE')}");
-    import.base.choices.item_mask = ibProcedures;
-    import.base.choices.single_item_owner = c.single_item_owner;
-    import.base.choices.owner_restriction = c.restriction;
-    EXPECT_TRUE(import.Run());
+    ODBCImport run("generic",
+                   "Sql={INSERT INTO information_schema.routines VALUES "
+                   "('library', 'lend_copy', 'PROCEDURE')}");
+    run.base.choices.item_mask = ibProcedures;
+    run.base.choices.single_item_owner = c.single_item_owner;
+    run.base.choices.owner_restriction = c.restriction;
+    EXPECT_TRUE(run.Run());
     Lines procedures;
-    for (const LcWorkbookProcedure* procedure : import.workbook.procedures) {
+    for (const LcWorkbookProcedure* procedure : run.workbook.procedures) {
       EXPECT_EQ(procedure->GetServer(), procedure->GetName());
       procedures.push_back(ToUtf8(procedure->GetOwner() + u"." + procedure->GetName()));
     }
@@ -157,10 +157,10 @@ TEST(SimulatedRoute, ReadsThroughADriverThatCannotReuseAStatement) {
 }
 
 TEST(SimulatedRoute, MarksColumnsThatTheServerNumbers) {
-  ODBCImport import("access");
-  import.server.dbms_type = dbmsAccess;
-  EXPECT_TRUE(import.Run());
-  const LcWorkbookTable* table = import.Table("member");
+  ODBCImport run("access");
+  run.server.dbms_type = dbmsAccess;
+  EXPECT_TRUE(run.Run());
+  const LcWorkbookTable* table = run.Table("member");
   ASSERT_NE(table, nullptr);
   EXPECT_TRUE(table->GetColumn(0)->IsGeneratedKey());
   EXPECT_TRUE(table->GetColumn(0)->IsReadOnly());
@@ -168,12 +168,12 @@ TEST(SimulatedRoute, MarksColumnsThatTheServerNumbers) {
 }
 
 TEST(SimulatedRoute, KeepsWhatCameBeforeAFailedFetch) {
-  ODBCImport import("generic", "FetchError=4");
-  EXPECT_FALSE(import.Run());
+  ODBCImport run("generic", "FetchError=4");
+  EXPECT_FALSE(run.Run());
   // Three tables came; the first has three columns, and then the route ends.
-  ASSERT_EQ(import.workbook.tables.GetCount(), 3U);
-  EXPECT_EQ(import.workbook.tables.GetAt(0)->GetColumnCount(), 3);
-  EXPECT_EQ(import.workbook.tables.GetAt(1)->GetColumnCount(), 0);
+  ASSERT_EQ(run.workbook.tables.GetCount(), 3U);
+  EXPECT_EQ(run.workbook.tables.GetAt(0)->GetColumnCount(), 3);
+  EXPECT_EQ(run.workbook.tables.GetAt(1)->GetColumnCount(), 0);
 }
 
 TEST(SimulatedRoute, ListsSystemTablesAsTablesEvenAmongNames) {

@@ -24,18 +24,18 @@ using testing::IsEmpty;
 // The whole practice server as an outline. WB_RENEW_GOLDEN=1 writes the files anew.
 TEST(InformixRoute, ReadsWholePracticeServers) {
   for (const std::string server : {"informix", "informix-7"}) {
-    InformixImport import(server);
-    import.base.choices.item_mask = 0x7FC;  // what a host imports by default
-    EXPECT_TRUE(import.Run());
+    InformixImport run(server);
+    run.base.choices.item_mask = 0x7FC;  // what a host imports by default
+    EXPECT_TRUE(run.Run());
     LcWorkbookFileInfo info;
     info.dbms_name = u"Informix";
-    info.dbms_version = import.server.dbms_version;
+    info.dbms_version = run.server.dbms_version;
     info.dbms_type = dbmsInformix;
     info.route = u"informix";
     info.result = true;
     std::ostringstream out;
     std::vector<std::string> notes;
-    wbexport::FindFormat("text")->write({import.workbook, info}, {}, out, notes);
+    wbexport::FindFormat("text")->write({run.workbook, info}, {}, out, notes);
     const std::filesystem::path path = WB_SOURCE_DIR "/tests/routes/informix/" + server + ".txt";
     if (std::getenv("WB_RENEW_GOLDEN") != nullptr) std::ofstream(path) << out.str();
     std::ostringstream expected;
@@ -45,31 +45,31 @@ TEST(InformixRoute, ReadsWholePracticeServers) {
 }
 
 TEST(InformixRoute, RefusesOtherServersAndAMissingWorkbook) {
-  InformixImport import("informix");
-  import.server.dbms_type = dbmsOracle;
-  import.status = 77;
-  EXPECT_FALSE(import.Run());
-  import.server.dbms_type = dbmsInformix;
-  ImportSession session(import.base, nullptr, import.server, nullptr, nullptr, import.current_item);
-  EXPECT_FALSE(ImportInformixItems(session, import.status));
-  EXPECT_THAT(import.events, IsEmpty());
-  EXPECT_EQ(import.status, 77);
+  InformixImport run("informix");
+  run.server.dbms_type = dbmsOracle;
+  run.status = 77;
+  EXPECT_FALSE(run.Run());
+  run.server.dbms_type = dbmsInformix;
+  ImportSession session(run.base, nullptr, run.server, nullptr, nullptr, run.current_item);
+  EXPECT_FALSE(ImportInformixItems(session, run.status));
+  EXPECT_THAT(run.events, IsEmpty());
+  EXPECT_EQ(run.status, 77);
 }
 
 TEST(InformixRoute, ReportsEveryPhaseInItsOrder) {
-  InformixImport import("informix");
-  import.base.choices.item_mask = 0x2F7FC;
-  import.base.choices.single_table_name = u"currency";
-  import.SelectTable("joe", "currency");
-  import.SelectTable("joe", "Branch");
-  import.SelectSynonym("joe", "books", {150, 121, u"", u"", u"", u""});
-  import.SelectSynonym("sales", "old_loans", {154, 0, u"", u"archive", u"library", u"loans"});
-  EXPECT_TRUE(import.Run());
+  InformixImport run("informix");
+  run.base.choices.item_mask = 0x2F7FC;
+  run.base.choices.single_table_name = u"currency";
+  run.SelectTable("joe", "currency");
+  run.SelectTable("joe", "Branch");
+  run.SelectSynonym("joe", "books", {150, 121, u"", u"", u"", u""});
+  run.SelectSynonym("sales", "old_loans", {154, 0, u"", u"archive", u"library", u"loans"});
+  EXPECT_TRUE(run.Run());
   // The empty text for owners is run, and fails.
-  EXPECT_EQ(import.messages.shown().size(), 1u);
+  EXPECT_EQ(run.messages.shown().size(), 1u);
   // Functions and procedures have tests of their own; their items are left out here.
   Lines events;
-  for (const std::string& event : import.events) {
+  for (const std::string& event : run.events) {
     if (!event.starts_with("8 ") && !event.starts_with("9 ") && !event.starts_with("10 ")) {
       events.push_back(event);
     }
@@ -88,63 +88,63 @@ TEST(InformixRoute, ReportsEveryPhaseInItsOrder) {
                           "6 sales|old_loans|loan_id", "6 sales|old_loans|isbn",
                           "6 sales|old_loans|lent_at", "6 sales|old_loans|returned_at", "5",
                           "2 14 0", "3", "4 14 9", "5", "1"));
-  EXPECT_EQ(import.current_item.text2, u"currency");  // remote synonyms leave it alone
+  EXPECT_EQ(run.current_item.text2, u"currency");  // remote synonyms leave it alone
 }
 
 TEST(InformixRoute, ListsNames) {
-  InformixImport import("informix");
-  import.base.choices.item_mask = ibViewNames | ibSynonymNames | ibColumnNames;
-  import.base.choices.single_table_name = u"branch";  // of two owners
-  EXPECT_TRUE(import.Run());
-  EXPECT_THAT(import.ListedNames(), testing::UnorderedElementsAre(
-                                        "1 library.overdue_loan 0 0 @:.", "1 library.shelf 0 0 @:.",
-                                        "2 joe.books 150 106 @:.", "2 sales.customers 151 110 @:.",
-                                        "2 sales.orders 152 0 stores@tokyo:sales.orders",
-                                        "2 sales.order_lines 153 0 Stores@Tokyo:sales.lines",
-                                        "2 sales.old_loans 154 0 archive@:library.loans",
-                                        "2 sales.nowhere 155 0 stores@tokyo:sales.dropped"));
+  InformixImport run("informix");
+  run.base.choices.item_mask = ibViewNames | ibSynonymNames | ibColumnNames;
+  run.base.choices.single_table_name = u"branch";  // of two owners
+  EXPECT_TRUE(run.Run());
+  EXPECT_THAT(run.ListedNames(), testing::UnorderedElementsAre(
+                                     "1 library.overdue_loan 0 0 @:.", "1 library.shelf 0 0 @:.",
+                                     "2 joe.books 150 106 @:.", "2 sales.customers 151 110 @:.",
+                                     "2 sales.orders 152 0 stores@tokyo:sales.orders",
+                                     "2 sales.order_lines 153 0 Stores@Tokyo:sales.lines",
+                                     "2 sales.old_loans 154 0 archive@:library.loans",
+                                     "2 sales.nowhere 155 0 stores@tokyo:sales.dropped"));
   Lines columns;
-  for (const LcWBColumnInfo* column : import.workbook.column_names) {
+  for (const LcWBColumnInfo* column : run.workbook.column_names) {
     columns.push_back(test::ToUtf8(column->name) + " " +
                       std::to_string(column->data_type->GetPhysicalCode()));
   }
   EXPECT_THAT(columns, AllOf(Contains("opened_on 15"), Contains("branch_id 19"),
                              Contains("branch_id 3"), Contains("remark 14"), testing::SizeIs(9)));
-  EXPECT_THAT(import.Tables(), IsEmpty());
+  EXPECT_THAT(run.Tables(), IsEmpty());
 }
 
 TEST(InformixRoute, GivesLocalSynonymsTheColumnsOfTheirTables) {
-  InformixImport import("informix");
-  import.base.choices.item_mask = ibSynonyms;
-  import.SelectSynonym("sales", "customers", {1, 110, u"", u"first", u"", u""});
-  import.SelectSynonym("sales", "customers", {151, 110, u"", u"last", u"", u""});
-  EXPECT_TRUE(import.Run());
-  EXPECT_THAT(import.Tables(), ElementsAre("sales.customers synonym"));
+  InformixImport run("informix");
+  run.base.choices.item_mask = ibSynonyms;
+  run.SelectSynonym("sales", "customers", {1, 110, u"", u"first", u"", u""});
+  run.SelectSynonym("sales", "customers", {151, 110, u"", u"last", u"", u""});
+  EXPECT_TRUE(run.Run());
+  EXPECT_THAT(run.Tables(), ElementsAre("sales.customers synonym"));
   // Of two selected entries of that name the last counts.
-  EXPECT_EQ(import.Table("sales.customers")->GetSynonymDetails().database_name, u"last");
-  EXPECT_EQ(import.current_item.text2, u"customers");
+  EXPECT_EQ(run.Table("sales.customers")->GetSynonymDetails().database_name, u"last");
+  EXPECT_EQ(run.current_item.text2, u"customers");
 }
 
 TEST(InformixRoute, AsksEachRemoteDatabaseOnce) {
-  InformixImport import("informix");
-  import.base.choices.item_mask = ibSynonyms;
-  import.SelectSynonym("joe", "local", {150, 99999, u"", u"", u"", u""});
-  import.SelectSynonym("sales", "orders", {152, 0, u"tokyo", u"stores", u"sales", u"orders"});
-  import.SelectSynonym("sales", "lines", {153, 0, u"Tokyo", u"Stores", u"sales", u"lines"});
-  import.SelectSynonym("sales", "gone", {155, 0, u"tokyo", u"stores", u"sales", u"dropped"});
-  import.SelectSynonym("sales", "old", {154, 0, u"", u"archive", u"", u"loans"});
-  import.SelectSynonym("sales", "lost", {156, 0, u"tokyo", u"", u"sales", u"orders"});
+  InformixImport run("informix");
+  run.base.choices.item_mask = ibSynonyms;
+  run.SelectSynonym("joe", "local", {150, 99999, u"", u"", u"", u""});
+  run.SelectSynonym("sales", "orders", {152, 0, u"tokyo", u"stores", u"sales", u"orders"});
+  run.SelectSynonym("sales", "lines", {153, 0, u"Tokyo", u"Stores", u"sales", u"lines"});
+  run.SelectSynonym("sales", "gone", {155, 0, u"tokyo", u"stores", u"sales", u"dropped"});
+  run.SelectSynonym("sales", "old", {154, 0, u"", u"archive", u"", u"loans"});
+  run.SelectSynonym("sales", "lost", {156, 0, u"tokyo", u"", u"sales", u"orders"});
   wbtest::CallRecorder calls;
-  EXPECT_TRUE(import.Run());
+  EXPECT_TRUE(run.Run());
   // One for the local ones; three databases (the one without a name is asked, and fails); four
   // synonyms with a database name; one for the type of a column of them.
   EXPECT_EQ(calls.Count("SQLExecDirectW"), 1 + 3 + 4 + 1);
-  EXPECT_EQ(import.messages.shown().size(), 1u);
-  EXPECT_THAT(import.Tables(),
+  EXPECT_EQ(run.messages.shown().size(), 1u);
+  EXPECT_THAT(run.Tables(),
               ElementsAre("sales.orders synonym", "sales.lines synonym", "sales.old synonym"));
-  EXPECT_EQ(import.Table("sales.orders")->GetSynonymDetails().server_name, u"tokyo");
-  EXPECT_EQ(import.Table("sales.lines")->FindColumn(u"amount")->GetWidth(), 2562);
-  EXPECT_THAT(import.events, Contains("4 15 5"));
+  EXPECT_EQ(run.Table("sales.orders")->GetSynonymDetails().server_name, u"tokyo");
+  EXPECT_EQ(run.Table("sales.lines")->FindColumn(u"amount")->GetWidth(), 2562);
+  EXPECT_THAT(run.events, Contains("4 15 5"));
 }
 
 TEST(InformixRoute, FindsRemoteDatabasesInAnyCase) {
@@ -162,35 +162,34 @@ TEST(InformixRoute, FindsRemoteDatabasesInAnyCase) {
 
 // Which they are, the outline of the whole server says.
 TEST(InformixRoute, PairsKeysOfUniversalServerAndTellsOneToOne) {
-  InformixImport import("informix");
-  EXPECT_TRUE(import.Run());
-  test::ExpectKeysInPairs(import.workbook.tables);
-  EXPECT_THAT(import.Keys("library.loan"),
+  InformixImport run("informix");
+  EXPECT_TRUE(run.Run());
+  test::ExpectKeysInPairs(run.workbook.tables);
+  EXPECT_THAT(run.Keys("library.loan"),
               ElementsAre("library.loan key (loan_id)",
                           "library.loan(loan_id) <- library.fine(loan_id) 1:1"));
-  EXPECT_TRUE(import.Table("library.genre")->GetForeignKeys()[0]->GetPartner()->IsOneToOne());
+  EXPECT_TRUE(run.Table("library.genre")->GetForeignKeys()[0]->GetPartner()->IsOneToOne());
 }
 
 TEST(InformixRoute, ReadsNoKeysWhenOnlyForeignKeysAreWanted) {
-  InformixImport import("informix");
-  import.base.choices.keys = false;
-  EXPECT_TRUE(import.Run());
-  EXPECT_THAT(import.Keys(), IsEmpty());
+  InformixImport run("informix");
+  run.base.choices.keys = false;
+  EXPECT_TRUE(run.Run());
+  EXPECT_THAT(run.Keys(), IsEmpty());
 }
 
 TEST(InformixRoute, MarksNoKeysOnDynamicServer) {
-  InformixImport import("informix-7",
-                        {"update informix.sysindexes set part1 = 0 where tabid = 112"});
-  EXPECT_TRUE(import.Run());
-  EXPECT_THAT(import.Keys("library.branch"), IsEmpty());
+  InformixImport run("informix-7", {"update informix.sysindexes set part1 = 0 where tabid = 112"});
+  EXPECT_TRUE(run.Run());
+  EXPECT_THAT(run.Keys("library.branch"), IsEmpty());
   // An index without parts has as many columns as a key that is not read.
-  EXPECT_THAT(import.Keys(), ElementsAre("nothing <- nothing"));
-  EXPECT_THAT(import.events, AllOf(Contains("4 2 16"), Contains("6 library|loan|")));
+  EXPECT_THAT(run.Keys(), ElementsAre("nothing <- nothing"));
+  EXPECT_THAT(run.events, AllOf(Contains("4 2 16"), Contains("6 library|loan|")));
 }
 
 TEST(InformixRoute, TakesOddCatalogRowsAsTheyCome) {
   const std::string table = "insert into informix.systables (tabid,owner,tabname,tabtype) values ";
-  InformixImport import(
+  InformixImport run(
       "informix",
       {table +
            "(200,'','','T'), (201,'odd','Odd','T'), (202,'odd','odd','T'), (203,' odd',' v ','v')",
@@ -205,28 +204,27 @@ TEST(InformixRoute, TakesOddCatalogRowsAsTheyCome) {
         "('odd1',201,'9 [1], 2 [1], x [1], -1 [1'), ('odd2',100,''), ('odd3',999,'1 [1]')"),
        "insert into informix.sysreferences (constrid,\"primary\",ptabid) values (902,1,100)"});
   for (const char16_t* owner : {u"odd", u" odd", u""}) {
-    import.base.choices.selected_owners.Append(std::make_unique<LcOwnerInfo>())->name = owner;
+    run.base.choices.selected_owners.Append(std::make_unique<LcOwnerInfo>())->name = owner;
   }
-  EXPECT_TRUE(import.Run());
+  EXPECT_TRUE(run.Run());
   // Leading blanks belong to a name; names in other letters are other tables.
-  EXPECT_THAT(import.Tables(), ElementsAre(" odd. v view", "odd.Odd", "odd.odd"));
-  EXPECT_THAT(import.Columns("odd.Odd"),
-              ElementsAre("a 0 0/0/0 CHAR", " 0 -8/4294967288/0 CHAR !"));
-  EXPECT_THAT(import.Columns("odd.odd"),
+  EXPECT_THAT(run.Tables(), ElementsAre(" odd. v view", "odd.Odd", "odd.odd"));
+  EXPECT_THAT(run.Columns("odd.Odd"), ElementsAre("a 0 0/0/0 CHAR", " 0 -8/4294967288/0 CHAR !"));
+  EXPECT_THAT(run.Columns("odd.odd"),
               ElementsAre("b 0 7/7/0 CHAR", "c 0 1215752191/1215752191/0 CHAR !"));
-  EXPECT_THAT(import.Keys("odd.Odd"), ElementsAre("odd.Odd key ()"));
+  EXPECT_THAT(run.Keys("odd.Odd"), ElementsAre("odd.Odd key ()"));
 }
 
 // One of everything but functions and procedures, which have stop checks of their own.
 std::unique_ptr<InformixImport> ShortImport() {
-  auto import = std::make_unique<InformixImport>("informix");
-  import->base.choices.item_mask = ibOwnerNames | ibDataTypes | ibTableNames | ibSynonymNames |
-                                   ibColumnNames | ibOperators | ibTables | ibSynonyms;
-  import->base.choices.single_table_name = u"currency";
-  import->SelectTable("joe", "currency");
-  import->SelectSynonym("sales", "customers", {151, 110, u"", u"", u"", u""});
-  import->SelectSynonym("sales", "old", {154, 0, u"", u"archive", u"", u"loans"});
-  return import;
+  auto run = std::make_unique<InformixImport>("informix");
+  run->base.choices.item_mask = ibOwnerNames | ibDataTypes | ibTableNames | ibSynonymNames |
+                                ibColumnNames | ibOperators | ibTables | ibSynonyms;
+  run->base.choices.single_table_name = u"currency";
+  run->SelectTable("joe", "currency");
+  run->SelectSynonym("sales", "customers", {151, 110, u"", u"", u"", u""});
+  run->SelectSynonym("sales", "old", {154, 0, u"", u"archive", u"", u"loans"});
+  return run;
 }
 
 TEST(InformixRoute, EndsAtTheStopChecksWheneverTheHostStops) {
@@ -241,12 +239,12 @@ TEST(InformixRoute, SurvivesEveryFailingDriverCall) {
   const unsigned calls = whole->connection().GetInfo(catalogsim::kInfoCalls) - before;
   ASSERT_GT(calls, 50u);
   for (unsigned call = 1; call <= calls; ++call) {
-    const auto import = ShortImport();
-    import->connection().SetAttribute(catalogsim::kAttrFailCall, call);
-    EXPECT_TRUE(import->Run()) << call;
-    EXPECT_EQ(import->events.back(), "1") << call;
-    EXPECT_EQ(import->status, 0) << call;
-    EXPECT_LE(import->Tables().size(), whole->Tables().size()) << call;
+    const auto run = ShortImport();
+    run->connection().SetAttribute(catalogsim::kAttrFailCall, call);
+    EXPECT_TRUE(run->Run()) << call;
+    EXPECT_EQ(run->events.back(), "1") << call;
+    EXPECT_EQ(run->status, 0) << call;
+    EXPECT_LE(run->Tables().size(), whole->Tables().size()) << call;
   }
 }
 

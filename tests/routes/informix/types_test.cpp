@@ -48,9 +48,9 @@ std::string Describe(const LcWorkbookDatatype* type) {
 }
 
 TEST(ColumnTypes, ComeFromTypeNumberAndLength) {
-  InformixImport import("informix");
-  import.base.targets.data_types = &import.workbook.data_types;
-  ImportSession session = import.Session();
+  InformixImport run("informix");
+  run.base.targets.data_types = &run.workbook.data_types;
+  ImportSession session = run.Session();
   GetBuiltInDataTypes(session);
   ComplexTypes complex_types(session);
   const struct {
@@ -79,22 +79,22 @@ TEST(ColumnTypes, ComeFromTypeNumberAndLength) {
     bool found = false;
     const int code =
         ConvertDatabaseTypeToODBC(test::ToUtf16(std::to_string(c.coltype)), dbmsInformix, found);
-    auto* table = import.workbook.tables.Append(std::make_unique<LcWorkbookTable>());
-    table->SetName(test::ToUtf16("t" + std::to_string(import.workbook.tables.GetCount())));
+    auto* table = run.workbook.tables.Append(std::make_unique<LcWorkbookTable>());
+    table->SetName(test::ToUtf16("t" + std::to_string(run.workbook.tables.GetCount())));
     auto* column = new LcWorkbookColumn;
     table->AddColumn(column);
     ColumnDatatypeSetup(session, complex_types, column, code, c.coltype, true, 0, c.collength);
-    EXPECT_THAT(import.Columns(ToUtf8(table->GetName())), ElementsAre(std::string(" ") + c.column))
+    EXPECT_THAT(run.Columns(ToUtf8(table->GetName())), ElementsAre(std::string(" ") + c.column))
         << c.coltype << " " << c.collength;
   }
 }
 
 TEST(NamedTypes, ArriveWithBaseSizesAndComponents) {
-  InformixImport import("informix");
-  import.base.choices.item_mask = ibDataTypes;
-  ASSERT_TRUE(import.Run());
-  EXPECT_EQ(import.events, (Lines{"0", "2 5 0", "3", "1"}));
-  const LcWorkbookDatatypeList& types = import.workbook.data_types;
+  InformixImport run("informix");
+  run.base.choices.item_mask = ibDataTypes;
+  ASSERT_TRUE(run.Run());
+  EXPECT_EQ(run.events, (Lines{"0", "2 5 0", "3", "1"}));
+  const LcWorkbookDatatypeList& types = run.workbook.data_types;
   Lines lines;
   for (const LcWorkbookDatatype* type : types) {
     if (type->GetExtendedId() != 0) lines.push_back(Describe(type));
@@ -129,10 +129,10 @@ TEST(NamedTypes, ArriveWithBaseSizesAndComponents) {
 
 // Without a list of the server's types, those without a name are put together for the column.
 TEST(ComplexTypes, AreReadForTheColumnThatHasThem) {
-  InformixImport import("informix");
-  import.SelectTable("joe", "catalogue_card");
-  ASSERT_TRUE(import.Run());
-  const LcWorkbookTable* table = import.Table("joe.catalogue_card");
+  InformixImport run("informix");
+  run.SelectTable("joe", "catalogue_card");
+  ASSERT_TRUE(run.Run());
+  const LcWorkbookTable* table = run.Table("joe.catalogue_card");
   ASSERT_NE(table, nullptr);
   Lines lines;
   for (const char* name :
@@ -154,7 +154,7 @@ TEST(ComplexTypes, AreReadForTheColumnThatHasThem) {
 
 TEST(ComplexTypes, ThatContainThemselvesComeToAnEnd) {
   const char* const attributes = "insert into informix.sysattrtypes values ";
-  InformixImport import(
+  InformixImport run(
       "informix",
       {// A row with a field of its own type, a set of itself, and two types that take turns.
        std::string(attributes) + "(3000,1,0,0,'',0,22,8,3000), (3000,2,1,1,'first',1,2,4,0),"
@@ -165,9 +165,9 @@ TEST(ComplexTypes, ThatContainThemselvesComeToAnEnd) {
        "insert into informix.systables (tabid,owner,tabname,tabtype) values (200,'odd','odd','T')",
        "insert into informix.syscolumns (tabid,colno,colname,coltype,collength,extended_id) values "
        "(200,1,'r',22,8,3000), (200,2,'s',19,8,3001), (200,3,'l',21,8,3002)"});
-  import.SelectTable("odd", "odd");
-  EXPECT_TRUE(import.Run());
-  const LcWorkbookTable* table = import.Table("odd.odd");
+  run.SelectTable("odd", "odd");
+  EXPECT_TRUE(run.Run());
+  const LcWorkbookTable* table = run.Table("odd.odd");
   ASSERT_NE(table, nullptr);
   // What was read before the circle closed is kept.
   EXPECT_EQ(Describe(table->GetColumn(0)->GetDataType()),
@@ -180,16 +180,16 @@ TEST(ComplexTypes, ThatContainThemselvesComeToAnEnd) {
 TEST(ComplexTypes, NestedBeyond64LevelsComeToAnEnd) {
   // Set n holds set n + 1; the last holds integers.
   const auto levels = [](int count) {
-    InformixImport import("informix", {"insert into informix.sysattrtypes with recursive c(n) as "
-                                       "(select 1 union all select n + 1 "
-                                       "from c where n < " +
-                                       std::to_string(count) +
-                                       ") select 4000 + n, s, s - 1, s - 1, '', 0, "
-                                       "case when s = 2 and n = " +
-                                       std::to_string(count) +
-                                       " then 2 else 19 end, 4, 4000 + n + s - 1 "
-                                       "from c join (select 1 as s union all select 2)"});
-    ImportSession session = import.Session();
+    InformixImport run("informix", {"insert into informix.sysattrtypes with recursive c(n) as "
+                                    "(select 1 union all select n + 1 "
+                                    "from c where n < " +
+                                    std::to_string(count) +
+                                    ") select 4000 + n, s, s - 1, s - 1, '', 0, "
+                                    "case when s = 2 and n = " +
+                                    std::to_string(count) +
+                                    " then 2 else 19 end, 4, 4000 + n + s - 1 "
+                                    "from c join (select 1 as s union all select 2)"});
+    ImportSession session = run.Session();
     ComplexTypes complex_types(session);
     LcWorkbookDatatype type;
     const bool whole = complex_types.GetComplexType(4001, &type);
@@ -202,12 +202,12 @@ TEST(ComplexTypes, NestedBeyond64LevelsComeToAnEnd) {
 
 // Rows of two fields that are both of the next row type double with every level.
 TEST(ComplexTypes, OfEndlessWidthComeToAnEnd) {
-  InformixImport import(
+  InformixImport run(
       "informix",
       {"insert into informix.sysattrtypes with recursive c(n) as (select 1 union all select n + 1 "
        "from c where n < 40) select 5000 + n, s, min(s - 1, 1), min(s - 1, 1), 'f' || s, s, 22, 8, "
        "5001 + n from c join (select 1 as s union all select 2 union all select 3)"});
-  ImportSession session = import.Session();
+  ImportSession session = run.Session();
   ComplexTypes complex_types(session);
   LcWorkbookDatatype type;
   EXPECT_FALSE(complex_types.GetComplexType(5001, &type));

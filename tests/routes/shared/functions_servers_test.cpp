@@ -16,9 +16,9 @@ struct ServerSession : RecordedSession {
   ServerSession(LeDBMSType dbms_type, const std::string& name, const char16_t* owner)
       : RecordedSession(dbms_type, name == "informix"),
         connection(wbtest::Connection::OpenSimulator(name)) {
-    import.henv = connection->henv();
-    import.hdbc = connection->hdbc();
-    import.choices.owner_restriction = owner;
+    importer.henv = connection->henv();
+    importer.hdbc = connection->hdbc();
+    importer.choices.owner_restriction = owner;
   }
   std::unique_ptr<wbtest::Connection> connection;
 };
