@@ -1,6 +1,7 @@
 # One interface target, wb_options, that every target of the project links privately: the language
 # level, warnings as errors, hidden symbols, and the instrumentation that a preset asks for.
 option(WB_SANITIZE "Build with the address and undefined-behaviour sanitizers" OFF)
+option(WB_SANITIZE_THREADS "Build with the thread sanitizer" OFF)
 option(WB_COVERAGE "Build with branch coverage" OFF)
 option(WB_FUZZ "Build the fuzz targets (clang only)" OFF)
 
@@ -31,6 +32,10 @@ if(WB_SANITIZE)
   target_compile_options(wb_options INTERFACE
     -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_link_options(wb_options INTERFACE -fsanitize=address,undefined)
+endif()
+if(WB_SANITIZE_THREADS)
+  target_compile_options(wb_options INTERFACE -fsanitize=thread -fno-omit-frame-pointer)
+  target_link_options(wb_options INTERFACE -fsanitize=thread)
 endif()
 if(WB_FUZZ)
   target_compile_options(wb_options INTERFACE -fsanitize=fuzzer-no-link)

@@ -10,6 +10,8 @@ packages_build=(
   libfmt-dev nlohmann-json3-dev libutfcpp-dev libtomlplusplus-dev libcli11-dev libdtl-dev libgraphviz-dev
   libzstd-dev zlib1g-dev libsimdjson-dev libsodium-dev
 )
+# For what .ci/run looks at beside the demo and the tests.
+packages_style=(clang clang-format)
 # To build and run the tests that need nothing else.
 packages_test=(libgtest-dev libgmock-dev libbenchmark-dev python3 python3-jsonschema sqlite3 groff-base zsh fish)
 # The servers and drivers of the real-server tests.

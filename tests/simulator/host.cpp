@@ -25,7 +25,7 @@ struct RunningImport {
   unsigned at_notification = 0;
   unsigned notifications = 0;
 };
-RunningImport running;
+thread_local RunningImport running;
 
 void OnNotify(enumImpNotify, void*) {
   if (++running.notifications != running.at_notification) return;
@@ -52,13 +52,14 @@ std::string Outcome::File() const {
 }
 
 Outcome ImportAll(const wbtest::Connection& connection, bool system, HostAct act,
-                  unsigned at_notification, const std::u16string& catalog) {
+                  unsigned at_notification, const std::u16string& catalog, LeReading reading) {
   Outcome outcome;
   outcome.workbook = std::make_unique<LcWorkbook>();
   LcODBCWorkbookImport importer(&OnNotify, outcome.workbook.get());
   importer.choices.item_mask = kAllItems;
   importer.choices.include_system = system;
   importer.choices.catalog = catalog;
+  importer.choices.reading = reading;
   importer.choices.keys = true;
   importer.choices.foreign_keys = true;
   importer.SyncLogin(connection.henv(), connection.hdbc());

@@ -35,6 +35,6 @@ struct Outcome {
 // notification, counted from 1, the host acts.
 Outcome ImportAll(const wbtest::Connection& connection, bool system = true,
                   HostAct act = HostAct::kNothing, unsigned at_notification = 0,
-                  const std::u16string& catalog = {});
+                  const std::u16string& catalog = {}, LeReading reading = rdCompatible);
 
 }  // namespace simtest
