@@ -112,8 +112,8 @@ void ColumnReader::AddColumn(LcWorkbookTable& table) {
   const long data_type = row_.data_type.ReadOr(0);
   const bool informix = server.dbms_type == dbmsInformix;
   // LENGTH counts the bytes of a number's storage on Universal Server, everywhere else it is what
-  // hosts have as precision. Required: a long type's length is cut to 16 bits, and hosts
-  // know 65535.
+  // hosts have as precision. Required (sqlite_route_test): a long type's length is cut to
+  // 16 bits, and hosts know 65535.
   const bool take_precision =
       informix && session_.IsIUS() &&
       (data_type == SQL_DECIMAL || data_type == SQL_NUMERIC || data_type == SQL_FLOAT);

@@ -62,7 +62,7 @@ bool ForeignKeyReader::GetTableForeignKeysODBC(LcWorkbookTable& table,
         static_cast<std::uint16_t>(session_.server().foreign_key_counter + 2);
   }
   statement_.EndResult();
-  // Required (simulator routes_test): the last relationship goes by the table of the last row, even
+  // Required (simulated_route_test): the last relationship goes by the table of the last row, even
   // where that row was left out. It is dropped when that table is not in the workbook, and its
   // mirror is held by that table otherwise. Hosts drop a mirror whose columns are another table's.
   if (pending.key_column != nullptr && last_looked_up != nullptr) {

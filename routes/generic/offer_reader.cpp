@@ -45,8 +45,8 @@ bool GetProceduresODBC(ImportSession& session) {
         name.Bind(bind, 3);
       });
   std::u16string last_name;
-  // Required: only a stop ends the loop. A cancelled import throws the list away, a stopped one
-  // keeps it.
+  // Required (simulated_route_test): only a stop ends the loop. A cancelled import throws the list
+  // away, a stopped one keeps it.
   while (odbc::Succeeded(result) && session.progress.IsRunning()) {
     qualifier.Empty();
     owner.Empty();

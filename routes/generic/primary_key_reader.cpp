@@ -41,8 +41,8 @@ bool PrimaryKeyReader::GetTablePrimaryKeysODBC(LcWorkbookTable& table) {
 }
 
 void PrimaryKeyReader::GetIndexesODBC(LcWorkbookTable& table) {
-  // Required: the owner is not passed. Drivers that have no primary keys have no owners either, and
-  // some of them find nothing for an empty one.
+  // Required (simulated_route_test): the owner is not passed. Drivers that have no primary keys
+  // have no owners either, and some of them find nothing for an empty one.
   SQLRETURN result = index_statement_.Open(
       session_.connection.hdbc(),
       [&](odbc::Statement& call) {

@@ -39,8 +39,9 @@ class PrimaryKeyReader {
     BoundText column;
   };
 
-  // Required: a failed primary-key call takes the diagnostic of the column statement; its own goes
-  // with the next call on it. A host that logs diagnostics sees them in this order.
+  // Required (simulated_route_test): a failed primary-key call takes the diagnostic of the column
+  // statement; its own goes with the next call on it. A host that logs diagnostics sees them in
+  // this order.
   void TakeColumnDiagnostic();
   // Null when the table has no such column.
   LcWorkbookColumn* FindColumn(const LcWorkbookTable& table, std::u16string_view name);

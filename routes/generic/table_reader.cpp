@@ -89,7 +89,8 @@ bool TableReader::GetRequestedSynonymsODBC(bool /*names_only*/) { return false; 
 bool TableReader::GetSystemTablesODBC() {
   if (odbc::Succeeded(
           OpenTables(session_.server().system_owner.c_str(), nullptr, u"'SYSTEM TABLE'"))) {
-    // Required: system tables always go to the list of tables, even while names are read.
+    // Required (simulated_route_test): system tables always go to the list of tables, even while
+    // names are read.
     ReadRows(false);
   }
   statement_.Release();

@@ -20,8 +20,8 @@ struct TypeNumber {
 
 // clang-format off
 
-// Required: INTERVAL is in the integer group. Hosts have stored named types with this group, and
-// would see every one of them as changed.
+// Required (decoders_test): INTERVAL is in the integer group. Hosts have stored named types with this
+// group, and would see every one of them as changed.
 constexpr TypeNumber kTypeNumbers[] = {
     { 0, u"char",        dtChar,        dgCharacter},
     { 1, u"smallint",    dtInteger,     dgInteger},

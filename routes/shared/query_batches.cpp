@@ -62,8 +62,8 @@ void BuildOracleSynonymBatches(const LcImportChoices& choices, const LocalSynony
   } while (first < selected);
 }
 
-// Required: no owner clause where nothing is selected, unlike the single text. A synonym often
-// belongs to another owner than its table, and a clause would lose those.
+// Required (catalog_queries_test): no owner clause where nothing is selected, unlike the single
+// text. A synonym often belongs to another owner than its table, and a clause would lose those.
 std::u16string InformixSynonymText(const LcImportChoices& choices,
                                    const LocalSynonymPieces& pieces) {
   std::u16string sql(pieces.base);
