@@ -134,7 +134,10 @@ void ExactRoute::ChooseSchemas() {
     return;
   }
   catalog_.schemas = selection_.Schemas();
-  if (!catalog_.schemas.empty()) return;
+  if (!catalog_.schemas.empty()) {
+    selection_.FillMarks(nullptr, catalog_.values);
+    return;
+  }
   const std::string catalog = base::ToUtf8(session_.choices.catalog);
   const std::string& schema = catalog.empty() ? catalog_.server().schema : catalog;
   if (schema.empty()) {
@@ -144,6 +147,7 @@ void ExactRoute::ChooseSchemas() {
   }
   catalog_.schemas = {schema};
   if (selection_.IsEmpty()) selection_ = Selection::OfOwner(schema);
+  selection_.FillMarks(nullptr, catalog_.values);
 }
 
 bool ExactRoute::ReadOwnerNames() {

@@ -90,7 +90,10 @@ class StatementText::Parser {
   static const std::vector<ConditionName>& Conditions() {
     static const std::vector<ConditionName> names = {
         {"owners", Condition::kOwners, {{"owner", Value::kOwner}}, false},
-        {"tables", Condition::kTables, {{"owner", Value::kOwner}, {"table", Value::kTable}}, false},
+        {"tables",
+         Condition::kTables,
+         {{"owner", Value::kOwner}, {"table", Value::kTable}, {"schema", Value::kSchema}},
+         false},
         {"ids", Condition::kIds, {{"table_id", Value::kTableId}}, false},
         {"system", Condition::kSystem, {}, false},
         {"schema", Condition::kSchema, {{"schema", Value::kSchema}}, true},
@@ -218,7 +221,8 @@ class StatementText::Parser {
     if (!found) return Fail("there is no ?" + std::string(form) + "()");
     const bool is_one = *found == Form::kOne || *found == Form::kName;
     for (const auto& [value_name, value] : condition.values) {
-      if (value_name != name || is_one != condition.one_value) continue;
+      if (value_name != name) continue;
+      if (is_one != (condition.one_value || value == Value::kSchema)) continue;
       piece.has_value = true;
       piece.form = *found;
       piece.value = value;
