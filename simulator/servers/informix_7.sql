@@ -95,6 +95,22 @@ CREATE TABLE informix.sysprocedures (
   numargs  INTEGER
 );
 
+-- What the exact reading asks besides: https://www.oninit.com/manual/informix/100/sqlr/ (SYSDEFAULTS, SYSCHECKS, SYSVIEWS, SYSTRIGGERS, SYSTRIGBODY,
+-- SYSOBJSTATE, SYSPROCBODY), without what those pages mark as newer.
+CREATE TABLE informix.sysdefaults(tabid INTEGER, colno SMALLINT, type CHAR(1), "default" CHAR(256));
+CREATE TABLE informix.syschecks(constrid INTEGER, type CHAR(1), seqno SMALLINT, checktext CHAR(32));
+CREATE TABLE informix.sysviews(tabid INTEGER, seqno SMALLINT, viewtext CHAR(64));
+CREATE TABLE informix.systriggers(trigid INTEGER PRIMARY KEY, trigname CHAR(18), owner CHAR(8), tabid INTEGER, event CHAR(1), mode CHAR(1));
+CREATE TABLE informix.systrigbody(trigid INTEGER, datakey CHAR(1), seqno INTEGER, data CHAR(256));
+CREATE TABLE informix.sysobjstate(objtype CHAR(1), owner CHAR(8), name CHAR(18) COLLATE RTRIM, tabid INTEGER, state CHAR(1));
+CREATE TABLE informix.sysprocbody(procid INTEGER, datakey CHAR(1), seqno INTEGER, data CHAR(256));
+INSERT INTO informix.sysdefaults VALUES (111, 6, 'C', NULL), (109, 5, 'L', 't'), (106, 5, 'L', 'AAAAAA 100');
+INSERT INTO informix.sysviews VALUES
+  (117, 1, 'ch c, "library".book k where c.isbn = k.isbn'), (117, 0, 'create view "library".shelf as select k.title from "library".bran');
+INSERT INTO informix.systriggers VALUES (1, 'loan_log', 'library', 111, 'I', 'O');
+INSERT INTO informix.systrigbody VALUES (1, 'A', 0, 'for each row (insert into log values (1))'), (1, 'D', 0, 'create trigger loan_log insert on loan');
+INSERT INTO informix.sysprocbody VALUES (24, 'T', 1, 'create procedure send_reminders() end procedure');
+
 -- Tables, views and synonyms ----------------------------------------------------------------------
 
 INSERT INTO informix.systables (tabid, owner, tabname, tabtype, nindexes, nrows, created, version)
