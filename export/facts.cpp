@@ -405,7 +405,7 @@ std::string Facts::OfNotRead(const LcNotRead& missing) {
                                             : Display(missing.owner.View()));
   }
   text += ": " + Show(missing.reason);
-  return missing.withheld ? text + " (withheld by the server)" : text;
+  return missing.withheld ? text + " (by design)" : text;
 }
 
 }  // namespace wbexport

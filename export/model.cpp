@@ -145,7 +145,7 @@ std::string IncompleteText(const LcWorkbookFileInfo& info) {
   if (!info.incomplete) return "";
   const char* how = info.status == 4   ? "was cancelled"
                     : info.status == 9 ? "was stopped"
-                                       : "lost its connection";
+                                       : "lost its connection or met errors";
   return fmt::format("Incomplete: the import {} before it had read everything.", how);
 }
 

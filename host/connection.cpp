@@ -86,21 +86,24 @@ std::string Advice(const std::string& connect_string, const std::string& state) 
 struct Connection::Handles {
   Environment environment;
   SQLHDBC connection = SQL_NULL_HDBC;
-  bool connected = false;
+  const DriverCalls* calls = nullptr;  // once it is connected
   ~Handles() {
-    if (connected) SQLDisconnect(connection);
+    if (calls != nullptr) calls->Disconnect();
     if (connection != SQL_NULL_HDBC) SQLFreeHandle(SQL_HANDLE_DBC, connection);
   }
 };
 
-Connection::Connection(const Target& target, platform::CallLog* log)
+Connection::Connection(const Target& target, const Timeouts& timeouts, platform::CallLog* log)
     : connect_text_(base::WithoutSecrets(target.connect_string)),
       sample_(target.is_sample_database ? std::make_unique<SampleDatabase>() : nullptr),
       handles_(std::make_unique<Handles>()) {
   SQLAllocHandle(SQL_HANDLE_DBC, handles_->environment.Get(), &handles_->connection);
   calls_ = std::make_unique<DriverCalls>(handles_->connection, log);
-  handles_->connected = Succeeded(calls_->Connect(target.connect_string));
-  if (handles_->connected) return;
+  calls_->SetTimeouts(timeouts);
+  if (Succeeded(calls_->Connect(target.connect_string))) {
+    handles_->calls = calls_.get();
+    return;
+  }
   std::string state;
   const std::string reason = ReadDiagnostics(SQL_HANDLE_DBC, handles_->connection, state);
   const std::string advice = Advice(target.connect_string, state);
@@ -162,8 +165,14 @@ std::vector<Connection::FunctionOffer> Connection::OfferedFunctions() const {
   return offers;
 }
 
+void CancelStatement(void* statement) { SQLCancel(statement); }
+
 std::string DiagnosticsOfCall(const platform::DriverCall& call) {
   std::string state;
+  return DiagnosticsOfCall(call, state);
+}
+
+std::string DiagnosticsOfCall(const platform::DriverCall& call, std::string& state) {
   return ReadDiagnostics(call.on_statement ? SQL_HANDLE_STMT : SQL_HANDLE_DBC, call.handle, state);
 }
 

@@ -32,12 +32,18 @@ std::string SqliteReadOnlyUri(const std::string& absolute_path, bool immutable);
 
 class DriverCalls;
 
+// How long the driver may wait for the server, in seconds; 0: for ever.
+struct Timeouts {
+  int login = 15;
+  int call = 300;
+};
+
 // An open connection. Everything that borrowed its handles must be gone before it.
 class Connection {
  public:
   // Throws a Failure of one line: what was tried, what the driver manager said, what to try.
   // `log`, which may be null, hears of every call that is made here.
-  explicit Connection(const Target& target, platform::CallLog* log = nullptr);
+  Connection(const Target& target, const Timeouts& timeouts, platform::CallLog* log);
   ~Connection();
   Connection(const Connection&) = delete;
   Connection& operator=(const Connection&) = delete;
@@ -79,8 +85,8 @@ class Connection {
   struct Handles;
   std::string connect_text_;
   std::unique_ptr<SampleDatabase> sample_;  // outlives the connection to it
+  std::unique_ptr<DriverCalls> calls_;      // outlives the handles, which are closed through it
   std::unique_ptr<Handles> handles_;
-  std::unique_ptr<DriverCalls> calls_;
   // Asked once: a recording holds an answer once, whoever wants to know it.
   mutable std::optional<bool> supports_owners_;
   mutable std::optional<std::optional<std::u16string>> catalog_;
@@ -88,6 +94,10 @@ class Connection {
 
 // The diagnostics of a call that was just made, in one line; they stay with the handle.
 std::string DiagnosticsOfCall(const platform::DriverCall& call);
+// The same; `state` becomes the first SQLSTATE.
+std::string DiagnosticsOfCall(const platform::DriverCall& call, std::string& state);
+// Ends what the statement does, from any thread, where its driver can.
+void CancelStatement(void* statement);
 
 // An installed driver, or a data source of odbc.ini with its driver.
 struct Installed {

@@ -30,6 +30,18 @@ std::u16string Whole(Text& text) {
 
 }  // namespace
 
+void DriverCalls::Start(const char* function) const {
+  if (log_ != nullptr) {
+    log_->OnCallStart({.function = function, .handle = connection_, .on_statement = false});
+  }
+}
+
+void DriverCalls::EndUnheard(const char* function) const {
+  if (log_ != nullptr) {
+    log_->OnCallEnd({.function = function, .handle = connection_, .on_statement = false});
+  }
+}
+
 void DriverCalls::Report(const char* function, SQLRETURN result, std::span<const DriverField> asked,
                          std::span<const DriverField> answered) const {
   if (log_ == nullptr) return;
@@ -52,6 +64,7 @@ SQLRETURN DriverCalls::ReportOn(SQLHSTMT statement, DriverCall call, SQLRETURN r
 SQLRETURN DriverCalls::Connect(const std::string& connection_string) const {
   std::u16string text = ToUtf16(connection_string);
   // No output string is asked for: mdbtools leaves it unwritten, and the driver manager reads it.
+  Start("SQLDriverConnectW");
   const SQLRETURN result =
       SQLDriverConnectW(connection_, nullptr, reinterpret_cast<SQLWCHAR*>(text.data()), SQL_NTS,
                         nullptr, 0, nullptr, SQL_DRIVER_NOPROMPT);
@@ -61,10 +74,26 @@ SQLRETURN DriverCalls::Connect(const std::string& connection_string) const {
   return result;
 }
 
+void DriverCalls::Disconnect() const {
+  const Watched watched(*this, "SQLDisconnect");
+  SQLDisconnect(connection_);
+}
+
+void DriverCalls::SetTimeouts(const Timeouts& timeouts) const {
+  const auto set = [this](SQLINTEGER attribute, int seconds) {
+    if (seconds == 0) return;
+    const auto value = static_cast<SQLULEN>(seconds);
+    SQLSetConnectAttr(connection_, attribute, reinterpret_cast<SQLPOINTER>(value), 0);
+  };
+  set(SQL_ATTR_LOGIN_TIMEOUT, timeouts.login);
+  set(SQL_ATTR_CONNECTION_TIMEOUT, timeouts.call);
+}
+
 std::optional<std::u16string> DriverCalls::InfoText(SQLUSMALLINT info) const {
   Text text{};
   SQLSMALLINT bytes = 0;
   constexpr auto kRoom = static_cast<SQLSMALLINT>(sizeof text);
+  Start("SQLGetInfoW");
   const SQLRETURN result = SQLGetInfoW(connection_, info, text.data(), kRoom, &bytes);
   const std::u16string answer = Whole(text);
   const std::array asked = {DriverField{"info", info}, DriverField{"room", kRoom}};
@@ -89,6 +118,7 @@ std::optional<SQLUINTEGER> DriverCalls::InfoNumber(SQLUSMALLINT info) const {
   SQLUINTEGER number = 0;
   SQLSMALLINT bytes = 0;
   constexpr auto kRoom = static_cast<SQLSMALLINT>(sizeof number);
+  Start("SQLGetInfoW");
   const SQLRETURN result = SQLGetInfoW(connection_, info, &number, kRoom, &bytes);
   const std::array asked = {DriverField{"info", info}, DriverField{"room", kRoom}};
   const std::array answered = {DriverField{"number", number}, DriverField{"bytes", bytes}};
@@ -100,6 +130,7 @@ std::optional<std::u16string> DriverCalls::AttributeText(SQLINTEGER attribute) c
   Text text{};
   SQLINTEGER bytes = 0;
   constexpr auto kRoom = static_cast<SQLINTEGER>(sizeof text);
+  Start("SQLGetConnectAttrW");
   const SQLRETURN result = SQLGetConnectAttrW(connection_, attribute, text.data(), kRoom, &bytes);
   const std::u16string answer = Whole(text);
   const std::array asked = {DriverField{"attribute", attribute}, DriverField{"room", kRoom}};
@@ -110,6 +141,7 @@ std::optional<std::u16string> DriverCalls::AttributeText(SQLINTEGER attribute) c
 
 std::optional<SQLUINTEGER> DriverCalls::AttributeNumber(SQLINTEGER attribute) const {
   SQLUINTEGER number = 0;
+  Start("SQLGetConnectAttr");
   const SQLRETURN result =
       SQLGetConnectAttr(connection_, attribute, &number, sizeof number, nullptr);
   const std::array asked = {DriverField{"attribute", attribute}};
@@ -120,6 +152,7 @@ std::optional<SQLUINTEGER> DriverCalls::AttributeNumber(SQLINTEGER attribute) co
 
 bool DriverCalls::HasFunction(SQLUSMALLINT function) const {
   SQLUSMALLINT there = SQL_FALSE;
+  Start("SQLGetFunctions");
   const SQLRETURN result = SQLGetFunctions(connection_, function, &there);
   const std::array asked = {DriverField{"function", function}};
   const std::array answered = {DriverField{"supported", there}};
@@ -153,15 +186,20 @@ std::optional<std::vector<std::u16string>> DriverCalls::Catalogs() const {
                                         .indicator = &length,
                                         .row_bytes = sizeof name};
   const platform::DriverRows one_row = {.count = 1, .status = nullptr};
+  Start("SQLTablesW");
   if (Succeeded(ReportOn(statement, {.function = "SQLTablesW", .handle = statement, .asked = asked},
                          SQLTablesW(statement, all, SQL_NTS, none, 0, none, 0, none, 0))) &&
       Succeeded(
           ReportOn(statement, {.function = "SQLBindCol", .handle = statement, .buffer = &bound},
                    SQLBindCol(statement, 1, SQL_C_WCHAR, name.data(), sizeof name, &length)))) {
     catalogs.emplace();
-    while (Succeeded(ReportOn(statement,
+    for (;;) {
+      Start("SQLFetch");
+      if (!Succeeded(ReportOn(statement,
                               {.function = "SQLFetch", .handle = statement, .rows = &one_row},
                               SQLFetch(statement)))) {
+        break;
+      }
       const std::u16string catalog = Whole(name);
       if (length != SQL_NULL_DATA && !catalog.empty()) catalogs->push_back(catalog);
     }
@@ -175,6 +213,7 @@ std::optional<std::vector<std::u16string>> DriverCalls::Catalogs() const {
 void DriverCalls::AskFunctions() const {
   std::array<SQLUSMALLINT, SQL_API_ODBC3_ALL_FUNCTIONS_SIZE> table{};
   constexpr SQLUSMALLINT kAll = SQL_API_ODBC3_ALL_FUNCTIONS;
+  Start("SQLGetFunctions");
   const SQLRETURN result = SQLGetFunctions(connection_, kAll, table.data());
   const std::array asked = {DriverField{"function", kAll}};
   const std::array answered = {DriverField{"table", std::span<const std::uint16_t>(table)}};

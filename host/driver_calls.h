@@ -9,6 +9,7 @@
 #include <utility>
 #include <vector>
 
+#include "host/connection.h"
 #include "host/odbc_handles.h"
 #include "platform/platform.h"
 
@@ -17,10 +18,28 @@ namespace wbhost {
 // Calls on one connection.
 class DriverCalls {
  public:
+  // Calls that are made without it, watched for its lifetime as one that nobody keeps.
+  class Watched {
+   public:
+    Watched(const DriverCalls& calls, const char* function) : calls_(calls), function_(function) {
+      calls_.Start(function_);
+    }
+    ~Watched() { calls_.EndUnheard(function_); }
+    Watched(const Watched&) = delete;
+    Watched& operator=(const Watched&) = delete;
+
+   private:
+    const DriverCalls& calls_;
+    const char* const function_;
+  };
+
   // `log` may be null.
   DriverCalls(SQLHDBC connection, platform::CallLog* log) : connection_(connection), log_(log) {}
 
+  // Seconds, as the driver keeps them; 0: none. What it cannot do it does without.
+  void SetTimeouts(const Timeouts& timeouts) const;
   SQLRETURN Connect(const std::string& connection_string) const;
+  void Disconnect() const;
   // Empty where the driver has no answer.
   std::optional<std::u16string> InfoText(SQLUSMALLINT info) const;
   std::optional<SQLUINTEGER> InfoNumber(SQLUSMALLINT info) const;
@@ -36,6 +55,8 @@ class DriverCalls {
 
  private:
   SQLRETURN ReportOn(SQLHSTMT statement, platform::DriverCall call, SQLRETURN result) const;
+  void Start(const char* function) const;
+  void EndUnheard(const char* function) const;
   void Report(const char* function, SQLRETURN result, std::span<const platform::DriverField> asked,
               std::span<const platform::DriverField> answered) const;
 

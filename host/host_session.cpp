@@ -43,6 +43,10 @@ bool IsSampleByDefault(const ConnectionOptions& options) {
          !options.sqlite && !options.sample && !options.replay;
 }
 
+Timeouts TimeoutsOf(const ConnectionOptions& options) {
+  return {options.login_timeout, options.timeout};
+}
+
 Target FindTarget(Run& run) {
   const ConnectionOptions& options = run.options.connection;
   Target target = ResolveTarget(options, run.secrets);
@@ -64,14 +68,21 @@ HostSession::HostSession(Run& run, Choices& choices, const OutputFile& output)
       reports_(run.options.report, run.secrets),
       target_(FindTarget(run)),
       recording_(run.options.report, target_, run.secrets),
-      connection_(target_, recording_.recorder().get()),
+      watch_(std::make_shared<CallWatch>(
+          TimeoutsOf(run.options.connection), recording_.recorder(),
+          [this](ExitCode code, const std::string& why) { return Abandon(code, why); })),
+      connection_(target_, TimeoutsOf(run.options.connection), watch_.get()),
       notes_(ReplayNotes::Read(target_.recording)),
       repeats_choices_(Repeats(run.options.choices, notes_)),
       services_(Settle(choices, run.options.choices, notes_).settings, run.screen, reports_,
-                recording_, notes_ ? &*notes_ : nullptr),
+                recording_, notes_ ? &*notes_ : nullptr, watch_),
       runner_(connection_, services_, progress_, run.screen, reports_, recording_,
               notes_ ? &*notes_ : nullptr) {
+  connected_ = true;
   base::Wipe(target_.connect_string);
+  platform::ResultLimits& limits = platform::GetServices().result_limits;
+  limits.rows = run.options.connection.result_rows.value_or(limits.rows);
+  limits.bytes = run.options.connection.result_bytes.value_or(limits.bytes);
   recording_.Begin(connection_);
   if (!module_.note().empty()) run.screen.Say(module_.note());
   if (IsSampleByDefault(run.options.connection)) {
@@ -87,12 +98,36 @@ HostSession::HostSession(Run& run, Choices& choices, const OutputFile& output)
   }
 }
 
+int HostSession::Abandon(ExitCode code, const std::string& why) {
+  // A connection that does not close changes nothing any more.
+  Outcome end;
+  if (outcome_ == nullptr && !connected_) {
+    end.Add(code, code == ExitCode::kConnection
+                      ? fmt::format("cannot connect to {}: {}", target_.description, why)
+                      : why + ", nothing was read");
+  } else if (outcome_ == nullptr) {
+    end.Add(code, why + (rest_ ? ": incomplete" : ": nothing is shown"),
+            code == ExitCode::kConnection ? "--timeout SECONDS waits longer" : "");
+    try {
+      if (rest_) rest_(end);
+    } catch (const Failure& failure) {
+      run_.screen.SayError(failure.what());
+      end.Add(failure.code());
+    }
+  }
+  Outcome& outcome = outcome_ != nullptr ? *outcome_ : end;
+  if (!outcome.Line().empty()) run_.screen.SayError(outcome.Line());
+  return static_cast<int>(outcome.Code());
+}
+
 void HostSession::Finish(Outcome& outcome) {
   if (notes_) CheckReplay(outcome);
   if (!reports_.Check(run_.screen)) outcome.Add(ExitCode::kOutput);
-  if (recording_.Finish()) return;
-  run_.screen.SayError(fmt::format("cannot write {}", recording_.name()));
-  outcome.Add(ExitCode::kOutput);
+  if (!recording_.Finish()) {
+    run_.screen.SayError(fmt::format("cannot write {}", recording_.name()));
+    outcome.Add(ExitCode::kOutput);
+  }
+  outcome_ = &outcome;
 }
 
 void HostSession::CheckReplay(Outcome& outcome) {

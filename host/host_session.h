@@ -2,6 +2,10 @@
 // connection made and the services installed, in the order in which failures count.
 #pragma once
 
+#include <functional>
+#include <utility>
+
+#include "host/call_watch.h"
 #include "host/commands.h"
 #include "host/connection.h"
 #include "host/import_run.h"
@@ -30,11 +34,15 @@ class HostSession {
   // Adds what the end of the run shows: a report that could not be written, and what a recording
   // did not hold.
   void Finish(Outcome& outcome);
+  // What is done where a call of the driver never comes back: `rest` writes what was read, and adds
+  // what there is to say. It runs on another thread, while this one waits for ever.
+  void SetRest(std::function<void(Outcome& outcome)> rest) { rest_ = std::move(rest); }
   // Whether an import that ended well is told of in one line at its end.
   bool SaysTheEnd() const { return progress_ == ProgressMode::kEnd; }
 
  private:
   void CheckReplay(Outcome& outcome);
+  int Abandon(ExitCode code, const std::string& why);
 
   Run& run_;
   const ProgressMode progress_;
@@ -42,6 +50,10 @@ class HostSession {
   Reports reports_;
   Target target_;
   RunRecording recording_;
+  std::function<void(Outcome&)> rest_;  // null: there is nothing to write
+  Outcome* outcome_ = nullptr;          // once the run is over but for the end of the connection
+  bool connected_ = false;
+  const std::shared_ptr<CallWatch> watch_;
   Connection connection_;
   const std::optional<ReplayNotes> notes_;
   const bool repeats_choices_;

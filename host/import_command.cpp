@@ -152,6 +152,13 @@ void RunImport(Run& run, Outcome& outcome) {
   }
   choices.items = items;
   session.NoteChoices(choices);
+  session.SetRest([&](Outcome& end) {
+    const ImportResult rest = session.runner().TakeRest();
+    if (rest.workbook == nullptr) return;
+    session.runner().Judge(rest, end);
+    sheet.Write(*rest.workbook, rest.info, choices.importer.include_system, run.screen);
+    if (!sheet.output().IsStandardOutput()) end.SetWritten(wanted.file);
+  });
   ImportResult result = session.runner().Run(choices.importer, items);
   // What an exact reading was asked for can be asked again, by a later comparison.
   if (result.info.route == u"exact") result.info.choices = WriteRequest(choices);

@@ -4,12 +4,18 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <iterator>
+#include <map>
+#include <utility>
 
 #include "host/interrupt.h"
 #include "host/text.h"
 
 namespace wbhost {
 namespace {
+
+constexpr unsigned short kStatusCancelled = 4;
+constexpr unsigned short kStatusStopped = 9;
 
 // A server without owners may hold several databases, all of which its driver lists for a null
 // catalog (MariaDB): the one that the connection is in is meant.
@@ -100,6 +106,7 @@ ImportResult ImportRunner::Run(const LcImportChoices& choices, std::uint32_t ite
   result.workbook = std::make_unique<LcWorkbook>();
   result.items = item_mask;
   failures_before_ = services_.Failures();
+  result_ = &result;
   Progress progress(progress_mode_, screen_, choices.keys, choices.foreign_keys);
   {
     Importer importer(*this, choices, result.workbook.get());
@@ -129,7 +136,51 @@ ImportResult ImportRunner::Run(const LcImportChoices& choices, std::uint32_t ite
   result.connection_lost = connection_.IsDead();
   if (services_.Failures() != failures_before_) result.last_failure = services_.LastFailure();
   result.info.incomplete = result.info.status != 0 || result.connection_lost;
+  AddLost(result);
+  result_ = nullptr;
   return result;
+}
+
+void ImportRunner::AddLost(ImportResult& result) const {
+  std::vector<LcNotRead> lost = services_.ledger().Take();
+  if (result.info.route == u"exact") return;
+  std::vector<LcNotRead>& not_read = result.workbook->details.not_read;
+  // The catalog functions' reading ends with the first table whose columns fail.
+  if (!lost.empty() && lost.back().kind.View() == u"columns" && !result.info.result) {
+    const LcText reason(u"the import ended at " +
+                        ToUtf16(DisplayName(lost.back().owner.Text(), lost.back().name.Text())));
+    for (const LcWorkbookTable* table : result.workbook->tables.Present()) {
+      if (table->GetColumnCount() != 0 || table->GetName() == lost.back().name.View()) continue;
+      LcNotRead& entry = not_read.emplace_back();
+      entry.kind = LcText(u"columns");
+      if (!table->GetOwner(true).empty()) entry.owner = LcText(table->GetOwner(true));
+      entry.name = LcText(table->GetName());
+      entry.reason = reason;
+    }
+  }
+  const bool failed = std::any_of(not_read.begin(), not_read.end(),
+                                  [](const LcNotRead& missing) { return !missing.withheld; });
+  result.info.incomplete = result.info.incomplete || !lost.empty() || failed;
+  std::move(lost.begin(), lost.end(), std::back_inserter(not_read));
+}
+
+ImportResult ImportRunner::TakeRest() {
+  // A run that only prepares another one has read nothing that was asked for.
+  if (result_ == nullptr || !traced_) return {};
+  ImportResult rest = std::move(*result_);
+  if (importer_ != nullptr) {
+    if (const auto* taken = importer_->GetRouteTaken()) FillServerFacts(*taken, rest.info);
+  }
+  rest.info.result = false;
+  rest.info.status = GetInterruptWish() == InterruptWish::kCancel ? kStatusCancelled : 0;
+  rest.info.errors_shown = services_.ErrorsShown();
+  rest.last_failure = "a call of the driver did not come back";
+  AddLost(rest);
+  rest.info.incomplete = true;
+  LcNotRead& entry = rest.workbook->details.not_read.emplace_back();
+  entry.kind = LcText(u"all that follows");
+  entry.reason = LcText(u"a call of the driver did not come back");
+  return rest;
 }
 
 LcODBCWorkbookImport::RouteDecision ImportRunner::DecideRoute(const LcImportChoices& choices) {
@@ -138,8 +189,6 @@ LcODBCWorkbookImport::RouteDecision ImportRunner::DecideRoute(const LcImportChoi
 }
 
 void ImportRunner::Judge(const ImportResult& result, Outcome& outcome) const {
-  constexpr unsigned short kStatusCancelled = 4;
-  constexpr unsigned short kStatusStopped = 9;
   const std::string log = reports_.log.IsOpen() ? "see " + reports_.log.name()
                                                 : "--log FILE keeps what the driver said";
   const std::uint32_t shown = result.info.errors_shown;
@@ -165,13 +214,22 @@ void ImportRunner::Judge(const ImportResult& result, Outcome& outcome) const {
 }
 
 void ImportRunner::SayWhatIsMissing(const ImportResult& result, Outcome& outcome) const {
-  for (const LcNotRead& missing : result.workbook->details.not_read) {
+  // The first of each kind and reason; the others are in the file.
+  const std::vector<LcNotRead>& all = result.workbook->details.not_read;
+  std::map<std::pair<std::u16string_view, std::u16string_view>, std::size_t> counts;
+  for (const LcNotRead& missing : all) ++counts[{missing.kind.View(), missing.reason.View()}];
+  for (const LcNotRead& missing : all) {
+    if (!missing.withheld)
+      outcome.Add(ExitCode::kErrorsShown, "not all was read", "each kind is told above");
+    std::size_t& count = counts[{missing.kind.View(), missing.reason.View()}];
+    if (count == 0) continue;
     std::string what = ToUtf8(missing.kind.View());
     const std::string name = DisplayName(missing.owner.Text(), missing.name.Text());
     if (!name.empty()) what += " of " + name;
-    screen_.Say(fmt::format("not read: {}: {}", what, ToUtf8(missing.reason.View())));
-    if (!missing.withheld)
-      outcome.Add(ExitCode::kErrorsShown, "not all was read", "each is told above");
+    screen_.Say(fmt::format("not read: {}{}: {}", what,
+                            count > 1 ? fmt::format(" and {} more", count - 1) : "",
+                            ToUtf8(missing.reason.View())));
+    count = 0;
   }
 }
 
@@ -181,6 +239,11 @@ void ImportRunner::Notify(enumImpNotify notify, void* record) {
   // A route sets the running mark when it starts, so that an interrupt before counts from here on.
   // What was refused while the route was looked for is no failure of the import.
   if (++notifications_ == 1) failures_before_ = services_.Failures();
+  if (notify == inImportStart) {
+    services_.ledger().Take();
+  } else if (notify == inPhaseStart || notify == inLoopStart) {
+    services_.ledger().SetPhase(static_cast<const LcImpProgStartInfo*>(record)->item_type);
+  }
   InterruptWish wish = GetInterruptWish();
   if (notes_ != nullptr) wish = std::max(wish, notes_->WishAt(imports_, notifications_));
   recording_.NoteInterrupt(wish, imports_, notifications_);

@@ -53,6 +53,10 @@ class ImportRunner {
   // The route that a run would take, with what is known of the server then.
   LcODBCWorkbookImport::RouteDecision DecideRoute(const LcImportChoices& choices);
 
+  // What the run in hand has read, where its thread is inside of a call that never comes back: the
+  // workbook is null where there is nothing to keep.
+  ImportResult TakeRest();
+
   // Adds what a result means for the exit code, with what is to be said of it.
   void Judge(const ImportResult& result, Outcome& outcome) const;
 
@@ -62,6 +66,8 @@ class ImportRunner {
   class Importer;
   static void OnNotify(enumImpNotify notify, void* record);
   void Notify(enumImpNotify notify, void* record);
+  // Takes what was lost unseen into the workbook. What the exact reading loses it tells itself.
+  void AddLost(ImportResult& result) const;
   // A line for everything that was not read; what failed counts for the exit code.
   void SayWhatIsMissing(const ImportResult& result, Outcome& outcome) const;
 
@@ -77,7 +83,8 @@ class ImportRunner {
 
   // The run in hand, which the callback, a plain function, has to find.
   static ImportRunner* active_;
-  LcWorkbookImport* importer_ = nullptr;
+  LcODBCWorkbookImport* importer_ = nullptr;
+  ImportResult* result_ = nullptr;
   Progress* progress_ = nullptr;
   bool traced_ = true;
   unsigned imports_ = 0;             // begun

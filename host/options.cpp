@@ -180,6 +180,29 @@ void AddConnection(CLI::App& app, ConnectionOptions& options,
       ->group(group);
   AddText(app, "--sample", options.sample, "Practice server: " + Names(AllSamples()), "NAME")
       ->group(group);
+  const auto add_seconds = [&](const char* name, int& target, const char* help) {
+    app.add_option(name, target, help)
+        ->check(CLI::Range(0, 86400))
+        ->multi_option_policy(CLI::MultiOptionPolicy::TakeLast)
+        ->type_name("SECONDS")
+        ->group(group);
+  };
+  add_seconds("--login-timeout", options.login_timeout,
+              "How long connecting may take (15; 0: any time)");
+  add_seconds("--timeout", options.timeout,
+              "How long one call of the driver may take (300; 0: any time)");
+  const auto add_limit = [&](const char* name, std::optional<std::uint64_t>& target,
+                             const char* help) {
+    app.add_option_function<std::uint64_t>(
+           name, [&target](const std::uint64_t& number) { target = number; }, help)
+        ->multi_option_policy(CLI::MultiOptionPolicy::TakeLast)
+        ->type_name("N")
+        ->group(group);
+  };
+  add_limit("--result-rows", options.result_rows,
+            "Most rows of one result (50000000; 0: any number)");
+  add_limit("--result-bytes", options.result_bytes,
+            "Most bytes of one result (8589934592; 0: any number)");
   AddText(app, "--replay", options.replay, "What --record kept of a driver's answers", "FILE")
       ->group(group);
 }

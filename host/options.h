@@ -1,6 +1,7 @@
 // The command line, taken apart. What the options mean is said where they are used.
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
@@ -33,6 +34,10 @@ struct ConnectionOptions {
   std::optional<std::string> replay;  // a recording in place of a server
   std::optional<std::string> password_env;
   bool password_stdin = false;
+  int login_timeout = 15;                    // seconds; 0: none
+  int timeout = 300;                         // of one call
+  std::optional<std::uint64_t> result_rows;  // of one result at most; 0: any number
+  std::optional<std::uint64_t> result_bytes;
 };
 
 struct ChoiceOptions {

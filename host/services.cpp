@@ -106,31 +106,37 @@ class InstalledServices::Database : public platform::DatabaseUtilities {
 // SQLError, leaves it there.
 class InstalledServices::Log : public platform::CallLog {
  public:
-  Log(Reports& reports, std::shared_ptr<platform::CallLog> recorder)
-      : reports_(reports), recorder_(std::move(recorder)) {}
+  Log(Reports& reports, std::shared_ptr<platform::CallLog> behind)
+      : reports_(reports), behind_(std::move(behind)) {}
+  void OnCallStart(const platform::DriverCall& call) override { behind_->OnCallStart(call); }
   void OnCall(const platform::DriverCall& call) override {
-    if (recorder_ != nullptr) recorder_->OnCall(call);
+    behind_->OnCall(call);
+    ledger_.Note(call);
     if (call.result != kSqlError) return;
     ++failures_;
-    last_failure_ = fmt::format("{}: {}", call.function, DiagnosticsOfCall(call));
+    last_failure_ = fmt::format("{}: {}", call.function,
+                                call.refused != nullptr ? call.refused : DiagnosticsOfCall(call));
     reports_.log.WriteScrubbed(last_failure_);
   }
   std::size_t failures() const { return failures_; }
   const std::string& last_failure() const { return last_failure_; }
+  CallLedger& ledger() { return ledger_; }
 
  private:
   static constexpr short kSqlError = -1;
   Reports& reports_;
-  std::shared_ptr<platform::CallLog> recorder_;
+  std::shared_ptr<platform::CallLog> behind_;
+  CallLedger ledger_;
   std::size_t failures_ = 0;
   std::string last_failure_;
 };
 
 InstalledServices::InstalledServices(const Settings& settings, Screen& screen, Reports& reports,
-                                     RunRecording& recording, const ReplayNotes* notes)
+                                     RunRecording& recording, const ReplayNotes* notes,
+                                     std::shared_ptr<platform::CallLog> behind)
     : box_(std::make_shared<Box>(screen, reports)),
       store_(std::make_shared<Store>(settings, platform::GetServices().settings, recording, notes)),
-      log_(std::make_shared<Log>(reports, recording.recorder())),
+      log_(std::make_shared<Log>(reports, std::move(behind))),
       saved_(std::make_unique<platform::Services>(platform::GetServices())) {
   platform::Services& services = platform::GetServices();
   services.message_box = box_;
@@ -143,6 +149,7 @@ InstalledServices::~InstalledServices() { platform::GetServices() = *saved_; }
 
 void InstalledServices::ReadGenerically(bool generic) { store_->ReadGenerically(generic); }
 
+CallLedger& InstalledServices::ledger() const { return log_->ledger(); }
 std::uint32_t InstalledServices::ErrorsShown() const { return box_->count(); }
 std::size_t InstalledServices::Failures() const { return log_->failures(); }
 const std::string& InstalledServices::LastFailure() const { return log_->last_failure(); }

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <memory>
 
+#include "host/call_ledger.h"
 #include "host/choices.h"
 #include "host/replay_notes.h"
 #include "host/reports.h"
@@ -17,10 +18,11 @@ namespace wbhost {
 // diagnostics, which are counted, and the settings of the run go before the settings store.
 class InstalledServices {
  public:
-  // A replay's `notes`, which may be null, stand in for the settings store and for what is known of
-  // data sources here.
+  // `behind` hears of every call first. A replay's `notes`, which may be null, stand in for the
+  // settings store and for what is known of data sources here.
   InstalledServices(const Settings& settings, Screen& screen, Reports& reports,
-                    RunRecording& recording, const ReplayNotes* notes);
+                    RunRecording& recording, const ReplayNotes* notes,
+                    std::shared_ptr<platform::CallLog> behind);
   ~InstalledServices();
   InstalledServices(const InstalledServices&) = delete;
   InstalledServices& operator=(const InstalledServices&) = delete;
@@ -28,6 +30,8 @@ class InstalledServices {
   // Goes before all settings, for runs from now on.
   void ReadGenerically(bool generic);
 
+  // What was lost unseen on the way.
+  CallLedger& ledger() const;
   // Message boxes shown so far.
   std::uint32_t ErrorsShown() const;
   // How many of the driver's calls failed so far.

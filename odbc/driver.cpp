@@ -32,8 +32,10 @@ constexpr std::size_t kMaxMessageCharacters = 1024;
 template <class Report, class Function, class... Arguments>
 SQLRETURN Call(const DriverCall& made, const Report& report, Function function,
                Arguments... arguments) {
+  const auto& log = platform::GetServices().call_log;
+  if (log != nullptr) log->OnCallStart(made);
   const SQLRETURN result = function(arguments...);
-  if (const auto& log = platform::GetServices().call_log; log != nullptr) {
+  if (log != nullptr) {
     DriverCall call = made;
     call.result = result;
     report(call);
@@ -43,6 +45,17 @@ SQLRETURN Call(const DriverCall& made, const Report& report, Function function,
 }
 
 constexpr auto kNoAnswer = [](DriverCall&) {};
+
+// Reports a fetch that is not made because its result has grown beyond the limits.
+SQLRETURN Refuse(const char* function, SQLHSTMT handle) {
+  DriverCall call = {.function = function, .handle = handle, .result = SQL_ERROR};
+  call.refused = "the result has more rows or bytes than may be read of one";
+  if (const auto& log = platform::GetServices().call_log; log != nullptr) {
+    log->OnCallStart(call);
+    log->OnCall(call);
+  }
+  return SQL_ERROR;
+}
 
 SQLWCHAR* Wide(char16_t* text) { return reinterpret_cast<SQLWCHAR*>(text); }
 
@@ -206,12 +219,35 @@ bool TakeDiagnostic(SQLHENV henv, SQLHDBC hdbc, SQLHSTMT hstmt, Diagnostic* diag
   return true;
 }
 
-Statement::Statement(Statement&& other) noexcept : handle_(std::exchange(other.handle_, nullptr)) {}
+void ResultSize::Bind(SQLUSMALLINT column, const SQLLEN* indicator, SQLLEN bytes) {
+  if (column >= cells_.size()) cells_.resize(column + std::size_t{1});
+  cells_[column] = {indicator, bytes};
+}
+
+void ResultSize::AddRows(std::uint64_t rows) {
+  rows_ += rows;
+  for (const Cell& cell : cells_) {
+    if (cell.indicator == nullptr) continue;
+    // Drivers with indicators of 32 bits leave the rest as it was.
+    const SQLLEN length = std::clamp<SQLLEN>(*cell.indicator, 0, cell.bytes);
+    bytes_ += static_cast<std::uint64_t>(length) * rows;
+  }
+}
+
+bool ResultSize::IsExceeded() const {
+  const platform::ResultLimits& limits = platform::GetServices().result_limits;
+  return (limits.rows != 0 && rows_ >= limits.rows) ||
+         (limits.bytes != 0 && bytes_ >= limits.bytes);
+}
+
+Statement::Statement(Statement&& other) noexcept
+    : handle_(std::exchange(other.handle_, nullptr)), size_(std::move(other.size_)) {}
 
 Statement& Statement::operator=(Statement&& other) noexcept {
   if (this != &other) {
     Drop();
     handle_ = std::exchange(other.handle_, nullptr);
+    size_ = std::move(other.size_);
   }
   return *this;
 }
@@ -234,6 +270,7 @@ SQLRETURN Statement::SetOption(SQLUSMALLINT option, SQLULEN value) {
 }
 
 SQLRETURN Statement::ExecDirect(const std::u16string& sql, std::u16string_view heading) {
+  size_.Restart();
   const std::array fields = {DriverField{"heading", heading},
                              DriverField{"sql", std::u16string_view(sql)}};
   const std::span asked = std::span(fields).subspan(heading.empty() ? 1 : 0);
@@ -243,6 +280,7 @@ SQLRETURN Statement::ExecDirect(const std::u16string& sql, std::u16string_view h
 
 SQLRETURN Statement::Tables(const char16_t* catalog, const char16_t* owner, const char16_t* table,
                             const char16_t* types) {
+  size_.Restart();
   const std::array asked = {DriverField{"catalog", catalog}, DriverField{"owner", owner},
                             DriverField{"table", table}, DriverField{"types", types}};
   return Call({.function = "SQLTablesW", .handle = handle_, .asked = asked}, kNoAnswer, SQLTablesW,
@@ -252,6 +290,7 @@ SQLRETURN Statement::Tables(const char16_t* catalog, const char16_t* owner, cons
 
 SQLRETURN Statement::Columns(const char16_t* catalog, const char16_t* owner, const char16_t* table,
                              const char16_t* column) {
+  size_.Restart();
   const std::array asked = {DriverField{"catalog", catalog}, DriverField{"owner", owner},
                             DriverField{"table", table}, DriverField{"column", column}};
   return Call({.function = "SQLColumnsW", .handle = handle_, .asked = asked}, kNoAnswer,
@@ -262,6 +301,7 @@ SQLRETURN Statement::Columns(const char16_t* catalog, const char16_t* owner, con
 
 SQLRETURN Statement::Statistics(const char16_t* catalog, const char16_t* owner,
                                 const char16_t* table, SQLUSMALLINT unique, SQLUSMALLINT accuracy) {
+  size_.Restart();
   const std::array asked = {DriverField{"catalog", catalog}, DriverField{"owner", owner},
                             DriverField{"table", table}, DriverField{"unique", unique},
                             DriverField{"accuracy", accuracy}};
@@ -272,6 +312,7 @@ SQLRETURN Statement::Statistics(const char16_t* catalog, const char16_t* owner,
 
 SQLRETURN Statement::PrimaryKeys(const char16_t* catalog, const char16_t* owner,
                                  const char16_t* table) {
+  size_.Restart();
   const std::array asked = {DriverField{"catalog", catalog}, DriverField{"owner", owner},
                             DriverField{"table", table}};
   return Call({.function = "SQLPrimaryKeysW", .handle = handle_, .asked = asked}, kNoAnswer,
@@ -281,6 +322,7 @@ SQLRETURN Statement::PrimaryKeys(const char16_t* catalog, const char16_t* owner,
 
 SQLRETURN Statement::ForeignKeysTo(const char16_t* catalog, const char16_t* owner,
                                    const char16_t* table) {
+  size_.Restart();
   constexpr const char16_t* kNone = nullptr;
   const std::array asked = {
       DriverField{"catalog", catalog},    DriverField{"owner", owner},
@@ -294,6 +336,7 @@ SQLRETURN Statement::ForeignKeysTo(const char16_t* catalog, const char16_t* owne
 
 SQLRETURN Statement::Procedures(const char16_t* catalog, const char16_t* owner,
                                 const char16_t* procedure) {
+  size_.Restart();
   const std::array asked = {DriverField{"catalog", catalog}, DriverField{"owner", owner},
                             DriverField{"procedure", procedure}};
   return Call({.function = "SQLProceduresW", .handle = handle_, .asked = asked}, kNoAnswer,
@@ -302,6 +345,7 @@ SQLRETURN Statement::Procedures(const char16_t* catalog, const char16_t* owner,
 }
 
 SQLRETURN Statement::GetTypeInfo(SQLSMALLINT type) {
+  size_.Restart();
   const std::array asked = {DriverField{"type", type}};
   return Call({.function = "SQLGetTypeInfoW", .handle = handle_, .asked = asked}, kNoAnswer,
               SQLGetTypeInfoW, handle_, type);
@@ -353,6 +397,7 @@ SQLRETURN Statement::BindCol(SQLUSMALLINT column, SQLSMALLINT c_type, void* buff
                               .bytes = bytes,
                               .indicator = Indicator(indicator),
                               .row_bytes = std::max(bytes, row_bytes)};
+  size_.Bind(column, buffer != nullptr ? indicator : nullptr, bytes);
   return Call({.function = "SQLBindCol", .handle = handle_, .buffer = &bound}, kNoAnswer,
               SQLBindCol, handle_, column, c_type, buffer, bytes, indicator);
 }
@@ -385,34 +430,49 @@ SQLRETURN Statement::GetData(SQLUSMALLINT column, SQLSMALLINT c_type, void* buff
                               .bytes = bytes,
                               .indicator = Indicator(indicator),
                               .row_bytes = bytes};
+  if (size_.IsExceeded()) return Refuse("SQLGetData", handle_);
+  size_.AddBytes(bytes);
   return Call({.function = "SQLGetData", .handle = handle_, .buffer = &piece}, kNoAnswer,
               SQLGetData, handle_, column, c_type, buffer, bytes, indicator);
 }
 
 SQLRETURN Statement::Fetch() {
   constexpr DriverRows kOneRow = {.count = 1, .status = nullptr};
-  return Call({.function = "SQLFetch", .handle = handle_, .rows = &kOneRow}, kNoAnswer, SQLFetch,
-              handle_);
+  if (size_.IsExceeded()) return Refuse("SQLFetch", handle_);
+  const SQLRETURN result = Call({.function = "SQLFetch", .handle = handle_, .rows = &kOneRow},
+                                kNoAnswer, SQLFetch, handle_);
+  if (Succeeded(result)) size_.AddRows(1);
+  return result;
 }
 
 SQLRETURN Statement::ExtendedFetch(SQLULEN* rows, SQLUSMALLINT* row_status) {
   *rows = 0;
+  if (size_.IsExceeded()) return Refuse("SQLExtendedFetch", handle_);
   DriverRows fetched = {.count = 0, .status = row_status};
-  return Call(
+  const SQLRETURN result = Call(
       {.function = "SQLExtendedFetch", .handle = handle_, .rows = &fetched},
       [&](DriverCall&) { fetched.count = *rows; }, SQLExtendedFetch, handle_,
       static_cast<SQLUSMALLINT>(SQL_FETCH_NEXT), SQLLEN{1}, rows, row_status);
+  if (Succeeded(result)) size_.AddRows(*rows);
+  return result;
 }
 
 SQLRETURN Statement::Cancel() {
   return Call({.function = "SQLCancel", .handle = handle_}, kNoAnswer, SQLCancel, handle_);
 }
 
-SQLRETURN Statement::Close() { return FreeStatement(handle_, SQL_CLOSE); }
+SQLRETURN Statement::Close() {
+  size_.Restart();
+  return FreeStatement(handle_, SQL_CLOSE);
+}
 
-SQLRETURN Statement::Unbind() { return FreeStatement(handle_, SQL_UNBIND); }
+SQLRETURN Statement::Unbind() {
+  size_.Unbind();
+  return FreeStatement(handle_, SQL_UNBIND);
+}
 
 void Statement::Drop() {
+  size_ = {};
   if (handle_ == SQL_NULL_HSTMT) return;
   const auto drop = [this] { return FreeStatement(handle_, SQL_DROP); };
   // A statement that is in the middle of something refuses to go; SQLite's connection then cannot

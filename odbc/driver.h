@@ -10,8 +10,10 @@
 #include <sqlext.h>
 #include <sqlucode.h>
 
+#include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "odbc/diagnostic.h"
 
@@ -45,6 +47,27 @@ bool IsOpen(SQLHDBC hdbc);
 // buffer, the terminator included.
 bool TakeDiagnostic(SQLHENV henv, SQLHDBC hdbc, SQLHSTMT hstmt, Diagnostic* diagnostic,
                     SQLSMALLINT max_characters = 511);
+
+// How much of a result was read, against the services' limits. Rows of a rowset count as their
+// first one does.
+class ResultSize {
+ public:
+  void Bind(SQLUSMALLINT column, const SQLLEN* indicator, SQLLEN bytes);
+  void Unbind() { cells_.clear(); }
+  void Restart() { rows_ = bytes_ = 0; }
+  void AddRows(std::uint64_t rows);
+  void AddBytes(SQLLEN bytes) { bytes_ += static_cast<std::uint64_t>(bytes); }
+  bool IsExceeded() const;
+
+ private:
+  struct Cell {
+    const SQLLEN* indicator = nullptr;
+    SQLLEN bytes = 0;
+  };
+  std::vector<Cell> cells_;  // by number of the column
+  std::uint64_t rows_ = 0;
+  std::uint64_t bytes_ = 0;
+};
 
 // A statement on a borrowed connection. Move-only; drops itself.
 class Statement {
@@ -104,6 +127,7 @@ class Statement {
 
  private:
   SQLHSTMT handle_ = SQL_NULL_HSTMT;
+  ResultSize size_;
 };
 
 }  // namespace odbc

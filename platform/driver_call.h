@@ -47,6 +47,8 @@ struct DriverCall {
   void* made = nullptr;                  // the statement that SQLAllocStmt made
   const DriverBuffer* buffer = nullptr;  // of SQLBindCol, SQLBindParameter and SQLGetData
   const DriverRows* rows = nullptr;      // of a fetch
+  // Where the call was not made: why, in words for a user. Its result is SQL_ERROR then.
+  const char* refused = nullptr;
 };
 
 }  // namespace platform

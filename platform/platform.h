@@ -72,8 +72,19 @@ class LC_EXPORT DatabaseUtilities {
 class LC_EXPORT CallLog {
  public:
   virtual ~CallLog() = default;
+  // Before the call, which may not come back; nothing is answered yet.
+  virtual void OnCallStart(const DriverCall& /*call*/) {}
+  // In place of OnCall for a host's own call that is not to be kept or judged.
+  virtual void OnCallEnd(const DriverCall& /*call*/) {}
   // After the call. It must not call back into the module.
   virtual void OnCall(const DriverCall& call) = 0;
+};
+
+// What one result of a driver may have before reading it ends with an error: far more than a
+// catalog has, but a server that never stops sending does not fill the memory. 0: no limit.
+struct LC_EXPORT ResultLimits {
+  std::uint64_t rows = 50'000'000;
+  std::uint64_t bytes = std::uint64_t{8} << 30;
 };
 
 struct LC_EXPORT Services {
@@ -83,6 +94,7 @@ struct LC_EXPORT Services {
   std::shared_ptr<BusyCursor> busy_cursor;
   std::shared_ptr<DatabaseUtilities> database;  // set by the module's start-up
   std::shared_ptr<CallLog> call_log;            // null: nobody listens
+  ResultLimits result_limits;
 };
 
 // The services in force, with the defaults where a host has installed nothing. Never null, but for

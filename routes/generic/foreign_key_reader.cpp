@@ -1,6 +1,7 @@
 // Reads the foreign keys that refer to a table from SQLForeignKeys.
 #include "routes/generic/foreign_key_reader.h"
 
+#include "importer/workbook/workbook.h"
 #include "routes/generic/connection_facts.h"
 #include "routes/shared/relationship.h"
 
@@ -67,6 +68,15 @@ bool ForeignKeyReader::GetTableForeignKeysODBC(LcWorkbookTable& table,
   // mirror is held by that table otherwise. Hosts drop a mirror whose columns are another table's.
   if (pending.key_column != nullptr && last_looked_up != nullptr) {
     Complete(pending, table, *last_looked_up);
+  } else if (pending.key_column != nullptr && session_.workbook != nullptr) {
+    LcNotRead& entry = session_.workbook->details.not_read.emplace_back();
+    entry.kind = LcText(u"foreign keys");
+    entry.owner = LcText(table.GetOwner(false));
+    entry.name = LcText(table.GetName());
+    entry.reason = LcText(
+        u"the key before the last is left out where the last one's table is not read; the exact "
+        u"reading has it");
+    entry.withheld = true;
   }
   return any_row;
 }

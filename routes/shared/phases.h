@@ -9,6 +9,7 @@
 #pragma once
 
 #include <cstdint>
+#include <new>
 
 #include "session/session.h"
 
@@ -23,6 +24,10 @@ struct Phase {
   // False when the import ends with it: the host has stopped it, or what follows would be wrong.
   bool (Route::*run)();
 };
+
+// Takes down in the workbook that what follows was not read. Does without where there is no memory
+// even for that.
+void NoteOutOfMemory(ImportSession& session) noexcept;
 
 // Runs the phases in their order. Returns the route's result, false when memory ran out or the host
 // threw; `status` as in LcODBCWorkbookImport::ImportItems. What was read before an early end stays
@@ -40,6 +45,9 @@ bool RunRoute(ImportSession& session, Route& route, const Phase<Route> (&phases)
       if (!goes_on) break;
     }
     if (goes_on && Route::kReportsEnd) session.progress.StatusDialog(inImportEnd);
+  } catch (const std::bad_alloc&) {
+    route.result = false;
+    NoteOutOfMemory(session);
   } catch (...) {
     route.result = false;
   }

@@ -122,7 +122,7 @@ TEST_F(Recordings, KeepWhatGoesWrong) {
       {"oracle;RowError=4:3;RowDeleted=2-3:2", 3},
       {"informix;NoTotal=3:2:3", 3},
       {"oracle;LongName=2", 3},
-      {"oracle;FetchError=2-4", 0},
+      {"oracle;FetchError=2-4", 3},
       {"oracle;Without=SQLExtendedFetch", 0},
       {"generic;Without=SQLPrimaryKeys", 0},
       {"generic;GrowingColumns=1", 0},

@@ -1,5 +1,5 @@
 -- Schema of Shop: PostgreSQL 15, read through the exact route at 2024-02-29T12:00:00Z.
--- Incomplete: the import lost its connection before it had read everything.
+-- Incomplete: the import lost its connection or met errors before it had read everything.
 -- Not read: triggers: ERROR: permission denied for table pg_trigger
 -- Not read: views sales.hidden: the server shows the text to the view's owner only
 -- Load it with: psql --set ON_ERROR_STOP=1 --file FILE
