@@ -39,6 +39,7 @@ endforeach()
 set(WB_PUBLIC_HEADERS
   catalogues/type_lists.h
   importer/dialects.h
+  importer/name_check.h
   importer/odbc_workbook_import.h
   importer/workbook/datatype.h
   importer/workbook/details.h

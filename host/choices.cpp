@@ -75,6 +75,7 @@ void ApplyOptions(const ChoiceOptions& options, Choices& choices) {
   if (options.foreign_keys) importer.foreign_keys = *options.foreign_keys;
   if (options.dbms_type) importer.dbms_type = static_cast<LeDBMSType>(*options.dbms_type);
   if (options.generic) choices.settings[u"GenericWorkbookImport"] = std::uint32_t{1};
+  if (options.unsafe_names) choices.unsafe_names = true;
   if (options.reading) choices.reading = *FindReading(*options.reading);
   if (options.dialect) {
     // Who names a dialect means it to be used.

@@ -53,7 +53,8 @@ struct Choices {
   Reading reading = Reading::kAuto;
   std::optional<std::string> dialect_file;  // its text goes into importer.dialect
   NamePatterns names;
-  std::string request;  // the request file's name, for messages; empty: none was given
+  bool unsafe_names = false;  // names that could leave their quotes pass as they stand
+  std::string request;        // the request file's name, for messages; empty: none was given
 
   bool HasSingleTable() const;
   // The items to import: those chosen, or the first nine kinds, of which synonyms are left out when

@@ -118,6 +118,8 @@ void* Connection::henv() const { return handles_->environment.Get(); }
 void* Connection::hdbc() const { return handles_->connection; }
 const DriverCalls& Connection::calls() const { return *calls_; }
 
+void Connection::MakeReadOnly() const { calls_->MakeReadOnly(); }
+
 bool Connection::IsDead() const {
   return calls_->AttributeNumber(SQL_ATTR_CONNECTION_DEAD) == SQL_CD_TRUE;
 }

@@ -55,6 +55,8 @@ class Connection {
 
   const DriverCalls& calls() const;
 
+  // Has the server refuse to write, where it knows a statement for that.
+  void MakeReadOnly() const;
   // Whether the driver knows that the connection is lost; false where it cannot tell.
   bool IsDead() const;
   // Whether statements may name an owner in front of a table.

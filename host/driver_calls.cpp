@@ -74,6 +74,33 @@ SQLRETURN DriverCalls::Connect(const std::string& connection_string) const {
   return result;
 }
 
+void DriverCalls::MakeReadOnly() const {
+  struct ReadOnly {
+    std::u16string_view dbms;
+    const char16_t* statement;
+  };
+  constexpr ReadOnly kStatements[] = {
+      {u"PostgreSQL", u"SET SESSION CHARACTERISTICS AS TRANSACTION READ ONLY"},
+      {u"MariaDB", u"SET SESSION TRANSACTION READ ONLY"},
+      {u"MySQL", u"SET SESSION TRANSACTION READ ONLY"},
+  };
+  const Watched watched(*this, "SQLExecDirectW");
+  std::array<SQLWCHAR, kTextCharacters> name{};
+  SQLGetInfoW(connection_, SQL_DBMS_NAME, name.data(), sizeof name, nullptr);
+  name.back() = 0;
+  const std::u16string dbms(name.begin(), std::find(name.begin(), name.end(), SQLWCHAR{0}));
+  for (const ReadOnly& known : kStatements) {
+    SQLHSTMT statement = SQL_NULL_HSTMT;
+    if (dbms != known.dbms ||
+        !Succeeded(SQLAllocHandle(SQL_HANDLE_STMT, connection_, &statement))) {
+      continue;
+    }
+    std::u16string text = known.statement;
+    SQLExecDirectW(statement, reinterpret_cast<SQLWCHAR*>(text.data()), SQL_NTS);
+    SQLFreeHandle(SQL_HANDLE_STMT, statement);
+  }
+}
+
 void DriverCalls::Disconnect() const {
   const Watched watched(*this, "SQLDisconnect");
   SQLDisconnect(connection_);
@@ -85,6 +112,8 @@ void DriverCalls::SetTimeouts(const Timeouts& timeouts) const {
     const auto value = static_cast<SQLULEN>(seconds);
     SQLSetConnectAttr(connection_, attribute, reinterpret_cast<SQLPOINTER>(value), 0);
   };
+  const auto read_only = static_cast<SQLULEN>(SQL_MODE_READ_ONLY);
+  SQLSetConnectAttr(connection_, SQL_ATTR_ACCESS_MODE, reinterpret_cast<SQLPOINTER>(read_only), 0);
   set(SQL_ATTR_LOGIN_TIMEOUT, timeouts.login);
   set(SQL_ATTR_CONNECTION_TIMEOUT, timeouts.call);
 }

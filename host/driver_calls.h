@@ -36,10 +36,13 @@ class DriverCalls {
   // `log` may be null.
   DriverCalls(SQLHDBC connection, platform::CallLog* log) : connection_(connection), log_(log) {}
 
-  // Seconds, as the driver keeps them; 0: none. What it cannot do it does without.
+  // Before connecting: seconds, as the driver keeps them, 0 for none; and that nothing is written.
+  // What a driver cannot do it does without.
   void SetTimeouts(const Timeouts& timeouts) const;
   SQLRETURN Connect(const std::string& connection_string) const;
   void Disconnect() const;
+  // Has the server refuse to write on this connection, where it knows a statement for that.
+  void MakeReadOnly() const;
   // Empty where the driver has no answer.
   std::optional<std::u16string> InfoText(SQLUSMALLINT info) const;
   std::optional<SQLUINTEGER> InfoNumber(SQLUSMALLINT info) const;

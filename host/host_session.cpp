@@ -79,6 +79,8 @@ HostSession::HostSession(Run& run, Choices& choices, const OutputFile& output)
       runner_(connection_, services_, progress_, run.screen, reports_, recording_,
               notes_ ? &*notes_ : nullptr) {
   connected_ = true;
+  runner_.AllowUnsafeNames(choices.unsafe_names);
+  if (target_.recording.empty()) connection_.MakeReadOnly();
   base::Wipe(target_.connect_string);
   platform::ResultLimits& limits = platform::GetServices().result_limits;
   limits.rows = run.options.connection.result_rows.value_or(limits.rows);

@@ -10,6 +10,7 @@
 
 #include "host/interrupt.h"
 #include "host/text.h"
+#include "importer/name_check.h"
 
 namespace wbhost {
 namespace {
@@ -102,6 +103,7 @@ ImportRunner::ImportRunner(const Connection& connection, const InstalledServices
 
 ImportResult ImportRunner::Run(const LcImportChoices& choices, std::uint32_t item_mask,
                                bool traced) {
+  CheckNames(choices);
   ImportResult result;
   result.workbook = std::make_unique<LcWorkbook>();
   result.items = item_mask;
@@ -181,6 +183,20 @@ ImportResult ImportRunner::TakeRest() {
   entry.kind = LcText(u"all that follows");
   entry.reason = LcText(u"a call of the driver did not come back");
   return rest;
+}
+
+// On the routes with SQL of their own; elsewhere a name is an argument or a parameter.
+void ImportRunner::CheckNames(const LcImportChoices& choices) {
+  std::u16string name;
+  std::string why;
+  if (unsafe_names_ || !OdbcImportFindUnsafeName(choices, name, why)) return;
+  const std::u16string route = LcODBCWorkbookImport::GetRoute(DecideRoute(choices).route).name;
+  if (route != u"informix" && route != u"native") return;
+  throw Failure(
+      ExitCode::kUsage,
+      fmt::format("the name '{}' is not put into a statement: {}; --reading exact, where a dialect "
+                  "fits the server, and --generic pass names apart, --unsafe-names lets it pass",
+                  ToUtf8(name), why));
 }
 
 LcODBCWorkbookImport::RouteDecision ImportRunner::DecideRoute(const LcImportChoices& choices) {

@@ -47,8 +47,12 @@ class ImportRunner {
                ProgressMode progress, Screen& screen, Reports& reports, RunRecording& recording,
                const ReplayNotes* notes);
 
-  // Imports the items of the mask. `traced` false keeps a run that only prepares another one out of
-  // the notification trace. Interrupts take effect at the notifications.
+  // Lets names pass into statements that could leave their quotes there.
+  void AllowUnsafeNames(bool allow) { unsafe_names_ = allow; }
+
+  // Imports the items of the mask. Throws a Failure before any statement that would have such a
+  // name in it. `traced` false keeps a run that only prepares another one out of the notification
+  // trace. Interrupts take effect at the notifications.
   ImportResult Run(const LcImportChoices& choices, std::uint32_t item_mask, bool traced = true);
   // The route that a run would take, with what is known of the server then.
   LcODBCWorkbookImport::RouteDecision DecideRoute(const LcImportChoices& choices);
@@ -68,6 +72,7 @@ class ImportRunner {
   void Notify(enumImpNotify notify, void* record);
   // Takes what was lost unseen into the workbook. What the exact reading loses it tells itself.
   void AddLost(ImportResult& result) const;
+  void CheckNames(const LcImportChoices& choices);
   // A line for everything that was not read; what failed counts for the exit code.
   void SayWhatIsMissing(const ImportResult& result, Outcome& outcome) const;
 
@@ -90,6 +95,7 @@ class ImportRunner {
   unsigned imports_ = 0;             // begun
   unsigned notifications_ = 0;       // of the one in hand
   std::size_t failures_before_ = 0;  // driver calls that failed before the import in hand began
+  bool unsafe_names_ = false;
 };
 
 }  // namespace wbhost

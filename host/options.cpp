@@ -220,6 +220,9 @@ void AddRouteChoices(CLI::App& app, ChoiceOptions& options) {
       ->multi_option_policy(CLI::MultiOptionPolicy::TakeLast)
       ->type_name("N")
       ->group(group);
+  app.add_flag("--unsafe-names", options.unsafe_names,
+               "Let names pass into SQL that could leave their quotes there")
+      ->group(group);
   app.add_flag("--generic", options.generic, "Use the catalog functions of ODBC on every server")
       ->group(group);
 }

@@ -56,6 +56,7 @@ struct ChoiceOptions {
   std::optional<std::string> table;
   std::optional<int> dbms_type;
   bool generic = false;
+  bool unsafe_names = false;
   std::optional<std::string> reading;  // exact, compatible or auto
   std::optional<std::string> dialect;  // a dialect file
 

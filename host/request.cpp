@@ -234,6 +234,7 @@ Choices ParseRequest(std::string_view text, const std::string& file_name) {
             importer.selected_synonyms.Append(ReadSynonym(element, place));
           });
         }},
+       {"unsafeNames", [&](auto& v, auto& at) { choices.unsafe_names = ReadBool(v, at); }},
        {"reading", [&](auto& v, auto& at) { choices.reading = ReadReading(v, at); }},
        {"settings",
         [&](auto& v, auto& at) { ReadFields(v, at, SettingReaders(choices.settings)); }}});

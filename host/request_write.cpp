@@ -64,6 +64,7 @@ std::string WriteRequest(const Choices& choices) {
   const LcImportChoices& importer = choices.importer;
   Json json = Json::object();
   json["reading"] = NameOf(choices.reading);
+  if (choices.unsafe_names) json["unsafeNames"] = true;
   if (choices.items) json["items"] = ItemsOf(*choices.items);
   AddNumber(json, "dbmsType", importer.dbms_type);
   AddText(json, "ownerRestriction", importer.owner_restriction);

@@ -68,8 +68,8 @@ bool ForeignKeyReader::GetTableForeignKeysODBC(LcWorkbookTable& table,
   // mirror is held by that table otherwise. Hosts drop a mirror whose columns are another table's.
   if (pending.key_column != nullptr && last_looked_up != nullptr) {
     Complete(pending, table, *last_looked_up);
-  } else if (pending.key_column != nullptr && session_.workbook != nullptr) {
-    LcNotRead& entry = session_.workbook->details.not_read.emplace_back();
+  } else if (pending.key_column != nullptr && session_.sink.workbook() != nullptr) {
+    LcNotRead& entry = session_.sink.workbook()->details.not_read.emplace_back();
     entry.kind = LcText(u"foreign keys");
     entry.owner = LcText(table.GetOwner(false));
     entry.name = LcText(table.GetName());

@@ -5,9 +5,9 @@
 namespace odbcimport {
 
 void NoteOutOfMemory(ImportSession& session) noexcept {
-  if (session.workbook == nullptr) return;
+  if (session.sink.workbook() == nullptr) return;
   try {
-    LcNotRead& entry = session.workbook->details.not_read.emplace_back();
+    LcNotRead& entry = session.sink.workbook()->details.not_read.emplace_back();
     entry.kind = LcText(u"all that follows");
     entry.reason = LcText(u"memory ran out");
   } catch (...) {
