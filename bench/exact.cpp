@@ -54,8 +54,8 @@ Counts Import(const bench::Connection& connection, const Arguments& arguments,
   LcODBCWorkbookImport importer(nullptr, &workbook);
   importer.SyncLogin(connection.henv, connection.hdbc);
   importer.choices.reading = rdExact;
-  importer.choices.item_mask = ibTables | ibViews | ibSynonyms | ibProcedures | ibDataTypes |
-                               ibFunctions | ibAggregates;
+  importer.choices.item_mask =
+      ibTables | ibViews | ibSynonyms | ibProcedures | ibDataTypes | ibFunctions | ibAggregates;
   importer.choices.keys = true;
   importer.choices.foreign_keys = true;
   importer.choices.catalog = base::ToUtf16(arguments.catalog);
