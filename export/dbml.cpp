@@ -155,7 +155,8 @@ class Script {
     out_ << "  " << Name(column.GetName()) << ' ' << Type(column) << Settings(settings) << '\n';
   }
 
-  void WriteKey(const std::vector<LcWorkbookColumn*>& columns, std::vector<std::string> settings) {
+  void WriteKey(const std::vector<LcWorkbookColumn*>& columns,
+                const std::vector<std::string>& settings) {
     std::string list;
     for (const LcWorkbookColumn* column : columns) Join(list, Name(column->GetName()));
     indexes_.push_back("(" + list + ")" + Settings(settings));

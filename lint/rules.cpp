@@ -45,11 +45,12 @@ constexpr std::array kRules = {
 // clang-format on
 
 // The infos of the rules, in a row.
-constexpr auto kInfos = [] {
+constexpr std::array<RuleInfo, kRules.size()> Infos() {
   std::array<RuleInfo, kRules.size()> infos{};
   for (std::size_t i = 0; i < kRules.size(); ++i) infos[i] = kRules[i].info;
   return infos;
-}();
+}
+constexpr std::array<RuleInfo, kRules.size()> kInfos = Infos();
 
 const Rule& RuleOf(const RuleInfo& info) {
   return kRules[static_cast<std::size_t>(&info - kInfos.data())];
