@@ -27,7 +27,8 @@ TEST(Exports, AreTheExportedClassesTheStartUpAndTheServices) {
       "(vtable for |typeinfo for |typeinfo name for )?"
       "(LcODBC(WorkbookImport|Fetch|RecordList|Column|DatatypeList)\\b|"
       "T(PtrList|PtrListIterator|Iterator)<LcODBC(Fetch|RecordList)>|"
-      "OdbcImport(Start|Stop|CheckConnection|CheckDialect|TryDialect|Dialects)\\(|platform::).*"
+      "OdbcImport(Start|Stop|CheckConnection|CheckDialect|TryDialect|Dialects|FindUnsafeName)"
+      "\\(|platform::).*"
       "\n?");
   const std::set<std::string> symbols = ListSymbols();
   for (const std::string& symbol : symbols) {

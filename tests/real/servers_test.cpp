@@ -221,7 +221,8 @@ TEST_P(RealServer, TellsTheProgramWhyNothingIsRead) {
   const wbtest::ProgramResult wrong = wbtest::RunProgram(
       {"info", "--connect", ConnectionString(kind_.database, "nobody") + ";PWD=tell-no-1"});
   EXPECT_EQ(wrong.exit_code, 5);
-  EXPECT_THAT(wrong.err, testing::MatchesRegex("[^\n]*PWD=\\*\\*\\*': [^\n]*nobody[^\n]*\n"));
+  EXPECT_THAT(wrong.err, testing::MatchesRegex("[^\n]*a password in --connect[^\n]*\n"
+                                               "[^\n]*PWD=\\*\\*\\*': [^\n]*nobody[^\n]*\n"));
   const wbtest::ProgramResult none =
       wbtest::RunProgram({"list", "tables", "--connect", ConnectionString("", kind_.user)});
   EXPECT_EQ(none.exit_code, kind_.databases_are_catalogs ? 2 : 0);

@@ -205,8 +205,7 @@ LEFT JOIN information_schema.REFERENTIAL_CONSTRAINTS r
   ON r.CONSTRAINT_SCHEMA = ?(schema) AND r.TABLE_NAME IN (?list(table)) AND r.TABLE_NAME = k.TABLE_NAME
  AND CAST(r.TABLE_NAME AS BINARY) = CAST(k.TABLE_NAME AS BINARY)
  AND CAST(r.CONSTRAINT_NAME AS BINARY) = CAST(k.CONSTRAINT_NAME AS BINARY)
-WHERE k.TABLE_SCHEMA = ?(schema) AND k.TABLE_NAME IN (?list(table)) AND k.REFERENCED_TABLE_NAME IS NOT NULL @else*/
-SELECT CONVERT(CAST(SUBSTRING(f.FOR_NAME, LOCATE('/', f.FOR_NAME) + 1) AS BINARY) USING filename),
+WHERE k.TABLE_SCHEMA = ?(schema) AND k.TABLE_NAME IN (?list(table)) AND k.REFERENCED_TABLE_NAME IS NOT NULL @else*/SELECT CONVERT(CAST(SUBSTRING(f.FOR_NAME, LOCATE('/', f.FOR_NAME) + 1) AS BINARY) USING filename),
        SUBSTRING(f.ID, LOCATE('/', f.ID) + 1), c.POS, c.FOR_COL_NAME,
        CONVERT(CAST(SUBSTRING_INDEX(f.REF_NAME, '/', 1) AS BINARY) USING filename),
        CONVERT(CAST(SUBSTRING(f.REF_NAME, LOCATE('/', f.REF_NAME) + 1) AS BINARY) USING filename),
@@ -220,7 +219,7 @@ FROM (SELECT * FROM information_schema.INNODB_SYS_FOREIGN
 JOIN (SELECT * FROM information_schema.INNODB_SYS_FOREIGN_COLS
       WHERE CAST(SUBSTRING_INDEX(ID, '/', 1) AS BINARY) =
             CAST(CONVERT(/*@schema ?(schema) @else*/ DATABASE() /*@end*/ USING filename) AS BINARY)
-      LIMIT 1000000000) c ON c.ID = f.ID AND CAST(c.ID AS BINARY) = CAST(f.ID AS BINARY) /*@end*/;
+      LIMIT 1000000000) c ON c.ID = f.ID AND CAST(c.ID AS BINARY) = CAST(f.ID AS BINARY)/*@end*/;
 
 -- Everybody. Users who may only select from a table get its keys from the one and nothing from the other.
 -- @foreign_keys fallback
