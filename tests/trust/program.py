@@ -19,7 +19,12 @@ class Case(unittest.TestCase):
         folder = tempfile.TemporaryDirectory(prefix="wb-trust-")
         self.addCleanup(folder.cleanup)
         self.folder = pathlib.Path(folder.name)
-        self.environment = {**os.environ, "XDG_CONFIG_HOME": folder.name, "XDG_CONFIG_DIRS": folder.name}
+        # unixODBC leaks where a data source's name is none, and a traced program looks for leaks in vain.
+        self.environment = {**os.environ, "ASAN_OPTIONS": "detect_leaks=0", "XDG_CONFIG_HOME": folder.name, "XDG_CONFIG_DIRS": folder.name}
+
+    @staticmethod
+    def is_sanitized():
+        return b"__asan_init" in WBIMPORT.read_bytes()
 
     def file(self, name, text):
         path = self.folder / name
