@@ -1,6 +1,7 @@
 // Data types: contents that copies share until one of them changes.
 #include "importer/workbook/datatype.h"
 
+#include <atomic>
 #include <memory>
 #include <utility>
 
@@ -27,9 +28,11 @@ LcWorkbookDatatype::State& LcWorkbookDatatype::Change() {
     if (!indexed_) state_->changes = nullptr;
   } else {
     // The count may have fallen because another thread let go of its copy: its reads come first.
-    // One more copy that goes again sees to that, and the thread sanitizer knows it, unlike a
-    // fence.
+#ifdef __SANITIZE_THREAD__  // which knows no fences; one more copy that goes again says the same
     std::shared_ptr<State>(state_).reset();
+#else
+    std::atomic_thread_fence(std::memory_order_acquire);
+#endif
   }
   return *state_;
 }

@@ -70,8 +70,12 @@ class FileReader {
  public:
   FileReader(std::string_view file, Dialect& dialect) : file_(file), dialect_(dialect) {}
 
-  std::vector<DialectProblem> Run() {
+  void ReadHead() {
     while (!AtEnd() && !IsSection(Trim(PeekLine()))) ReadHeadLine();
+  }
+
+  std::vector<DialectProblem> Run() {
+    ReadHead();
     while (!AtEnd()) ReadSection();
     CheckWhole();
     return std::move(problems_);
@@ -481,6 +485,10 @@ std::vector<const Section*> Dialect::Find(Kind kind, const Version& version) con
     if (found.empty() || section.fallback) found.push_back(&section);
   }
   return found;
+}
+
+void ReadDialectHead(std::string_view file, Dialect& dialect) {
+  FileReader(file, dialect).ReadHead();
 }
 
 std::vector<DialectProblem> ParseDialect(std::string_view file, Dialect& dialect) {

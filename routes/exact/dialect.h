@@ -73,6 +73,8 @@ struct DialectProblem {
   std::string text;  // one English sentence part, UTF-8
 };
 
+// The head of a file alone, without a word on what is wrong with it: for whom the dialect is.
+void ReadDialectHead(std::string_view file, Dialect& dialect);
 // All that is wrong with the file; none: `dialect` is what it says.
 std::vector<DialectProblem> ParseDialect(std::string_view file, Dialect& dialect);
 

@@ -1,8 +1,6 @@
 #include "routes/exact/dialects.h"
 
-#include <algorithm>
 #include <array>
-#include <utility>
 
 #include "embedded_odbcimport_objects.h"
 
@@ -22,17 +20,17 @@ std::span<const BuiltInDialect> BuiltInDialects() {
   return kDialects;
 }
 
-std::vector<std::shared_ptr<const Dialect>> FindBuiltInDialects(std::string_view product) {
-  std::vector<std::shared_ptr<const Dialect>> found;
+std::vector<std::string_view> FindBuiltInDialects(std::string_view product) {
+  std::vector<std::string_view> made_for_it;
+  std::vector<std::string_view> for_any;
   for (const BuiltInDialect& candidate : BuiltInDialects()) {
-    auto dialect = std::make_shared<Dialect>();
-    // What is built in is right; a test reads every one of them.
-    static_cast<void>(ParseDialect(candidate.file, *dialect));
-    if (dialect->IsFor(product)) found.push_back(std::move(dialect));
+    Dialect head;
+    ReadDialectHead(candidate.file, head);
+    if (!head.IsFor(product)) continue;
+    (head.IsForAnyProduct() ? for_any : made_for_it).push_back(candidate.file);
   }
-  std::stable_partition(found.begin(), found.end(),
-                        [](const auto& dialect) { return !dialect->IsForAnyProduct(); });
-  return found;
+  made_for_it.insert(made_for_it.end(), for_any.begin(), for_any.end());
+  return made_for_it;
 }
 
 }  // namespace odbcimport::exact

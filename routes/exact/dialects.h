@@ -1,7 +1,6 @@
 // The dialects that are built into the module.
 #pragma once
 
-#include <memory>
 #include <span>
 #include <string>
 #include <string_view>
@@ -17,8 +16,8 @@ struct BuiltInDialect {
 };
 std::span<const BuiltInDialect> BuiltInDialects();
 
-// The built-in dialects that may fit a product (SQL_DBMS_NAME, UTF-8): those made for it, then
-// those for any product.
-std::vector<std::shared_ptr<const Dialect>> FindBuiltInDialects(std::string_view product);
+// The files of the built-in dialects that may fit a product (SQL_DBMS_NAME, UTF-8): those made for
+// it, then those for any product.
+std::vector<std::string_view> FindBuiltInDialects(std::string_view product);
 
 }  // namespace odbcimport::exact
