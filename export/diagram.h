@@ -47,7 +47,7 @@ const LcWorkbookTable* FindAround(const LcWorkbook& workbook, const std::string&
 // `notes` say what is left out and how to ask for it.
 bool SelectDiagram(const Document& document, const Options& options, Diagram& diagram,
                    std::vector<std::string>& notes);
-// Leaves of the tables those with the most relationships, and says so in the captions.
+// Leaves of the tables those with the most relationships; the caller says so in the captions.
 void KeepMostConnected(Diagram& diagram, std::size_t most);
 
 // The columns of a table that the diagram has a row for, in their order.

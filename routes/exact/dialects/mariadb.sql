@@ -9,7 +9,7 @@
 -- escape: \
 -- unwritten action: restrict
 
--- MariaDB 10.5 and later; MySQL 8 and later, whose versions are below 10: `before 10` means MySQL.
+-- MariaDB 10.5 and later; MySQL 8.0.13 and later, whose versions are below 10: `before 10` means MySQL.
 --
 -- Only `TABLE_SCHEMA = ?` keeps the server in one directory: lists of schemas, CONSTRAINT_SCHEMA of KEY_COLUMN_USAGE and
 -- TRIGGER_SCHEMA read every database. Names are compared whatever their case; the reader drops what was not meant.
