@@ -110,11 +110,11 @@ def sqlite(folder):
 
 
 class Measurement:
-    def __init__(self, server, build, quick, large, peers):
+    def __init__(self, server, build, quick, large, peers, work):
         self.server, self.build, self.quick, self.peers = server, build, quick, peers
         self.sizes = [200, 1000] if quick else [1000, 5000] + ([20000] if large else [])
         self.program = os.path.join(build, "bin", "wbexactbench")
-        self.work = tempfile.mkdtemp()
+        self.work = work
         self.rows, self.wholes, self.others, self.goals = [], [], [], []
 
     def goal(self, what, value, limit, at_least=False):
@@ -223,7 +223,7 @@ def main():
     server, results, build, *flags = sys.argv[1:]
     with tempfile.TemporaryDirectory() as folder:
         known = {"postgresql": postgresql, "mariadb": mariadb, "sqlite": lambda: sqlite(folder)}
-        found = Measurement(known[server](), build, "--quick" in flags, "--large" in flags, "--no-peers" not in flags).run()
+        found = Measurement(known[server](), build, "--quick" in flags, "--large" in flags, "--no-peers" not in flags, folder).run()
     with open(results, "w") as out:
         json.dump(found, out)
 

@@ -13,7 +13,7 @@ packages_build=(
 # For what .ci/run looks at beside the demo and the tests.
 packages_style=(clang clang-format)
 # To build and run the tests that need nothing else.
-packages_test=(git libgtest-dev libgmock-dev libbenchmark-dev python3 python3-jsonschema sqlite3 groff-base zsh fish)
+packages_test=(git libgtest-dev libgmock-dev libbenchmark-dev python3 python3-jsonschema sqlite3 strace groff-base zsh fish)
 # The servers and drivers of the real-server tests.
 packages_real=(odbc-postgresql postgresql odbc-mariadb mariadb-server odbc-mdbtools mdbtools)
 # The HTML test drives a real browser. Debian parts npm from node; node of another origin brings it.

@@ -37,7 +37,7 @@ class Losses(Case):
             self.assertEqual(result.returncode, 0, (fault, result.stderr))
             self.assertNotIn("incomplete", (self.folder / "a.json").read_text())
 
-    def test_every_format_carries_the_mark(self):
+    def test_formats_carry_the_mark(self):
         formats = {"text": "txt", "json": "json", "sql": "sql", "dot": "dot", "svg": "svg", "html": "html", "mermaid": "mmd", "markdown": "md"}
         for name, end in formats.items():
             self.run_program("import", "--connect", server("Server=generic;Fail=SQLPrimaryKeys:2"), "-f", name, "-o", f"a.{end}")

@@ -31,7 +31,6 @@ def run(command, **more):
 
 
 class PostgreSQL:
-    dialect = "postgresql"
     number = 0
 
     def __init__(self, folder):
@@ -55,7 +54,6 @@ class PostgreSQL:
 
 
 class MariaDB:
-    dialect = "mariadb"
     client = ["mariadb", "--no-defaults", "-u", "root", "-S", os.environ.get("MARIADB_SOCKET", ""),
               "--default-character-set=utf8mb4"]
 
@@ -92,7 +90,6 @@ class MariaDB:
 
 
 class SQLite:
-    dialect = "sqlite"
 
     def __init__(self, folder):
         self.folder = folder
@@ -146,11 +143,7 @@ def round_trip(wbimport, database, schema, folder):
 def main():
     wbimport, server, *files = sys.argv[1:]
     bad = 0
-    dialects = subprocess.run([wbimport, "dialects"], capture_output=True, text=True).stdout
     kind = {"postgres": PostgreSQL, "mariadb": MariaDB, "sqlite": SQLite}[server]
-    if kind.dialect not in dialects:
-        print(f"SKIPPED: the dialect {kind.dialect} is not built in")
-        return 77
     shell = {"postgres": "psql", "mariadb": "mariadb", "sqlite": "sqlite3"}[server]
     if shutil.which(shell) is None:
         print(f"SKIPPED: there is no {shell}")
