@@ -60,7 +60,7 @@ WHERE t.tabtype IN ('T', 'E', 'V', 'S', 'P') AND (t.tabid >= 100 /*@system OR t.
 -- row: table_id|position|not_null|identity{0=,1=auto increment}, column, type, base_type, type_schema, length, precision, scale
 SELECT c.tabid || '|' || c.colno || '|' || MOD(TRUNC(c.coltype / 256), 2) || '|' || CASE WHEN MOD(c.coltype, 256) IN (6, 18, 53) THEN 1 ELSE 0 END,
        TRIM(c.colname),
-       /*@since 9 CASE WHEN x.name IS NULL OR x.name = '' THEN
+       /*@since 9 CASE WHEN x.name IS NULL OR x.name = '' THEN */
        CASE MOD(c.coltype, 256) WHEN 0 THEN 'CHAR(' || c.collength || ')' WHEN 1 THEN 'SMALLINT' WHEN 2 THEN 'INTEGER' WHEN 3 THEN 'FLOAT' WHEN 4 THEN 'SMALLFLOAT'
          WHEN 5 THEN 'DECIMAL(' || TRUNC(c.collength / 256) || CASE MOD(c.collength, 256) WHEN 255 THEN ')' ELSE ',' || MOD(c.collength, 256) || ')' END
          WHEN 6 THEN 'SERIAL' WHEN 7 THEN 'DATE' WHEN 8 THEN 'MONEY(' || TRUNC(c.collength / 256) || ',' || MOD(c.collength, 256) || ')'
@@ -74,30 +74,13 @@ SELECT c.tabid || '|' || c.colno || '|' || MOD(TRUNC(c.coltype / 256), 2) || '|'
            CASE WHEN TRUNC(MOD(c.collength + 65536, 65536) / 256) = 0 THEN ')' ELSE ',' || TRUNC(MOD(c.collength + 65536, 65536) / 256) || ')' END
          WHEN 17 THEN 'INT8' WHEN 18 THEN 'SERIAL8' WHEN 19 THEN 'SET' WHEN 20 THEN 'MULTISET' WHEN 21 THEN 'LIST' WHEN 22 THEN 'ROW'
          WHEN 43 THEN 'LVARCHAR(' || c.collength || ')' WHEN 45 THEN 'BOOLEAN' WHEN 52 THEN 'BIGINT' WHEN 53 THEN 'BIGSERIAL' ELSE 'TYPE ' || MOD(c.coltype, 256) END
-       WHEN x.mode IN ('D', 'R') THEN TRIM(x.owner) || '.' || TRIM(x.name)
-       WHEN x.name = 'lvarchar' THEN 'LVARCHAR(' || c.collength || ')' ELSE UPPER(x.name) END @else*/
-       CASE MOD(c.coltype, 256) WHEN 0 THEN 'CHAR(' || c.collength || ')' WHEN 1 THEN 'SMALLINT' WHEN 2 THEN 'INTEGER' WHEN 3 THEN 'FLOAT' WHEN 4 THEN 'SMALLFLOAT'
-         WHEN 5 THEN 'DECIMAL(' || TRUNC(c.collength / 256) || CASE MOD(c.collength, 256) WHEN 255 THEN ')' ELSE ',' || MOD(c.collength, 256) || ')' END
-         WHEN 6 THEN 'SERIAL' WHEN 7 THEN 'DATE' WHEN 8 THEN 'MONEY(' || TRUNC(c.collength / 256) || ',' || MOD(c.collength, 256) || ')'
-         WHEN 10 THEN 'DATETIME ' || CASE TRUNC(MOD(c.collength, 256) / 16) WHEN 0 THEN 'YEAR' WHEN 2 THEN 'MONTH' WHEN 4 THEN 'DAY' WHEN 6 THEN 'HOUR' WHEN 8 THEN 'MINUTE' WHEN 10 THEN 'SECOND' ELSE 'FRACTION' END ||
-           ' TO ' || CASE MOD(c.collength, 16) WHEN 0 THEN 'YEAR' WHEN 2 THEN 'MONTH' WHEN 4 THEN 'DAY' WHEN 6 THEN 'HOUR' WHEN 8 THEN 'MINUTE' WHEN 10 THEN 'SECOND' ELSE 'FRACTION(' || (MOD(c.collength, 16) - 10) || ')' END
-         WHEN 11 THEN 'BYTE' WHEN 12 THEN 'TEXT' WHEN 13 THEN 'VARCHAR(' || MOD(c.collength + 65536, 256) ||
-           CASE WHEN TRUNC(MOD(c.collength + 65536, 65536) / 256) = 0 THEN ')' ELSE ',' || TRUNC(MOD(c.collength + 65536, 65536) / 256) || ')' END
-         WHEN 14 THEN 'INTERVAL ' || CASE TRUNC(MOD(c.collength, 256) / 16) WHEN 0 THEN 'YEAR' WHEN 2 THEN 'MONTH' WHEN 4 THEN 'DAY' WHEN 6 THEN 'HOUR' WHEN 8 THEN 'MINUTE' WHEN 10 THEN 'SECOND' ELSE 'FRACTION' END ||
-           '(' || (TRUNC(c.collength / 256) - MOD(c.collength, 16) + TRUNC(MOD(c.collength, 256) / 16)) || ') TO ' || CASE MOD(c.collength, 16) WHEN 0 THEN 'YEAR' WHEN 2 THEN 'MONTH' WHEN 4 THEN 'DAY' WHEN 6 THEN 'HOUR' WHEN 8 THEN 'MINUTE' WHEN 10 THEN 'SECOND' ELSE 'FRACTION(' || (MOD(c.collength, 16) - 10) || ')' END
-         WHEN 15 THEN 'NCHAR(' || c.collength || ')' WHEN 16 THEN 'NVARCHAR(' || MOD(c.collength + 65536, 256) ||
-           CASE WHEN TRUNC(MOD(c.collength + 65536, 65536) / 256) = 0 THEN ')' ELSE ',' || TRUNC(MOD(c.collength + 65536, 65536) / 256) || ')' END
-         WHEN 17 THEN 'INT8' WHEN 18 THEN 'SERIAL8' WHEN 19 THEN 'SET' WHEN 20 THEN 'MULTISET' WHEN 21 THEN 'LIST' WHEN 22 THEN 'ROW'
-         WHEN 43 THEN 'LVARCHAR(' || c.collength || ')' WHEN 45 THEN 'BOOLEAN' WHEN 52 THEN 'BIGINT' WHEN 53 THEN 'BIGSERIAL' ELSE 'TYPE ' || MOD(c.coltype, 256) END /*@end*/,
-       /*@since 9 CASE WHEN x.name IS NULL OR x.name = '' THEN CASE MOD(c.coltype, 256) WHEN 0 THEN 'CHAR' WHEN 1 THEN 'SMALLINT' WHEN 2 THEN 'INTEGER' WHEN 3 THEN 'FLOAT' WHEN 4 THEN 'SMALLFLOAT' WHEN 5 THEN 'DECIMAL'
+       /*@since 9 WHEN x.mode IN ('D', 'R') THEN TRIM(x.owner) || '.' || TRIM(x.name)
+       WHEN x.name = 'lvarchar' THEN 'LVARCHAR(' || c.collength || ')' ELSE UPPER(x.name) END */,
+       /*@since 9 CASE WHEN x.name IS NULL OR x.name = '' THEN */ CASE MOD(c.coltype, 256) WHEN 0 THEN 'CHAR' WHEN 1 THEN 'SMALLINT' WHEN 2 THEN 'INTEGER' WHEN 3 THEN 'FLOAT' WHEN 4 THEN 'SMALLFLOAT' WHEN 5 THEN 'DECIMAL'
          WHEN 6 THEN 'SERIAL' WHEN 7 THEN 'DATE' WHEN 8 THEN 'MONEY' WHEN 10 THEN 'DATETIME' WHEN 11 THEN 'BYTE' WHEN 12 THEN 'TEXT' WHEN 13 THEN 'VARCHAR'
          WHEN 14 THEN 'INTERVAL' WHEN 15 THEN 'NCHAR' WHEN 16 THEN 'NVARCHAR' WHEN 17 THEN 'INT8' WHEN 18 THEN 'SERIAL8' WHEN 19 THEN 'SET'
          WHEN 20 THEN 'MULTISET' WHEN 21 THEN 'LIST' WHEN 22 THEN 'ROW' WHEN 43 THEN 'LVARCHAR' WHEN 45 THEN 'BOOLEAN' WHEN 52 THEN 'BIGINT'
-         WHEN 53 THEN 'BIGSERIAL' ELSE 'TYPE ' || MOD(c.coltype, 256) END ELSE UPPER(x.name) END @else*/ CASE MOD(c.coltype, 256) WHEN 0 THEN 'CHAR' WHEN 1 THEN 'SMALLINT' WHEN 2 THEN 'INTEGER' WHEN 3 THEN 'FLOAT' WHEN 4 THEN 'SMALLFLOAT' WHEN 5 THEN 'DECIMAL'
-         WHEN 6 THEN 'SERIAL' WHEN 7 THEN 'DATE' WHEN 8 THEN 'MONEY' WHEN 10 THEN 'DATETIME' WHEN 11 THEN 'BYTE' WHEN 12 THEN 'TEXT' WHEN 13 THEN 'VARCHAR'
-         WHEN 14 THEN 'INTERVAL' WHEN 15 THEN 'NCHAR' WHEN 16 THEN 'NVARCHAR' WHEN 17 THEN 'INT8' WHEN 18 THEN 'SERIAL8' WHEN 19 THEN 'SET'
-         WHEN 20 THEN 'MULTISET' WHEN 21 THEN 'LIST' WHEN 22 THEN 'ROW' WHEN 43 THEN 'LVARCHAR' WHEN 45 THEN 'BOOLEAN' WHEN 52 THEN 'BIGINT'
-         WHEN 53 THEN 'BIGSERIAL' ELSE 'TYPE ' || MOD(c.coltype, 256) END /*@end*/,
+         WHEN 53 THEN 'BIGSERIAL' ELSE 'TYPE ' || MOD(c.coltype, 256) END /*@since 9 ELSE UPPER(x.name) END */,
        /*@since 9 CASE WHEN x.mode IN ('D', 'R') THEN TRIM(x.owner) END @else*/ NULL /*@end*/,
        CASE WHEN MOD(c.coltype, 256) IN (0, 15, 40, 43) THEN c.collength WHEN MOD(c.coltype, 256) IN (13, 16) THEN MOD(c.collength + 65536, 256) END,
        CASE WHEN MOD(c.coltype, 256) IN (5, 8) THEN TRUNC(c.collength / 256) WHEN MOD(c.coltype, 256) = 10 AND MOD(c.collength, 16) > 10 THEN MOD(c.collength, 16) - 10 END,
@@ -145,7 +128,7 @@ SELECT d.tabid || '|' || d.colno,
               WHEN SUBSTR(d.default, 30, 1) = ' ' THEN SUBSTR(d.default, 31) ELSE d.default END) END END
 FROM informix.sysdefaults d
 JOIN informix.syscolumns c ON c.tabid = d.tabid AND c.colno = d.colno
-WHERE d.tabid >= 100 /*@since 9 AND d.class = 'T' @else*/ AND d.tabid >= 100 /*@end*/
+WHERE d.tabid >= 100 /*@since 9 AND d.class = 'T' */
   /*@ids AND d.tabid IN (?list(table_id)) */;
 
 -- @view_texts
