@@ -22,7 +22,7 @@ enum class Product : std::uint8_t {
   kInformix,
   kFirebird,
 };
-// By the name that a driver gives.
+// By the name that a driver gives, upper and lower case alike; kOther for any other or none.
 Product FindProduct(std::string_view dbms_name);
 
 enum class NamedKind : std::uint8_t {

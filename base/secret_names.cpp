@@ -22,14 +22,27 @@ bool IsPartOfName(char c) {
          c == '-';
 }
 
+// Behind the text from `at` up to what ends it; what a backslash stands before does not.
+std::size_t EndOfValue(std::string_view text, std::size_t at, std::string_view ends) {
+  while (at < text.size() && ends.find(text[at]) == std::string_view::npos) {
+    at += text[at] == '\\' ? 2 : 1;
+  }
+  return std::min(at, text.size());
+}
+
 // Where the value that begins at `at` ends; one in quotes ends with them.
 std::string_view ValueAt(std::string_view text, std::size_t at) {
   at = std::min(text.find_first_not_of(' ', at), text.size());
   if (at < text.size() && (text[at] == '\'' || text[at] == '"')) {
-    const std::size_t end = std::min(text.find(text[at], at + 1), text.size());
+    const std::string_view quote = text.substr(at, 1);
+    std::size_t end = EndOfValue(text, at + 1, quote);
+    // A doubled quote stands for one.
+    while (text.substr(std::min(end + 1, text.size()), 1) == quote) {
+      end = EndOfValue(text, end + 2, quote);
+    }
     return text.substr(at + 1, end - at - 1);
   }
-  return text.substr(at, std::min(text.find_first_of(" \t;&,}", at), text.size()) - at);
+  return text.substr(at, EndOfValue(text, at, " \t;&,}") - at);
 }
 
 template <class Text>

@@ -26,4 +26,12 @@ namespace base {
 // The text without space, \t \r \n on either side.
 [[nodiscard]] std::string_view TrimSpace(std::string_view text);
 
+// A character for people: a control character as its picture (U+2400 and on), one that has none as
+// U+FFFD, so that no text moves a terminal's cursor or breaks a line.
+[[nodiscard]] constexpr char16_t ShownCharacter(char16_t c) {
+  if (c < 0x20) return static_cast<char16_t>(0x2400 + c);
+  if (c == 0x7F) return 0x2421;
+  return c > 0x7F && c < 0xA0 ? 0xFFFD : c;
+}
+
 }  // namespace base

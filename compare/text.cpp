@@ -3,17 +3,14 @@
 #include <dtl/dtl.hpp>
 #include <sstream>
 
+#include "base/text.h"
 #include "base/utf.h"
 
 namespace wbcompare {
 
 std::string Shown(std::string_view text) {
   std::u16string wide = base::ToUtf16(text);
-  for (char16_t& c : wide) {
-    if (c < 0x20) c = static_cast<char16_t>(0x2400 + c);
-    if (c == 0x7F) c = 0x2421;
-    if (c > 0x7F && c < 0xA0) c = 0xFFFD;  // C1 controls have no pictures
-  }
+  for (char16_t& c : wide) c = base::ShownCharacter(c);
   return base::ToUtf8(wide);
 }
 

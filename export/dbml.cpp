@@ -45,10 +45,6 @@ std::string Expression(const LcText& expression) {
   return text.find('`') == std::string::npos ? "`" + text + "`" : Text(text);
 }
 
-void Join(std::string& list, const std::string& piece, const char* separator = ", ") {
-  if (!piece.empty()) list += (list.empty() ? "" : separator) + piece;
-}
-
 std::string Settings(const std::vector<std::string>& settings) {
   std::string list;
   for (const std::string& setting : settings) Join(list, setting);

@@ -17,34 +17,18 @@ constexpr std::size_t kCurvedEdges = 150;
 // Marks what refers to its own table.
 constexpr const char* kLoop = " \u21BA";
 
-std::string EscapeXml(const std::string& text) {
-  std::string escaped;
-  for (std::size_t at = 0; at < text.size(); ++at) {
-    const std::string_view rest = std::string_view(text).substr(at, 3);
-    if (rest == "\uFFFE" || rest == "\uFFFF") {  // which no XML text may hold
-      escaped += "\uFFFD";
-      at += 2;
-    } else if (text[at] == '&') {
-      escaped += "&amp;";
-    } else if (text[at] == '<') {
-      escaped += "&lt;";
-    } else if (text[at] == '>') {
-      escaped += "&gt;";
-    } else if (text[at] == '"') {
-      escaped += "&quot;";
-    } else {
-      escaped += text[at];
-    }
-  }
-  return escaped;
-}
-
 // A quoted text; Graphviz makes a line end of \n in it.
 std::string Quote(const std::string& text) {
   std::string quoted = "\"";
-  for (const char c : text) {
-    if (c == '"' || c == '\\') quoted += '\\';
-    quoted += c;
+  for (std::size_t at = 0; at < text.size(); ++at) {
+    const std::string_view rest = std::string_view(text).substr(at, 3);
+    if (rest == "\uFFFE" || rest == "\uFFFF") {  // a tooltip becomes XML
+      quoted += "\uFFFD";
+      at += 2;
+      continue;
+    }
+    if (text[at] == '"' || text[at] == '\\') quoted += '\\';
+    quoted += text[at];
   }
   return quoted + '"';
 }
@@ -122,10 +106,31 @@ std::string Edge(const Diagram& diagram, const DiagramLine& line, const LineCour
 
 }  // namespace
 
+std::string EscapeXml(const std::string& text) {
+  std::string escaped;
+  for (std::size_t at = 0; at < text.size(); ++at) {
+    const std::string_view rest = std::string_view(text).substr(at, 3);
+    if (rest == "\uFFFE" || rest == "\uFFFF") {  // which no XML text may hold
+      escaped += "\uFFFD";
+      at += 2;
+    } else if (text[at] == '&') {
+      escaped += "&amp;";
+    } else if (text[at] == '<') {
+      escaped += "&lt;";
+    } else if (text[at] == '>') {
+      escaped += "&gt;";
+    } else if (text[at] == '"') {
+      escaped += "&quot;";
+    } else {
+      escaped += text[at];
+    }
+  }
+  return escaped;
+}
+
 std::string DotText(const Diagram& diagram) {
   std::vector<DiagramLine> lines = Lines(diagram);
   std::erase_if(lines, [](const DiagramLine& line) { return line.first->from == line.first->to; });
-  // Parts of the schema that nothing relates are packed beside one another.
   std::string text;
   for (const std::string& comment : diagram.comments) text += "// " + comment + '\n';
   text += "digraph schema {\n  graph [fontname=\"Helvetica\", fontsize=12, ";

@@ -1,4 +1,4 @@
-// The Graphviz text of a diagram, which the dot format writes and the svg format lays out.
+// The Graphviz text of a diagram, which the dot format writes and the svg and png formats lay out.
 #pragma once
 
 #include <string>
@@ -8,5 +8,8 @@
 namespace wbexport {
 
 std::string DotText(const Diagram& diagram);
+
+// Text between tags or in an attribute; what no XML text may hold becomes U+FFFD.
+std::string EscapeXml(const std::string& text);
 
 }  // namespace wbexport

@@ -14,32 +14,24 @@ std::string Show(const LcText& text) { return DisplayLine(text.View()); }
 
 std::string Named(const char16_t* name) { return name == nullptr ? std::string() : Display(name); }
 
-void Join(std::string& list, const std::string& piece, const char* separator = ", ") {
-  if (piece.empty()) return;
-  if (!list.empty()) list += separator;
-  list += piece;
-}
-
-// Options that are there or not there; their values are "1" and "0".
+// Options that are there or not there; their values are "1" or "yes", and "0" or "no".
 constexpr std::u16string_view kFlags[] = {
-    u"deterministic",    u"enabled",
-    u"hidden",           u"ignored",
-    u"invisible",        u"leakproof",
-    u"no inherit",       u"nulls not distinct",
-    u"row security",     u"rowid",
-    u"security definer", u"shadow table",
-    u"strict",           u"system versioned",
-    u"unlogged",         u"valid",
-    u"validated",        u"without overlaps",
-    u"without rowid",    u"without system versioning",
+    u"deterministic",    u"enabled",       u"enforced",
+    u"hidden",           u"ignored",       u"invisible",
+    u"leakproof",        u"no inherit",    u"nulls not distinct",
+    u"row security",     u"rowid",         u"security definer",
+    u"shadow table",     u"strict",        u"system versioned",
+    u"unlogged",         u"valid",         u"validated",
+    u"without overlaps", u"without rowid", u"without system versioning",
 };
 
 std::string Show(const LcOptions::Option& option) {
   const bool is_flag =
       std::find(std::begin(kFlags), std::end(kFlags), option.name.View()) != std::end(kFlags);
   const std::string name = Show(option.name);
-  if (is_flag && option.value.View() == u"1") return name;
-  if (is_flag && option.value.View() == u"0") return "not " + name;
+  const std::u16string_view value = option.value.View();
+  if (is_flag && (value == u"1" || value == u"yes" || value == u"YES")) return name;
+  if (is_flag && (value == u"0" || value == u"no")) return "not " + name;
   return name + " " + Show(option.value);
 }
 
@@ -110,6 +102,12 @@ std::string QuotedLabel(const LcText& label) {
 }
 
 }  // namespace
+
+void Join(std::string& list, const std::string& piece, const char* separator) {
+  if (piece.empty()) return;
+  if (!list.empty()) list += separator;
+  list += piece;
+}
 
 std::string CommentOf(const LcWorkbookTable& table) {
   const LcTableDetails* details = table.GetDetails();

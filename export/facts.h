@@ -26,7 +26,7 @@ class Facts {
  public:
   explicit Facts(const Document& document);
 
-  // "default now()", "identity by default", "= upper(name), stored", "collation de_DE": what stands
+  // "default now()", "identity by default", "stored upper(name)", "collation de_DE": what stands
   // beside a column's type, nullability and key.
   static std::vector<std::string> OfColumn(const LcWorkbookColumn& column);
   // Keys, indexes, checks, triggers and the server's own options, in this order. A primary key is
@@ -42,7 +42,7 @@ class Facts {
   static Fact OfType(const LcTypeDetails& type);
   static Fact OfSequence(const LcSequenceDetails& sequence);
   static Fact OfRoutine(const LcRoutineDetails& routine);
-  // "triggers: permission denied", "view sales.hidden: ... (withheld)"
+  // "triggers: permission denied", "view sales.hidden: ... (by design)"
   static std::string OfNotRead(const LcNotRead& missing);
 
   // Partitions stand under their table where the workbook has it, and nowhere else.
@@ -77,6 +77,8 @@ std::string CommentOf(const LcWorkbookColumn& column);
 std::string ViewTextOf(const LcWorkbookTable& table);
 // The same text on one line.
 std::string Flat(const std::string& text);
+// Appends a piece, behind the separator where there is something; an empty piece is none.
+void Join(std::string& list, const std::string& piece, const char* separator = ", ");
 // The lines of a text, without their ends and without empty ones at its end.
 std::vector<std::string> SplitLines(const std::string& text);
 

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/text.h"
 #include "base/utf.h"
 #include "importer/workbook/type_text.h"
 
@@ -29,12 +30,6 @@ constexpr SystemOwner kSystemOwners[] = {
     {u"DB2", u"SYSPROC"},
 };
 
-char16_t Shown(char16_t c) {
-  if (c < 0x20) return static_cast<char16_t>(0x2400 + c);
-  if (c == 0x7F) return 0x2421;
-  return c > 0x7F && c < 0xA0 ? 0xFFFD : c;  // C1 controls have no pictures
-}
-
 bool IsSubsetOfPrimaryKey(const LcWorkbookTable& table,
                           const std::vector<LcWorkbookColumn*>& columns) {
   const std::vector<LcWorkbookColumn*> key = table.GetPrimaryKey().GetColumns();
@@ -52,7 +47,7 @@ bool IsPrimaryKey(const LcWorkbookTable& table, const std::vector<LcWorkbookColu
 
 std::string Display(std::u16string_view text) {
   std::u16string shown(text);
-  for (char16_t& c : shown) c = Shown(c);
+  for (char16_t& c : shown) c = base::ShownCharacter(c);
   return base::ToUtf8(shown);
 }
 
@@ -60,7 +55,7 @@ std::string DisplayLines(std::u16string_view text) {
   std::u16string shown;
   for (std::size_t i = 0; i < text.size(); ++i) {
     if (text[i] == u'\r' && i + 1 < text.size() && text[i + 1] == u'\n') continue;
-    shown += text[i] == u'\n' || text[i] == u'\t' ? text[i] : Shown(text[i]);
+    shown += text[i] == u'\n' || text[i] == u'\t' ? text[i] : base::ShownCharacter(text[i]);
   }
   return base::ToUtf8(shown);
 }
@@ -70,7 +65,7 @@ std::string DisplayLine(std::u16string_view text) {
   for (const char16_t c : text) {
     const bool blank = c == u' ' || c == u'\n' || c == u'\t' || c == u'\r';
     if (!blank) {
-      shown += Shown(c);
+      shown += base::ShownCharacter(c);
     } else if (!shown.empty() && shown.back() != u' ') {
       shown += u' ';
     }

@@ -50,17 +50,16 @@ bool WriteAll(int fd, std::string_view text) {
   return true;
 }
 
-// In the child. The first byte tells a picture ('+') from a reason ('-'). Nothing is freed: the
-// process ends.
-[[noreturn]] void DrawAndExit(const std::string& dot, const char* engine, const char* format,
-                              int fd) {
+// In the child. A text that another engine is to lay out says so itself. The first byte tells a
+// picture ('+') from a reason ('-'). Nothing is freed: the process ends.
+[[noreturn]] void DrawAndExit(const std::string& dot, const char* format, int fd) {
   // Graphviz warns on standard error of boxes it has to widen; errors are told by the parent.
   agseterr(AGMAX);
   GVC_t* context = gvContext();
   Agraph_t* graph = context == nullptr ? nullptr : agmemread(dot.c_str());
   char* data = nullptr;
   unsigned int size = 0;
-  if (graph != nullptr && gvLayout(context, graph, engine) == 0 &&
+  if (graph != nullptr && gvLayout(context, graph, "dot") == 0 &&
       gvRenderData(context, graph, format, &data, &size) == 0 && size != 0) {
     _exit(WriteAll(fd, "+") && WriteAll(fd, {data, size}) ? 0 : 1);
   }
@@ -78,7 +77,7 @@ struct Drawing {
 
 class Child {
  public:
-  Child(const std::string& dot, const char* engine, const char* format) {
+  Child(const std::string& dot, const char* format) {
     int ends[2];
     if (pipe(ends) != 0) return;
     const pid_t parent = getpid();
@@ -94,7 +93,7 @@ class Child {
         const rlimit memory{kMostMemory, kMostMemory};
         setrlimit(RLIMIT_AS, &memory);
       }
-      DrawAndExit(dot, engine, format, ends[1]);
+      DrawAndExit(dot, format, ends[1]);
     }
     close(ends[1]);
     fd_ = ends[0];
@@ -134,14 +133,6 @@ class Child {
   pid_t pid_ = -1;
   int fd_ = -1;
 };
-
-std::string EscapeXml(const std::string& text) {
-  std::string escaped;
-  for (const char c : text) {
-    escaped += c == '&' ? "&amp;" : c == '<' ? "&lt;" : c == '>' ? "&gt;" : std::string(1, c);
-  }
-  return escaped;
-}
 
 // Graphviz names nodes and edges in titles, which browsers show under the pointer: "t3:r0->t4:l1".
 // Those of tables become their names, those of edges go, as their tooltips say more.
@@ -192,8 +183,7 @@ bool WritePicture(const char* format, const Document& document, const Options& o
   Diagram diagram;
   if (!SelectDiagram(document, options, diagram, notes)) return false;
   const auto draw = [&](std::chrono::milliseconds limit) {
-    const char* engine = IsMap(diagram, Lines(diagram)) ? "sfdp" : "dot";
-    return Child(DotText(diagram), engine, format).Wait(limit, options.is_cancelled);
+    return Child(DotText(diagram), format).Wait(limit, options.is_cancelled);
   };
   const bool may_simplify = options.detail == Detail::kAuto;
   Drawing drawing = draw(may_simplify ? kFirstTry : kFirstTry + kSecondTry);

@@ -194,7 +194,7 @@ bool IsNumbered(const Context& context, const LcWorkbookColumn& column) {
 
 bool Descends(const LcWorkbookTable& table, const LcKeyDetails& key) {
   const LcIndexDetails* index = FindIndex(table, key);
-  return index != nullptr && index->parts.front().descending;
+  return index != nullptr && !index->parts.empty() && index->parts.front().descending;
 }
 
 // SQLite numbers rows by a column whose key stands with it. Behind the columns a descending key

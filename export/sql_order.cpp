@@ -4,10 +4,10 @@
 #include <string_view>
 #include <unordered_map>
 
+#include "base/ascii.h"
+
 namespace wbexport::sql {
 namespace {
-
-char16_t Lower(char16_t c) { return c >= u'A' && c <= u'Z' ? static_cast<char16_t>(c + 32) : c; }
 
 bool IsWord(char16_t c) {
   return c == u'_' || c == u'$' || (c >= u'0' && c <= u'9') || (c >= u'a' && c <= u'z') ||
@@ -90,11 +90,7 @@ class Orderer {
 
 }  // namespace
 
-std::u16string Lowered(std::u16string_view text) {
-  std::u16string lower(text);
-  std::transform(lower.begin(), lower.end(), lower.begin(), Lower);
-  return lower;
-}
+std::u16string Lowered(std::u16string_view text) { return base::LowerAscii(text); }
 
 bool MentionsAny(std::u16string_view text, const std::set<std::u16string>& names) {
   bool found = false;

@@ -21,6 +21,8 @@ bool IsOddType(std::u16string_view text) {
       R"(\b(add|all|alter|and|as|autoincrement|between|case|check|collate|commit|constraint|create|default|deferrable|delete|distinct|drop|else|escape|except|exists|foreign|from|generated|group|having|in|index|insert|intersect|into|is|isnull|join|limit|not|notnull|null|on|or|order|primary|references|returning|select|set|table|then|to|transaction|union|unique|update|using|values|when|where)\b)",
       std::regex::icase);
   const std::string utf8 = base::ToUtf8(text);
+  // The matcher recurses with each character.
+  if (utf8.size() > 200) return true;
   return !text.empty() && (!std::regex_match(utf8, kPlain) || std::regex_search(utf8, kConstraint));
 }
 

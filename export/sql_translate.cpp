@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "base/ascii.h"
 #include "base/utf.h"
 
 namespace wbexport::sql {
@@ -45,11 +46,6 @@ std::string WithoutCast(std::string text) {
   return text;
 }
 
-bool IsSameWord(std::string_view text, std::string_view word) {
-  return std::equal(text.begin(), text.end(), word.begin(), word.end(),
-                    [](char a, char b) { return (a >= 'a' && a <= 'z' ? a - 32 : a) == b; });
-}
-
 bool IsUnsigned(const LcWorkbookColumn& column) {
   return column.GetDataType() != nullptr && column.GetDataType()->GetDatabaseType().View().find(
                                                 u"unsigned") != std::u16string_view::npos;
@@ -70,7 +66,10 @@ bool CanNumberRows(const Context& context, const LcWorkbookColumn& column) {
   if (context.target.types_sequences) return true;
   const LcTableDetails* details = table.GetDetails();
   const LcKeyDetails* primary = details != nullptr ? details->primary_key.get() : nullptr;
-  const bool leads = primary != nullptr && primary->columns.front() == &column;
+  const auto begins = [&](const LcKeyDetails& key) {
+    return !key.columns.empty() && key.columns.front() == &column;
+  };
+  const bool leads = primary != nullptr && begins(*primary);
   if (context.target.auto_increment_with_key) return leads && primary->columns.size() == 1;
   // One a table, and the first of a key.
   for (int i = 0; table.GetColumn(i) != &column; ++i) {
@@ -78,28 +77,26 @@ bool CanNumberRows(const Context& context, const LcWorkbookColumn& column) {
       return false;
     }
   }
-  return leads ||
-         (details != nullptr &&
-          std::any_of(details->unique_keys.begin(), details->unique_keys.end(),
-                      [&](const LcKeyDetails& key) { return key.columns.front() == &column; }));
+  return leads || (details != nullptr &&
+                   std::any_of(details->unique_keys.begin(), details->unique_keys.end(), begins));
 }
 
 std::optional<std::string> TranslatedDefault(const Context& context, const LcWorkbookColumn& column,
                                              std::u16string_view text) {
   const std::string words = WithoutCast(base::ToUtf8(text));
   const int code = CodeOf(column);
-  if (IsSameWord(words, "NULL")) return words;
+  if (base::EqualIgnoringCase(std::string_view(words), "NULL")) return words;
   for (const char* now : {"CURRENT_TIMESTAMP", "CURRENT_TIMESTAMP()", "NOW()"}) {
-    if (!IsSameWord(words, now)) continue;
+    if (!base::EqualIgnoringCase(std::string_view(words), now)) continue;
     // SQLite keeps the time as a text.
     if (code == kDateTime || !context.target.needs_types) return "CURRENT_TIMESTAMP";
     return std::nullopt;
   }
-  if (IsSameWord(words, "CURRENT_DATE")) {
+  if (base::EqualIgnoringCase(std::string_view(words), "CURRENT_DATE")) {
     return code == kDate ? std::optional<std::string>("CURRENT_DATE") : std::nullopt;
   }
-  const bool is_true = IsSameWord(words, "TRUE");
-  if (is_true || IsSameWord(words, "FALSE")) {
+  const bool is_true = base::EqualIgnoringCase(std::string_view(words), "TRUE");
+  if (is_true || base::EqualIgnoringCase(std::string_view(words), "FALSE")) {
     if (code == kBit) return words;
     return IsWhole(code) ? std::optional<std::string>(is_true ? "1" : "0") : std::nullopt;
   }

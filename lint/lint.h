@@ -59,7 +59,7 @@ struct Report {
 };
 
 struct Options {
-  std::vector<const RuleInfo*> rules;
+  std::vector<const RuleInfo*> rules;  // of AllRules(), in any order; others are not checked
   // Tables to pass over, by owner and name. May be empty.
   std::function<bool(std::u16string_view, std::u16string_view)> leaves_out;
 };

@@ -6,6 +6,7 @@
 #include <map>
 #include <unordered_set>
 
+#include "base/ascii.h"
 #include "base/utf.h"
 #include "lint/rules.h"
 
@@ -77,12 +78,6 @@ bool IsUpper(char16_t c) { return c >= u'A' && c <= u'Z'; }
 bool IsLower(char16_t c) { return c >= u'a' && c <= u'z'; }
 bool IsDigit(char16_t c) { return c >= u'0' && c <= u'9'; }
 
-std::u16string Lowered(std::u16string_view name) {
-  std::u16string lower(name);
-  for (char16_t& c : lower) c = IsUpper(c) ? static_cast<char16_t>(c + 32) : c;
-  return lower;
-}
-
 bool NeedsQuotes(const Schema& schema, std::u16string_view name) {
   if (name.empty()) return false;
   // A server that makes small letters of large ones finds only names in small ones.
@@ -103,7 +98,8 @@ bool NeedsQuotes(const Schema& schema, std::u16string_view name) {
 }
 
 bool IsReserved(std::u16string_view name) {
-  return std::binary_search(kReserved.begin(), kReserved.end(), base::ToUtf8(Lowered(name)));
+  return std::binary_search(kReserved.begin(), kReserved.end(),
+                            base::ToUtf8(base::LowerAscii(name)));
 }
 
 // Names of tables and of their columns for which `is_bad` holds: one finding for the table's own,
@@ -226,11 +222,12 @@ void CheckLongNames(const Schema& schema, Finds& finds) {
 void CheckNamesByCase(const Schema& schema, Finds& finds) {
   std::map<std::u16string, std::map<std::u16string, std::vector<std::string>>> tables;
   for (const LcWorkbookTable* table : schema.named) {
-    tables[table->GetOwner(false)][Lowered(table->GetName())].push_back(Shown(table->GetName()));
+    tables[table->GetOwner(false)][base::LowerAscii(table->GetName())].push_back(
+        Shown(table->GetName()));
     std::map<std::u16string, std::vector<std::string>> columns;
     for (int i = 0; i < table->GetColumnCount(); ++i) {
       const std::u16string& name = table->GetColumn(i)->GetName();
-      columns[Lowered(name)].push_back(Shown(name));
+      columns[base::LowerAscii(name)].push_back(Shown(name));
     }
     TellSameByCase(columns, [&](const std::string& names) {
       finds.Add(*table, "", "columns whose names differ in case alone: " + names);

@@ -5,7 +5,9 @@
 #include <map>
 #include <set>
 
+#include "base/ascii.h"
 #include "base/utf.h"
+#include "importer/workbook/type_text.h"
 #include "lint/rules.h"
 
 namespace wblint {
@@ -24,7 +26,7 @@ bool IsRequired(const Reference& reference) {
 // Tables and whom they need a row of before they can have one.
 class Needs {
  public:
-  explicit Needs(const Schema& schema) : schema_(schema), needs_(schema.tables.size()) {
+  explicit Needs(const Schema& schema) : needs_(schema.tables.size()) {
     for (std::size_t i = 0; i < needs_.size(); ++i) {
       for (const Reference& reference : schema.tables[i].references) {
         const auto target = schema.places.find(reference.target);
@@ -97,7 +99,6 @@ class Needs {
     circles_.push_back(std::move(circle));
   }
 
-  const Schema& schema_;
   std::vector<std::vector<std::size_t>> needs_;
   std::map<std::size_t, std::size_t> number_;
   std::map<std::size_t, std::size_t> low_;
@@ -110,8 +111,7 @@ class Needs {
 
 // Small letters, and MariaDB's whole numbers without the width that only shows.
 std::string Plain(const std::string& type) {
-  std::string plain;
-  for (const char c : type) plain += c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c;
+  std::string plain = base::LowerAscii(std::string_view(type));
   const std::size_t open = plain.find("int(");
   const std::size_t close = open == std::string::npos ? open : plain.find(')', open);
   if (close != std::string::npos) plain.erase(open + 3, close - open - 2);
@@ -124,11 +124,7 @@ std::string TypeOf(const LcWorkbookColumn& column) {
   const LcWorkbookDatatype* type = column.GetDataType();
   if (type == nullptr) return "";
   if (type->GetDatabaseType().IsPresent()) return Shown(type->GetDatabaseType().View());
-  std::string text = Shown(type->GetTypeName());
-  if (type->GetLength() != 0) text += fmt::format("({})", type->GetLength());
-  if (type->GetPrecision() != 0)
-    text += fmt::format("({},{})", type->GetPrecision(), type->GetScale());
-  return text;
+  return Shown(LcTypeText(column));
 }
 
 bool SameType(const Schema& schema, const LcWorkbookColumn& a, const LcWorkbookColumn& b) {
@@ -152,7 +148,9 @@ void CheckReferenceIndex(const Schema& schema, Finds& finds) {
               [&](const Key& key) { return BeginsWithAll(key.columns, reference.columns); }) ||
           std::any_of(entry.indexes.begin(), entry.indexes.end(), [&](const LcIndexDetails* index) {
             Columns columns;
-            for (const LcIndexPart& part : index->parts) columns.push_back(part.column);
+            for (const LcIndexPart& part : index->parts) {
+              if (!part.included) columns.push_back(part.column);
+            }
             return !index->predicate.IsPresent() && BeginsWithAll(columns, reference.columns);
           });
       if (found) continue;
@@ -222,7 +220,9 @@ void CheckDuplicateReference(const Schema& schema, Finds& finds) {
       const auto [first, added] = seen.emplace(std::move(both), &reference);
       if (added) continue;
       finds.Add(*entry.table, reference.name,
-                fmt::format("says the same as the foreign key {}: {}", first->second->name,
+                fmt::format("says the same as {}: {}",
+                            first->second->name.empty() ? std::string("another foreign key")
+                                                        : "the foreign key " + first->second->name,
                             Where(reference)));
     }
   }

@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <array>
 
+#include "base/ascii.h"
+
 namespace wblint {
 namespace {
 
@@ -57,7 +59,9 @@ const Rule& RuleOf(const RuleInfo& info) {
 }
 
 std::string WhyNot(const Schema& schema, unsigned missing) {
-  if (schema.info.route != u"exact") return "needs an exact reading";
+  constexpr unsigned kExactAlone = knUniqueKeys | knIndexes | knComments;
+  if (schema.info.route != u"exact" && (missing & kExactAlone) != 0)
+    return "needs an exact reading";
   std::string what;
   const auto add = [&](unsigned bits, const char* name) {
     if ((missing & bits) != 0) what += (what.empty() ? "" : " and ") + std::string(name);
@@ -84,8 +88,6 @@ void Order(const LcWorkbook& workbook, std::vector<Finding>& findings) {
   });
 }
 
-char Lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; }
-
 }  // namespace
 
 const char* NameOf(Severity severity) {
@@ -104,10 +106,7 @@ std::span<const RuleInfo> AllRules() { return kInfos; }
 
 const RuleInfo* FindRule(std::string_view id_or_name) {
   const auto* found = std::find_if(kInfos.begin(), kInfos.end(), [&](const RuleInfo& rule) {
-    const auto same = [](char a, char b) { return Lower(a) == Lower(b); };
-    const std::string_view id = rule.id;
-    return id_or_name == rule.name ||
-           std::equal(id.begin(), id.end(), id_or_name.begin(), id_or_name.end(), same);
+    return id_or_name == rule.name || base::EqualIgnoringCase(rule.id, id_or_name);
   });
   return found == kInfos.end() ? nullptr : found;
 }

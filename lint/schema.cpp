@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <nlohmann/json.hpp>
 
+#include "base/text.h"
 #include "base/utf.h"
 
 namespace wblint {
@@ -84,10 +85,14 @@ unsigned KnownOf(const LcWorkbook& workbook, const LcWorkbookFileInfo& info) {
   unsigned known = knKeys | knForeignKeys;
   if (info.route == u"exact") known |= knUniqueKeys | knIndexes | knComments;
   const nlohmann::json choices = nlohmann::json::parse(info.choices, nullptr, false);
-  if (choices.is_object() && choices.value("keys", true) == false) {
+  const auto is_off = [&](const char* name) {
+    const auto found = choices.find(name);
+    return found != choices.end() && found->is_boolean() && !found->get<bool>();
+  };
+  if (is_off("keys")) {
     known &= ~(knKeys | knUniqueKeys | knIndexes);
   }
-  if (choices.is_object() && choices.value("foreignKeys", true) == false) known &= ~knForeignKeys;
+  if (is_off("foreignKeys")) known &= ~knForeignKeys;
   for (const LcNotRead& missing : workbook.details.not_read) {
     if (missing.name.IsPresent()) continue;
     const std::u16string_view kind = missing.kind.View();
@@ -104,7 +109,6 @@ unsigned KnownOf(const LcWorkbook& workbook, const LcWorkbookFileInfo& info) {
 Schema::Schema(const LcWorkbook& the_workbook, const LcWorkbookFileInfo& the_info,
                const Options& options)
     : workbook(the_workbook), info(the_info), known(KnownOf(the_workbook, the_info)) {
-  std::vector<bool> counted;
   for (const LcWorkbookTable* table : workbook.tables.Present()) {
     if (options.leaves_out && options.leaves_out(table->GetOwner(false), table->GetName())) {
       continue;
@@ -134,11 +138,7 @@ const Table* Schema::Find(const LcWorkbookTable* table) const {
 
 std::string Shown(std::u16string_view name) {
   std::u16string shown(name);
-  for (char16_t& c : shown) {
-    if (c < 0x20) c = static_cast<char16_t>(0x2400 + c);
-    if (c == 0x7F) c = 0x2421;
-    if (c > 0x7F && c < 0xA0) c = 0xFFFD;  // C1 controls have no pictures
-  }
+  for (char16_t& c : shown) c = base::ShownCharacter(c);
   return base::ToUtf8(shown);
 }
 

@@ -2,6 +2,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <unordered_map>
 
 #include "lint/rules.h"
 
@@ -35,6 +36,7 @@ struct Indexed {
   Columns columns;
   bool unique = false;
   bool key = false;
+  std::vector<int> places;  // of the columns in their table
 };
 
 std::vector<Indexed> IndexesOf(const Table& entry) {
@@ -43,16 +45,21 @@ std::vector<Indexed> IndexesOf(const Table& entry) {
     const std::string name = !key.name.empty() ? key.name
                              : key.primary     ? "primary key"
                                                : "unique key";
-    all.push_back({name, key.columns, true, true});
+    all.push_back({name, key.columns, true, true, {}});
   }
   for (const LcIndexDetails* index : entry.indexes) {
     Columns columns = PlainColumns(*index);
     if (columns.empty()) continue;
-    all.push_back({Shown(index->name.View()), std::move(columns), index->unique, false});
+    all.push_back({Shown(index->name.View()), std::move(columns), index->unique, false, {}});
+  }
+  std::unordered_map<const LcWorkbookColumn*, int> place;
+  for (int i = 0; i < entry.table->GetColumnCount(); ++i) place[entry.table->GetColumn(i)] = i;
+  for (Indexed& each : all) {
+    for (const LcWorkbookColumn* column : each.columns) each.places.push_back(place[column]);
   }
   // Those that begin alike stand together, the shorter first; of equals a key or a unique one.
   std::stable_sort(all.begin(), all.end(), [](const Indexed& a, const Indexed& b) {
-    if (a.columns != b.columns) return a.columns < b.columns;
+    if (a.places != b.places) return a.places < b.places;
     return (a.key ? 2 : a.unique ? 1 : 0) > (b.key ? 2 : b.unique ? 1 : 0);
   });
   return all;

@@ -65,7 +65,7 @@ function typesPage(name) {
       ? section("Made by users", userTypes.length, factPage(userTypes, "types of users", name))
       : null,
     data.dataTypes.length ? section("Of the server", data.dataTypes.length) : null,
-    data.dataTypes.length && filtered(
+    data.dataTypes.length > 0 && filtered(
       data.dataTypes,
       (type) => `${type[0]} ${type[1]} ${type[2]}`,
       "types",
