@@ -9,6 +9,7 @@
 #include <cstdio>
 #include <iostream>
 #include <string_view>
+#include <system_error>
 #include <utility>
 
 #include "host/connection.h"
@@ -74,10 +75,17 @@ void CallWatch::OnCall(const platform::DriverCall& call) {
 }
 
 void CallWatch::OnCallEnd(const platform::DriverCall& /*call*/) {
-  State in_call = State::kInCall;
-  state_.compare_exchange_strong(in_call, State::kOutside, std::memory_order_acq_rel);
-  // Taken: the other thread writes what this one has read, and ends the process.
-  while (in_call == State::kTaken) pause();
+  for (;;) {
+    State state = State::kInCall;
+    if (state_.compare_exchange_strong(state, State::kOutside, std::memory_order_acq_rel) ||
+        state == State::kOutside) {
+      return;
+    }
+    // Taken: the other thread writes what this one has read, and ends the process.
+    while (state == State::kTaken) pause();
+    // Being cancelled: the statement has to stay until that has ended.
+    std::this_thread::sleep_for(milliseconds(1));
+  }
 }
 
 void CallWatch::SetAbandon(Abandon abandon) {
@@ -86,21 +94,43 @@ void CallWatch::SetAbandon(Abandon abandon) {
 }
 
 bool CallWatch::Take() {
-  State in_call = State::kInCall;
-  return state_.compare_exchange_strong(in_call, State::kTaken, std::memory_order_acq_rel);
+  State state = state_.load(std::memory_order_acquire);
+  return (state == State::kInCall || state == State::kCancelling) &&
+         state_.compare_exchange_strong(state, State::kTaken, std::memory_order_acq_rel);
 }
 
-void CallWatch::Cancel() const {
-  // ODBC allows this call, and this one alone, from another thread while the statement is busy.
-  if (void* const statement = statement_.load(std::memory_order_relaxed); statement != nullptr) {
-    CancelStatement(statement);
+bool CallWatch::Cancel() {
+  State state = State::kInCall;
+  if (!state_.compare_exchange_strong(state, State::kCancelling, std::memory_order_acq_rel)) {
+    return false;
   }
+  const auto end = [this] {
+    State cancelling = State::kCancelling;
+    state_.compare_exchange_strong(cancelling, State::kInCall, std::memory_order_acq_rel);
+  };
+  void* const statement = statement_.load(std::memory_order_relaxed);
+  if (statement == nullptr) {
+    end();
+    return true;
+  }
+  // ODBC allows this call, and this one alone, from another thread while the statement is busy. A
+  // driver may ask the server, which may not answer: nobody waits for it.
+  try {
+    std::thread([statement, end] {
+      CancelStatement(statement);
+      end();
+    }).detach();
+  } catch (const std::system_error&) {
+    end();
+  }
+  return true;
 }
 
-bool CallWatch::Look(Seen& seen) const {
+bool CallWatch::Look(Seen& seen) {
   const Clock::time_point now = Clock::now();
   const std::uint64_t call = calls_.load(std::memory_order_relaxed);
-  const bool in_call = state_.load(std::memory_order_acquire) == State::kInCall;
+  const State state = state_.load(std::memory_order_acquire);
+  const bool in_call = state == State::kInCall || state == State::kCancelling;
   if (call != seen.call || !in_call) {
     seen.call = call;
     seen.since = now;
@@ -125,8 +155,7 @@ bool CallWatch::Look(Seen& seen) const {
   const bool cancels =
       (seen.wish && now - seen.wished >= kUntilCancel) || seen.code != ExitCode::kOk;
   if (cancels && in_call && !seen.cancelled) {
-    seen.cancelled = true;
-    Cancel();
+    seen.cancelled = Cancel();
     return false;
   }
   return seen.code == ExitCode::kCancelled ||

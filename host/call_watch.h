@@ -40,14 +40,15 @@ class CallWatch : public platform::CallLog {
 
  private:
   using Clock = std::chrono::steady_clock;
-  enum class State : int { kOutside, kInCall, kTaken };
+  enum class State : int { kOutside, kInCall, kCancelling, kTaken };
   struct Seen;
 
   void Watch();
   // Looks once; true when the run is to end.
-  bool Look(Seen& seen) const;
+  bool Look(Seen& seen);
   bool Take();
-  void Cancel() const;
+  // Has the call in hand cancelled at the driver; false where there is none any more.
+  bool Cancel();
   [[noreturn]] void End(ExitCode code, const std::string& why);
 
   const Timeouts limits_;

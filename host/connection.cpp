@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <exception>
 
 #include "base/connection_string.h"
 #include "host/driver_calls.h"
@@ -88,7 +89,9 @@ struct Connection::Handles {
   SQLHDBC connection = SQL_NULL_HDBC;
   const DriverCalls* calls = nullptr;  // once it is connected
   ~Handles() {
-    if (calls != nullptr) calls->Disconnect();
+    // A failure on its way out ends the process, which closes the connection: one that does not
+    // close would hide the failure.
+    if (calls != nullptr && std::uncaught_exceptions() == 0) calls->Disconnect();
     if (connection != SQL_NULL_HDBC) SQLFreeHandle(SQL_HANDLE_DBC, connection);
   }
 };

@@ -17,6 +17,8 @@ Choices ChoicesOf(const Schema& old_side) {
   if (!old_side.info.choices.empty()) {
     choices = ParseRequest(old_side.info.choices, old_side.label + ", source.choices");
     choices.request = old_side.label;
+    // Only who runs the program can allow that, not a file that may be somebody else's.
+    choices.unsafe_names = false;
   }
   choices.reading =
       old_side.info.route == u"exact" ? Choices::Reading::kExact : Choices::Reading::kCompatible;

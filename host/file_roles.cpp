@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <array>
+#include <charconv>
 #include <filesystem>
 
 #include "base/connection_string.h"
@@ -22,8 +23,18 @@ bool IsFile(const struct stat& status) { return S_ISREG(status.st_mode); }
 
 // The path inside a `file:` name of SQLite, which may be one.
 std::string PathOfUri(std::string name) {
-  if (name.rfind("file:", 0) == 0) name.erase(0, 5);
-  return name.substr(0, name.find('?'));
+  if (name.rfind("file:", 0) != 0) return name;
+  const std::string text = name.substr(5, name.find_first_of("?#") - 5);
+  std::string path;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    unsigned char byte = 0;
+    const char* const digits = text.data() + i + 1;
+    const bool escaped = text[i] == '%' && i + 2 < text.size() &&
+                         std::from_chars(digits, digits + 2, byte, 16).ptr == digits + 2;
+    path += escaped ? static_cast<char>(byte) : text[i];
+    if (escaped) i += 2;
+  }
+  return path;
 }
 
 // What drivers call the file of a database.
@@ -66,7 +77,8 @@ FileRoles::FileRoles(const Options& options) {
 void FileRoles::AddStandardFiles(const Options& options) {
   struct stat status {};
   const auto is_file = [&](int fd) { return fstat(fd, &status) == 0 && IsFile(status); };
-  const bool reads = options.choices.request == "-" || options.render_file == "-";
+  const bool reads = options.choices.request == "-" || options.render_file == "-" ||
+                     options.connection.connect_stdin || options.connection.password_stdin;
   if (reads && is_file(STDIN_FILENO)) Reads("/dev/stdin", "standard input");
   const bool writes = options.output.file.empty() || options.output.file == "-";
   if (writes && is_file(STDOUT_FILENO)) Writes("/dev/stdout", "standard output");

@@ -152,19 +152,23 @@ void RunImport(Run& run, Outcome& outcome) {
   }
   choices.items = items;
   session.NoteChoices(choices);
+  const auto name_result = [&](ImportResult& result) {
+    // What an exact reading was asked for can be asked again, by a later comparison.
+    if (result.info.route == u"exact") result.info.choices = WriteRequest(choices);
+    result.info.title = ToUtf16(wanted.title.value_or(""));
+    result.info.imported_at = stamp;
+  };
   session.SetRest([&](Outcome& end) {
-    const ImportResult rest = session.runner().TakeRest();
+    ImportResult rest = session.runner().TakeRest();
     if (rest.workbook == nullptr) return;
+    name_result(rest);
     session.runner().Judge(rest, end);
     sheet.Write(*rest.workbook, rest.info, choices.importer.include_system, run.screen);
     if (!sheet.output().IsStandardOutput()) end.SetWritten(wanted.file);
   });
   ImportResult result = session.runner().Run(choices.importer, items);
-  // What an exact reading was asked for can be asked again, by a later comparison.
-  if (result.info.route == u"exact") result.info.choices = WriteRequest(choices);
+  name_result(result);
   SayWhyNotExact(run, choices, result);
-  result.info.title = ToUtf16(wanted.title.value_or(""));
-  result.info.imported_at = stamp;
   session.runner().Judge(result, outcome);
   session.Finish(outcome);
   sheet.Write(*result.workbook, result.info, choices.importer.include_system, run.screen);

@@ -19,7 +19,7 @@ constexpr Meaning kMeanings[] = {
     {5, "no connection, no driver, the connection lost, the module did not start"},
     {6, "the output could not be written"},
     {9, "stopped (first interrupt); what was read is written"},
-    {10, "diff found differences, lint broken rules"},
+    {10, "diff or compare-readings found differences, lint broken rules"},
     {kEndedAtOnce, "ended at once (third interrupt); nothing is written"},
 };
 

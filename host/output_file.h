@@ -1,4 +1,5 @@
-// Where a command's answer goes: standard output, or a file that is written whole or not at all.
+// Where a command's answer goes: standard output, or a file that is written whole or not at all,
+// but for one that belongs to another user: that is written over in place once all is there.
 #pragma once
 
 #include <functional>

@@ -27,9 +27,13 @@ Choices ReadChoices(const Json& note) {
   importer.owner_restriction = Text(note, "owner");
   importer.catalog = Text(note, "catalog");
   importer.include_system = note.at("includeSystem").get<int>() != 0;
-  // A recording without it is of a time when there was one reading only.
+  // A recording without it is of a time when there was one reading only; then it was a number.
+  const Json reading = note.value("reading", Json("compatible"));
   choices.reading =
-      FindReading(note.value("reading", "compatible")).value_or(Choices::Reading::kCompatible);
+      reading.is_string()
+          ? FindReading(reading.get<std::string>()).value_or(Choices::Reading::kCompatible)
+      : reading == int{rdExact} ? Choices::Reading::kExact
+                                : Choices::Reading::kCompatible;
   importer.reading = choices.reading == Choices::Reading::kCompatible ? rdCompatible : rdExact;
   importer.keys = note.at("keys").get<int>() != 0;
   importer.foreign_keys = note.at("foreignKeys").get<int>() != 0;

@@ -9,7 +9,7 @@ namespace {
 // which makes an apostrophe of what looks like one. A backslash escapes the quote where a server
 // that is taken for another knows such escapes; zero ends the statement.
 constexpr std::u16string_view kEndsText(u"'\\\u02B9\u02BC\u02C8\u2018\u2019\u201B\u2032\uFF07\0",
-                                        10);
+                                        11);
 
 const char* WhyUnsafeText(std::u16string_view name) {
   return name.find_first_of(kEndsText) != std::u16string_view::npos

@@ -236,8 +236,7 @@ void ResultSize::AddRows(std::uint64_t rows) {
 
 bool ResultSize::IsExceeded() const {
   const platform::ResultLimits& limits = platform::GetServices().result_limits;
-  return (limits.rows != 0 && rows_ >= limits.rows) ||
-         (limits.bytes != 0 && bytes_ >= limits.bytes);
+  return (limits.rows != 0 && rows_ > limits.rows) || (limits.bytes != 0 && bytes_ > limits.bytes);
 }
 
 Statement::Statement(Statement&& other) noexcept
@@ -431,9 +430,12 @@ SQLRETURN Statement::GetData(SQLUSMALLINT column, SQLSMALLINT c_type, void* buff
                               .indicator = Indicator(indicator),
                               .row_bytes = bytes};
   if (size_.IsExceeded()) return Refuse("SQLGetData", handle_);
-  size_.AddBytes(bytes);
-  return Call({.function = "SQLGetData", .handle = handle_, .buffer = &piece}, kNoAnswer,
-              SQLGetData, handle_, column, c_type, buffer, bytes, indicator);
+  const SQLRETURN result =
+      Call({.function = "SQLGetData", .handle = handle_, .buffer = &piece}, kNoAnswer, SQLGetData,
+           handle_, column, c_type, buffer, bytes, indicator);
+  // Without a length the piece was filled.
+  if (Succeeded(result)) size_.AddBytes(*indicator >= 0 ? std::min(*indicator, bytes) : bytes);
+  return result;
 }
 
 SQLRETURN Statement::Fetch() {

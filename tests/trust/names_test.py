@@ -5,7 +5,7 @@ import pathlib
 
 from program import Case, main, server
 
-UNSAFE = ["o'brien", "'; DROP TABLE victim; --", "a\\", "a\u2019b", "\uff07", "a\u02bcb"]
+UNSAFE = ["o'brien", "'; DROP TABLE victim; --", "a\\", "a\u2019b", "\uff07", "a\u02bcb", "a\0b"]
 SAFE = ["o\"brien", "a b", "a;b", "--", "_%", "\u00e9\u4e2d\U0001f4da", "a`b"]
 
 class Names(Case):
@@ -44,6 +44,16 @@ class Names(Case):
             result, asked = self.statements("oracle", request, *words)
             self.assertNotEqual(result.returncode, 2, result.stderr)
             self.assertIn("OWNER='o'brien'", asked)
+
+    def test_a_workbook_file_cannot_say_so(self):
+        where = ("--connect", server("Server=oracle"))
+        self.assertEqual(self.run_program("import", *where, "--reading", "compatible", "-o", "a.json").returncode, 0)
+        book = json.loads((self.folder / "a.json").read_text())
+        book["source"]["choices"] = {"unsafeNames": True, "selectedOwners": [UNSAFE[1]]}
+        self.file("a.json", json.dumps(book))
+        result = self.run_program("diff", "a.json", *where)
+        self.assertEqual(result.returncode, 2, result.stderr)
+        self.assertIn("is not put into a statement", result.stderr)
 
     def test_other_names_and_other_routes_pass(self):
         for name in SAFE:
