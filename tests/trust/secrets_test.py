@@ -59,7 +59,7 @@ class Names(Case):
                     self.assertIn("***", result.stderr, text)
             # Also behind the process's back.
             process = self.start("info", "--connect", server("Server=generic;Slow=SQLDriverConnect:0,SQLGetInfo:3000;") + text)
-            seen = until(lambda: pathlib.Path(f"/proc/{process.pid}/cmdline").read_bytes(), lambda line: HUSH.encode() not in line, 2)
+            seen = until(lambda: pathlib.Path(f"/proc/{process.pid}/cmdline").read_bytes(), lambda line: b"info" in line and HUSH.encode() not in line, 2)
             process.kill()
             process.communicate()
             self.assertIn(b"info", seen)
