@@ -78,8 +78,8 @@ class Memory(Case):
         at = pathlib.Path(f"/proc/{process.pid}")
         core = until(lambda: next(line.split()[4:6] for line in (at / "limits").read_text().splitlines()
                                   if line.startswith("Max core file size")), lambda limits: limits == ["0", "0"], 10)
-        # What cannot be dumped belongs to root; of a process of root's this tells nothing.
-        owner = until(lambda: at.stat().st_uid, lambda uid: uid == 0, 10)
+        # The files of what cannot be dumped belong to root; of a process of root's this tells nothing.
+        owner = until(lambda: (at / "environ").stat().st_uid, lambda uid: uid == 0, 10)
         process.kill()
         process.communicate()
         self.assertEqual(core, ["0", "0"])
