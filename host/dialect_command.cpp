@@ -68,8 +68,7 @@ void CheckDialect(Run& run, Outcome& outcome) {
   const std::string& file = run.options.dialect_operand;
   const std::string text = ReadDialectFile(file);
   if (!SayProblems(run, file, text)) return outcome.Add(ExitCode::kUsage);
-  const ConnectionOptions& to = run.options.connection;
-  if (!to.connect && !to.dsn && !to.sqlite && !to.sample) {
+  if (IsSampleByDefault(run.options.connection)) {
     return Write(run, WantsJson(run)
                           ? Dump(Json::array())
                           : "the file is right; with a connection its statements are run\n");
@@ -87,6 +86,7 @@ void CheckDialect(Run& run, Outcome& outcome) {
   }
   std::string lines;
   Json json = Json::array();
+  std::size_t bad = 0;
   for (const LcSectionCheck& check : checks) {
     lines += fmt::format("{:>5}  @{:<18} {}\n", check.line, check.kind, OneLine(OutcomeOf(check)));
     json.push_back({{"line", check.line},
@@ -94,7 +94,12 @@ void CheckDialect(Run& run, Outcome& outcome) {
                     {"ran", check.ran},
                     {"rows", check.rows},
                     {"problem", check.problem}});
-    if (!check.problem.empty()) outcome.Add(ExitCode::kErrorsShown);
+    bad += check.problem.empty() ? 0 : 1;
+  }
+  if (bad > 0) {
+    outcome.Add(ExitCode::kErrorsShown,
+                fmt::format("{} of {} statements failed, or give other columns than they say", bad,
+                            checks.size()));
   }
   session.Finish(outcome);
   Write(run, WantsJson(run) ? Dump(json) : lines);

@@ -38,11 +38,6 @@ Choices& Settle(Choices& choices, const ChoiceOptions& options,
   return choices;
 }
 
-bool IsSampleByDefault(const ConnectionOptions& options) {
-  return !options.connect && !options.connect_env && !options.connect_stdin && !options.dsn &&
-         !options.sqlite && !options.sample && !options.replay;
-}
-
 Timeouts TimeoutsOf(const ConnectionOptions& options) {
   return {options.login_timeout, options.timeout};
 }
@@ -60,6 +55,11 @@ Target FindTarget(Run& run) {
 }
 
 }  // namespace
+
+bool IsSampleByDefault(const ConnectionOptions& options) {
+  return !options.connect && !options.connect_env && !options.connect_stdin && !options.dsn &&
+         !options.sqlite && !options.sample && !options.replay;
+}
 
 HostSession::HostSession(Run& run, Choices& choices, const OutputFile& output)
     : run_(run),

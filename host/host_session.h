@@ -15,6 +15,9 @@
 
 namespace wbhost {
 
+// Whether nothing says where to connect to.
+bool IsSampleByDefault(const ConnectionOptions& options);
+
 class HostSession {
  public:
   // Throws a Failure: 5 without a module or a connection, else 6 where the output or a report
@@ -37,8 +40,11 @@ class HostSession {
   // What is done where a call of the driver never comes back: `rest` writes what was read, and adds
   // what there is to say. It runs on another thread, while this one waits for ever.
   void SetRest(std::function<void(Outcome& outcome)> rest) { rest_ = std::move(rest); }
-  // Whether an import that ended well is told of in one line at its end.
-  bool SaysTheEnd() const { return progress_ == ProgressMode::kEnd; }
+  // Whether an import that ended well is told of in one line at its end. A bar that goes away
+  // leaves nothing of an import into a file.
+  bool SaysTheEnd(bool to_file) const {
+    return progress_ == ProgressMode::kEnd || (to_file && progress_ == ProgressMode::kBar);
+  }
 
  private:
   void CheckReplay(Outcome& outcome);

@@ -11,6 +11,7 @@
 #include "host/host_session.h"
 #include "host/interrupt.h"
 #include "host/limits.h"
+#include "host/nearest.h"
 #include "host/resolve_names.h"
 #include "host/stamp.h"
 #include "host/text.h"
@@ -47,6 +48,7 @@ class Sheet {
   // `system` lists what is the server's own too.
   void Write(const LcWorkbook& workbook, const LcWorkbookFileInfo& info, bool system,
              Screen& screen) const {
+    if (options_.around) CheckAround(workbook, *options_.around);
     wbexport::Options options;
     options.colour = output_.IsStandardOutput() && WantsColour(STDOUT_FILENO);
     options.compact = options_.compact;
@@ -70,11 +72,7 @@ class Sheet {
                                return format_.write({workbook, info}, options, out, notes);
                              });
     if (!written) {
-      const bool is_usage =
-          options_.around && !wbexport::HasTableToDrawAround(workbook, options.around);
-      throw Failure(is_usage                 ? ExitCode::kUsage
-                    : options.is_cancelled() ? ExitCode::kCancelled
-                                             : ExitCode::kOutput,
+      throw Failure(options.is_cancelled() ? ExitCode::kCancelled : ExitCode::kOutput,
                     notes.empty() ? "nothing could be written" : notes.back());
     }
     for (const std::string& note : notes) screen.Say(note);
@@ -91,6 +89,18 @@ class Sheet {
            : name == "keys"  ? wbexport::Detail::kKeys
            : name == "names" ? wbexport::Detail::kNames
                              : wbexport::Detail::kAuto;
+  }
+
+  static void CheckAround(const LcWorkbook& workbook, const std::string& around) {
+    if (wbexport::HasTableToDrawAround(workbook, around)) return;
+    const bool with_owner = !ParseQualifiedName(around).owner.empty();
+    std::vector<std::string> names;
+    for (const LcWorkbookTable* table : workbook.tables.Present()) {
+      names.push_back(DisplayName(with_owner ? table->GetOwner(true) : u"", table->GetName()));
+    }
+    throw Failure(ExitCode::kUsage,
+                  fmt::format("--around: there is no table '{}' to draw the surroundings of{}",
+                              around, DidYouMean(around, names)));
   }
 
   static const wbexport::Format& Choose(const OutputOptions& options) {
@@ -173,9 +183,9 @@ void RunImport(Run& run, Outcome& outcome) {
   session.Finish(outcome);
   sheet.Write(*result.workbook, result.info, choices.importer.include_system, run.screen);
   if (!sheet.output().IsStandardOutput()) outcome.SetWritten(wanted.file);
-  if (outcome.IsOk() && session.SaysTheEnd()) {
-    run.screen.Say(Summary(result) +
-                   (sheet.output().IsStandardOutput() ? "" : ", wrote " + wanted.file));
+  const bool to_file = !sheet.output().IsStandardOutput();
+  if (outcome.IsOk() && session.SaysTheEnd(to_file)) {
+    run.screen.Say(Summary(result) + (to_file ? ", wrote " + wanted.file : ""));
   }
 }
 

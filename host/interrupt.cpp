@@ -79,8 +79,6 @@ void InstallInterruptHandlers(bool graceful) {
   Install(SIGINT, OnInterrupt);
   Install(SIGTERM, OnTerminate);
   Install(SIGHUP, OnTerminate);
-  // A reader that goes away is an error of writing.
-  std::signal(SIGPIPE, SIG_IGN);
 }
 
 InterruptWish GetInterruptWish() {

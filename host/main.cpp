@@ -1,5 +1,6 @@
 // The command-line host of the import module.
 #include <clocale>
+#include <csignal>
 #include <string>
 #include <vector>
 
@@ -9,6 +10,8 @@
 
 int main(int argc, char** argv) {
   wbhost::OpenStandardFiles();
+  // A reader that goes away is an error of writing, for the help's text too.
+  std::signal(SIGPIPE, SIG_IGN);
   // The driver manager converts names for narrow drivers with the locale's code set: without this,
   // names outside of ASCII find nothing.
   std::setlocale(LC_ALL, "C.UTF-8");

@@ -10,7 +10,7 @@ namespace wbhost {
 namespace {
 
 constexpr std::size_t kMostNames = 3;
-constexpr std::size_t kShortList = 12;
+constexpr std::size_t kShortList = 15;
 constexpr std::size_t kShortestBeginning = 3;
 
 // How many slips make one text of the other; two letters that changed places are one slip.

@@ -237,7 +237,8 @@ void AddChoices(CLI::App& app, ChoiceOptions& options, bool with_exclude = true)
   AddText(app, "--owner", options.owner, "Read the tables and views of this owner alone", "NAME")
       ->group(group);
   AddText(app, "--catalog", options.catalog,
-          "Catalog (database) that the generic route reads; list catalogs shows them", "NAME")
+          "Catalog (database) to read in place of the connection's; list catalogs shows them",
+          "NAME")
       ->group(group);
   AddText(app, "--dialect", options.dialect, "Dialect file for the exact reading", "FILE")
       ->group(group);

@@ -75,9 +75,11 @@ void RequireNoWildcards(const NamePattern& pattern) {
 }
 
 [[noreturn]] void FailTable(const NamePattern& pattern, const char* kind, const Entries& all) {
-  Fail(fmt::format(
-      "{}: there is no {} '{}'{}", pattern.option(), kind, pattern.text(),
-      all.empty() ? " and no other" : Suggestion(pattern.text(), pattern.HasOwner(), all)));
+  // Its quotes are none of the name.
+  const std::string name =
+      pattern.HasWildcards() ? pattern.text() : DisplayName(pattern.owner(), pattern.name());
+  Fail(fmt::format("{}: there is no {} '{}'{}", pattern.option(), kind, pattern.text(),
+                   all.empty() ? " and no other" : Suggestion(name, pattern.HasOwner(), all)));
 }
 
 // The names of one part that a pattern matches.

@@ -51,9 +51,17 @@ std::string Sentence(const std::string& text) {
   return text.empty() || text.back() == '.' ? text : text + ".";
 }
 
+std::string Arguments(const CommandEntry& command) {
+  std::string text;
+  for (const OptionEntry& argument : command.arguments) {
+    const std::string name = Italic(argument.names[0]);
+    text += argument.required ? " " + name : " [" + name + "]";
+  }
+  return text;
+}
+
 std::string Usage(const CommandEntry& command) {
-  std::string line = Bold("wbimport " + command.name);
-  for (const OptionEntry& argument : command.arguments) line += " " + Italic(argument.names[0]);
+  std::string line = Bold("wbimport " + command.name) + Arguments(command);
   if (!command.options.empty()) line += " [" + Italic("OPTION") + "]...";
   return line;
 }
@@ -69,8 +77,7 @@ std::string Synopsis(const OptionTable& table) {
 std::string Commands(const OptionTable& table) {
   std::string text;
   for (const CommandEntry& command : table.commands) {
-    text += ".TP\n" + Bold(command.name);
-    for (const OptionEntry& argument : command.arguments) text += " " + Italic(argument.names[0]);
+    text += ".TP\n" + Bold(command.name) + Arguments(command);
     text += "\n" + Escape(Sentence(command.help)) + "\n";
     for (const OptionEntry& argument : command.arguments) {
       text += fmt::format("{}: {}\n", Italic(argument.names[0]), Escape(Sentence(argument.help)));

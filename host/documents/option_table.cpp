@@ -43,6 +43,7 @@ OptionEntry ReadOption(const CLI::Option& option) {
   if (entry.names.empty()) entry.names.push_back(option.get_name(true));
   entry.group = option.get_group();
   entry.help = option.get_description();
+  entry.required = option.get_required();
   if (option.get_type_size() == 0) return entry;
   // CLI11 gives NAME:{a,b} where only some texts are taken, and NAME:INT in [0 - 8] for a range.
   const std::string type = option.get_type_name();

@@ -12,6 +12,7 @@ struct OptionEntry {
   std::vector<std::string> values;  // the few texts that can stand there; empty: any text
   bool is_list = false;             // several of them, parted by commas
   bool repeats = false;             // may be given more than once
+  bool required = false;
   std::string group;
   std::string help;
 };

@@ -98,6 +98,7 @@ TEST(Failures, AreOneLineThatSaysWhatWasTriedAndWhy) {
       {{"diff", no_file, text_file}, 2, "cannot read"},
       {{"list", "columns"}, 2, "--table"},
       {{"import", "--select-synonym", "joe.nothing"}, 2, "joe.nothing"},
+      {{"import", "--select-table", "\"boo*\""}, 2, "did you mean 'book'?"},
       {{"import", "--select-table", "memer"}, 2, "did you mean 'member'?"},
       {{"import", "--sample", "db2", "--exclude", "NORTH.MEMBR"}, 2, "'NORTH.MEMBER'"},
       {{"import", "--sample", "db2", "--owner", "NRTH"}, 2, "did you mean 'NORTH'?"},
@@ -261,6 +262,8 @@ TEST(Output, OfASavedWorkbookIsTheSameWorkbook) {
   EXPECT_THAT(ReadFile(page), testing::StartsWith("<!doctype html>"));
   EXPECT_EQ(RunProgram({"render", file, "-o", page, "-f", "markdown"}).exit_code, 0);
   EXPECT_THAT(ReadFile(page), testing::StartsWith("# Schema"));
+  EXPECT_THAT(RunProgram({"render", file, "-f", "dot", "--around", "library.boook"}).err,
+              HasSubstr("did you mean 'library.book'"));
 }
 
 TEST(Output, IntoAPipeThatIsClosedEndsQuietly) {
@@ -269,6 +272,9 @@ TEST(Output, IntoAPipeThatIsClosedEndsQuietly) {
                               " import --sample sqlite -q -f html | head -c 9 | wc -c; "
                               "exit ${PIPESTATUS[0]}' >/dev/null";
   EXPECT_EQ(std::system(command.c_str()), 0);
+  const std::string help =
+      "bash -c '(sleep 0.1; " + ProgramPath() + " --help) | true; exit ${PIPESTATUS[0]}'";
+  EXPECT_EQ(std::system(help.c_str()), 0);
 }
 
 // Names with everything that breaks naive quoting, told apart from one another.
@@ -458,12 +464,15 @@ TEST(Interrupts, StopThenCancelAndWriteWhatWasReadOrNothingAtTheThird) {
 }
 
 TEST(Progress, IsABarOnATerminalALineElsewhereLinesOrNothingWhenAsked) {
+  const TemporaryFolder folder;
+  const std::string file = folder.path() + "/x.json";
   const std::string bar =
-      RunProgram({.arguments = {"import", "--sample", "informix", "--items", "tables"},
+      RunProgram({.arguments = {"import", "--sample", "informix", "--items", "tables", "-o", file},
                   .on_terminal = true})
           .out;
   EXPECT_THAT(bar, HasSubstr("\x1b[K"));
   EXPECT_THAT(bar, HasSubstr("tables and views"));
+  EXPECT_THAT(bar, HasSubstr(", wrote " + file));
   EXPECT_THAT(RunProgram({"import", "--progress", "plain"}).err,
               HasSubstr("reading tables and views: 18\n"));
   const std::string lines = RunProgram({"import"}).err;
