@@ -84,6 +84,13 @@ constexpr char kLibrary[] = "library";
 constexpr char kDbo[] = "dbo";
 constexpr char kYes[] = "1";
 
+// SERVERPROPERTY: an edition that one installs.
+void ServerProperty(sqlite3_context* context, int, sqlite3_value** arguments) {
+  if (EqualIgnoringCase(TextOf(arguments[0]), "EngineEdition"))
+    return sqlite3_result_int(context, 3);
+  sqlite3_result_text(context, "15.0.2000.5", -1, SQLITE_STATIC);
+}
+
 struct Function {
   const char* name;
   int arguments;  // -1: any number
@@ -99,6 +106,7 @@ constexpr Function kFunctions[] = {
     {"db_name", 0, Constant<kLibrary>},
     {"schema_name", 0, Constant<kDbo>},
     {"has_perms_by_name", 3, Constant<kYes>},
+    {"serverproperty", 1, ServerProperty},
     {"sys_context", 2, Constant<kLibrary>},
 };
 

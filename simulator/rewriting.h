@@ -34,6 +34,8 @@ void RewriteColonCasts(Tokens& tokens);
 void RewriteIndexCol(Tokens& tokens);
 void RewriteKeywordNames(Tokens& tokens);
 void RewriteOuterJoins(Tokens& tokens);
+void RefuseBareNulls(Tokens& tokens);
+void RefuseLongExpressions(Tokens& tokens);
 
 // SQLite walks ORs one by one, and not very many of them: a chain over a few columns becomes a
 // look-up in a list of values, any other a tree.

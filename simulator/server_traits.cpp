@@ -7,8 +7,8 @@
 namespace catalogsim {
 namespace {
 
-constexpr std::uint32_t kInformixDialect =
-    kDoubleQuotedTexts | kColonCasts | kOuterKeyword | kDatabasePrefix | kKeywordNames;
+constexpr std::uint32_t kInformixDialect = kDoubleQuotedTexts | kColonCasts | kOuterKeyword |
+                                           kDatabasePrefix | kKeywordNames | kNoBareNull;
 
 // SQL_OU_DML_STATEMENTS and the rest of the owner and catalog usages.
 constexpr std::uint32_t kEverywhere = 0x1F;
@@ -39,7 +39,7 @@ constexpr ServerTraits kServers[] = {
     {.name = "sqlserver-2019", .script = &kSqlserver2019, .scale_script = &kScaleSqlserver2019,
      .shop = true,
      .dbms_name = "Microsoft SQL Server", .dbms_version = "15.00.2000", .catalog = "library",
-     .owner_usage = kEverywhere, .catalog_usage = kEverywhere, .dialect = kNoDialect,
+     .owner_usage = kEverywhere, .catalog_usage = kEverywhere, .dialect = kIndexCol,
      .row_distance = 0, .wide = true, .schemas = {"sys"}, .missing_functions = {}},
     {.name = "sybase", .script = &kSybase, .scale_script = nullptr,
      .library = true,
@@ -53,7 +53,7 @@ constexpr ServerTraits kServers[] = {
     {.name = "oracle-19", .script = &kOracle19, .scale_script = nullptr,
      .shop = true,
      .dbms_name = "Oracle", .dbms_version = "19.03.0000", .catalog = "",
-     .owner_usage = kEverywhere, .catalog_usage = 0, .dialect = kDatabaseLinks,
+     .owner_usage = kEverywhere, .catalog_usage = 0, .dialect = kDatabaseLinks | kLongColumns,
      .row_distance = 0, .wide = false, .schemas = {}, .missing_functions = {}},
     {.name = "oracle-7", .script = &kOracle7, .scale_script = &kScaleOracle,
      .dbms_name = "Oracle", .dbms_version = "07.03.0400", .catalog = "",

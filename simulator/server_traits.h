@@ -19,6 +19,8 @@ enum Dialect : std::uint32_t {
   kDatabaseLinks = 16,     // table@link
   kIndexCol = 32,          // index_col(table, index, key)
   kKeywordNames = 64,      // SYSCAT.REFERENCES, a.default
+  kNoBareNull = 128,       // NULL is no column of a SELECT
+  kLongColumns = 256,      // LONG columns in expressions are refused
 };
 
 struct ServerTraits {

@@ -73,6 +73,8 @@ bool IsSymbol(const Token& token, std::string_view symbol) {
 
 std::string RewriteForSqlite(std::string_view sql, std::uint32_t dialect) {
   Tokens tokens = Tokenize(sql);
+  if ((dialect & kNoBareNull) != 0) RefuseBareNulls(tokens);
+  if ((dialect & kLongColumns) != 0) RefuseLongExpressions(tokens);
   if ((dialect & kDoubleQuotedTexts) != 0) RewriteDoubleQuotedTexts(tokens);
   if ((dialect & kDatabasePrefix) != 0) RewriteDatabasePrefixes(tokens);
   if ((dialect & kDatabaseLinks) != 0) RewriteDatabaseLinks(tokens);

@@ -51,6 +51,13 @@ class ManPage(unittest.TestCase):
         self.assertIn("branch\n", result.stdout)
 
 class Pages(unittest.TestCase):
+    def test_name_every_function_of_the_practice_servers(self):
+        source = HERE.parent.parent
+        functions = re.findall(r'^    \{"(\w+)", -?\d', (source / "simulator/helper_functions.cpp").read_text(), re.M)
+        self.assertGreater(len(functions), 5)
+        for function in functions:
+            self.assertIn(f"`{function}(", (source / "docs/simulator.md").read_text())
+
     def test_link_to_what_is_there(self):
         source = HERE.parent.parent
         pages = [page for page in source.rglob("*.md") if not {"build", "node_modules"} & set(page.relative_to(source).parts)]

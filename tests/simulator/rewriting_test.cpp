@@ -93,6 +93,14 @@ TEST(Rewriting, TellsAFailureByItsSqlstate) {
   EXPECT_EQ(Query(*connection, "select 1 from t@nolink"), (std::vector<Row>{{"S0002"}}));
   EXPECT_EQ(Query(*connection, "select \"x\""), (std::vector<Row>{{"S0022"}}));
   EXPECT_EQ(Query(*connection, "select 'x from"), (std::vector<Row>{{"37000"}}));
+  const auto current = Connection::OpenSimulator("oracle-19");
+  EXPECT_EQ(Query(*current, "select k.query from all_mviews k"),
+            (std::vector<Row>{{"SELECT a FROM bin"}}));
+  EXPECT_EQ(Query(*current, "select lower(k.query) from all_mviews k"),
+            (std::vector<Row>{{"S0022"}}));
+  const auto informix = Connection::OpenSimulator("informix-14");
+  EXPECT_EQ(Query(*informix, "select null, 1 from informix.systables"),
+            (std::vector<Row>{{"S0022"}}));
 }
 
 }  // namespace
