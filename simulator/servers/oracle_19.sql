@@ -1,6 +1,6 @@
 -- Oracle 19: the shop, in the views ALL_*. Names and types of the columns are those of
 -- https://docs.oracle.com/en/database/oracle/oracle-database/19/refrn/ (the pages ALL_USERS, ALL_TABLES, ALL_VIEWS, ALL_MVIEWS, ALL_SYNONYMS, ALL_TAB_COLS,
--- ALL_TAB_IDENTITY_COLS, ALL_TAB_COMMENTS, ALL_COL_COMMENTS, ALL_CONSTRAINTS, ALL_CONS_COLUMNS, ALL_INDEXES, ALL_IND_COLUMNS, ALL_IND_EXPRESSIONS,
+-- ALL_OBJECT_TABLES, ALL_TAB_IDENTITY_COLS, ALL_TAB_COMMENTS, ALL_COL_COMMENTS, ALL_CONSTRAINTS, ALL_CONS_COLUMNS, ALL_INDEXES, ALL_IND_COLUMNS, ALL_IND_EXPRESSIONS,
 -- ALL_TRIGGERS, ALL_SEQUENCES, ALL_PROCEDURES, ALL_ARGUMENTS, ALL_TYPES, ALL_TYPE_ATTRS); columns that nobody asks for are left out.
 -- The server has no alias types: the shop's e-mail is what it is made of.
 BEGIN;
@@ -11,6 +11,8 @@ CREATE TABLE all_catalog (owner VARCHAR2(128), table_name VARCHAR2(128), table_t
 CREATE TABLE all_tables (owner VARCHAR2(128), table_name VARCHAR2(128), iot_type VARCHAR2(12), nested VARCHAR2(3), secondary VARCHAR2(1), temporary VARCHAR2(1),
   partitioned VARCHAR2(3), dropped VARCHAR2(3));
 CREATE INDEX i_tables ON all_tables (owner, table_name);
+CREATE TABLE all_object_tables (owner VARCHAR2(128), table_name VARCHAR2(128), table_type_owner VARCHAR2(128), table_type VARCHAR2(128), temporary VARCHAR2(1),
+  secondary VARCHAR2(1), nested VARCHAR2(3));
 CREATE TABLE all_views (owner VARCHAR2(128), view_name VARCHAR2(128), text_length NUMBER, text LONG);
 CREATE TABLE all_mviews (owner VARCHAR2(128), mview_name VARCHAR2(128), query LONG, refresh_mode VARCHAR2(9));
 CREATE INDEX i_mviews ON all_mviews (owner, mview_name);
@@ -20,7 +22,7 @@ CREATE TABLE all_tab_cols (owner VARCHAR2(128), table_name VARCHAR2(128), column
   char_length NUMBER, char_used VARCHAR2(1), hidden_column VARCHAR2(3), virtual_column VARCHAR2(3), internal_column_id NUMBER,
   identity_column VARCHAR2(3), user_generated VARCHAR2(3));
 CREATE INDEX i_tab_cols ON all_tab_cols (owner, table_name, column_id);
-CREATE TABLE all_tab_identity_cols (owner VARCHAR2(128), table_name VARCHAR2(128), column_name VARCHAR2(128), generation_type VARCHAR2(10));
+CREATE TABLE all_tab_identity_cols (owner VARCHAR2(128), table_name VARCHAR2(128), column_name VARCHAR2(128), generation_type VARCHAR2(10), identity_options VARCHAR2(298));
 CREATE INDEX i_identity ON all_tab_identity_cols (owner, table_name, column_name);
 CREATE TABLE all_tab_comments (owner VARCHAR2(128), table_name VARCHAR2(128), table_type VARCHAR2(11), comments VARCHAR2(4000));
 CREATE INDEX i_tab_comments ON all_tab_comments (owner, table_name);
@@ -79,7 +81,7 @@ INSERT INTO all_tab_cols
          CASE WHEN c.type IN ('CHAR', 'VARCHAR') THEN c.size ELSE 0 END, CASE WHEN c.type IN ('CHAR', 'VARCHAR') THEN 'B' END, 'NO',
          CASE WHEN c.expression IS NULL THEN 'NO' ELSE 'YES' END, c.position, CASE WHEN c.identity IS NULL THEN 'NO' ELSE 'YES' END, 'YES'
   FROM shop t JOIN shop_column c ON c.table_number = t.number JOIN here h ON h.type = c.type;
-INSERT INTO all_tab_identity_cols SELECT t.owner, t.name, c.name, upper(c.identity) FROM shop t JOIN shop_column c ON c.table_number = t.number
+INSERT INTO all_tab_identity_cols SELECT t.owner, t.name, c.name, upper(c.identity), 'START WITH: 1, INCREMENT BY: 1' FROM shop t JOIN shop_column c ON c.table_number = t.number
   WHERE c.identity IS NOT NULL;
 INSERT INTO all_constraints
   SELECT t.owner, k.name, CASE k.kind WHEN 'F' THEN 'R' ELSE k.kind END, t.name, k.expression, k.expression, r.owner, g.name, upper(k.on_delete), 'ENABLED',
@@ -122,14 +124,18 @@ INSERT INTO all_arguments SELECT s.name, r.name, NULL, 500 + r.number, NULL, 1, 
   coalesce(h.precision, p.size), coalesce(h.scale, p.digits), NULL, NULL
   FROM shop_parameter p JOIN shop_routine r ON r.number = p.routine_number JOIN shop_schema s ON s.number = r.schema_number JOIN here h ON h.type = p.type;
 
--- What this server alone has: a materialized view, an invisible column, a type with attributes, a package with overloads.
+-- What this server alone has: a materialized view, an invisible column, a type with attributes, a table of it, a collection type, a package with overloads.
 INSERT INTO all_tables VALUES ('stock', 'shelf', NULL, 'NO', 'N', 'N', 'YES', 'NO');
 INSERT INTO all_mviews VALUES ('stock', 'shelf', 'SELECT a FROM bin', 'DEMAND');
 INSERT INTO all_tab_cols VALUES
   ('stock', 'shelf', 'a', 'NUMBER', NULL, 22, NULL, NULL, 'Y', 1, NULL, NULL, 0, NULL, 'NO', 'NO', 1, 'NO', 'YES'),
   ('stock', 'shelf', 'hidden', 'NUMBER', NULL, 22, NULL, 0, 'Y', NULL, NULL, NULL, 0, NULL, 'YES', 'NO', 2, 'NO', 'YES'),
   ('stock', 'shelf', 'SYS_NC00003$', 'NUMBER', NULL, 22, NULL, 0, 'Y', NULL, NULL, NULL, 0, NULL, 'YES', 'YES', 3, 'NO', 'NO');
-INSERT INTO all_types VALUES ('stock', 'shelf_place', 'OBJECT'), ('SYS', 'XMLTYPE', 'OBJECT');
+INSERT INTO all_object_tables VALUES ('stock', 'shelf_places', 'stock', 'shelf_place', 'N', 'N', 'NO'), ('stock', 'BIN$x==$0', 'stock', 'shelf_place', 'N', 'N', 'NO');
+INSERT INTO all_tab_cols VALUES
+  ('stock', 'shelf_places', 'SYS_NC_OID$', 'RAW', NULL, 16, NULL, NULL, 'N', NULL, NULL, NULL, 0, NULL, 'YES', 'NO', 1, 'NO', 'NO'),
+  ('stock', 'shelf_places', 'row_number', 'NUMBER', NULL, 22, 4, 0, 'Y', 1, NULL, NULL, 0, NULL, 'NO', 'NO', 3, 'NO', 'YES');
+INSERT INTO all_types VALUES ('stock', 'shelf_place', 'OBJECT'), ('stock', 'shelf_names', 'COLLECTION'), ('SYS', 'XMLTYPE', 'OBJECT');
 INSERT INTO all_type_attrs VALUES ('stock', 'shelf_place', 'row_number', NULL, 'NUMBER', NULL, 4, 0, 1), ('stock', 'shelf_place', 'name', NULL, 'VARCHAR2', 20, NULL, NULL, 2);
 INSERT INTO all_procedures VALUES ('stock', 'shelves', 'shelf_fill', 600, 1, '1', 'PACKAGE', 'NO'), ('stock', 'shelves', 'shelf_fill', 600, 2, '2', 'PACKAGE', 'NO'),
   ('stock', 'shelves', NULL, 600, 0, NULL, 'PACKAGE', 'NO');

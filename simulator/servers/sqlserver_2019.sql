@@ -1,5 +1,5 @@
 -- Microsoft SQL Server 2019: the shop, in the catalog views of the schema sys. Names, order and types of the columns are those of
--- https://learn.microsoft.com/en-us/sql/relational-databases/system-catalog-views/ (the pages sys-schemas, sys-objects, sys-columns, sys-types,
+-- https://learn.microsoft.com/en-us/sql/relational-databases/system-catalog-views/ (the pages sys-schemas, sys-objects, sys-tables, sys-columns, sys-types, sys-table-types,
 -- sys-default-constraints, sys-computed-columns, sys-identity-columns, sys-key-constraints, sys-indexes, sys-index-columns, sys-foreign-keys,
 -- sys-foreign-key-columns, sys-check-constraints, sys-triggers, sys-trigger-events, sys-sql-modules, sys-sequences, sys-synonyms, sys-parameters,
 -- extended-properties-catalog-views-sys-extended-properties); columns that nobody asks for are left out.
@@ -124,6 +124,27 @@ INSERT INTO sys.indexes VALUES (4001, 'shelf_wide', 2, 2, 'NONCLUSTERED', 0, 0, 
 INSERT INTO sys.index_columns VALUES (4001, 2, 1, 2, 1, 0, 1, 0), (4001, 2, 2, 1, 0, 0, 0, 1);
 
 CREATE INDEX sys.by_table ON foreign_keys(parent_object_id);
+
+-- What SQL Server 2000 had as tables is there as views (system-compatibility-views/sys-sysobjects-transact-sql and so on). sysobjects.uid is the number of a schema;
+-- each has a user of its name and number here, or else its tables would have no owner there.
+CREATE VIEW sys.sysusers AS SELECT name, schema_id AS uid FROM schemas;
+CREATE VIEW sys.sysobjects AS SELECT name, object_id AS id, type AS xtype, schema_id AS uid FROM objects;
+CREATE VIEW sys.systypes AS SELECT name, system_type_id AS xtype, user_type_id AS xusertype, max_length AS length, precision AS prec, scale FROM types;
+CREATE VIEW sys.syscolumns AS SELECT name, object_id AS id, user_type_id AS xusertype, max_length AS length, column_id AS colid, precision AS prec, scale, is_nullable AS isnullable
+  FROM columns;
+CREATE VIEW sys.sysindexes AS SELECT object_id AS id, index_id AS indid, name, is_primary_key * 2048 AS status,
+  (SELECT count(*) FROM index_columns k WHERE k.object_id = i.object_id AND k.index_id = i.index_id AND k.key_ordinal > 0) AS keycnt FROM indexes i;
+CREATE VIEW sys.sim_index_keys AS SELECT o.name AS table_name, k.index_id AS indid, k.key_ordinal AS keyno, c.name AS column_name
+  FROM objects o JOIN index_columns k ON k.object_id = o.object_id JOIN columns c ON c.object_id = k.object_id AND c.column_id = k.column_id;
+CREATE TABLE sys.sysreferences(constid INT, fkeyid INT, rkeyid INT, keycnt SMALLINT,
+  fkey1 SMALLINT, fkey2 SMALLINT, fkey3 SMALLINT, fkey4 SMALLINT, fkey5 SMALLINT, fkey6 SMALLINT, fkey7 SMALLINT, fkey8 SMALLINT, fkey9 SMALLINT, fkey10 SMALLINT, fkey11 SMALLINT, fkey12 SMALLINT, fkey13 SMALLINT, fkey14 SMALLINT, fkey15 SMALLINT, fkey16 SMALLINT,
+  rkey1 SMALLINT, rkey2 SMALLINT, rkey3 SMALLINT, rkey4 SMALLINT, rkey5 SMALLINT, rkey6 SMALLINT, rkey7 SMALLINT, rkey8 SMALLINT, rkey9 SMALLINT, rkey10 SMALLINT, rkey11 SMALLINT, rkey12 SMALLINT, rkey13 SMALLINT, rkey14 SMALLINT, rkey15 SMALLINT, rkey16 SMALLINT);
+INSERT INTO sys.sysreferences SELECT constraint_object_id, parent_object_id, referenced_object_id, count(*),
+  sum(CASE constraint_column_id WHEN 1 THEN parent_column_id ELSE 0 END), sum(CASE constraint_column_id WHEN 2 THEN parent_column_id ELSE 0 END), sum(CASE constraint_column_id WHEN 3 THEN parent_column_id ELSE 0 END),
+  0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0,
+  sum(CASE constraint_column_id WHEN 1 THEN referenced_column_id ELSE 0 END), sum(CASE constraint_column_id WHEN 2 THEN referenced_column_id ELSE 0 END), sum(CASE constraint_column_id WHEN 3 THEN referenced_column_id ELSE 0 END),
+  0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0
+  FROM sys.foreign_key_columns GROUP BY constraint_object_id, parent_object_id, referenced_object_id;
 CREATE TABLE sys.sim_types (type_name, data_type, column_size, create_params, auto_increment, max_scale);
 INSERT INTO sys.sim_types VALUES ('int', 4, 10, NULL, 0, NULL), ('varchar', 12, 8000, 'max length', 0, NULL);
 CREATE VIEW sys.sim_tables AS SELECT s.name AS owner, o.name AS name, CASE o.type WHEN 'V' THEN 'VIEW' WHEN 'SN' THEN 'SYNONYM' ELSE 'TABLE' END AS type, NULL AS remarks

@@ -4,7 +4,8 @@
 -- SYSOBJSTATE, SYSDEFAULTS, SYSCHECKS, SYSVIEWS, SYSTRIGGERS, SYSTRIGBODY, SYSPROCEDURES, SYSPROCBODY; since 9 SYSCOLUMNS.EXTENDED_ID, SYSXTDTYPES,
 -- SYSATTRTYPES, SYSPROCEDURES.ISPROC and LANGID, SYSROUTINELANGS; since 9.40 SYSSEQUENCES; since 10 SYSPROCCOLUMNS.
 -- A type is a number, 256 more where NULL is forbidden and 2048 and 4096 where it has a name; a length says two or three things at once. Texts are
--- kept in pieces of some characters. User tables are numbered from 100 on.
+-- kept in pieces of some characters. User tables are numbered from 100 on. A CASE of literals may be a CHAR as long as the longest, filled with
+-- blanks: each is trimmed. NULL alone is no expression of a SELECT (https://help.hcl-software.com/hclinformix/1410/sqs/ids_sqs_0192.html).
 --
 -- Not here: fragments, rights, access methods, casts, operator classes. An index on a function is listed as not read: its parts are numbers of a function.
 --
@@ -31,10 +32,10 @@
 -- row: sample
 SELECT 'ä€' FROM informix.systables t WHERE t.tabid = 1;
 
--- A server that only calls itself so lacks one of these.
+-- A server that only calls itself so lacks one of these; one of old age takes no LEFT JOIN.
 -- @probe
 -- row: -
-SELECT COUNT(*) FROM informix.sysdefaults d, informix.sysobjstate o WHERE d.tabid = 0 AND o.tabid = d.tabid;
+SELECT COUNT(*) FROM informix.sysdefaults d LEFT JOIN informix.sysobjstate o ON o.tabid = d.tabid WHERE d.tabid = 0;
 
 -- There is no list of owners.
 -- @schemas
@@ -60,28 +61,28 @@ WHERE t.tabtype IN ('T', 'E', 'V', 'S', 'P') AND (t.tabid >= 100 /*@system OR t.
 -- row: table_id|position|not_null|identity{0=,1=auto increment}, column, type, base_type, type_schema, length, precision, scale
 SELECT c.tabid || '|' || c.colno || '|' || MOD(TRUNC(c.coltype / 256), 2) || '|' || CASE WHEN MOD(c.coltype, 256) IN (6, 18, 53) THEN 1 ELSE 0 END,
        TRIM(c.colname),
-       /*@since 9 CASE WHEN x.name IS NULL OR x.name = '' THEN */
+       TRIM(/*@since 9 CASE WHEN x.name IS NULL OR x.name = '' THEN */
        CASE MOD(c.coltype, 256) WHEN 0 THEN 'CHAR(' || c.collength || ')' WHEN 1 THEN 'SMALLINT' WHEN 2 THEN 'INTEGER' WHEN 3 THEN 'FLOAT' WHEN 4 THEN 'SMALLFLOAT'
          WHEN 5 THEN 'DECIMAL(' || TRUNC(c.collength / 256) || CASE MOD(c.collength, 256) WHEN 255 THEN ')' ELSE ',' || MOD(c.collength, 256) || ')' END
          WHEN 6 THEN 'SERIAL' WHEN 7 THEN 'DATE' WHEN 8 THEN 'MONEY(' || TRUNC(c.collength / 256) || ',' || MOD(c.collength, 256) || ')'
-         WHEN 10 THEN 'DATETIME ' || CASE TRUNC(MOD(c.collength, 256) / 16) WHEN 0 THEN 'YEAR' WHEN 2 THEN 'MONTH' WHEN 4 THEN 'DAY' WHEN 6 THEN 'HOUR' WHEN 8 THEN 'MINUTE' WHEN 10 THEN 'SECOND' ELSE 'FRACTION' END ||
+         WHEN 10 THEN 'DATETIME ' || TRIM(CASE TRUNC(MOD(c.collength, 256) / 16) WHEN 0 THEN 'YEAR' WHEN 2 THEN 'MONTH' WHEN 4 THEN 'DAY' WHEN 6 THEN 'HOUR' WHEN 8 THEN 'MINUTE' WHEN 10 THEN 'SECOND' ELSE 'FRACTION' END) ||
            ' TO ' || CASE MOD(c.collength, 16) WHEN 0 THEN 'YEAR' WHEN 2 THEN 'MONTH' WHEN 4 THEN 'DAY' WHEN 6 THEN 'HOUR' WHEN 8 THEN 'MINUTE' WHEN 10 THEN 'SECOND' ELSE 'FRACTION(' || (MOD(c.collength, 16) - 10) || ')' END
          WHEN 11 THEN 'BYTE' WHEN 12 THEN 'TEXT' WHEN 13 THEN 'VARCHAR(' || MOD(c.collength + 65536, 256) ||
            CASE WHEN TRUNC(MOD(c.collength + 65536, 65536) / 256) = 0 THEN ')' ELSE ',' || TRUNC(MOD(c.collength + 65536, 65536) / 256) || ')' END
-         WHEN 14 THEN 'INTERVAL ' || CASE TRUNC(MOD(c.collength, 256) / 16) WHEN 0 THEN 'YEAR' WHEN 2 THEN 'MONTH' WHEN 4 THEN 'DAY' WHEN 6 THEN 'HOUR' WHEN 8 THEN 'MINUTE' WHEN 10 THEN 'SECOND' ELSE 'FRACTION' END ||
+         WHEN 14 THEN 'INTERVAL ' || TRIM(CASE TRUNC(MOD(c.collength, 256) / 16) WHEN 0 THEN 'YEAR' WHEN 2 THEN 'MONTH' WHEN 4 THEN 'DAY' WHEN 6 THEN 'HOUR' WHEN 8 THEN 'MINUTE' WHEN 10 THEN 'SECOND' ELSE 'FRACTION' END) ||
            '(' || (TRUNC(c.collength / 256) - MOD(c.collength, 16) + TRUNC(MOD(c.collength, 256) / 16)) || ') TO ' || CASE MOD(c.collength, 16) WHEN 0 THEN 'YEAR' WHEN 2 THEN 'MONTH' WHEN 4 THEN 'DAY' WHEN 6 THEN 'HOUR' WHEN 8 THEN 'MINUTE' WHEN 10 THEN 'SECOND' ELSE 'FRACTION(' || (MOD(c.collength, 16) - 10) || ')' END
          WHEN 15 THEN 'NCHAR(' || c.collength || ')' WHEN 16 THEN 'NVARCHAR(' || MOD(c.collength + 65536, 256) ||
            CASE WHEN TRUNC(MOD(c.collength + 65536, 65536) / 256) = 0 THEN ')' ELSE ',' || TRUNC(MOD(c.collength + 65536, 65536) / 256) || ')' END
          WHEN 17 THEN 'INT8' WHEN 18 THEN 'SERIAL8' WHEN 19 THEN 'SET' WHEN 20 THEN 'MULTISET' WHEN 21 THEN 'LIST' WHEN 22 THEN 'ROW'
          WHEN 43 THEN 'LVARCHAR(' || c.collength || ')' WHEN 45 THEN 'BOOLEAN' WHEN 52 THEN 'BIGINT' WHEN 53 THEN 'BIGSERIAL' ELSE 'TYPE ' || MOD(c.coltype, 256) END
        /*@since 9 WHEN x.mode IN ('D', 'R') THEN TRIM(x.owner) || '.' || TRIM(x.name)
-       WHEN x.name = 'lvarchar' THEN 'LVARCHAR(' || c.collength || ')' ELSE UPPER(x.name) END */,
-       /*@since 9 CASE WHEN x.name IS NULL OR x.name = '' THEN */ CASE MOD(c.coltype, 256) WHEN 0 THEN 'CHAR' WHEN 1 THEN 'SMALLINT' WHEN 2 THEN 'INTEGER' WHEN 3 THEN 'FLOAT' WHEN 4 THEN 'SMALLFLOAT' WHEN 5 THEN 'DECIMAL'
+       WHEN x.name = 'lvarchar' THEN 'LVARCHAR(' || c.collength || ')' ELSE UPPER(x.name) END */),
+       TRIM(/*@since 9 CASE WHEN x.name IS NULL OR x.name = '' THEN */ CASE MOD(c.coltype, 256) WHEN 0 THEN 'CHAR' WHEN 1 THEN 'SMALLINT' WHEN 2 THEN 'INTEGER' WHEN 3 THEN 'FLOAT' WHEN 4 THEN 'SMALLFLOAT' WHEN 5 THEN 'DECIMAL'
          WHEN 6 THEN 'SERIAL' WHEN 7 THEN 'DATE' WHEN 8 THEN 'MONEY' WHEN 10 THEN 'DATETIME' WHEN 11 THEN 'BYTE' WHEN 12 THEN 'TEXT' WHEN 13 THEN 'VARCHAR'
          WHEN 14 THEN 'INTERVAL' WHEN 15 THEN 'NCHAR' WHEN 16 THEN 'NVARCHAR' WHEN 17 THEN 'INT8' WHEN 18 THEN 'SERIAL8' WHEN 19 THEN 'SET'
          WHEN 20 THEN 'MULTISET' WHEN 21 THEN 'LIST' WHEN 22 THEN 'ROW' WHEN 43 THEN 'LVARCHAR' WHEN 45 THEN 'BOOLEAN' WHEN 52 THEN 'BIGINT'
-         WHEN 53 THEN 'BIGSERIAL' ELSE 'TYPE ' || MOD(c.coltype, 256) END /*@since 9 ELSE UPPER(x.name) END */,
-       /*@since 9 CASE WHEN x.mode IN ('D', 'R') THEN TRIM(x.owner) END @else*/ NULL /*@end*/,
+         WHEN 53 THEN 'BIGSERIAL' ELSE 'TYPE ' || MOD(c.coltype, 256) END /*@since 9 ELSE UPPER(x.name) END */),
+       /*@since 9 CASE WHEN x.mode IN ('D', 'R') THEN TRIM(x.owner) END @else*/ CASE WHEN 1 = 0 THEN '' END /*@end*/,
        CASE WHEN MOD(c.coltype, 256) IN (0, 15, 40, 43) THEN c.collength WHEN MOD(c.coltype, 256) IN (13, 16) THEN MOD(c.collength + 65536, 256) END,
        CASE WHEN MOD(c.coltype, 256) IN (5, 8) THEN TRUNC(c.collength / 256) WHEN MOD(c.coltype, 256) = 10 AND MOD(c.collength, 16) > 10 THEN MOD(c.collength, 16) - 10 END,
        CASE WHEN MOD(c.coltype, 256) IN (5, 8) AND MOD(c.collength, 256) <> 255 THEN MOD(c.collength, 256) END
@@ -94,7 +95,7 @@ WHERE (c.tabid >= 100 /*@system OR c.tabid > 0 */)
 -- @column_defaults
 -- row: table_id|position, default
 SELECT d.tabid || '|' || d.colno,
-       CASE d.type WHEN 'C' THEN 'CURRENT' WHEN 'N' THEN 'NULL' WHEN 'S' THEN 'DBSERVERNAME' WHEN 'T' THEN 'TODAY' WHEN 'U' THEN 'USER'
+       TRIM(CASE d.type WHEN 'C' THEN 'CURRENT' WHEN 'N' THEN 'NULL' WHEN 'S' THEN 'DBSERVERNAME' WHEN 'T' THEN 'TODAY' WHEN 'U' THEN 'USER'
          ELSE CASE WHEN MOD(c.coltype, 256) IN (0, 13, 15, 16, 40, 43, 45) THEN '''' || REPLACE(TRIM(d.default), '''', '''''') || '''' ELSE
               TRIM(CASE WHEN SUBSTR(d.default, 1, 1) = ' ' THEN SUBSTR(d.default, 2)
               WHEN SUBSTR(d.default, 2, 1) = ' ' THEN SUBSTR(d.default, 3)
@@ -125,7 +126,7 @@ SELECT d.tabid || '|' || d.colno,
               WHEN SUBSTR(d.default, 27, 1) = ' ' THEN SUBSTR(d.default, 28)
               WHEN SUBSTR(d.default, 28, 1) = ' ' THEN SUBSTR(d.default, 29)
               WHEN SUBSTR(d.default, 29, 1) = ' ' THEN SUBSTR(d.default, 30)
-              WHEN SUBSTR(d.default, 30, 1) = ' ' THEN SUBSTR(d.default, 31) ELSE d.default END) END END
+              WHEN SUBSTR(d.default, 30, 1) = ' ' THEN SUBSTR(d.default, 31) ELSE d.default END) END END)
 FROM informix.sysdefaults d
 JOIN informix.syscolumns c ON c.tabid = d.tabid AND c.colno = d.colno
 WHERE d.tabid >= 100 /*@since 9 AND d.class = 'T' */
@@ -241,28 +242,28 @@ ORDER BY 1, 2;
 -- @types since 9
 -- row: schema, name, kind{D=distinct,R=composite}, base_type, position, attribute, attribute_type
 SELECT TRIM(x.owner), TRIM(x.name), x.mode,
-       CASE x.mode WHEN 'D' THEN CASE WHEN s.name IS NULL OR s.name = '' THEN CASE MOD(x.type, 256) WHEN 0 THEN 'CHAR' WHEN 1 THEN 'SMALLINT' WHEN 2 THEN 'INTEGER' WHEN 3 THEN 'FLOAT' WHEN 4 THEN 'SMALLFLOAT' WHEN 5 THEN 'DECIMAL'
+       TRIM(CASE x.mode WHEN 'D' THEN CASE WHEN s.name IS NULL OR s.name = '' THEN CASE MOD(x.type, 256) WHEN 0 THEN 'CHAR' WHEN 1 THEN 'SMALLINT' WHEN 2 THEN 'INTEGER' WHEN 3 THEN 'FLOAT' WHEN 4 THEN 'SMALLFLOAT' WHEN 5 THEN 'DECIMAL'
          WHEN 6 THEN 'SERIAL' WHEN 7 THEN 'DATE' WHEN 8 THEN 'MONEY' WHEN 10 THEN 'DATETIME' WHEN 11 THEN 'BYTE' WHEN 12 THEN 'TEXT' WHEN 13 THEN 'VARCHAR'
          WHEN 14 THEN 'INTERVAL' WHEN 15 THEN 'NCHAR' WHEN 16 THEN 'NVARCHAR' WHEN 17 THEN 'INT8' WHEN 18 THEN 'SERIAL8' WHEN 19 THEN 'SET'
          WHEN 20 THEN 'MULTISET' WHEN 21 THEN 'LIST' WHEN 22 THEN 'ROW' WHEN 43 THEN 'LVARCHAR' WHEN 45 THEN 'BOOLEAN' WHEN 52 THEN 'BIGINT'
-         WHEN 53 THEN 'BIGSERIAL' ELSE 'TYPE ' || MOD(x.type, 256) END ELSE UPPER(s.name) END END,
+         WHEN 53 THEN 'BIGSERIAL' ELSE 'TYPE ' || MOD(x.type, 256) END ELSE UPPER(s.name) END END),
        a.fieldno, TRIM(a.fieldname),
-       CASE WHEN a.fieldno IS NOT NULL THEN CASE WHEN y.name IS NULL OR y.name = '' THEN
+       TRIM(CASE WHEN a.fieldno IS NOT NULL THEN CASE WHEN y.name IS NULL OR y.name = '' THEN
        CASE MOD(a.type, 256) WHEN 0 THEN 'CHAR(' || a.length || ')' WHEN 1 THEN 'SMALLINT' WHEN 2 THEN 'INTEGER' WHEN 3 THEN 'FLOAT' WHEN 4 THEN 'SMALLFLOAT'
          WHEN 5 THEN 'DECIMAL(' || TRUNC(a.length / 256) || CASE MOD(a.length, 256) WHEN 255 THEN ')' ELSE ',' || MOD(a.length, 256) || ')' END
          WHEN 6 THEN 'SERIAL' WHEN 7 THEN 'DATE' WHEN 8 THEN 'MONEY(' || TRUNC(a.length / 256) || ',' || MOD(a.length, 256) || ')'
-         WHEN 10 THEN 'DATETIME ' || CASE TRUNC(MOD(a.length, 256) / 16) WHEN 0 THEN 'YEAR' WHEN 2 THEN 'MONTH' WHEN 4 THEN 'DAY' WHEN 6 THEN 'HOUR' WHEN 8 THEN 'MINUTE' WHEN 10 THEN 'SECOND' ELSE 'FRACTION' END ||
+         WHEN 10 THEN 'DATETIME ' || TRIM(CASE TRUNC(MOD(a.length, 256) / 16) WHEN 0 THEN 'YEAR' WHEN 2 THEN 'MONTH' WHEN 4 THEN 'DAY' WHEN 6 THEN 'HOUR' WHEN 8 THEN 'MINUTE' WHEN 10 THEN 'SECOND' ELSE 'FRACTION' END) ||
            ' TO ' || CASE MOD(a.length, 16) WHEN 0 THEN 'YEAR' WHEN 2 THEN 'MONTH' WHEN 4 THEN 'DAY' WHEN 6 THEN 'HOUR' WHEN 8 THEN 'MINUTE' WHEN 10 THEN 'SECOND' ELSE 'FRACTION(' || (MOD(a.length, 16) - 10) || ')' END
          WHEN 11 THEN 'BYTE' WHEN 12 THEN 'TEXT' WHEN 13 THEN 'VARCHAR(' || MOD(a.length + 65536, 256) ||
            CASE WHEN TRUNC(MOD(a.length + 65536, 65536) / 256) = 0 THEN ')' ELSE ',' || TRUNC(MOD(a.length + 65536, 65536) / 256) || ')' END
-         WHEN 14 THEN 'INTERVAL ' || CASE TRUNC(MOD(a.length, 256) / 16) WHEN 0 THEN 'YEAR' WHEN 2 THEN 'MONTH' WHEN 4 THEN 'DAY' WHEN 6 THEN 'HOUR' WHEN 8 THEN 'MINUTE' WHEN 10 THEN 'SECOND' ELSE 'FRACTION' END ||
+         WHEN 14 THEN 'INTERVAL ' || TRIM(CASE TRUNC(MOD(a.length, 256) / 16) WHEN 0 THEN 'YEAR' WHEN 2 THEN 'MONTH' WHEN 4 THEN 'DAY' WHEN 6 THEN 'HOUR' WHEN 8 THEN 'MINUTE' WHEN 10 THEN 'SECOND' ELSE 'FRACTION' END) ||
            '(' || (TRUNC(a.length / 256) - MOD(a.length, 16) + TRUNC(MOD(a.length, 256) / 16)) || ') TO ' || CASE MOD(a.length, 16) WHEN 0 THEN 'YEAR' WHEN 2 THEN 'MONTH' WHEN 4 THEN 'DAY' WHEN 6 THEN 'HOUR' WHEN 8 THEN 'MINUTE' WHEN 10 THEN 'SECOND' ELSE 'FRACTION(' || (MOD(a.length, 16) - 10) || ')' END
          WHEN 15 THEN 'NCHAR(' || a.length || ')' WHEN 16 THEN 'NVARCHAR(' || MOD(a.length + 65536, 256) ||
            CASE WHEN TRUNC(MOD(a.length + 65536, 65536) / 256) = 0 THEN ')' ELSE ',' || TRUNC(MOD(a.length + 65536, 65536) / 256) || ')' END
          WHEN 17 THEN 'INT8' WHEN 18 THEN 'SERIAL8' WHEN 19 THEN 'SET' WHEN 20 THEN 'MULTISET' WHEN 21 THEN 'LIST' WHEN 22 THEN 'ROW'
          WHEN 43 THEN 'LVARCHAR(' || a.length || ')' WHEN 45 THEN 'BOOLEAN' WHEN 52 THEN 'BIGINT' WHEN 53 THEN 'BIGSERIAL' ELSE 'TYPE ' || MOD(a.type, 256) END
        WHEN y.mode IN ('D', 'R') THEN TRIM(y.owner) || '.' || TRIM(y.name)
-       WHEN y.name = 'lvarchar' THEN 'LVARCHAR(' || a.length || ')' ELSE UPPER(y.name) END END
+       WHEN y.name = 'lvarchar' THEN 'LVARCHAR(' || a.length || ')' ELSE UPPER(y.name) END END)
 FROM informix.sysxtdtypes x
 LEFT JOIN informix.sysxtdtypes s ON s.extended_id = x.source AND x.source <> 0
 LEFT JOIN informix.sysattrtypes a ON a.extended_id = x.extended_id AND a.levelno = 1 AND x.mode = 'R'
@@ -283,22 +284,22 @@ WHERE t.tabid >= 100
 -- @routines since 10
 -- row: id, part, schema, name, kind{t=procedure,f=function}, result, language, text
 SELECT p.procid, b.seqno, TRIM(p.owner), TRIM(p.procname), p.isproc,
-       CASE WHEN r.paramid IS NOT NULL THEN CASE WHEN x.name IS NULL OR x.name = '' THEN
+       TRIM(CASE WHEN r.paramid IS NOT NULL THEN CASE WHEN x.name IS NULL OR x.name = '' THEN
        CASE MOD(r.paramtype, 256) WHEN 0 THEN 'CHAR(' || r.paramlen || ')' WHEN 1 THEN 'SMALLINT' WHEN 2 THEN 'INTEGER' WHEN 3 THEN 'FLOAT' WHEN 4 THEN 'SMALLFLOAT'
          WHEN 5 THEN 'DECIMAL(' || TRUNC(r.paramlen / 256) || CASE MOD(r.paramlen, 256) WHEN 255 THEN ')' ELSE ',' || MOD(r.paramlen, 256) || ')' END
          WHEN 6 THEN 'SERIAL' WHEN 7 THEN 'DATE' WHEN 8 THEN 'MONEY(' || TRUNC(r.paramlen / 256) || ',' || MOD(r.paramlen, 256) || ')'
-         WHEN 10 THEN 'DATETIME ' || CASE TRUNC(MOD(r.paramlen, 256) / 16) WHEN 0 THEN 'YEAR' WHEN 2 THEN 'MONTH' WHEN 4 THEN 'DAY' WHEN 6 THEN 'HOUR' WHEN 8 THEN 'MINUTE' WHEN 10 THEN 'SECOND' ELSE 'FRACTION' END ||
+         WHEN 10 THEN 'DATETIME ' || TRIM(CASE TRUNC(MOD(r.paramlen, 256) / 16) WHEN 0 THEN 'YEAR' WHEN 2 THEN 'MONTH' WHEN 4 THEN 'DAY' WHEN 6 THEN 'HOUR' WHEN 8 THEN 'MINUTE' WHEN 10 THEN 'SECOND' ELSE 'FRACTION' END) ||
            ' TO ' || CASE MOD(r.paramlen, 16) WHEN 0 THEN 'YEAR' WHEN 2 THEN 'MONTH' WHEN 4 THEN 'DAY' WHEN 6 THEN 'HOUR' WHEN 8 THEN 'MINUTE' WHEN 10 THEN 'SECOND' ELSE 'FRACTION(' || (MOD(r.paramlen, 16) - 10) || ')' END
          WHEN 11 THEN 'BYTE' WHEN 12 THEN 'TEXT' WHEN 13 THEN 'VARCHAR(' || MOD(r.paramlen + 65536, 256) ||
            CASE WHEN TRUNC(MOD(r.paramlen + 65536, 65536) / 256) = 0 THEN ')' ELSE ',' || TRUNC(MOD(r.paramlen + 65536, 65536) / 256) || ')' END
-         WHEN 14 THEN 'INTERVAL ' || CASE TRUNC(MOD(r.paramlen, 256) / 16) WHEN 0 THEN 'YEAR' WHEN 2 THEN 'MONTH' WHEN 4 THEN 'DAY' WHEN 6 THEN 'HOUR' WHEN 8 THEN 'MINUTE' WHEN 10 THEN 'SECOND' ELSE 'FRACTION' END ||
+         WHEN 14 THEN 'INTERVAL ' || TRIM(CASE TRUNC(MOD(r.paramlen, 256) / 16) WHEN 0 THEN 'YEAR' WHEN 2 THEN 'MONTH' WHEN 4 THEN 'DAY' WHEN 6 THEN 'HOUR' WHEN 8 THEN 'MINUTE' WHEN 10 THEN 'SECOND' ELSE 'FRACTION' END) ||
            '(' || (TRUNC(r.paramlen / 256) - MOD(r.paramlen, 16) + TRUNC(MOD(r.paramlen, 256) / 16)) || ') TO ' || CASE MOD(r.paramlen, 16) WHEN 0 THEN 'YEAR' WHEN 2 THEN 'MONTH' WHEN 4 THEN 'DAY' WHEN 6 THEN 'HOUR' WHEN 8 THEN 'MINUTE' WHEN 10 THEN 'SECOND' ELSE 'FRACTION(' || (MOD(r.paramlen, 16) - 10) || ')' END
          WHEN 15 THEN 'NCHAR(' || r.paramlen || ')' WHEN 16 THEN 'NVARCHAR(' || MOD(r.paramlen + 65536, 256) ||
            CASE WHEN TRUNC(MOD(r.paramlen + 65536, 65536) / 256) = 0 THEN ')' ELSE ',' || TRUNC(MOD(r.paramlen + 65536, 65536) / 256) || ')' END
          WHEN 17 THEN 'INT8' WHEN 18 THEN 'SERIAL8' WHEN 19 THEN 'SET' WHEN 20 THEN 'MULTISET' WHEN 21 THEN 'LIST' WHEN 22 THEN 'ROW'
          WHEN 43 THEN 'LVARCHAR(' || r.paramlen || ')' WHEN 45 THEN 'BOOLEAN' WHEN 52 THEN 'BIGINT' WHEN 53 THEN 'BIGSERIAL' ELSE 'TYPE ' || MOD(r.paramtype, 256) END
        WHEN x.mode IN ('D', 'R') THEN TRIM(x.owner) || '.' || TRIM(x.name)
-       WHEN x.name = 'lvarchar' THEN 'LVARCHAR(' || r.paramlen || ')' ELSE UPPER(x.name) END END,
+       WHEN x.name = 'lvarchar' THEN 'LVARCHAR(' || r.paramlen || ')' ELSE UPPER(x.name) END END),
        UPPER(TRIM(l.langname)), b.data
 FROM informix.sysprocedures p
 LEFT JOIN informix.sysprocbody b ON b.procid = p.procid AND b.datakey = 'T'
@@ -322,22 +323,22 @@ ORDER BY 1, 2;
 -- @parameters since 10
 -- row: id, position, mode{0=in,1=in,2=inout,3=table,4=out}, name, type
 SELECT p.procid, r.paramid, r.paramattr, TRIM(r.paramname),
-       CASE WHEN x.name IS NULL OR x.name = '' THEN
+       TRIM(CASE WHEN x.name IS NULL OR x.name = '' THEN
        CASE MOD(r.paramtype, 256) WHEN 0 THEN 'CHAR(' || r.paramlen || ')' WHEN 1 THEN 'SMALLINT' WHEN 2 THEN 'INTEGER' WHEN 3 THEN 'FLOAT' WHEN 4 THEN 'SMALLFLOAT'
          WHEN 5 THEN 'DECIMAL(' || TRUNC(r.paramlen / 256) || CASE MOD(r.paramlen, 256) WHEN 255 THEN ')' ELSE ',' || MOD(r.paramlen, 256) || ')' END
          WHEN 6 THEN 'SERIAL' WHEN 7 THEN 'DATE' WHEN 8 THEN 'MONEY(' || TRUNC(r.paramlen / 256) || ',' || MOD(r.paramlen, 256) || ')'
-         WHEN 10 THEN 'DATETIME ' || CASE TRUNC(MOD(r.paramlen, 256) / 16) WHEN 0 THEN 'YEAR' WHEN 2 THEN 'MONTH' WHEN 4 THEN 'DAY' WHEN 6 THEN 'HOUR' WHEN 8 THEN 'MINUTE' WHEN 10 THEN 'SECOND' ELSE 'FRACTION' END ||
+         WHEN 10 THEN 'DATETIME ' || TRIM(CASE TRUNC(MOD(r.paramlen, 256) / 16) WHEN 0 THEN 'YEAR' WHEN 2 THEN 'MONTH' WHEN 4 THEN 'DAY' WHEN 6 THEN 'HOUR' WHEN 8 THEN 'MINUTE' WHEN 10 THEN 'SECOND' ELSE 'FRACTION' END) ||
            ' TO ' || CASE MOD(r.paramlen, 16) WHEN 0 THEN 'YEAR' WHEN 2 THEN 'MONTH' WHEN 4 THEN 'DAY' WHEN 6 THEN 'HOUR' WHEN 8 THEN 'MINUTE' WHEN 10 THEN 'SECOND' ELSE 'FRACTION(' || (MOD(r.paramlen, 16) - 10) || ')' END
          WHEN 11 THEN 'BYTE' WHEN 12 THEN 'TEXT' WHEN 13 THEN 'VARCHAR(' || MOD(r.paramlen + 65536, 256) ||
            CASE WHEN TRUNC(MOD(r.paramlen + 65536, 65536) / 256) = 0 THEN ')' ELSE ',' || TRUNC(MOD(r.paramlen + 65536, 65536) / 256) || ')' END
-         WHEN 14 THEN 'INTERVAL ' || CASE TRUNC(MOD(r.paramlen, 256) / 16) WHEN 0 THEN 'YEAR' WHEN 2 THEN 'MONTH' WHEN 4 THEN 'DAY' WHEN 6 THEN 'HOUR' WHEN 8 THEN 'MINUTE' WHEN 10 THEN 'SECOND' ELSE 'FRACTION' END ||
+         WHEN 14 THEN 'INTERVAL ' || TRIM(CASE TRUNC(MOD(r.paramlen, 256) / 16) WHEN 0 THEN 'YEAR' WHEN 2 THEN 'MONTH' WHEN 4 THEN 'DAY' WHEN 6 THEN 'HOUR' WHEN 8 THEN 'MINUTE' WHEN 10 THEN 'SECOND' ELSE 'FRACTION' END) ||
            '(' || (TRUNC(r.paramlen / 256) - MOD(r.paramlen, 16) + TRUNC(MOD(r.paramlen, 256) / 16)) || ') TO ' || CASE MOD(r.paramlen, 16) WHEN 0 THEN 'YEAR' WHEN 2 THEN 'MONTH' WHEN 4 THEN 'DAY' WHEN 6 THEN 'HOUR' WHEN 8 THEN 'MINUTE' WHEN 10 THEN 'SECOND' ELSE 'FRACTION(' || (MOD(r.paramlen, 16) - 10) || ')' END
          WHEN 15 THEN 'NCHAR(' || r.paramlen || ')' WHEN 16 THEN 'NVARCHAR(' || MOD(r.paramlen + 65536, 256) ||
            CASE WHEN TRUNC(MOD(r.paramlen + 65536, 65536) / 256) = 0 THEN ')' ELSE ',' || TRUNC(MOD(r.paramlen + 65536, 65536) / 256) || ')' END
          WHEN 17 THEN 'INT8' WHEN 18 THEN 'SERIAL8' WHEN 19 THEN 'SET' WHEN 20 THEN 'MULTISET' WHEN 21 THEN 'LIST' WHEN 22 THEN 'ROW'
          WHEN 43 THEN 'LVARCHAR(' || r.paramlen || ')' WHEN 45 THEN 'BOOLEAN' WHEN 52 THEN 'BIGINT' WHEN 53 THEN 'BIGSERIAL' ELSE 'TYPE ' || MOD(r.paramtype, 256) END
        WHEN x.mode IN ('D', 'R') THEN TRIM(x.owner) || '.' || TRIM(x.name)
-       WHEN x.name = 'lvarchar' THEN 'LVARCHAR(' || r.paramlen || ')' ELSE UPPER(x.name) END
+       WHEN x.name = 'lvarchar' THEN 'LVARCHAR(' || r.paramlen || ')' ELSE UPPER(x.name) END)
 FROM informix.sysprocedures p
 JOIN informix.sysproccolumns r ON r.procid = p.procid AND r.paramattr <> 5
 LEFT JOIN informix.sysxtdtypes x ON x.extended_id = r.paramxid

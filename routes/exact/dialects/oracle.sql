@@ -4,7 +4,7 @@
 -- Columns used (https://docs.oracle.com/en/database/oracle/oracle-database/19/refrn/, the pages ALL_TABLES, ALL_TAB_COLS, ALL_CONSTRAINTS, ...), all of
 -- 11.1 but for: ALL_USERS.ORACLE_MAINTAINED, ALL_TAB_COLS.USER_GENERATED and IDENTITY_COLUMN, ALL_TAB_IDENTITY_COLS 12.1;
 -- ALL_CONSTRAINTS.SEARCH_CONDITION_VC 12.1. An empty text is NULL.
--- Not read: the text of a package, which is none of one routine's; where a sequence started, which the server does not keep.
+-- Not read: the text of a package, which is none of one routine's; where a sequence started, which the server does not keep; types of collections; methods.
 --
 -- dialect: oracle
 -- product: Oracle
@@ -38,12 +38,13 @@ SELECT x.username, CASE WHEN x.username = SYS_CONTEXT('USERENV', 'CURRENT_SCHEMA
 FROM all_users x
 WHERE (1 = 0 /*@system OR 1 = 1 */ OR x.username /*@before 12.1 NOT IN ('SYS', 'SYSTEM', 'OUTLN', 'DBSNMP', 'XDB', 'CTXSYS', 'MDSYS', 'WMSYS', 'ORDSYS', 'ORDDATA', 'ORDPLUGINS', 'EXFSYS', 'OLAPSYS', 'SYSMAN', 'APPQOSSYS', 'FLOWS_FILES', 'ANONYMOUS', 'XS$NULL') @else*/ IN (SELECT u.username FROM all_users u WHERE u.oracle_maintained = 'N') /*@end*/);
 
--- What a synonym's link leads to is another database. A materialized view is a table too, of the same name.
+-- What a synonym's link leads to is another database. A materialized view is a table too, of the same name. ALL_TABLES leaves out the tables of objects.
 -- @tables
--- row: schema, table, kind, option:partitioned{NO=,YES=yes}, option:index organized{IOT=yes}, comment, target_database, target_schema, target_table
+-- row: schema, table, kind, option:partitioned{NO=,YES=yes}, option:index organized{IOT=yes}, option:of type, comment,
+-- row: target_database, target_schema, target_table
 SELECT t.owner, t.table_name,
        CASE WHEN m.mview_name IS NOT NULL THEN 'materialized view' WHEN t.temporary = 'Y' THEN 'temporary table' ELSE 'table' END,
-       t.partitioned, t.iot_type, k.comments, NULL, NULL, NULL
+       t.partitioned, t.iot_type, NULL, k.comments, NULL, NULL, NULL
 FROM all_tables t
 LEFT JOIN all_mviews m ON m.owner = t.owner AND m.mview_name = t.table_name
 LEFT JOIN all_tab_comments k ON k.owner = t.owner AND k.table_name = t.table_name
@@ -52,13 +53,21 @@ WHERE t.nested = 'NO' AND t.secondary = 'N' AND t.dropped = 'NO' AND (t.iot_type
   /*@owners AND t.owner IN (?list(owner)) */
   /*@tables AND t.table_name IN (?list(table)) */
 UNION ALL
-SELECT v.owner, v.view_name, 'view', NULL, NULL, k.comments, NULL, NULL, NULL
+SELECT t.owner, t.table_name, CASE t.temporary WHEN 'Y' THEN 'temporary table' ELSE 'table' END, NULL, NULL,
+       t.table_type_owner || '.' || t.table_type, k.comments, NULL, NULL, NULL
+FROM all_object_tables t LEFT JOIN all_tab_comments k ON k.owner = t.owner AND k.table_name = t.table_name
+WHERE t.nested = 'NO' AND t.secondary = 'N' AND t.table_name NOT LIKE 'BIN$%'
+  AND (1 = 0 /*@system OR 1 = 1 */ OR t.owner /*@before 12.1 NOT IN ('SYS', 'SYSTEM', 'OUTLN', 'DBSNMP', 'XDB', 'CTXSYS', 'MDSYS', 'WMSYS', 'ORDSYS', 'ORDDATA', 'ORDPLUGINS', 'EXFSYS', 'OLAPSYS', 'SYSMAN', 'APPQOSSYS', 'FLOWS_FILES', 'ANONYMOUS', 'XS$NULL') @else*/ IN (SELECT u.username FROM all_users u WHERE u.oracle_maintained = 'N') /*@end*/)
+  /*@owners AND t.owner IN (?list(owner)) */
+  /*@tables AND t.table_name IN (?list(table)) */
+UNION ALL
+SELECT v.owner, v.view_name, 'view', NULL, NULL, NULL, k.comments, NULL, NULL, NULL
 FROM all_views v LEFT JOIN all_tab_comments k ON k.owner = v.owner AND k.table_name = v.view_name
 WHERE (1 = 0 /*@system OR 1 = 1 */ OR v.owner /*@before 12.1 NOT IN ('SYS', 'SYSTEM', 'OUTLN', 'DBSNMP', 'XDB', 'CTXSYS', 'MDSYS', 'WMSYS', 'ORDSYS', 'ORDDATA', 'ORDPLUGINS', 'EXFSYS', 'OLAPSYS', 'SYSMAN', 'APPQOSSYS', 'FLOWS_FILES', 'ANONYMOUS', 'XS$NULL') @else*/ IN (SELECT u.username FROM all_users u WHERE u.oracle_maintained = 'N') /*@end*/)
   /*@owners AND v.owner IN (?list(owner)) */
   /*@tables AND v.view_name IN (?list(table)) */
 UNION ALL
-SELECT s.owner, s.synonym_name, 'synonym', NULL, NULL, NULL, s.db_link, s.table_owner, s.table_name
+SELECT s.owner, s.synonym_name, 'synonym', NULL, NULL, NULL, NULL, s.db_link, s.table_owner, s.table_name
 FROM all_synonyms s
 WHERE ((1 = 0 /*@system OR 1 = 1 */ OR s.owner /*@before 12.1 NOT IN ('SYS', 'SYSTEM', 'OUTLN', 'DBSNMP', 'XDB', 'CTXSYS', 'MDSYS', 'WMSYS', 'ORDSYS', 'ORDDATA', 'ORDPLUGINS', 'EXFSYS', 'OLAPSYS', 'SYSMAN', 'APPQOSSYS', 'FLOWS_FILES', 'ANONYMOUS', 'XS$NULL') @else*/ IN (SELECT u.username FROM all_users u WHERE u.oracle_maintained = 'N') /*@end*/) OR (s.owner = 'PUBLIC' AND (1 = 0 /*@system OR 1 = 1 */ OR s.table_owner /*@before 12.1 NOT IN ('SYS', 'SYSTEM', 'OUTLN', 'DBSNMP', 'XDB', 'CTXSYS', 'MDSYS', 'WMSYS', 'ORDSYS', 'ORDDATA', 'ORDPLUGINS', 'EXFSYS', 'OLAPSYS', 'SYSMAN', 'APPQOSSYS', 'FLOWS_FILES', 'ANONYMOUS', 'XS$NULL') @else*/ IN (SELECT u.username FROM all_users u WHERE u.oracle_maintained = 'N') /*@end*/)))
   /*@owners AND s.owner IN (?list(owner)) */
@@ -67,7 +76,7 @@ WHERE ((1 = 0 /*@system OR 1 = 1 */ OR s.owner /*@before 12.1 NOT IN ('SYS', 'SY
 -- An invisible column has no number; it comes behind the others.
 -- @columns
 -- row: schema, table, position, column, type, base_type, type_schema, length, precision, scale, nullable{Y=1,N=0}, generated,
--- row: identity{ALWAYS=always,BY DEFAULT=by default}, option:invisible, comment
+-- row: identity{ALWAYS=always,BY DEFAULT=by default}, option:invisible, option:identity options, comment
 SELECT c.owner, c.table_name, COALESCE(c.column_id, 1000 + c.internal_column_id), c.column_name,
        CASE WHEN c.data_type_owner IS NOT NULL THEN c.data_type_owner || '.' || c.data_type
             WHEN c.data_type = 'NUMBER' AND c.data_precision IS NULL AND c.data_scale = 0 THEN 'NUMBER(*,0)'
@@ -84,7 +93,7 @@ SELECT c.owner, c.table_name, COALESCE(c.column_id, 1000 + c.internal_column_id)
        CASE WHEN c.data_type IN ('NUMBER', 'FLOAT') THEN c.data_precision WHEN c.data_type LIKE 'TIMESTAMP%' THEN c.data_scale END,
        CASE WHEN c.data_type = 'NUMBER' THEN c.data_scale END,
        c.nullable, CASE c.virtual_column WHEN 'YES' THEN 'virtual' END,
-       /*@before 12.1 NULL, NULL @else*/ i.generation_type, CASE WHEN c.hidden_column = 'YES' THEN 1 END /*@end*/, k.comments
+       /*@before 12.1 NULL, NULL, NULL @else*/ i.generation_type, CASE WHEN c.hidden_column = 'YES' THEN 1 END, i.identity_options /*@end*/, k.comments
 FROM all_tab_cols c
 LEFT JOIN all_col_comments k ON k.owner = c.owner AND k.table_name = c.table_name AND k.column_name = c.column_name
 /*@before 12.1 @else*/ LEFT JOIN all_tab_identity_cols i
@@ -152,7 +161,12 @@ FROM all_constraints k
 WHERE k.constraint_type = 'R' AND (1 = 0 /*@system OR 1 = 1 */ OR k.owner /*@before 12.1 NOT IN ('SYS', 'SYSTEM', 'OUTLN', 'DBSNMP', 'XDB', 'CTXSYS', 'MDSYS', 'WMSYS', 'ORDSYS', 'ORDDATA', 'ORDPLUGINS', 'EXFSYS', 'OLAPSYS', 'SYSMAN', 'APPQOSSYS', 'FLOWS_FILES', 'ANONYMOUS', 'XS$NULL') @else*/ IN (SELECT u.username FROM all_users u WHERE u.oracle_maintained = 'N') /*@end*/)
   AND NOT EXISTS (SELECT 1 FROM all_cons_columns r WHERE r.owner = k.r_owner AND r.constraint_name = k.r_constraint_name)
   /*@owners AND k.owner IN (?list(owner)) */
-  /*@tables AND k.table_name IN (?list(table)) */;
+  /*@tables AND k.table_name IN (?list(table)) */
+UNION ALL
+SELECT 'types', t.owner, t.type_name, 'a collection type', 0
+FROM all_types t
+WHERE t.typecode = 'COLLECTION' AND (1 = 0 /*@system OR 1 = 1 */ OR t.owner /*@before 12.1 NOT IN ('SYS', 'SYSTEM', 'OUTLN', 'DBSNMP', 'XDB', 'CTXSYS', 'MDSYS', 'WMSYS', 'ORDSYS', 'ORDDATA', 'ORDPLUGINS', 'EXFSYS', 'OLAPSYS', 'SYSMAN', 'APPQOSSYS', 'FLOWS_FILES', 'ANONYMOUS', 'XS$NULL') @else*/ IN (SELECT u.username FROM all_users u WHERE u.oracle_maintained = 'N') /*@end*/)
+  /*@owners AND t.owner IN (?list(owner)) */;
 
 -- What keeps a column from being NULL is a check too, under a name that the server made; before 12 its text cannot be looked into.
 -- @checks
