@@ -114,6 +114,14 @@ INSERT INTO informix.sysconstraints VALUES (90, 'shelf_money', 'stock', 500, 'C'
 INSERT INTO informix.sysobjstate VALUES ('C', 'stock', 'shelf_money', 500, 'D');
 INSERT INTO informix.syschecks VALUES (90, 'T', 1, '''x'' ))'), (90, 'T', 0, '((money > 0.00 ) AND (label <>');
 INSERT INTO informix.sysdefaults VALUES (500, 2, 'C', NULL, 'T');
+-- What the statements of older versions ask for. No index of the shop has more than three parts.
+ALTER TABLE informix.syscolumns ADD COLUMN colmin INTEGER;
+ALTER TABLE informix.syscolumns ADD COLUMN colmax INTEGER;
+ALTER TABLE informix.sysprocedures ADD COLUMN paramtypes LVARCHAR;
+UPDATE informix.sysprocedures SET paramtypes = (SELECT group_concat(lower(p.type)) FROM shop_parameter p WHERE p.routine_number = procid - 400);
+CREATE VIEW informix.sysindices AS SELECT idxname, owner, tabid, idxtype, clustered,
+  part1 || ' [1]' || CASE part2 WHEN 0 THEN '' ELSE ', ' || part2 || ' [1]' END || CASE part3 WHEN 0 THEN '' ELSE ', ' || part3 || ' [1]' END AS indexkeys
+  FROM sysindexes;
 CREATE TABLE informix.sim_types(type_name, data_type, column_size, create_params, auto_increment, max_scale);
 INSERT INTO informix.sim_types VALUES ('integer', 4, 10, NULL, 0, NULL), ('varchar', 12, 255, 'max length', 0, NULL);
 CREATE VIEW informix.sim_tables AS SELECT owner, tabname AS name, CASE WHEN tabtype IN ('S', 'P') THEN 'SYNONYM' WHEN tabtype = 'V' THEN 'VIEW'
