@@ -113,7 +113,7 @@ INSERT INTO informix.sysindexes VALUES ('shelf_by_label', 'stock', 500, 'd', 'C'
 INSERT INTO informix.sysconstraints VALUES (90, 'shelf_money', 'stock', 500, 'C', NULL);
 INSERT INTO informix.sysobjstate VALUES ('C', 'stock', 'shelf_money', 500, 'D');
 INSERT INTO informix.syschecks VALUES (90, 'T', 1, '''x'' ))'), (90, 'T', 0, '((money > 0.00 ) AND (label <>');
-INSERT INTO informix.sysdefaults VALUES (500, 2, 'C', NULL, 'T');
+INSERT INTO informix.sysdefaults VALUES (500, 2, 'C', NULL, 'T'), (500, 7, 'L', 't', 'T');
 -- What the statements of older versions ask for. No index of the shop has more than three parts.
 ALTER TABLE informix.syscolumns ADD COLUMN colmin INTEGER;
 ALTER TABLE informix.syscolumns ADD COLUMN colmax INTEGER;

@@ -108,20 +108,21 @@ INSERT INTO sys.extended_properties SELECT 3, 'SCHEMA', 4 + number, 0, 'MS_Descr
 INSERT INTO sys.extended_properties SELECT 1, 'OBJECT_OR_COLUMN', 1000 + number, 0, 'MS_Description', comment FROM shop_table WHERE comment IS NOT NULL;
 INSERT INTO sys.extended_properties SELECT 1, 'OBJECT_OR_COLUMN', 1000 + table_number, position, 'MS_Description', comment FROM shop_column WHERE comment IS NOT NULL;
 
--- What this server alone has: a table of versions, an index of some rows that carries a column, a stored computed column, a type of rows.
+-- What this server alone has: a table of versions, an index of some rows that carries a column, one for XML, a stored computed column, a type of rows.
 INSERT INTO sys.objects VALUES ('shelf', 4001, NULL, 6, 0, 'U', 'USER_TABLE', 0), ('shelf_history', 4002, NULL, 6, 0, 'U', 'USER_TABLE', 0);
 INSERT INTO sys.tables VALUES ('shelf', 4001, 6, 0, 2, 4002), ('shelf_history', 4002, 6, 0, 1, NULL);
 INSERT INTO sys.columns VALUES
   (4001, 'id', 1, 56, 56, 4, 10, 0, NULL, 0, 0, 1, 0, 0, 0, 0, 0), (4001, 'width', 2, 56, 56, 4, 10, 0, NULL, 1, 0, 0, 0, 0, 1, 0, 0),
   (4001, 'twice', 4, 56, 56, 4, 10, 0, NULL, 1, 0, 0, 1, 0, 0, 0, 0), (4001, 'valid_from', 5, 42, 42, 8, 27, 7, NULL, 0, 0, 0, 0, 0, 0, 1, 1),
+  (4001, 'notes', 7, 241, 241, -1, 0, 0, NULL, 1, 0, 0, 0, 0, 0, 0, 0),
   (4001, 'valid_to', 6, 42, 42, 6, 19, 0, NULL, 0, 0, 0, 0, 0, 0, 2, 1), (4002, 'id', 1, 56, 56, 4, 10, 0, NULL, 0, 0, 0, 0, 0, 0, 0, 0),
   (4003, 'n', 1, 56, 56, 4, 10, 0, NULL, 1, 0, 0, 0, 0, 0, 0, 0), (4003, 'name', 2, 231, 256, 256, 0, 0, 'Latin1_General_CI_AS', 1, 0, 0, 0, 0, 0, 0, 0);
 INSERT INTO sys.computed_columns VALUES (4001, 4, '([width]*(2))', 1);
 INSERT INTO sys.identity_columns VALUES (4001, 1, 100, 10);
 INSERT INTO sys.types VALUES ('numbered', 243, 300, 6, -1, 0, 0, 0, 1, 0, 1);
 INSERT INTO sys.table_types VALUES ('numbered', 300, 6, 4003);
-INSERT INTO sys.indexes VALUES (4001, 'shelf_wide', 2, 2, 'NONCLUSTERED', 0, 0, 0, 0, 0, '([width]>(9))');
-INSERT INTO sys.index_columns VALUES (4001, 2, 1, 2, 1, 0, 1, 0), (4001, 2, 2, 1, 0, 0, 0, 1);
+INSERT INTO sys.indexes VALUES (4001, 'shelf_wide', 2, 2, 'NONCLUSTERED', 0, 0, 0, 0, 0, '([width]>(9))'), (4001, 'shelf_notes', 256000, 3, 'XML', 0, 0, 0, 0, 0, NULL);
+INSERT INTO sys.index_columns VALUES (4001, 2, 1, 2, 1, 0, 1, 0), (4001, 2, 2, 1, 0, 0, 0, 1), (4001, 256000, 1, 7, 0, 0, 0, 0);
 
 CREATE INDEX sys.by_table ON foreign_keys(parent_object_id);
 

@@ -91,12 +91,12 @@ FROM informix.syscolumns c
 WHERE (c.tabid >= 100 /*@system OR c.tabid > 0 */)
   /*@ids AND c.tabid IN (?list(table_id)) */;
 
--- What is no text has its value in a form of the server's before it, and a blank between.
+-- What is no text has its value in a form of the server's before it, and a blank between; a BOOLEAN, which is one of the types 41, has not.
 -- @column_defaults
 -- row: table_id|position, default
 SELECT d.tabid || '|' || d.colno,
        TRIM(CASE d.type WHEN 'C' THEN 'CURRENT' WHEN 'N' THEN 'NULL' WHEN 'S' THEN 'DBSERVERNAME' WHEN 'T' THEN 'TODAY' WHEN 'U' THEN 'USER'
-         ELSE CASE WHEN MOD(c.coltype, 256) IN (0, 13, 15, 16, 40, 43, 45) THEN '''' || REPLACE(TRIM(d.default), '''', '''''') || '''' ELSE
+         ELSE CASE WHEN MOD(c.coltype, 256) IN (0, 13, 15, 16, 40, 43, 45) OR MOD(c.coltype, 256) = 41 AND TRIM(d.default) NOT LIKE '% %' THEN '''' || REPLACE(TRIM(d.default), '''', '''''') || '''' ELSE
               TRIM(CASE WHEN SUBSTR(d.default, 1, 1) = ' ' THEN SUBSTR(d.default, 2)
               WHEN SUBSTR(d.default, 2, 1) = ' ' THEN SUBSTR(d.default, 3)
               WHEN SUBSTR(d.default, 3, 1) = ' ' THEN SUBSTR(d.default, 4)

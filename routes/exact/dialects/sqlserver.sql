@@ -188,18 +188,18 @@ SELECT CONCAT(k.object_id, '|', k.parent_object_id, '|', CASE k.is_disabled WHEN
 FROM sys.check_constraints k
 WHERE 1 = 1 /*@ids AND k.parent_object_id IN (?list(table_id)) */;
 
--- Included columns have no place in the order; they follow.
+-- Included columns have no place in the order; they follow. Nor have those of an index for XML (3), places (4) and JSON (9), which are its only ones.
 -- @indexes
 -- row: index_id|table_id|unique|position|descending|included|option:disabled{0=}, name, method{NONCLUSTERED=}, column, predicate
 SELECT CONCAT(CAST(i.object_id AS bigint) * 1048576 + i.index_id, '|', i.object_id, '|', CAST(i.is_unique AS int), '|',
-              CASE WHEN k.is_included_column = 1 THEN 1000 + k.index_column_id ELSE k.key_ordinal END, '|',
+              CASE WHEN k.is_included_column = 1 THEN 1000 + k.index_column_id WHEN i.type IN (3, 4, 9) THEN k.index_column_id ELSE k.key_ordinal END, '|',
               CAST(k.is_descending_key AS int), '|', CAST(k.is_included_column AS int), '|', CAST(i.is_disabled AS int)),
        i.name, i.type_desc, c.name, i.filter_definition
 FROM sys.indexes i
 JOIN sys.objects o ON o.object_id = i.object_id
 JOIN sys.index_columns k ON k.object_id = i.object_id AND k.index_id = i.index_id
 JOIN sys.columns c ON c.object_id = k.object_id AND c.column_id = k.column_id
-WHERE i.type > 0 AND i.is_hypothetical = 0 AND o.type IN ('U', 'V') AND (k.key_ordinal > 0 OR k.is_included_column = 1)
+WHERE i.type > 0 AND i.is_hypothetical = 0 AND o.type IN ('U', 'V') AND (k.key_ordinal > 0 OR k.is_included_column = 1 OR i.type IN (3, 4, 9))
   AND (o.is_ms_shipped = 0 /*@system OR 1 = 1 */)
   /*@ids AND i.object_id IN (?list(table_id)) */;
 
