@@ -61,7 +61,7 @@ INSERT INTO SYSCAT.VIEWS SELECT owner, name, 'N', text FROM shop WHERE kind = 'v
 INSERT INTO SYSCAT.COLUMNS
   SELECT t.owner, t.name, c.name, c.position - 1, coalesce(ys.name, 'SYSIBM  '), coalesce(y.name, h.name), coalesce(h.length, c.size), coalesce(h.scale, c.digits),
          CASE WHEN c.type IN ('CHAR', 'VARCHAR', 'CLOB') THEN 'OCTETS' END, CASE WHEN c.type IN ('CHAR', 'VARCHAR', 'CLOB') THEN coalesce(h.length, c.size) END, c.default_text,
-         CASE c.nullable WHEN 1 THEN 'Y' ELSE 'N' END, CASE WHEN c.type IN ('CHAR', 'VARCHAR', 'CLOB') THEN 1208 ELSE 0 END, 'N', CASE WHEN c.identity IS NULL THEN 'N' ELSE 'Y' END,
+         CASE c.nullable WHEN 1 THEN 'Y' ELSE 'N' END, CASE WHEN c.type IN ('CHAR', 'VARCHAR', 'CLOB') THEN 1208 ELSE 0 END, '', CASE WHEN c.identity IS NULL THEN 'N' ELSE 'Y' END,
          CASE WHEN c.identity = 'by default' THEN 'D' WHEN c.identity IS NOT NULL OR c.expression IS NOT NULL THEN 'A' ELSE '' END, 'AS (' || c.expression || ')', c.comment,
          (SELECT p.position FROM shop_key k JOIN shop_key_column p ON p.key_number = k.number AND p.column_number = c.position WHERE k.kind = 'P' AND k.table_number = t.number)
   FROM shop t JOIN shop_column c ON c.table_number = t.number JOIN here h ON h.type = c.type
@@ -97,10 +97,10 @@ INSERT INTO SYSCAT.ROUTINEPARMS SELECT s.name, NULL, r.name, p.name, CASE p.mode
 -- What this server alone has: a table of versions, a materialized query table, a length in characters, structured types, a row type in a module, an array type,
 -- functions of one name, one of them in a module and giving a table, an index on an expression that carries a column, an index that the server made for XML.
 INSERT INTO SYSCAT.TABLES VALUES ('stock   ', 'shelf', 'T', NULL, NULL, 'S', NULL), ('stock   ', 'shelf_sum', 'S', NULL, NULL, 'N', NULL);
-INSERT INTO SYSCAT.COLUMNS VALUES ('stock   ', 'shelf', 'id', 0, 'SYSIBM  ', 'INTEGER', 4, 0, NULL, NULL, NULL, 'N', 0, 'N', 'Y', 'D', NULL, NULL, NULL),
+INSERT INTO SYSCAT.COLUMNS VALUES ('stock   ', 'shelf', 'id', 0, 'SYSIBM  ', 'INTEGER', 4, 0, NULL, NULL, NULL, 'N', 0, '', 'Y', 'D', NULL, NULL, NULL),
   ('stock   ', 'shelf', 'raw', 1, 'SYSIBM  ', 'VARCHAR', 20, 0, NULL, NULL, NULL, 'Y', 0, 'I', 'N', '', NULL, NULL, NULL),
-  ('stock   ', 'shelf', 'label', 2, 'SYSIBM  ', 'VARCHAR', 160, 0, 'CODEUNITS32', 40, NULL, 'Y', 1208, 'N', 'N', '', NULL, NULL, NULL),
-  ('stock   ', 'shelf_sum', 'n', 0, 'SYSIBM  ', 'BIGINT', 8, 0, NULL, NULL, NULL, 'Y', 0, 'N', 'N', '', NULL, NULL, NULL);
+  ('stock   ', 'shelf', 'label', 2, 'SYSIBM  ', 'VARCHAR', 160, 0, 'CODEUNITS32', 40, NULL, 'Y', 1208, '', 'N', '', NULL, NULL, NULL),
+  ('stock   ', 'shelf_sum', 'n', 0, 'SYSIBM  ', 'BIGINT', 8, 0, NULL, NULL, NULL, 'Y', 0, '', 'N', '', NULL, NULL, NULL);
 INSERT INTO SYSCAT.COLIDENTATTRIBUTES SELECT TABSCHEMA, TABNAME, COLNAME, CASE TABNAME WHEN 'shelf' THEN 100 ELSE 1 END, CASE TABNAME WHEN 'shelf' THEN 10 ELSE 1 END
   FROM SYSCAT.COLUMNS WHERE IDENTITY = 'Y';
 INSERT INTO SYSCAT.INDEXES VALUES ('stock   ', 'shelf_index', 'stock   ', 'shelf', 'U', 'REG', NULL), ('SYSIBM  ', 'SQL1', 'stock   ', 'shelf', 'D', 'XPTH', NULL);
