@@ -106,7 +106,7 @@ INSERT INTO informix.systables VALUES ('shelf', 'stock', 500, 9, 'T');
 INSERT INTO informix.syscolumns VALUES ('opens', 500, 1, 10, 4 * 256 + 6 * 16 + 8, 0), ('stamp', 500, 2, 266, 17 * 256 + 0 * 16 + 15, 0),
   ('lasts', 500, 3, 14, 5 * 256 + 4 * 16 + 6, 0), ('label', 500, 4, 13, 10 * 256 + 40, 0), ('long_label', 500, 5, 13, 200 * 256 + 250 - 65536, 0),
   ('essay', 500, 6, 40, 4000, 1), ('open', 500, 7, 41, 1, 5), ('place', 500, 8, 22 + 4096, 8, 2100), ('money', 500, 9, 8, 9 * 256 + 2, 0);
-INSERT INTO informix.sysxtdtypes VALUES (2100, '', 'R', 'stock', 'place', 22, 0, 0, 8);
+INSERT INTO informix.sysxtdtypes VALUES (2100, '', 'R', 'stock', 'place', 22, 0, 0, 8), (2101, '', 'B', 'stock', 'polygon', 40, 0, 2048, 0);
 INSERT INTO informix.sysattrtypes VALUES (2100, 1, 0, 0, '', 0, 22, 8, 2100), (2100, 2, 1, 1, 'hall', 1, 0, 3, 0), (2100, 3, 1, 1, 'shelf', 2, 2, 4, 0);
 INSERT INTO informix.sysindexes VALUES ('shelf_by_label', 'stock', 500, 'd', 'C', 4, -2, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0),
   ('shelf_by_hall', 'stock', 500, 'D', '', 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0);

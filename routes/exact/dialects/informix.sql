@@ -223,10 +223,14 @@ WHERE i.idxname NOT LIKE ' %' AND i.part1 <> 0 AND (i.tabid >= 100 /*@system OR 
 
 -- @not_read
 -- row: kind, schema, name, reason, failed
-SELECT 'indexes', TRIM(i.owner), TRIM(i.idxname), 'an index on a function, which the catalog keeps by number', 0
+SELECT TRIM('indexes'), TRIM(i.owner), TRIM(i.idxname), TRIM('an index on a function, which the catalog keeps by number'), 0
 FROM informix.sysindexes i
 WHERE i.part1 = 0 AND i.tabid >= 100
-  /*@ids AND i.tabid IN (?list(table_id)) */;
+  /*@ids AND i.tabid IN (?list(table_id)) */
+/*@since 9 UNION ALL
+SELECT TRIM('types'), TRIM(x.owner), TRIM(x.name), TRIM('an opaque type'), 0
+FROM informix.sysxtdtypes x
+WHERE x.mode = 'B' AND x.owner <> 'informix' */;
 
 -- The head of the statement (D) and what it does (A). Small letters: in place of what is done to a view.
 -- @triggers
