@@ -1,6 +1,6 @@
 -- Informix 14.10: the shop, in the system catalog. Names and types of the columns are those of
 -- https://www.ibm.com/docs/en/informix-servers/14.10?topic=reference-system-catalog-tables (the pages SYSTABLES, SYSCOLUMNS, SYSSYNTABLE, SYSXTDTYPES,
--- SYSATTRTYPES, SYSCONSTRAINTS, SYSREFERENCES, SYSINDEXES, SYSOBJSTATE, SYSDEFAULTS, SYSCHECKS, SYSVIEWS, SYSTRIGGERS, SYSTRIGBODY, SYSSEQUENCES,
+-- SYSATTRTYPES, SYSXTDDESC, SYSCONSTRAINTS, SYSREFERENCES, SYSINDEXES, SYSOBJSTATE, SYSDEFAULTS, SYSCHECKS, SYSVIEWS, SYSTRIGGERS, SYSTRIGBODY, SYSSEQUENCES,
 -- SYSPROCEDURES, SYSPROCBODY, SYSPROCCOLUMNS, SYSROUTINELANGS, SYSAGGREGATES); columns that nobody asks for are left out.
 BEGIN;
 CREATE TABLE informix.systables(tabname VARCHAR(128), owner CHAR(32) COLLATE RTRIM, tabid INTEGER PRIMARY KEY, ncols SMALLINT, tabtype CHAR(1));
@@ -9,6 +9,7 @@ CREATE TABLE informix.syscolumns(colname VARCHAR(128), tabid INTEGER, colno SMAL
 CREATE TABLE informix.syssyntable(tabid INTEGER PRIMARY KEY, servername VARCHAR(128), dbname VARCHAR(128), owner CHAR(32), tabname VARCHAR(128), btabid INTEGER);
 CREATE TABLE informix.sysxtdtypes(extended_id INTEGER PRIMARY KEY, domain CHAR(1), mode CHAR(1), owner CHAR(32) COLLATE RTRIM, name VARCHAR(128), type SMALLINT,
   source INTEGER, maxlen INTEGER, length INTEGER);
+CREATE TABLE informix.sysxtddesc(extended_id INTEGER, seqno SMALLINT, description CHAR(256));
 CREATE TABLE informix.sysattrtypes(extended_id INTEGER, seqno SMALLINT, levelno SMALLINT, parent_no SMALLINT, fieldname VARCHAR(128), fieldno SMALLINT,
   type SMALLINT, length SMALLINT, xtd_type_id INTEGER);
 CREATE TABLE informix.sysconstraints(constrid INTEGER PRIMARY KEY, constrname VARCHAR(128), owner CHAR(32), tabid INTEGER, constrtype CHAR(1),
@@ -102,11 +103,14 @@ INSERT INTO informix.sysproccolumns SELECT 400 + p.routine_number, p.position, p
 
 -- What this server alone has: qualified times and intervals, a least length, a row with a name, a bitmap index, a disabled check of more than one
 -- piece with a blank at the end of the first, a view of two, an index on a function.
-INSERT INTO informix.systables VALUES ('shelf', 'stock', 500, 9, 'T');
+INSERT INTO informix.systables VALUES ('shelf', 'stock', 500, 10, 'T');
 INSERT INTO informix.syscolumns VALUES ('opens', 500, 1, 10, 4 * 256 + 6 * 16 + 8, 0), ('stamp', 500, 2, 266, 17 * 256 + 0 * 16 + 15, 0),
   ('lasts', 500, 3, 14, 5 * 256 + 4 * 16 + 6, 0), ('label', 500, 4, 13, 10 * 256 + 40, 0), ('long_label', 500, 5, 13, 200 * 256 + 250 - 65536, 0),
-  ('essay', 500, 6, 40, 4000, 1), ('open', 500, 7, 41, 1, 5), ('place', 500, 8, 22 + 4096, 8, 2100), ('money', 500, 9, 8, 9 * 256 + 2, 0);
-INSERT INTO informix.sysxtdtypes VALUES (2100, '', 'R', 'stock', 'place', 22, 0, 0, 8), (2101, '', 'B', 'stock', 'polygon', 40, 0, 2048, 0);
+  ('essay', 500, 6, 40, 4000, 1), ('open', 500, 7, 41, 1, 5), ('place', 500, 8, 22 + 4096, 8, 2100), ('marks', 500, 10, 19, 2048, 2102), ('money', 500, 9, 8, 9 * 256 + 2, 0);
+INSERT INTO informix.sysxtdtypes VALUES (2100, '', 'R', 'stock', 'place', 22, 0, 0, 8), (2101, '', 'B', 'stock', 'polygon', 40, 0, 2048, 0),
+  (2102, '', 'C', 'stock', '', 19, 0, 2048, 0);
+INSERT INTO informix.sysxtddesc VALUES (2102, 1, 'SET(INTEGER NOT NULL)'), (2102, 2, ' '), (2100, 1, 'ROW(hall CHAR(3))');
+INSERT INTO informix.sysattrtypes VALUES (2102, 1, 0, 0, NULL, 0, 19, 2048, 2102), (2102, 2, 1, 1, NULL, 0, 258, 4, 0);
 INSERT INTO informix.sysattrtypes VALUES (2100, 1, 0, 0, '', 0, 22, 8, 2100), (2100, 2, 1, 1, 'hall', 1, 0, 3, 0), (2100, 3, 1, 1, 'shelf', 2, 2, 4, 0);
 INSERT INTO informix.sysindexes VALUES ('shelf_by_label', 'stock', 500, 'd', 'C', 4, -2, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0),
   ('shelf_by_hall', 'stock', 500, 'D', '', 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0);

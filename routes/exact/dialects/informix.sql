@@ -2,7 +2,7 @@
 --
 -- Columns used, and since when: of 7.3 or older are SYSTABLES, SYSCOLUMNS, SYSSYNTABLE, SYSCONSTRAINTS, SYSREFERENCES, SYSINDEXES (a view since 9),
 -- SYSOBJSTATE, SYSDEFAULTS, SYSCHECKS, SYSVIEWS, SYSTRIGGERS, SYSTRIGBODY, SYSPROCEDURES, SYSPROCBODY; since 9 SYSCOLUMNS.EXTENDED_ID, SYSXTDTYPES,
--- SYSATTRTYPES, SYSPROCEDURES.ISPROC and LANGID, SYSROUTINELANGS; since 9.40 SYSSEQUENCES; since 10 SYSPROCCOLUMNS.
+-- SYSATTRTYPES, SYSXTDDESC, SYSPROCEDURES.ISPROC and LANGID, SYSROUTINELANGS; since 9.40 SYSSEQUENCES; since 10 SYSPROCCOLUMNS.
 -- A type is a number, 256 more where NULL is forbidden and 2048 and 4096 where it has a name; a length says two or three things at once. Texts are
 -- kept in pieces of some characters. User tables are numbered from 100 on. A CASE of literals may be a CHAR as long as the longest, filled with
 -- blanks: each is trimmed. NULL alone is no expression of a SELECT (https://help.hcl-software.com/hclinformix/1410/sqs/ids_sqs_0192.html).
@@ -57,11 +57,12 @@ WHERE t.tabtype IN ('T', 'E', 'V', 'S', 'P') AND (t.tabid >= 100 /*@system OR t.
   /*@owners AND t.owner IN (?list(owner)) */
   /*@tables AND t.tabname IN (?list(table)) */;
 
+-- Collections and rows without a name are told by their description, of 256 characters, as far as one goes.
 -- @columns
 -- row: table_id|position|not_null|identity{0=,1=auto increment}, column, type, base_type, type_schema, length, precision, scale
 SELECT c.tabid || '|' || c.colno || '|' || MOD(TRUNC(c.coltype / 256), 2) || '|' || CASE WHEN MOD(c.coltype, 256) IN (6, 18, 53) THEN 1 ELSE 0 END,
        TRIM(c.colname),
-       TRIM(/*@since 9 CASE WHEN x.name IS NULL OR x.name = '' THEN */
+       TRIM(/*@since 9 CASE WHEN y.description IS NOT NULL THEN y.description WHEN x.name IS NULL OR x.name = '' THEN */
        CASE MOD(c.coltype, 256) WHEN 0 THEN 'CHAR(' || c.collength || ')' WHEN 1 THEN 'SMALLINT' WHEN 2 THEN 'INTEGER' WHEN 3 THEN 'FLOAT' WHEN 4 THEN 'SMALLFLOAT'
          WHEN 5 THEN 'DECIMAL(' || TRUNC(c.collength / 256) || CASE MOD(c.collength, 256) WHEN 255 THEN ')' ELSE ',' || MOD(c.collength, 256) || ')' END
          WHEN 6 THEN 'SERIAL' WHEN 7 THEN 'DATE' WHEN 8 THEN 'MONEY(' || TRUNC(c.collength / 256) || ',' || MOD(c.collength, 256) || ')'
@@ -87,8 +88,10 @@ SELECT c.tabid || '|' || c.colno || '|' || MOD(TRUNC(c.coltype / 256), 2) || '|'
        CASE WHEN MOD(c.coltype, 256) IN (5, 8) THEN TRUNC(c.collength / 256) WHEN MOD(c.coltype, 256) = 10 AND MOD(c.collength, 16) > 10 THEN MOD(c.collength, 16) - 10 END,
        CASE WHEN MOD(c.coltype, 256) IN (5, 8) AND MOD(c.collength, 256) <> 255 THEN MOD(c.collength, 256) END
 FROM informix.syscolumns c
-/*@since 9 LEFT JOIN informix.sysxtdtypes x ON x.extended_id = c.extended_id */
+/*@since 9 LEFT JOIN informix.sysxtdtypes x ON x.extended_id = c.extended_id
+LEFT JOIN informix.sysxtddesc y ON y.extended_id = x.extended_id AND x.mode = 'C' */
 WHERE (c.tabid >= 100 /*@system OR c.tabid > 0 */)
+  /*@since 9 AND (y.seqno IS NULL OR y.seqno = (SELECT MIN(z.seqno) FROM informix.sysxtddesc z WHERE z.extended_id = y.extended_id)) */
   /*@ids AND c.tabid IN (?list(table_id)) */;
 
 -- What is no text has its value in a form of the server's before it, and a blank between; a BOOLEAN, which is one of the types 41, has not.
