@@ -1,5 +1,7 @@
 -- Informix Dynamic Server 7.31: the system catalog of a database `library`, the public library of the sample
 -- database in this server's types, with synonyms of owner joe. Names have at most 18 characters, owners 8.
+-- No page of 7.31 was at hand: the catalog is what https://www.oninit.com/manual/informix/100/sqlr/ (of 10.0) has without a mark of being newer, with the
+-- lengths of names of that age.
 BEGIN;
 
 -- The system catalog ------------------------------------------------------------------------------
