@@ -110,10 +110,12 @@ INSERT INTO SYSCAT.DATATYPES VALUES ('stock   ', NULL, 'shelf_place', NULL, NULL
 INSERT INTO SYSCAT.ATTRIBUTES VALUES ('stock   ', 'shelf_place', 'row', 'SYSIBM  ', 'SMALLINT', 0, 2, 0), ('stock   ', 'shelf_place', 'mail', 'sales   ', 'email', 1, 0, 0);
 INSERT INTO SYSCAT.ROWFIELDS VALUES ('stock   ', 'shelves', 'pair', 'left', 'SYSIBM  ', NULL, 'DECIMAL', 0, 7, 2), ('stock   ', 'shelves', 'pair', 'right', 'stock   ', NULL, 'shelf_place', 1, 0, 0);
 INSERT INTO SYSCAT.ROUTINES VALUES ('stock   ', NULL, 'shelf_fill', 'F', 'SQL1', 'Q', 'S', 'SQL', 'RETURN 1', NULL), ('stock   ', NULL, 'shelf_fill', 'F', 'SQL2', 'Q', 'S', 'SQL', 'RETURN 2', NULL),
-  ('stock   ', 'shelves', 'shelf_fill', 'F', 'SQL1', 'Q', 'T', 'SQL', 'RETURN 3', NULL), ('stock   ', NULL, 'shelf_place', 'F', 'SQL4', 'S', 'S', '', NULL, NULL);
+  ('stock   ', 'shelves', 'shelf_fill', 'F', 'SQL1', 'Q', 'T', 'SQL', 'RETURN 3', NULL), ('stock   ', NULL, 'shelf_place', 'F', 'SQL4', 'S', 'S', '', NULL, NULL),
+  ('stock   ', NULL, 'shelf_most', 'F', 'SQL5', 'U', 'C', '', NULL, NULL);
 INSERT INTO SYSCAT.ROUTINEPARMS VALUES ('stock   ', NULL, 'SQL1', 'a', 'P', 1, 'SYSIBM  ', 'INTEGER', 4, 0), ('stock   ', NULL, 'SQL2', 'a', 'P', 1, 'SYSIBM  ', 'DECFLOAT', 8, 0),
   ('stock   ', NULL, 'SQL1', '', 'C', 0, 'SYSIBM  ', 'INTEGER', 4, 0), ('stock   ', NULL, 'SQL2', '', 'C', 0, 'SYSIBM  ', 'INTEGER', 4, 0),
-  ('stock   ', 'shelves', 'SQL1', 'b', 'P', 1, 'SYSIBM  ', 'DATE', 4, 0), ('stock   ', 'shelves', 'SQL1', 'n', 'R', 1, 'SYSIBM  ', 'DATE', 4, 0);
+  ('stock   ', 'shelves', 'SQL1', 'b', 'P', 1, 'SYSIBM  ', 'DATE', 4, 0), ('stock   ', 'shelves', 'SQL1', 'n', 'R', 1, 'SYSIBM  ', 'DATE', 4, 0),
+  ('stock   ', NULL, 'SQL5', 'a', 'P', 1, 'SYSIBM  ', 'INTEGER', 4, 0), ('stock   ', NULL, 'SQL5', '', 'C', 0, 'SYSIBM  ', 'INTEGER', 4, 0);
 
 -- What the statements of older versions ask for. Of the columns of foreign keys the pages say since 10.1 that they are no longer used: they are empty here.
 CREATE VIEW SYSCAT.FUNCTIONS AS SELECT ROUTINESCHEMA AS FUNCSCHEMA, ROUTINENAME AS FUNCNAME, SPECIFICNAME,

@@ -209,9 +209,10 @@ WHERE q.SEQTYPE = 'S' AND ((q.SEQSCHEMA NOT LIKE 'SYS%' AND q.SEQSCHEMA NOT IN (
 
 -- Not what the server made: built in (B), for types and their casts (R, S), transforms (T).
 -- @routines
--- row: schema, name, id, kind{F=function,M=function,P=procedure}, result, language, text, option:specific name, comment
+-- row: schema, name, id, kind, result, language, text, option:specific name, comment
 SELECT RTRIM(r.ROUTINESCHEMA), COALESCE(r.ROUTINEMODULENAME || '.', '') || r.ROUTINENAME,
-       RTRIM(r.ROUTINESCHEMA) || '.' || COALESCE(r.ROUTINEMODULENAME || '.', '') || r.SPECIFICNAME, r.ROUTINETYPE,
+       RTRIM(r.ROUTINESCHEMA) || '.' || COALESCE(r.ROUTINEMODULENAME || '.', '') || r.SPECIFICNAME,
+       CASE WHEN r.ROUTINETYPE = 'P' THEN 'procedure' WHEN r.FUNCTIONTYPE = 'C' THEN 'aggregate' ELSE 'function' END,
        CASE WHEN r.FUNCTIONTYPE = 'T' THEN 'TABLE'
             WHEN p.TYPESCHEMA <> 'SYSIBM' THEN RTRIM(p.TYPESCHEMA) || '.' || p.TYPENAME
             WHEN p.TYPENAME IN ('CHARACTER', 'VARCHAR', 'GRAPHIC', 'VARGRAPHIC', 'BINARY', 'VARBINARY', 'CLOB', 'DBCLOB', 'BLOB')
@@ -220,7 +221,7 @@ SELECT RTRIM(r.ROUTINESCHEMA), COALESCE(r.ROUTINEMODULENAME || '.', '') || r.ROU
             WHEN p.TYPENAME = 'DECFLOAT' THEN CASE p.LENGTH WHEN 8 THEN 'DECFLOAT(16)' ELSE 'DECFLOAT(34)' END
             WHEN p.TYPENAME = 'TIMESTAMP' THEN 'TIMESTAMP(' || p.SCALE || ')'
             ELSE p.TYPENAME END,
-       RTRIM(r.LANGUAGE), r.TEXT, r.SPECIFICNAME, r.REMARKS
+       NULLIF(RTRIM(r.LANGUAGE), ''), r.TEXT, r.SPECIFICNAME, r.REMARKS
 FROM SYSCAT.ROUTINES r
 LEFT JOIN SYSCAT.ROUTINEPARMS p ON p.ROUTINESCHEMA = r.ROUTINESCHEMA AND p.SPECIFICNAME = r.SPECIFICNAME
   AND COALESCE(p.ROUTINEMODULENAME, '') = COALESCE(r.ROUTINEMODULENAME, '') AND p.ORDINAL = 0 AND p.ROWTYPE = 'C'

@@ -24,7 +24,7 @@
 -- type: CHAR = char, nchar
 -- type: VARCHAR = varchar, nvarchar, sysname
 -- type: LONGVARCHAR = text, ntext, varchar(max), nvarchar(max)
--- type: BINARY = binary
+-- type: BINARY = binary, timestamp
 -- type: VARBINARY = varbinary
 -- type: LONGVARBINARY = image, varbinary(max)
 -- type: DATE = date
