@@ -84,7 +84,7 @@ std::string InfoText(const Connection& connection, SQLUSMALLINT info, bool& know
     case SQL_DBMS_NAME:
       return std::string(traits.dbms_name);
     case SQL_DBMS_VER:
-      return std::string(traits.dbms_version);
+      return connection.version();
     case SQL_DATABASE_NAME:
       return std::string(traits.catalog);
     case SQL_SERVER_NAME:

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cstring>
 
+#include "simulator/helper_functions.h"
 #include "simulator/rewriting.h"
 #include "simulator/text.h"
 
@@ -34,6 +35,8 @@ SQLRETURN Connection::Open(const std::string& connection_string) {
   if (traits->script == nullptr) return OpenRecording(*traits, settings.file);
   database_ = OpenServer(*traits, settings, why);
   if (!database_) return Fail("08001", why);
+  version_ = settings.version.empty() ? std::string(traits->dbms_version) : settings.version;
+  if (!RegisterServerProperty(database_.get(), version_)) return Fail("HY001", "out of memory");
   traits_ = traits;
   gate_.StartCounting();
   return SQL_SUCCESS;

@@ -59,6 +59,7 @@ class Connection : public Handle {
 
   SQLULEN odbc_version() const { return environment_.odbc_version; }
   const ServerTraits& traits() const { return *traits_; }  // of an open connection
+  const std::string& version() const { return version_; }  // that the server tells of itself
   bool IsOpen() const { return traits_ != nullptr; }
   sqlite3* database() const { return database_.get(); }
   CallGate& gate() { return gate_; }
@@ -74,6 +75,7 @@ class Connection : public Handle {
 
   const Environment& environment_;
   const ServerTraits* traits_ = nullptr;
+  std::string version_;
   Database database_;
   std::unique_ptr<Recording> recording_;
   CallGate gate_;

@@ -84,11 +84,12 @@ constexpr char kLibrary[] = "library";
 constexpr char kDbo[] = "dbo";
 constexpr char kYes[] = "1";
 
-// SERVERPROPERTY: an edition that one installs.
+// An edition that one installs, of the version that the function was registered with.
 void ServerProperty(sqlite3_context* context, int, sqlite3_value** arguments) {
   if (EqualIgnoringCase(TextOf(arguments[0]), "EngineEdition"))
     return sqlite3_result_int(context, 3);
-  sqlite3_result_text(context, "15.0.2000.5", -1, SQLITE_STATIC);
+  const auto& version = *static_cast<const std::string*>(sqlite3_user_data(context));
+  sqlite3_result_text(context, version.data(), static_cast<int>(version.size()), SQLITE_TRANSIENT);
 }
 
 struct Function {
@@ -106,14 +107,14 @@ constexpr Function kFunctions[] = {
     {"db_name", 0, Constant<kLibrary>},
     {"schema_name", 0, Constant<kDbo>},
     {"has_perms_by_name", 3, Constant<kYes>},
-    {"serverproperty", 1, ServerProperty},
     {"sys_context", 2, Constant<kLibrary>},
 };
+
+constexpr int kFlags = SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_INNOCUOUS;
 
 }  // namespace
 
 bool RegisterHelperFunctions(sqlite3* database) {
-  constexpr int kFlags = SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_INNOCUOUS;
   for (const Function& function : kFunctions) {
     if (sqlite3_create_function(database, function.name, function.arguments, kFlags, nullptr,
                                 function.function, nullptr, nullptr) != SQLITE_OK) {
@@ -121,6 +122,13 @@ bool RegisterHelperFunctions(sqlite3* database) {
     }
   }
   return true;
+}
+
+bool RegisterServerProperty(sqlite3* database, const std::string& version) {
+  return sqlite3_create_function_v2(database, "serverproperty", 1, kFlags, new std::string(version),
+                                    ServerProperty, nullptr, nullptr, [](void* text) {
+                                      delete static_cast<std::string*>(text);
+                                    }) == SQLITE_OK;
 }
 
 }  // namespace catalogsim

@@ -3,8 +3,12 @@
 
 #include <sqlite3.h>
 
+#include <string>
+
 namespace catalogsim {
 
 bool RegisterHelperFunctions(sqlite3* database);
+// SERVERPROPERTY of SQL Server, which tells the version.
+bool RegisterServerProperty(sqlite3* database, const std::string& version);
 
 }  // namespace catalogsim

@@ -163,6 +163,7 @@ struct Keyword {
 // clang-format off
 constexpr Keyword kKeywords[] = {
     {"Server",         ParseText<&Settings::server>,     "a server's name"},
+    {"ServerVersion",  ParseText<&Settings::version>,    "a version"},
     {"File",           ParseText<&Settings::file>,       "a recording"},
     {"AddScript",      ParseText<&Settings::add_script>, "a file of SQL"},
     {"Sql",            ParseText<&Settings::sql>,        "SQL in braces"},

@@ -17,6 +17,7 @@ struct Scale {
 
 struct Settings {
   std::string server;
+  std::string version;     // that the server tells of itself; empty: its own
   std::string file;        // the recording, where the server is one
   std::string add_script;  // a file of SQL that is run after the server's script
   std::string sql;         // SQL that is run after that
