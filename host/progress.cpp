@@ -165,6 +165,9 @@ ProgressState ProgressCount::State(double now) const {
   const double mean = (seconds_of_phases_ + phase_seconds + phase_left) / (phases_ + 1);
   state.left = phase_left + mean * PhasesAhead();
   state.share = now > 0 ? now / (now + state.left) : 0;
+  // How long a phase takes that has counted nothing is a guess: no more is behind than its part.
+  const double part = static_cast<double>(phases_) / (phases_ + 1 + PhasesAhead());
+  if (state.rate <= 0) state.share = std::min(state.share, part);
   return state;
 }
 

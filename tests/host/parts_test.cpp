@@ -159,6 +159,7 @@ TEST(Progress, CountsTablesAndEstimatesWhatFollows) {
   state = count.State(20);
   EXPECT_STREQ(state.phase, "foreign keys");
   EXPECT_EQ(DrawBar(state, 36), "[##########..........] foreign keys");
+  EXPECT_EQ(DrawBar(count.State(39), 36), "[##########..........] foreign keys");
   start.item_type = iiForeignKeys;
   count.Notify(inLoopStart, &start, 20);
   for (int i = 0; i < 150; ++i) {  // more than were announced
