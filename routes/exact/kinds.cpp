@@ -44,7 +44,7 @@ constexpr std::array<KindRow, kKinds> kKindRows = {{
      "schema/schema_id* table* table_id kind* column_count collation comment text definition parent_id parent_schema "
      "parent_table target_server target_database target_schema target_table reason option:"},
     {"table_options", "table_id/schema+table* kind comment option:"},
-    {"view_texts", "table_id/schema+table* text* part reason option:"},
+    {"view_texts", "table_id/schema+table* text/definition* part reason option:"},
     {"definitions", "table_id/schema+table* definition* part"},
     {"columns",
      "table_id/schema+table* position* column* type_id/type+base_type* type_modifier type_schema length precision "

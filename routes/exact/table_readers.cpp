@@ -4,6 +4,7 @@
 #include <tuple>
 #include <utility>
 
+#include "routes/exact/definition.h"
 #include "routes/exact/definitions.h"
 
 namespace odbcimport::exact {
@@ -36,6 +37,12 @@ void ReadTarget(const Row& row, TextStore& texts, LcSynonymDetails& synonym) {
   synonym.database_name = texts.Wide(row.Text(Field::kTargetDatabase));
   synonym.base_owner = texts.Wide(row.Text(Field::kTargetSchema));
   synonym.base_table_name = texts.Wide(row.Text(Field::kTargetTable));
+}
+
+// What a server says that keeps the whole statement; of one that made no view all of it.
+std::string_view QueryIn(std::string_view statement) {
+  const std::string_view query = ReadViewQuery(statement);
+  return query.empty() ? statement : query;
 }
 
 }  // namespace
@@ -181,7 +188,9 @@ void ViewTextReader::Read(const Row& row) {
   model_.TakeOptions(row, details.options);
   TextStore& texts = model_.catalog.texts();
   if (!row.Has(Field::kReason)) {
-    details.view_text = texts.Get(row.Text(Field::kText));
+    details.view_text =
+        texts.Get(row.Has(Field::kDefinition) ? QueryIn(row.Text(Field::kDefinition))
+                                              : row.Text(Field::kText));
     return;
   }
   model_.catalog.AddNotRead(NameOf(Kind::kViewTexts), model_.catalog.SchemaOf(row),

@@ -57,7 +57,7 @@ INSERT INTO SYSCAT.DATATYPES SELECT s.name, NULL, t.name, 'SYSIBM  ', h.name, 'T
   FROM shop_type t JOIN shop_schema s ON s.number = t.schema_number JOIN here h ON h.type = t.type;
 CREATE TEMP VIEW shop AS SELECT t.number, s.name AS owner, t.name, t.kind, t.comment, t.text FROM shop_table t JOIN shop_schema s ON s.number = t.schema_number;
 INSERT INTO SYSCAT.TABLES SELECT owner, name, CASE kind WHEN 'view' THEN 'V' ELSE 'T' END, NULL, NULL, 'N', comment FROM shop;
-INSERT INTO SYSCAT.VIEWS SELECT owner, name, 'N', text FROM shop WHERE kind = 'view';
+INSERT INTO SYSCAT.VIEWS SELECT owner, name, 'N', 'CREATE OR REPLACE VIEW "' || trim(owner) || '".' || name || ' (id, name) AS ' || text FROM shop WHERE kind = 'view';
 INSERT INTO SYSCAT.COLUMNS
   SELECT t.owner, t.name, c.name, c.position - 1, coalesce(ys.name, 'SYSIBM  '), coalesce(y.name, h.name), coalesce(h.length, c.size), coalesce(h.scale, c.digits),
          CASE WHEN c.type IN ('CHAR', 'VARCHAR', 'CLOB') THEN 'OCTETS' END, CASE WHEN c.type IN ('CHAR', 'VARCHAR', 'CLOB') THEN coalesce(h.length, c.size) END, c.default_text,

@@ -50,7 +50,8 @@ INSERT INTO informix.sysxtdtypes SELECT 2048 + t.number, '', 'D', s.name, t.name
 INSERT INTO informix.systables VALUES ('systables', 'informix', 1, 5, 'T'), ('syscolumns', 'informix', 2, 6, 'T');
 INSERT INTO informix.systables SELECT t.name, s.name, 100 + t.number, (SELECT count(*) FROM shop_column c WHERE c.table_number = t.number),
   CASE t.kind WHEN 'view' THEN 'V' ELSE 'T' END FROM shop_table t JOIN shop_schema s ON s.number = t.schema_number;
-INSERT INTO informix.sysviews SELECT 100 + number, k, substr(text, k * 64 + 1, 64) FROM shop_table JOIN numbers WHERE text IS NOT NULL AND k * 64 < length(text);
+INSERT INTO informix.sysviews SELECT number, k, substr(text, k * 64 + 1, 64)
+  FROM (SELECT 100 + number AS number, 'create view "sales".' || name || ' (id,name) as ' || text AS text FROM shop_table WHERE text IS NOT NULL) JOIN numbers WHERE k * 64 < length(text);
 -- A column that numbers itself is a SERIAL; one that is computed is none here.
 INSERT INTO informix.syscolumns SELECT c.name, 100 + c.table_number, c.position,
   CASE WHEN c.identity IS NOT NULL THEN 6 ELSE h.coltype END + CASE c.nullable WHEN 1 THEN 0 ELSE 256 END + CASE WHEN c.type_number IS NULL THEN 0 ELSE 2048 END,

@@ -58,7 +58,7 @@ INSERT INTO sys.types SELECT t.name, h.id, 256 + t.number, 4 + t.schema_number, 
 INSERT INTO sys.objects SELECT name, 1000 + number, NULL, 4 + schema_number, 0, CASE kind WHEN 'view' THEN 'V' ELSE 'U' END,
   CASE kind WHEN 'view' THEN 'VIEW' ELSE 'USER_TABLE' END, 0 FROM shop_table;
 INSERT INTO sys.tables SELECT name, object_id, schema_id, 0, 0, NULL FROM sys.objects WHERE type = 'U';
-INSERT INTO sys.sql_modules SELECT 1000 + number, text FROM shop_table WHERE text IS NOT NULL;
+INSERT INTO sys.sql_modules SELECT 1000 + number, '-- as it was written' || char(13, 10) || 'CREATE VIEW [sales].[' || name || '] (id, name) WITH SCHEMABINDING AS ' || text FROM shop_table WHERE text IS NOT NULL;
 INSERT INTO sys.columns
   SELECT 1000 + c.table_number, c.name, c.position, h.id, CASE WHEN c.type_number IS NULL THEN h.id ELSE 256 + c.type_number END,
          coalesce(h.length, c.size), coalesce(h.precision, c.size), CASE c.type WHEN 'DECIMAL' THEN c.digits WHEN 'TIMESTAMP' THEN 3 ELSE 0 END,

@@ -93,7 +93,7 @@ WHERE ((c.TABSCHEMA NOT LIKE 'SYS%' AND c.TABSCHEMA NOT IN ('NULLID', 'SQLJ')) /
   /*@tables AND c.TABNAME IN (?list(table)) */;
 
 -- @view_texts
--- row: schema, table, text, option:check option{N=,L=local,C=cascaded}
+-- row: schema, table, definition, option:check option{N=,L=local,C=cascaded}
 SELECT RTRIM(v.VIEWSCHEMA), v.VIEWNAME, v.TEXT, v.VIEWCHECK
 FROM SYSCAT.VIEWS v
 WHERE ((v.VIEWSCHEMA NOT LIKE 'SYS%' AND v.VIEWSCHEMA NOT IN ('NULLID', 'SQLJ')) /*@system OR 1 = 1 */)

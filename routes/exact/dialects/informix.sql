@@ -136,7 +136,7 @@ WHERE d.tabid >= 100 /*@since 9 AND d.class = 'T' */
   /*@ids AND d.tabid IN (?list(table_id)) */;
 
 -- @view_texts
--- row: table_id, part, text
+-- row: table_id, part, definition
 SELECT v.tabid, v.seqno, v.viewtext
 FROM informix.sysviews v
 WHERE (v.tabid >= 100 /*@system OR v.tabid > 0 */)

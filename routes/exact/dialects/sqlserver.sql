@@ -152,7 +152,7 @@ JOIN sys.tables h ON h.object_id = t.history_table_id
 JOIN sys.schemas s ON s.schema_id = h.schema_id */;
 
 -- @view_texts
--- row: table_id, text, reason
+-- row: table_id, definition, reason
 SELECT o.object_id, m.definition,
        CASE WHEN m.definition IS NULL THEN 'the server keeps the text of this view: it is encrypted, or its definition may not be viewed' END
 FROM sys.objects o LEFT JOIN sys.sql_modules m ON m.object_id = o.object_id
