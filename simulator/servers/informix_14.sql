@@ -104,10 +104,10 @@ INSERT INTO informix.sysproccolumns SELECT 400 + p.routine_number, p.position, p
 
 -- What this server alone has: qualified times and intervals, a least length, a row with a name, a bitmap index, a disabled check of more than one
 -- piece with a blank at the end of the first, a view of two, an index on a function.
-INSERT INTO informix.systables VALUES ('shelf', 'stock', 500, 10, 'T');
+INSERT INTO informix.systables VALUES ('shelf', 'stock', 500, 11, 'T');
 INSERT INTO informix.syscolumns VALUES ('opens', 500, 1, 10, 4 * 256 + 6 * 16 + 8, 0), ('stamp', 500, 2, 266, 17 * 256 + 0 * 16 + 15, 0),
   ('lasts', 500, 3, 14, 5 * 256 + 4 * 16 + 6, 0), ('label', 500, 4, 13, 10 * 256 + 40, 0), ('long_label', 500, 5, 13, 200 * 256 + 250 - 65536, 0),
-  ('essay', 500, 6, 40, 4000, 1), ('open', 500, 7, 41, 1, 5), ('place', 500, 8, 22 + 4096, 8, 2100), ('marks', 500, 10, 19, 2048, 2102), ('money', 500, 9, 8, 9 * 256 + 2, 0);
+  ('essay', 500, 6, 40, 4000, 1), ('open', 500, 7, 41, 1, 5), ('place', 500, 8, 22 + 4096, 8, 2100), ('marks', 500, 10, 19, 2048, 2102), ('since', 500, 11, 7, 4, 0), ('money', 500, 9, 8, 9 * 256 + 2, 0);
 INSERT INTO informix.sysxtdtypes VALUES (2100, '', 'R', 'stock', 'place', 22, 0, 0, 8), (2101, '', 'B', 'stock', 'polygon', 40, 0, 2048, 0),
   (2102, '', 'C', 'stock', '', 19, 0, 2048, 0);
 INSERT INTO informix.sysxtddesc VALUES (2102, 1, 'SET(INTEGER NOT NULL)'), (2102, 2, ' '), (2100, 1, 'ROW(hall CHAR(3))');
@@ -118,7 +118,7 @@ INSERT INTO informix.sysindexes VALUES ('shelf_by_label', 'stock', 500, 'd', 'C'
 INSERT INTO informix.sysconstraints VALUES (90, 'shelf_money', 'stock', 500, 'C', NULL);
 INSERT INTO informix.sysobjstate VALUES ('C', 'stock', 'shelf_money', 500, 'D');
 INSERT INTO informix.syschecks VALUES (90, 'T', 1, '''x'' ))'), (90, 'T', 0, '((money > 0.00 ) AND (label <>');
-INSERT INTO informix.sysdefaults VALUES (500, 2, 'C', NULL, 'T'), (500, 7, 'L', 't', 'T');
+INSERT INTO informix.sysdefaults VALUES (500, 2, 'C', NULL, 'T'), (500, 7, 'L', 't', 'T'), (500, 11, 'L', 'AAAgAA 01/31/2000', 'T');
 -- What the statements of older versions ask for. No index of the shop has more than three parts.
 ALTER TABLE informix.syscolumns ADD COLUMN colmin INTEGER;
 ALTER TABLE informix.syscolumns ADD COLUMN colmax INTEGER;

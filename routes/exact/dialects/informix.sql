@@ -94,12 +94,14 @@ WHERE (c.tabid >= 100 /*@system OR c.tabid > 0 */)
   /*@since 9 AND (y.seqno IS NULL OR y.seqno = (SELECT MIN(z.seqno) FROM informix.sysxtddesc z WHERE z.extended_id = y.extended_id)) */
   /*@ids AND c.tabid IN (?list(table_id)) */;
 
--- What is no text has its value in a form of the server's before it, and a blank between; a BOOLEAN, which is one of the types 41, has not.
+-- What is no text has its value in a form of the server's before it, and a blank between; a BOOLEAN, which is one of the types 41, has not. A date (7) is
+-- written in quotes.
 -- @column_defaults
 -- row: table_id|position, default
 SELECT d.tabid || '|' || d.colno,
        TRIM(CASE d.type WHEN 'C' THEN 'CURRENT' WHEN 'N' THEN 'NULL' WHEN 'S' THEN 'DBSERVERNAME' WHEN 'T' THEN 'TODAY' WHEN 'U' THEN 'USER'
          ELSE CASE WHEN MOD(c.coltype, 256) IN (0, 13, 15, 16, 40, 43, 45) OR MOD(c.coltype, 256) = 41 AND TRIM(d.default) NOT LIKE '% %' THEN '''' || REPLACE(TRIM(d.default), '''', '''''') || '''' ELSE
+              CASE MOD(c.coltype, 256) WHEN 7 THEN '''' ELSE '' END ||
               TRIM(CASE WHEN SUBSTR(d.default, 1, 1) = ' ' THEN SUBSTR(d.default, 2)
               WHEN SUBSTR(d.default, 2, 1) = ' ' THEN SUBSTR(d.default, 3)
               WHEN SUBSTR(d.default, 3, 1) = ' ' THEN SUBSTR(d.default, 4)
@@ -129,7 +131,7 @@ SELECT d.tabid || '|' || d.colno,
               WHEN SUBSTR(d.default, 27, 1) = ' ' THEN SUBSTR(d.default, 28)
               WHEN SUBSTR(d.default, 28, 1) = ' ' THEN SUBSTR(d.default, 29)
               WHEN SUBSTR(d.default, 29, 1) = ' ' THEN SUBSTR(d.default, 30)
-              WHEN SUBSTR(d.default, 30, 1) = ' ' THEN SUBSTR(d.default, 31) ELSE d.default END) END END)
+              WHEN SUBSTR(d.default, 30, 1) = ' ' THEN SUBSTR(d.default, 31) ELSE d.default END) || CASE MOD(c.coltype, 256) WHEN 7 THEN '''' ELSE '' END END END)
 FROM informix.sysdefaults d
 JOIN informix.syscolumns c ON c.tabid = d.tabid AND c.colno = d.colno
 WHERE d.tabid >= 100 /*@since 9 AND d.class = 'T' */
