@@ -126,6 +126,7 @@ INSERT INTO all_arguments SELECT s.name, r.name, NULL, 500 + r.number, NULL, 1, 
 
 -- What this server alone has: a materialized view, an invisible column, a type with attributes, a table of it, a collection type, a package with overloads.
 INSERT INTO all_tables VALUES ('stock', 'shelf', NULL, 'NO', 'N', 'N', 'YES', 'NO');
+INSERT INTO all_tab_comments VALUES ('stock', 'shelf', 'TABLE', 'snapshot table for snapshot stock.shelf');
 INSERT INTO all_mviews VALUES ('stock', 'shelf', 'SELECT a FROM bin', 'DEMAND');
 INSERT INTO all_tab_cols VALUES
   ('stock', 'shelf', 'a', 'NUMBER', NULL, 22, NULL, NULL, 'Y', 1, NULL, NULL, 0, NULL, 'NO', 'NO', 1, 'NO', 'YES'),

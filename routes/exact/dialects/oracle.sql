@@ -38,13 +38,14 @@ SELECT x.username, CASE WHEN x.username = SYS_CONTEXT('USERENV', 'CURRENT_SCHEMA
 FROM all_users x
 WHERE (1 = 0 /*@system OR 1 = 1 */ OR x.username /*@before 12.1 NOT IN ('SYS', 'SYSTEM', 'OUTLN', 'DBSNMP', 'XDB', 'CTXSYS', 'MDSYS', 'WMSYS', 'ORDSYS', 'ORDDATA', 'ORDPLUGINS', 'EXFSYS', 'OLAPSYS', 'SYSMAN', 'APPQOSSYS', 'FLOWS_FILES', 'ANONYMOUS', 'XS$NULL') @else*/ IN (SELECT u.username FROM all_users u WHERE u.oracle_maintained = 'N') /*@end*/);
 
--- What a synonym's link leads to is another database. A materialized view is a table too, of the same name. ALL_TABLES leaves out the tables of objects.
+-- What a synonym's link leads to is another database. A materialized view is a table too, of the same name, with a
+-- comment of the server's. ALL_TABLES leaves out the tables of objects.
 -- @tables
 -- row: schema, table, kind, option:partitioned{NO=,YES=yes}, option:index organized{IOT=yes}, option:of type, comment,
 -- row: target_database, target_schema, target_table
 SELECT t.owner, t.table_name,
        CASE WHEN m.mview_name IS NOT NULL THEN 'materialized view' WHEN t.temporary = 'Y' THEN 'temporary table' ELSE 'table' END,
-       t.partitioned, t.iot_type, NULL, k.comments, NULL, NULL, NULL
+       t.partitioned, t.iot_type, NULL, CASE WHEN m.mview_name IS NULL OR k.comments NOT LIKE 'snapshot table for snapshot %' THEN k.comments END, NULL, NULL, NULL
 FROM all_tables t
 LEFT JOIN all_mviews m ON m.owner = t.owner AND m.mview_name = t.table_name
 LEFT JOIN all_tab_comments k ON k.owner = t.owner AND k.table_name = t.table_name
