@@ -12,31 +12,22 @@ std::vector<std::u16string> OwnQueries(const LcImportChoices& choices, LeDBMSTyp
                                        int version) {
   using namespace odbcimport;          // NOLINT: the builders are the routes'
   using namespace odbcimport::native;  // NOLINT
-  std::vector<std::u16string> texts;
-  BuildTableColumnQueries(choices, type, type == dbmsInformix && version >= 9, texts);
+  std::vector<std::u16string> texts =
+      BuildTableColumnQueries(choices, type, type == dbmsInformix && version >= 9);
   if (type == dbmsInformix) return texts;
-  std::u16string text;
-  BuildPrimaryKeyQuery(choices, text, type);
-  texts.push_back(text);
-  text.clear();
+  texts.push_back(BuildPrimaryKeyQuery(choices, type).value());
   switch (type) {
     case dbmsMSSQLServer:
-      BuildForeignKeyQuerySQLServer(choices, text);
-      texts.push_back(text);
-      break;
-    case dbmsOracle:
-      BuildForeignKeyQueries(choices, type, texts);
+      texts.push_back(BuildForeignKeyQuerySQLServer(choices));
       break;
     case dbmsRedBrick:
-      BuildForeignKeyQueryRedBrick1(choices, text);
-      texts.push_back(text);
-      text.clear();
-      BuildForeignKeyQueryRedBrick2(choices, text);
-      texts.push_back(text);
+      texts.push_back(BuildForeignKeyQueryRedBrick1(choices));
+      texts.push_back(BuildForeignKeyQueryRedBrick2(choices));
       break;
     default:
-      BuildForeignKeyQuery(choices, text, type);
-      texts.push_back(text);
+      for (std::u16string& text : BuildForeignKeyQueries(choices, type)) {
+        texts.push_back(std::move(text));
+      }
   }
   return texts;
 }

@@ -278,15 +278,14 @@ std::span<const NamedType> TypeNamesOf(int dbms_type) {
   }
 }
 
-std::uint16_t ConvertInformixType(long number, bool& found) {
+std::optional<std::uint16_t> ConvertInformixType(long number) {
   if (number == kInformixNamedRow) return pcNamedRow;
   // The bits above the low byte tell of null values and of distinct and host types.
   if (number > 256) number &= 0xFF;
   for (const NumberedType& row : kInformixTypes) {
     if (row.number == number) return static_cast<std::uint16_t>(row.code);
   }
-  found = false;
-  return pcChar;
+  return std::nullopt;
 }
 
 // The built-in Informix types that a catalog reports and a type list can lack.
@@ -317,14 +316,13 @@ std::uint16_t MapDataType(const ServerFacts& server, long odbc_type) {
   return static_cast<std::uint16_t>(kCodesOfODBCTypes[odbc_type - kFirstODBCType]);
 }
 
-std::uint16_t ConvertDatabaseTypeToODBC(std::u16string_view type_name, int dbms_type, bool& found) {
-  found = true;
-  if (dbms_type == dbmsInformix) return ConvertInformixType(base::ParseInteger(type_name), found);
+std::optional<std::uint16_t> ConvertDatabaseTypeToODBC(std::u16string_view type_name,
+                                                       int dbms_type) {
+  if (dbms_type == dbmsInformix) return ConvertInformixType(base::ParseInteger(type_name));
   for (const NamedType& row : TypeNamesOf(dbms_type)) {
     if (base::EqualIgnoringCase(row.name, type_name)) return static_cast<std::uint16_t>(row.code);
   }
-  found = false;
-  return pcChar;
+  return std::nullopt;
 }
 
 enumDataType MapInternalCodeToType(int physical_code) {

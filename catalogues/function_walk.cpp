@@ -9,10 +9,10 @@
 
 namespace odbcimport {
 
-bool AddSystemFunctions(ImportSession& session, std::span<const FunctionRow> rows,
+void AddSystemFunctions(ImportSession& session, std::span<const FunctionRow> rows,
                         unsigned long announced) {
   LcWorkbookFunctionList* functions = session.sink.functions();
-  if (functions == nullptr) return true;
+  if (functions == nullptr) return;
   // Without an owner even on Informix, whose catalog lists its own functions under "informix".
   const std::u16string owner;
   session.progress.StatusDialog(inLoopStart, iiGeneralFunctions, announced);
@@ -30,7 +30,6 @@ bool AddSystemFunctions(ImportSession& session, std::span<const FunctionRow> row
                                   signature.c_str());
   }
   session.progress.StatusDialog(inLoopEnd);
-  return true;
 }
 
 }  // namespace odbcimport

@@ -19,22 +19,22 @@ struct FunctionRow {
 // Appends a whole catalogue, without owners, to the session's function list and reports each row.
 // `announced` is the count that is reported before, which need not be the number of rows: hosts
 // know it as a constant of the catalogue. Functions that the list has already are not looked at.
-// Always true; without a target list nothing is reported or added.
+// Without a target list nothing is reported or added.
 //
 // A name that differs from the one before, in more than upper and lower case, begins a new
 // function. Required (functions_catalogues_test): a name that comes back after others makes a
 // second function. The order of a catalogue stays visible, and the functions of a server's own
 // catalog are merged into the first.
-bool AddSystemFunctions(ImportSession& session, std::span<const FunctionRow> rows,
+void AddSystemFunctions(ImportSession& session, std::span<const FunctionRow> rows,
                         unsigned long announced);
 
 // The built-in functions of each kind of server.
-bool GetSystemFunctionsIUS(ImportSession& session);  // Informix Universal Server
-bool GetSystemFunctionsIDS(ImportSession& session);  // Informix Dynamic Server
-bool GetSystemFunctionsOracle(ImportSession& session);
-bool GetSystemFunctionsDB2(ImportSession& session);
-bool GetSystemFunctionsAccess(ImportSession& session);
-bool GetSystemFunctionsMSSQL(ImportSession& session);
-bool GetGeneralFunctionsRedBrick(ImportSession& session);
+void GetSystemFunctionsIUS(ImportSession& session);  // Informix Universal Server
+void GetSystemFunctionsIDS(ImportSession& session);  // Informix Dynamic Server
+void GetSystemFunctionsOracle(ImportSession& session);
+void GetSystemFunctionsDB2(ImportSession& session);
+void GetSystemFunctionsAccess(ImportSession& session);
+void GetSystemFunctionsMSSQL(ImportSession& session);
+void GetGeneralFunctionsRedBrick(ImportSession& session);
 
 }  // namespace odbcimport

@@ -56,8 +56,8 @@ static_assert(std::size(kAccessFunctions) == 42);
 
 }  // namespace
 
-bool GetSystemFunctionsAccess(ImportSession& session) {
-  return AddSystemFunctions(session, kAccessFunctions, 42);
+void GetSystemFunctionsAccess(ImportSession& session) {
+  AddSystemFunctions(session, kAccessFunctions, 42);
 }
 
 }  // namespace odbcimport

@@ -26,6 +26,6 @@ static_assert(std::size(kDB2) == 14);
 
 }  // namespace
 
-bool GetSystemFunctionsDB2(ImportSession& session) { return AddSystemFunctions(session, kDB2, 14); }
+void GetSystemFunctionsDB2(ImportSession& session) { AddSystemFunctions(session, kDB2, 14); }
 
 }  // namespace odbcimport

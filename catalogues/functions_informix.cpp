@@ -167,12 +167,10 @@ constexpr std::uint32_t kAnnouncedIUS = 573;
 
 }  // namespace
 
-bool GetSystemFunctionsIUS(ImportSession& session) {
-  return AddSystemFunctions(session, kRowsIUS, kAnnouncedIUS);
+void GetSystemFunctionsIUS(ImportSession& session) {
+  AddSystemFunctions(session, kRowsIUS, kAnnouncedIUS);
 }
 
-bool GetSystemFunctionsIDS(ImportSession& session) {
-  return AddSystemFunctions(session, kRowsIDS, 546);
-}
+void GetSystemFunctionsIDS(ImportSession& session) { AddSystemFunctions(session, kRowsIDS, 546); }
 
 }  // namespace odbcimport

@@ -103,8 +103,6 @@ static_assert(std::size(kOracle) == 89);
 
 }  // namespace
 
-bool GetSystemFunctionsOracle(ImportSession& session) {
-  return AddSystemFunctions(session, kOracle, 89);
-}
+void GetSystemFunctionsOracle(ImportSession& session) { AddSystemFunctions(session, kOracle, 89); }
 
 }  // namespace odbcimport

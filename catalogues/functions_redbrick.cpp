@@ -74,8 +74,8 @@ static_assert(kRows.size() == 124);
 
 }  // namespace
 
-bool GetGeneralFunctionsRedBrick(ImportSession& session) {
-  return AddSystemFunctions(session, kRows, 124);
+void GetGeneralFunctionsRedBrick(ImportSession& session) {
+  AddSystemFunctions(session, kRows, 124);
 }
 
 }  // namespace odbcimport

@@ -159,8 +159,8 @@ static_assert(std::size(kSQLServer) == 144);
 
 }  // namespace
 
-bool GetSystemFunctionsMSSQL(ImportSession& session) {
-  return AddSystemFunctions(session, kSQLServer, 144);
+void GetSystemFunctionsMSSQL(ImportSession& session) {
+  AddSystemFunctions(session, kSQLServer, 144);
 }
 
 }  // namespace odbcimport

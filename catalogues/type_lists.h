@@ -18,7 +18,7 @@ class LC_EXPORT LcODBCDatatypeList : public LcWorkbookDatatypeList {
   void SetDBMSType(LeDBMSType type) { dbms_type_ = type; }
   void SetDBMSVersion(int version) { dbms_version_ = version; }
   // Informix Universal Server: Informix of version 9 or higher.
-  bool ForIUS() const;
+  [[nodiscard]] bool ForIUS() const;
 
   // The width in characters that a field of the physical code needs; `length` in the type's unit.
   unsigned long CalculateFieldWidth(int physical_code, unsigned long length) const;

@@ -19,14 +19,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const int code = input.Take<int>();
     const std::u16string name = input.TakeText(40);
 
-    ComputeInformixScale(coltype, collength);
-    ComputeInformixPrecision(coltype, collength);
-    ComputeInformixNoNull(coltype);
+    static_cast<void>(ComputeInformixScale(coltype, collength));
+    static_cast<void>(ComputeInformixPrecision(coltype, collength));
+    static_cast<void>(ComputeInformixNoNull(coltype));
     const enumIntervalPart part = ComputeInformixIntervalPart(code);
     if (part < ipNone || part > ipFraction5) std::abort();
-    std::u16string type_name;
-    ConvertIUSTypeCodeToTypeName(code, type_name);
-    if (type_name.empty()) std::abort();
+    const auto type_name = ConvertIUSTypeCodeToTypeName(code);
+    if (type_name && type_name->empty()) std::abort();
     const enumDataType generic = ConvertIUSPhyCodeToGenericCode(code, name.c_str());
     if (generic < dtUnknown || generic > dtVarOpaque) std::abort();
     const enumDataTypeGroup group = ConvertIUSPhyCodeToTypeGroup(code, name.c_str());
@@ -35,15 +34,14 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     ServerFacts server;
     server.is_ius = (code & 1) != 0;
     server.dbms_type = dbmsInformix;
-    MapDataType(server, coltype);
+    static_cast<void>(MapDataType(server, coltype));
     const enumDataTypeGroup mapped = MapTypeToGroup(MapInternalCodeToType(code));
     if (mapped < dgCharacter || mapped > dgOther) std::abort();
     static_cast<void>(base::ParseInteger(name));
     for (int dbms_type = -1; dbms_type <= 9; ++dbms_type) {
-      bool found = false;
-      const std::uint16_t physical = ConvertDatabaseTypeToODBC(name, dbms_type, found);
-      if (!found && physical != 0) std::abort();
-      GetTableType(name, dbms_type);
+      const auto physical = ConvertDatabaseTypeToODBC(name, dbms_type);
+      if (physical && *physical > pcBFile) std::abort();
+      static_cast<void>(GetTableType(name, dbms_type));
     }
   }
   return 0;

@@ -15,14 +15,14 @@ struct LcDialect {
   std::string file;     // its text
 };
 // Those that are built in.
-LC_EXPORT std::vector<LcDialect> OdbcImportDialects();
+[[nodiscard]] LC_EXPORT std::vector<LcDialect> OdbcImportDialects();
 
 struct LcDialectProblem {
   int line = 0;      // of the file, from 1
   std::string text;  // one English sentence part
 };
 // All that is wrong with the text of a dialect file; empty: nothing.
-LC_EXPORT std::vector<LcDialectProblem> OdbcImportCheckDialect(std::string_view file);
+[[nodiscard]] LC_EXPORT std::vector<LcDialectProblem> OdbcImportCheckDialect(std::string_view file);
 
 // What became of one section on a server.
 struct LcSectionCheck {
@@ -35,5 +35,6 @@ struct LcSectionCheck {
 // Runs every section of a dialect file on a server, as an import of everything would, and compares
 // the rows with the headings. The handles are borrowed. Empty, with one English sentence part in
 // `why`, where the file is wrong or the dialect is not for the server.
-LC_EXPORT std::vector<LcSectionCheck> OdbcImportTryDialect(std::string_view file, void* henv,
-                                                           void* hdbc, std::string& why);
+[[nodiscard]] LC_EXPORT std::vector<LcSectionCheck> OdbcImportTryDialect(std::string_view file,
+                                                                         void* henv, void* hdbc,
+                                                                         std::string& why);

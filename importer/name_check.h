@@ -12,5 +12,5 @@
 // (UTF-16) is the first, and `why` a part of a sentence in UTF-8. Looks at all that can get into a
 // statement: owners, tables, the single table, and the databases and servers of synonyms, which
 // often come from rows of the server. On the generic and the exact route every name is safe.
-LC_EXPORT bool OdbcImportFindUnsafeName(const LcImportChoices& choices, std::u16string& name,
-                                        std::string& why);
+[[nodiscard]] LC_EXPORT bool OdbcImportFindUnsafeName(const LcImportChoices& choices,
+                                                      std::u16string& name, std::string& why);

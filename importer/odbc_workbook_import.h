@@ -48,7 +48,7 @@ class LC_EXPORT LcODBCWorkbookImport : public LcWorkbookImport {
     bool lists_owners;            // has a reading for ibOwnerNames
     bool lists_columns;           // has a reading for ibColumnNames
   };
-  static const Route& GetRoute(RouteKind kind);
+  [[nodiscard]] static const Route& GetRoute(RouteKind kind);
 
   // A route, why it is taken, and what was known of the server when it was decided.
   struct RouteDecision {
@@ -63,7 +63,7 @@ class LC_EXPORT LcODBCWorkbookImport : public LcWorkbookImport {
   // The route that ImportItems would take now, for a host that wants to show it. Asks the driver
   // for the server's name where it is not known, and the server whether a dialect fits where the
   // exact reading is wanted, as ImportItems does, and changes nothing.
-  RouteDecision DecideRoute() const;
+  [[nodiscard]] RouteDecision DecideRoute() const;
   // The route that the last ImportItems took; null before the first.
   const RouteDecision* GetRouteTaken() const { return route_taken_.get(); }
 
@@ -83,6 +83,6 @@ class LC_EXPORT LcODBCWorkbookImport : public LcWorkbookImport {
 // that is not null, and makes its texts the module's. Must succeed before an import; starting twice
 // is fine. On failure `why` says which file was looked for and where; otherwise it is empty, or
 // tells of a settings file that is left out because it cannot be read.
-LC_EXPORT bool OdbcImportStart(const char* folder, std::string& why);
+[[nodiscard]] LC_EXPORT bool OdbcImportStart(const char* folder, std::string& why);
 // Gives the message library back.
 LC_EXPORT void OdbcImportStop();

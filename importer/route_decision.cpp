@@ -35,8 +35,7 @@ void SettleServer(const RouteQuestion& question, ServerFacts& server) {
 using Reason = std::optional<std::string>;
 
 bool IsSet(const char16_t* setting) {
-  std::uint32_t value = 0;
-  return ReadSettingDWORD(kSettingsKey, setting, value) && value != 0;
+  return ReadSettingDWORD(kSettingsKey, setting).value_or(0) != 0;
 }
 
 // A DB2 data source can offer a schema of views in place of its catalog.

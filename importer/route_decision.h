@@ -17,6 +17,7 @@ struct RouteQuestion {
 // Settles name, version and type of the server in `server` (asking the driver where name or type
 // are not known) and picks the route, host settings included. Reports nothing: a driver without
 // answers leaves the type as the host set it.
-LcODBCWorkbookImport::RouteDecision DecideRoute(const RouteQuestion& question, ServerFacts& server);
+[[nodiscard]] LcODBCWorkbookImport::RouteDecision DecideRoute(const RouteQuestion& question,
+                                                              ServerFacts& server);
 
 }  // namespace odbcimport

@@ -10,6 +10,6 @@ struct RouteRow : LcODBCWorkbookImport::Route {
   bool (*run)(ImportSession& session, unsigned short& status);
 };
 
-const RouteRow& FindRoute(LcODBCWorkbookImport::RouteKind kind);
+[[nodiscard]] const RouteRow& FindRoute(LcODBCWorkbookImport::RouteKind kind);
 
 }  // namespace odbcimport

@@ -10,4 +10,4 @@
 // in `why`, one line of English in UTF-8, when a handle is missing, the environment asks for
 // another version than ODBC 2 or the connection is not open. An import does not ask: under ODBC 3
 // it runs and gives columns of dates and times as CHAR.
-LC_EXPORT bool OdbcImportCheckConnection(void* henv, void* hdbc, std::string& why);
+[[nodiscard]] LC_EXPORT bool OdbcImportCheckConnection(void* henv, void* hdbc, std::string& why);

@@ -7,6 +7,7 @@ namespace odbc {
 
 // A value of a data source in odbc.ini, of the user or the system. The case of `keyword` does not
 // matter. Empty when there is no such data source or keyword.
-std::string ReadDataSourceValue(const std::string& data_source, const std::string& keyword);
+[[nodiscard]] std::string ReadDataSourceValue(const std::string& data_source,
+                                              const std::string& keyword);
 
 }  // namespace odbc

@@ -19,34 +19,34 @@
 
 namespace odbc {
 
-inline bool Succeeded(SQLRETURN result) {
+[[nodiscard]] inline bool Succeeded(SQLRETURN result) {
   return result == SQL_SUCCESS || result == SQL_SUCCESS_WITH_INFO;
 }
 
 // The text of SQL_DBMS_NAME, SQL_DBMS_VER and the like, at most 127 characters. Empty when the
 // driver has no answer.
-std::u16string GetInfoText(SQLHDBC hdbc, SQLUSMALLINT info);
+[[nodiscard]] std::u16string GetInfoText(SQLHDBC hdbc, SQLUSMALLINT info);
 // A 32-bit mask. `mask` is 0 when the driver has no answer.
-SQLRETURN GetInfoMask(SQLHDBC hdbc, SQLUSMALLINT info, SQLUINTEGER* mask);
+[[nodiscard]] SQLRETURN GetInfoMask(SQLHDBC hdbc, SQLUSMALLINT info, SQLUINTEGER* mask);
 // False, too, when the driver does not answer.
-bool HasFunction(SQLHDBC hdbc, SQLUSMALLINT function);
+[[nodiscard]] bool HasFunction(SQLHDBC hdbc, SQLUSMALLINT function);
 // Fills the 100 entries of the ODBC 2 table of functions; all 0 when the driver does not answer.
 void GetAllFunctions(SQLHDBC hdbc, SQLUSMALLINT table[100]);
 
 // A numeric option of the connection; `fallback` when the driver does not answer.
-SQLULEN GetConnectOption(SQLHDBC hdbc, SQLUSMALLINT option, SQLULEN fallback);
+[[nodiscard]] SQLULEN GetConnectOption(SQLHDBC hdbc, SQLUSMALLINT option, SQLULEN fallback);
 
 // The version of ODBC that the host asked for (SQL_OV_ODBC2, SQL_OV_ODBC3, ...); 0 when it asked
 // for none or the handle is not valid.
-SQLINTEGER GetRequestedVersion(SQLHENV henv);
+[[nodiscard]] SQLINTEGER GetRequestedVersion(SQLHENV henv);
 // Whether the handle is that of a connection that was opened and is not known to be lost.
-bool IsOpen(SQLHDBC hdbc);
+[[nodiscard]] bool IsOpen(SQLHDBC hdbc);
 
 // Takes the pending diagnostic of the statement (or of the connection when `hstmt` is null). False
 // when there is none. `max_characters` is the size of the message's
 // buffer, the terminator included.
-bool TakeDiagnostic(SQLHENV henv, SQLHDBC hdbc, SQLHSTMT hstmt, Diagnostic* diagnostic,
-                    SQLSMALLINT max_characters = 511);
+[[nodiscard]] bool TakeDiagnostic(SQLHENV henv, SQLHDBC hdbc, SQLHSTMT hstmt,
+                                  Diagnostic* diagnostic, SQLSMALLINT max_characters = 511);
 
 // How much of a result was read, against the services' limits. Rows of a rowset count as their
 // first one does.
@@ -57,7 +57,7 @@ class ResultSize {
   void Restart() { rows_ = bytes_ = 0; }
   void AddRows(std::uint64_t rows);
   void AddBytes(SQLLEN bytes) { bytes_ += static_cast<std::uint64_t>(bytes); }
-  bool IsExceeded() const;
+  [[nodiscard]] bool IsExceeded() const;
 
  private:
   struct Cell {

@@ -83,7 +83,7 @@ void Show(const Diagnostic& diagnostic) {
 void PostError(void* henv, void* hdbc, void* hstmt) {
   Diagnostic diagnostic;
   // Shown even when the driver has no diagnostic: the user must learn that something failed.
-  TakeDiagnostic(henv, hdbc, hstmt, &diagnostic, kShownCharacters);
+  static_cast<void>(TakeDiagnostic(henv, hdbc, hstmt, &diagnostic, kShownCharacters));
   Show(diagnostic);
 }
 

@@ -28,7 +28,7 @@ void PostOtherError(OtherError error);
 // Puts an integer and two texts into a text with printf's places for them, in that order, or with
 // numbered ones ("%2$s") where a translation needs another order. "%%" is a percent sign; a place
 // without an argument stays as it stands, so a wrong translation does no harm.
-std::u16string FormatErrorText(std::u16string_view format, long number, std::u16string_view text1,
-                               std::u16string_view text2);
+[[nodiscard]] std::u16string FormatErrorText(std::u16string_view format, long number,
+                                             std::u16string_view text1, std::u16string_view text2);
 
 }  // namespace odbc

@@ -78,7 +78,7 @@ class TIterator {
   virtual Position First() = 0;
   // Returns the current position and moves on to the one after it.
   virtual Position Next() = 0;
-  virtual bool IsDone() const = 0;
+  [[nodiscard]] virtual bool IsDone() const = 0;
   // The pointer at the current position, or null. Item forwards to CurrentItem.
   virtual T* CurrentItem() const = 0;
   virtual T* Item() const = 0;
@@ -88,7 +88,7 @@ class TIterator {
   virtual Position Previous() = 0;
   // Moves to the first position that holds the pointer. False, with the position unchanged, when
   // there is none.
-  virtual bool Find(const T* item) = 0;
+  [[nodiscard]] virtual bool Find(const T* item) = 0;
   // Takes the current pointer out of the list, moves on and returns it. A read-only iterator
   // returns null and changes nothing.
   virtual T* RemoveCurrent() = 0;

@@ -25,7 +25,7 @@ struct QueryFailure {
   // One line for people: the first message, behind its state and number. UTF-16.
   std::u16string Text() const;
   // The driver says that the connection itself is gone.
-  bool IsConnectionLost() const;
+  [[nodiscard]] bool IsConnectionLost() const;
 };
 
 enum class [[nodiscard]] QueryState{
@@ -74,11 +74,11 @@ class Query {
 
   QueryState Fail();
   QueryState Stop();
-  bool BindParameters(const std::vector<std::string>& parameters);
-  bool BindCells(std::size_t columns);
-  bool TakeCell(std::size_t column);
-  bool TakeLongCell(std::size_t column);
-  bool RefuseCell(const char* why);
+  [[nodiscard]] bool BindParameters(const std::vector<std::string>& parameters);
+  [[nodiscard]] bool BindCells(std::size_t columns);
+  [[nodiscard]] bool TakeCell(std::size_t column);
+  [[nodiscard]] bool TakeLongCell(std::size_t column);
+  [[nodiscard]] bool RefuseCell(const char* why);
 
   void* henv_;
   void* hdbc_;

@@ -126,14 +126,18 @@ int LcODBCRecordList::GetColumnCount() const {
   return first == nullptr ? 0 : static_cast<int>(first->CellCount());
 }
 
-bool LcODBCRecordList::GetData(int row, int column, std::u16string& out) const {
-  out.clear();
+std::optional<std::u16string> LcODBCRecordList::WholeCell(int row, int column) const {
   const RowView* record = storage_->Row(row);
-  if (record == nullptr || !record->HasCell(column)) return false;
+  if (record == nullptr || !record->HasCell(column)) return std::nullopt;
   const auto index = static_cast<std::uint32_t>(column) - 1;
-  out = record->Cell(index);
-  out.append(record->Blanks()[index], u' ');
-  return true;
+  return std::u16string(record->Cell(index)).append(record->Blanks()[index], u' ');
+}
+
+bool LcODBCRecordList::GetData(int row, int column, std::u16string& out) const {
+  std::optional<std::u16string> cell = WholeCell(row, column);
+  const bool there = cell.has_value();
+  out = std::move(cell).value_or(std::u16string());
+  return there;
 }
 
 std::u16string_view LcODBCRecordList::View(int row, int column) const {

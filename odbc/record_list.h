@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -37,8 +38,9 @@ class LC_EXPORT LcODBCRecordList : public LcObject {
 
   int GetRowCount() const;     // of rows or column descriptions
   int GetColumnCount() const;  // of the first row; 0 without rows
-  // Sets `out` to a copy of the cell. False, with `out` empty, for numbers out of range. A NULL
-  // reads as empty.
+  // A copy of the cell; none for numbers out of range. A NULL reads as empty.
+  [[nodiscard]] std::optional<std::u16string> WholeCell(int row, int column) const;
+  // The same for hosts: sets `out`, and gives false with `out` empty where there is no cell.
   bool GetData(int row, int column, std::u16string& out) const;
   // The cell without its trailing blanks and without a copy, empty out of range; valid as long as
   // the list is.

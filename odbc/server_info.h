@@ -6,13 +6,13 @@
 namespace odbc {
 
 // SQL_DBMS_NAME and SQL_DBMS_VER, at most 127 characters. Empty when the driver has no answer.
-std::u16string GetDBMSName(void* hdbc);
-std::u16string GetDBMSVersion(void* hdbc);
+[[nodiscard]] std::u16string GetDBMSName(void* hdbc);
+[[nodiscard]] std::u16string GetDBMSVersion(void* hdbc);
 // The data source that the connection was made to; empty for one without.
-std::u16string GetDataSourceName(void* hdbc);
+[[nodiscard]] std::u16string GetDataSourceName(void* hdbc);
 // Whether statements may name an owner in front of a table; false when the driver has no answer.
-bool SupportsOwners(void* hdbc);
+[[nodiscard]] bool SupportsOwners(void* hdbc);
 // Whether each statement is a transaction of its own; true when the driver has no answer.
-bool IsAutocommitOn(void* hdbc);
+[[nodiscard]] bool IsAutocommitOn(void* hdbc);
 
 }  // namespace odbc

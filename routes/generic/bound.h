@@ -15,7 +15,7 @@
 namespace odbcimport::generic {
 
 // mdbtools sets the lower half of the slot only, and the slot was 0 before.
-inline bool IsNull(SQLLEN indicator) {
+[[nodiscard]] inline bool IsNull(SQLLEN indicator) {
   return static_cast<std::int32_t>(indicator) == SQL_NULL_DATA;
 }
 

@@ -46,7 +46,7 @@ class CatalogStatement {
 
  private:
   void CountColumns();
-  bool HasExpectedColumns();
+  [[nodiscard]] bool HasExpectedColumns();
   void Renew(SQLHDBC hdbc);
 
   odbc::Statement statement_;

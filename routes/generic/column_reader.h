@@ -21,9 +21,9 @@ class ColumnReader {
       : session_(session), statement_(statement) {}
 
   // Reports every column and adds it to the table. False when the driver failed.
-  bool GetTableColumnsODBC(LcWorkbookTable& table);
+  [[nodiscard]] bool GetTableColumnsODBC(LcWorkbookTable& table);
   // Names and types of the columns of the single table that the host asked for.
-  bool GetColumnNamesForTableODBC();
+  [[nodiscard]] bool GetColumnNamesForTableODBC();
 
  private:
   struct Row {
@@ -53,8 +53,8 @@ class ColumnReader {
 // the column received no type. Required (generic readers_test): a SERIAL type is added to
 // `importer_types` for every such column (the list is the importer's own, and its first entry is
 // the one that is found), and to `workbook_types` (may be null) once.
-bool AccountForIUSVariations(LcWorkbookColumn* column, std::u16string_view type_name,
-                             LcWorkbookDatatypeList* importer_types,
-                             LcWorkbookDatatypeList* workbook_types);
+[[nodiscard]] bool AccountForIUSVariations(LcWorkbookColumn* column, std::u16string_view type_name,
+                                           LcWorkbookDatatypeList* importer_types,
+                                           LcWorkbookDatatypeList* workbook_types);
 
 }  // namespace odbcimport::generic

@@ -6,7 +6,7 @@
 
 namespace odbcimport::generic {
 
-bool SetupTableTypesODBC(const LcImportChoices& choices, BoundText& type_list) {
+void SetupTableTypesODBC(const LcImportChoices& choices, BoundText& type_list) {
   const auto add = [&type_list](std::u16string_view type) {
     if (!type_list.IsEmpty()) type_list.Append(u",");
     type_list.Append(type);
@@ -16,10 +16,9 @@ bool SetupTableTypesODBC(const LcImportChoices& choices, BoundText& type_list) {
   if (tables) add(u"'TABLE'");
   if ((choices.item_mask & (ibViewNames | ibViews)) != 0) add(u"'VIEW'");
   if (choices.include_system && tables) add(u"'SYSTEM TABLE'");
-  return true;
 }
 
-bool GetSystemOwnerODBC(ImportSession& session) {
+void GetSystemOwnerODBC(ImportSession& session) {
   BoundText owner;
   CatalogStatement statement;
   const SQLRETURN opened = statement.Open(
@@ -28,20 +27,18 @@ bool GetSystemOwnerODBC(ImportSession& session) {
         return call.Tables(CatalogArgument(session.choices), u"%", nullptr, u"'SYSTEM TABLE'");
       },
       [&](odbc::Statement& bind) { owner.Bind(bind, 2); });
-  if (!odbc::Succeeded(opened) || session.progress.WasImportStoppedOrCancelled()) return false;
+  if (!odbc::Succeeded(opened) || session.progress.WasImportStoppedOrCancelled()) return;
 
   owner.Empty();
   const SQLRETURN fetched = statement.Fetch();
   if (fetched == SQL_ERROR) handleErrorMsgsODBC(session, statement.Get());
-  const bool found = odbc::Succeeded(fetched);
-  session.server().system_owner = found ? owner.Read() : std::u16string_view();
-  return found;
+  session.server().system_owner = odbc::Succeeded(fetched) ? owner.Read() : std::u16string_view();
 }
 
 void handleErrorMsgsODBC(const ImportSession& session, SQLHSTMT statement) {
   odbc::Diagnostic diagnostic;
-  odbc::TakeDiagnostic(session.connection.henv(), session.connection.hdbc(), statement,
-                       &diagnostic);
+  static_cast<void>(odbc::TakeDiagnostic(session.connection.henv(), session.connection.hdbc(),
+                                         statement, &diagnostic));
 }
 
 }  // namespace odbcimport::generic

@@ -32,20 +32,18 @@ SQLRETURN ForeignKeyReader::OpenForeignKeys(const LcWorkbookTable& table) {
       [this](odbc::Statement& bind) { row_.Bind(bind); });
 }
 
-bool ForeignKeyReader::GetTableForeignKeysODBC(LcWorkbookTable& table,
+void ForeignKeyReader::GetTableForeignKeysODBC(LcWorkbookTable& table,
                                                LcWorkbookTableList& tables) {
   if (!odbc::Succeeded(OpenForeignKeys(table))) {
     handleErrorMsgsODBC(session_, statement_.Get());
     statement_.EndResult();
-    return false;
+    return;
   }
   Pending pending;
   LcWorkbookTable* last_looked_up = nullptr;
-  bool any_row = false;
   for (;;) {
     row_.Empty();
     if (!odbc::Succeeded(statement_.Fetch())) break;
-    any_row = true;
     // Required (simulated_route_test): the referencing table is looked for under the owner of the
     // referenced one. Drivers leave FKTABLE_OWNER empty or fill it with a catalog.
     name_ = row_.foreign_table.Read();
@@ -78,7 +76,6 @@ bool ForeignKeyReader::GetTableForeignKeysODBC(LcWorkbookTable& table,
         u"reading has it");
     entry.withheld = true;
   }
-  return any_row;
 }
 
 void ForeignKeyReader::Complete(const Pending& pending, LcWorkbookTable& table,

@@ -18,9 +18,8 @@ class ForeignKeyReader {
   // Adds two keys for every pair of columns, one to `table` (the referenced one) and its mirror to
   // the referencing table among `tables`. Every pair makes a relationship of its own, also those of
   // one foreign key with several columns. Required (simulated_route_test): stored models have them.
-  // Pairs that name a table or column that is not in the workbook are left out. False when no row
-  // came.
-  bool GetTableForeignKeysODBC(LcWorkbookTable& table, LcWorkbookTableList& tables);
+  // Pairs that name a table or column that is not in the workbook are left out.
+  void GetTableForeignKeysODBC(LcWorkbookTable& table, LcWorkbookTableList& tables);
 
  private:
   struct Row {

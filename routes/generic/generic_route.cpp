@@ -127,7 +127,8 @@ bool GenericRoute::AddDataTypes() {
 
 bool GenericRoute::ReadTableNames() {
   session_.progress.StatusDialog(inPhaseStart, iiTableNames);
-  result = tables_.GetTablesAndViewsODBC(true);
+  tables_.GetTablesAndViewsODBC(true);
+  result = true;
   return EndPhase();
 }
 
@@ -145,7 +146,8 @@ bool GenericRoute::ReadColumnNames() {
 
 bool GenericRoute::AddOperators() {
   session_.progress.StatusDialog(inPhaseStart, iiOperators);
-  result = GetOperatorsODBC(session_);
+  GetOperatorsODBC(session_);
+  result = true;
   return EndPhase();
 }
 
@@ -165,7 +167,8 @@ bool GenericRoute::ReadProcedures() {
 }
 
 bool GenericRoute::AddAggregates() {
-  result = GetAggregatesODBC(session_);
+  GetAggregatesODBC(session_);
+  result = true;
   return GoesOn();
 }
 
@@ -178,8 +181,12 @@ bool GenericRoute::ReadTableList() {
   const LcImportChoices& choices = session_.choices;
   session_.progress.StatusDialog(inPhaseStart, iiTablesAndViews);
   if (session_.HasItem(ibTables | ibViews)) {
-    result = AnySpecificTablesOrViews(choices) ? tables_.GetRequestedTablesAndViewsODBC(false)
-                                               : tables_.GetTablesAndViewsODBC(false);
+    if (AnySpecificTablesOrViews(choices)) {
+      tables_.GetRequestedTablesAndViewsODBC(false);
+    } else {
+      tables_.GetTablesAndViewsODBC(false);
+    }
+    result = true;
     if (!GoesOn()) return false;
   }
   if (session_.HasItem(ibSynonyms)) {

@@ -9,7 +9,7 @@ namespace odbcimport::generic {
 // Returns the result of the last phase that has one; `status` as in
 // LcODBCWorkbookImport::ImportItems. Lets no exception out. Failures of the driver are consumed: a
 // phase goes on or ends, and nothing is shown.
-bool ImportODBCItems(ImportSession& session, unsigned short& status);
+[[nodiscard]] bool ImportODBCItems(ImportSession& session, unsigned short& status);
 
 // What an early end leaves of the tables. Removes those behind the first empty entry of the list,
 // up to the next one, and keeps all others, also those without columns. Required (generic

@@ -68,22 +68,23 @@ bool GetProceduresODBC(ImportSession& session) {
   return true;
 }
 
-bool GetOperatorsODBC(ImportSession& session) { return GetOperators(session); }
+void GetOperatorsODBC(ImportSession& session) { GetOperators(session); }
 
-bool GetAggregatesODBC(ImportSession& session) {
-  if (session.sink.aggregates() == nullptr) return true;
+void GetAggregatesODBC(ImportSession& session) {
+  if (session.sink.aggregates() == nullptr) return;
   const bool access = session.server().dbms_type == dbmsAccess;
   for (const char16_t* name :
        access ? std::span<const char16_t* const>(kAccessAggregates) : kAggregates) {
     session.sink.aggregates()->Append(std::make_unique<LcWorkbookAggregate>(name, name));
   }
-  return true;
 }
 
 bool GetBooleanFunctionsODBC(ImportSession& /*session*/) { return false; }
 
 bool GetGeneralFunctionsODBC(ImportSession& session) {
-  return session.server().dbms_type == dbmsAccess && GetSystemFunctionsAccess(session);
+  if (session.server().dbms_type != dbmsAccess) return false;
+  GetSystemFunctionsAccess(session);
+  return true;
 }
 
 }  // namespace odbcimport::generic

@@ -7,12 +7,12 @@
 namespace odbcimport::generic {
 
 // False without a list for procedures; true otherwise, also when the driver failed.
-bool GetProceduresODBC(ImportSession& session);
-bool GetOperatorsODBC(ImportSession& session);   // always true
-bool GetAggregatesODBC(ImportSession& session);  // always true
+[[nodiscard]] bool GetProceduresODBC(ImportSession& session);
+void GetOperatorsODBC(ImportSession& session);
+void GetAggregatesODBC(ImportSession& session);
 // Reads nothing and returns false.
-bool GetBooleanFunctionsODBC(ImportSession& session);
+[[nodiscard]] bool GetBooleanFunctionsODBC(ImportSession& session);
 // False for any server but Access.
-bool GetGeneralFunctionsODBC(ImportSession& session);
+[[nodiscard]] bool GetGeneralFunctionsODBC(ImportSession& session);
 
 }  // namespace odbcimport::generic

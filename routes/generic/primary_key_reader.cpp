@@ -5,7 +5,7 @@
 
 namespace odbcimport::generic {
 
-bool PrimaryKeyReader::GetTablePrimaryKeysODBC(LcWorkbookTable& table) {
+void PrimaryKeyReader::GetTablePrimaryKeysODBC(LcWorkbookTable& table) {
   SQLRETURN result = key_statement_.Open(
       session_.connection.hdbc(),
       [&](odbc::Statement& call) {
@@ -21,7 +21,7 @@ bool PrimaryKeyReader::GetTablePrimaryKeysODBC(LcWorkbookTable& table) {
   if (!odbc::Succeeded(result)) {
     if (result == SQL_ERROR) TakeColumnDiagnostic();
     key_statement_.EndResult();
-    return false;
+    return;
   }
   for (;;) {
     key_row_.column.Empty();
@@ -37,7 +37,6 @@ bool PrimaryKeyReader::GetTablePrimaryKeysODBC(LcWorkbookTable& table) {
   handleErrorMsgsODBC(session_, key_statement_.Get());
   if (result == SQL_ERROR) TakeColumnDiagnostic();
   key_statement_.EndResult();
-  return false;
 }
 
 void PrimaryKeyReader::GetIndexesODBC(LcWorkbookTable& table) {

@@ -20,9 +20,8 @@ class PrimaryKeyReader {
         key_statement_(primary_keys),
         index_statement_(indexes) {}
 
-  // Marks the key's columns and puts them into the table's key list in the order of KEY_SEQ. Always
-  // false: a table without a key is an ordinary one.
-  bool GetTablePrimaryKeysODBC(LcWorkbookTable& table);
+  // Marks the key's columns and puts them into the table's key list in the order of KEY_SEQ.
+  void GetTablePrimaryKeysODBC(LcWorkbookTable& table);
   // Makes the columns of all unique indexes together the primary key, in the driver's order.
   // Required (simulated_route_test): without an index's name there is no telling them apart.
   void GetIndexesODBC(LcWorkbookTable& table);

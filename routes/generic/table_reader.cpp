@@ -40,7 +40,7 @@ bool TableReader::GetOwnerNamesODBC() {
   return result != SQL_ERROR;
 }
 
-bool TableReader::GetTablesAndViewsODBC(bool names_only) {
+void TableReader::GetTablesAndViewsODBC(bool names_only) {
   const LcImportChoices& choices = session_.choices;
   SetupTableTypesODBC(choices, type_);
   // Required (sqlite_route_test, simulated_route_test): with an owner restriction every type of
@@ -56,12 +56,11 @@ bool TableReader::GetTablesAndViewsODBC(bool names_only) {
   const std::u16string& system_owner = session_.server().system_owner;
   if (choices.include_system && !system_owner.empty() && !choices.owner_restriction.empty() &&
       system_owner != choices.owner_restriction) {
-    return GetSystemTablesODBC();
+    GetSystemTablesODBC();
   }
-  return true;
 }
 
-bool TableReader::GetRequestedTablesAndViewsODBC(bool names_only) {
+void TableReader::GetRequestedTablesAndViewsODBC(bool names_only) {
   SetupTableTypesODBC(session_.choices, type_);
   // The list of types lies in the buffer that the type of every row is read into. So it is empty
   // after the first owner that was read, and all further owners are read with all types of tables.
@@ -79,14 +78,13 @@ bool TableReader::GetRequestedTablesAndViewsODBC(bool names_only) {
     }
   }
   statement_.Release();
-  return true;
 }
 
 bool TableReader::GetSynonymsODBC(bool /*names_only*/) { return true; }
 
 bool TableReader::GetRequestedSynonymsODBC(bool /*names_only*/) { return false; }
 
-bool TableReader::GetSystemTablesODBC() {
+void TableReader::GetSystemTablesODBC() {
   if (odbc::Succeeded(
           OpenTables(session_.server().system_owner.c_str(), nullptr, u"'SYSTEM TABLE'"))) {
     // Required (simulated_route_test): system tables always go to the list of tables, even while
@@ -94,7 +92,6 @@ bool TableReader::GetSystemTablesODBC() {
     ReadRows(false);
   }
   statement_.Release();
-  return true;
 }
 
 SQLRETURN TableReader::OpenTables(const char16_t* owner, const char16_t* table,

@@ -16,25 +16,26 @@ class TableReader {
   explicit TableReader(ImportSession& session) : session_(session) {}
 
   // False when the driver failed in the end.
-  bool GetOwnerNamesODBC();
+  [[nodiscard]] bool GetOwnerNamesODBC();
   // All tables and views, or all tables of every kind of the owner that the import is restricted
-  // to. `names_only` tells whether they go to the list of names or to the list of tables. Always
-  // true, also when the driver failed: what it gave is kept.
-  bool GetTablesAndViewsODBC(bool names_only);
+  // to. `names_only` tells whether they go to the list of names or to the list of tables. What
+  // the driver gave before it failed is kept.
+  void GetTablesAndViewsODBC(bool names_only);
   // The tables and views of the selected owners, and the selected ones; one that is both comes
-  // twice. Always true.
-  bool GetRequestedTablesAndViewsODBC(bool names_only);
+  // twice.
+  void GetRequestedTablesAndViewsODBC(bool names_only);
   // ODBC has no catalog function for synonyms; neither reads anything. A request for selected
   // synonyms fails, which ends the route before it reads columns. Required (sqlite_route_test): the
   // user would take the result for complete.
-  bool GetSynonymsODBC(bool names_only);
-  bool GetRequestedSynonymsODBC(bool names_only);
+  [[nodiscard]] bool GetSynonymsODBC(bool names_only);
+  [[nodiscard]] bool GetRequestedSynonymsODBC(bool names_only);
 
  private:
   SQLRETURN OpenTables(const char16_t* owner, const char16_t* table, const char16_t* types);
   void ReadRows(bool names_only);
-  bool GetTableODBC(bool names_only);
-  bool GetSystemTablesODBC();
+  // False at the end of the rows.
+  [[nodiscard]] bool GetTableODBC(bool names_only);
+  void GetSystemTablesODBC();
 
   ImportSession& session_;
   CatalogStatement statement_;

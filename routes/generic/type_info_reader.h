@@ -7,7 +7,7 @@
 namespace odbcimport::generic {
 
 // Appends one type per row to `types`. False when the driver failed; what it gave is kept.
-bool GetDataTypesODBC(ImportSession& session, LcWorkbookDatatypeList& types);
+[[nodiscard]] bool GetDataTypesODBC(ImportSession& session, LcWorkbookDatatypeList& types);
 // Sets generic code and group of every type in the list by its physical code.
 void SetupGenericDataTypeCodes(LcWorkbookDatatypeList& types);
 

@@ -42,9 +42,8 @@ bool SetComplexType(ComplexTypes& complex_types, LcWorkbookColumn& column, int p
   type->SetPhysicalCode(physical_code);
   type->SetExtendedId(extended_id);
   const enumDataTypeGroup group = ConvertIUSPhyCodeToTypeGroup(coltype, u"");
-  std::u16string name;
-  ConvertIUSTypeCodeToTypeName(coltype, name);
-  type->SetTypeName(name);
+  type->SetTypeName(
+      std::u16string(ConvertIUSTypeCodeToTypeName(coltype).value_or(kUnknownTypeName)));
   type->SetLong(group == dgLong);
   type->SetGenericCode(ConvertIUSPhyCodeToGenericCode(coltype, u""));
   type->SetTypeGroup(group);

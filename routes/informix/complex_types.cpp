@@ -47,7 +47,7 @@ struct ComplexTypes::Part {
         owner(base::TrimRightSpace(rows.View(row, 7))),
         extended_name(base::TrimRightSpace(rows.View(row, 8))) {
     const int type = static_cast<int>(type_number);
-    ConvertIUSTypeCodeToTypeName(type, type_name);
+    type_name = ConvertIUSTypeCodeToTypeName(type).value_or(kUnknownTypeName);
     generic_code = ConvertIUSPhyCodeToGenericCode(type, extended_name.c_str());
     group = ConvertIUSPhyCodeToTypeGroup(type, extended_name.c_str());
   }
@@ -72,10 +72,8 @@ bool ComplexTypes::GetComplexType(long extended_id, LcWorkbookDatatype* type) {
     return false;
   }
   ++definitions_read_;
-  std::u16string sql;
-  BuildSQLGetComplexType(id, sql);
   path_.push_back(id);
-  const bool result = GetComplexType(sql, type);
+  const bool result = GetComplexType(BuildSQLGetComplexType(id), type);
   path_.pop_back();
   return result;
 }
@@ -86,9 +84,8 @@ bool ComplexTypes::GetComplexType(const std::u16string& sql, LcWorkbookDatatype*
   bool is_collection = false;
   for (int row = 1; row <= rows.GetRowCount(); ++row) {
     const long number = base::ParseInteger(rows.View(row, 3));
-    bool found = false;
     const int code =
-        ConvertDatabaseTypeToODBC(rows.View(row, 3), session_.server().dbms_type, found);
+        ConvertDatabaseTypeToODBC(rows.View(row, 3), session_.server().dbms_type).value_or(pcChar);
     if (base::ParseInteger(rows.View(row, 1)) == 0) {  // the row of the type itself
       is_collection = IsCollectionCode(code);
       continue;

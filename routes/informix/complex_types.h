@@ -13,9 +13,9 @@ namespace odbcimport::informix {
 
 // The low byte of a physical code. Collections are SET, MULTISET, LIST and COLLECTION, rows are
 // unnamed and named row types.
-bool IsCollectionCode(int physical_code);
-bool IsRowCode(int physical_code);
-inline bool IsComplexCode(int physical_code) {
+[[nodiscard]] bool IsCollectionCode(int physical_code);
+[[nodiscard]] bool IsRowCode(int physical_code);
+[[nodiscard]] inline bool IsComplexCode(int physical_code) {
   return IsCollectionCode(physical_code) || IsRowCode(physical_code);
 }
 
@@ -29,13 +29,13 @@ class ComplexTypes {
   // when memory ran out or when the definition does not come to an end: a type that contains
   // itself, one nested beyond 64 levels, or one of more than 1,000 nested definitions. No server
   // makes such types, but a damaged catalog can, and following it would never end.
-  bool GetComplexType(long extended_id, LcWorkbookDatatype* type);
+  [[nodiscard]] bool GetComplexType(long extended_id, LcWorkbookDatatype* type);
 
  private:
   struct Part;
-  bool GetComplexType(const std::u16string& sql, LcWorkbookDatatype* type);
-  bool AddComponent(const Part& part, LcWorkbookDatatype* type);
-  bool SetElement(const Part& part, LcWorkbookDatatype* type);
+  [[nodiscard]] bool GetComplexType(const std::u16string& sql, LcWorkbookDatatype* type);
+  [[nodiscard]] bool AddComponent(const Part& part, LcWorkbookDatatype* type);
+  [[nodiscard]] bool SetElement(const Part& part, LcWorkbookDatatype* type);
   const std::u16string& RegularTypeName(int physical_code);
 
   const ImportSession& session_;

@@ -42,7 +42,8 @@ class InformixRoute {
 
   bool AddOperators() {
     session_.progress.StatusDialog(inPhaseStart, iiOperators);
-    result = GetOperators(session_);
+    GetOperators(session_);
+    result = true;
     session_.progress.StatusDialog(inPhaseEnd);
     return !WasStopped();
   }
@@ -56,7 +57,8 @@ class InformixRoute {
     return !WasStopped();
   }
   bool ReadAggregates() {
-    result = GetAggregates(session_);
+    GetAggregates(session_);
+    result = true;
     return !WasStopped();
   }
 

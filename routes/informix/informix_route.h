@@ -7,6 +7,6 @@ namespace odbcimport::informix {
 
 // Returns the result of the last phase that has one; `status` as in
 // LcODBCWorkbookImport::ImportItems. Lets no exception out.
-bool ImportInformixItems(ImportSession& session, unsigned short& status);
+[[nodiscard]] bool ImportInformixItems(ImportSession& session, unsigned short& status);
 
 }  // namespace odbcimport::informix

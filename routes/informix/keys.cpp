@@ -55,9 +55,8 @@ void ReadPartNumbers(const LcODBCRecordList& rows, int row, LcWorkbookKeyList* k
 
 bool GetOnlineForeignKeys(const ImportSession& session, LcWorkbookTableList& tables,
                           LcWorkbookTable* parent, int constraint_id, int parent_tabid) try {
-  std::u16string sql;
-  BuildOnlineSQLGetForeignKeys(parent_tabid, constraint_id, session.IsIUS(), sql);
-  const QueryResult query = session.RunQuery(sql);
+  const QueryResult query =
+      session.RunQuery(BuildOnlineSQLGetForeignKeys(parent_tabid, constraint_id, session.IsIUS()));
   const LcODBCRecordList& rows = query.RowsEvenIfFailed();
   for (int row = 1; row <= rows.GetRowCount(); ++row) {
     if (session.progress.WasImportStoppedOrCancelled()) return true;
@@ -93,9 +92,8 @@ void SetOnlinePrimaryKey(LcWorkbookTable& table, std::u16string_view index_keys)
 
 bool GetOnlinePrimaryForeignKeys(const ImportSession& session, LcWorkbookTableList& tables,
                                  bool with_foreign_keys) {
-  std::u16string sql;
-  BuildOnlineSQLGetPrimaryKeys(&tables, session.IsIUS(), sql);
-  const QueryResult query = session.RunQuery(sql);
+  const QueryResult query =
+      session.RunQuery(BuildOnlineSQLGetPrimaryKeys(&tables, session.IsIUS()));
   const LcODBCRecordList& rows = query.RowsEvenIfFailed();
   const int count = rows.GetRowCount();
   // The end of a phase is reported that has no beginning: hosts close the table phase with it.

@@ -55,20 +55,20 @@ void AppendColumn(ImportSession& session, const LcODBCRecordList& rows, int row)
   if (info->name.empty()) return;
   const std::u16string_view type = base::TrimRightSpace(rows.View(row, 2));
   if (!type.empty()) {
-    bool found = false;
-    info->data_type =
-        CreateDataType(session, ConvertDatabaseTypeToODBC(type, dbmsInformix, found), false, 0);
+    const int code = ConvertDatabaseTypeToODBC(type, dbmsInformix).value_or(pcChar);
+    info->data_type = CreateDataType(session, code, false, 0);
   }
   AppendTo(session.sink.column_names(), std::move(info));
 }
 
 using AppendRow = void (*)(ImportSession&, const LcODBCRecordList&, int row);
 
-// The course that all name phases share.
-bool ReadNames(ImportSession& session, enumImpItemType item, const std::u16string& sql,
-               AppendRow append_row) {
+// The course that all name phases share. Without a text, as for owners, the empty one is run all
+// the same: a host that offers owners shows the user the error that comes of it.
+bool ReadNames(ImportSession& session, enumImpItemType item,
+               const std::optional<std::u16string>& sql, AppendRow append_row) {
   session.progress.StatusDialog(inPhaseStart, item);
-  const QueryResult query = session.RunQuery(sql);
+  const QueryResult query = session.RunQuery(sql.value_or(std::u16string()));
   const LcODBCRecordList& rows = query.RowsEvenIfFailed();
   if (session.progress.WasImportStoppedOrCancelled()) return false;
   for (int row = 1; row <= rows.GetRowCount(); ++row) {
@@ -82,29 +82,22 @@ bool ReadNames(ImportSession& session, enumImpItemType item, const std::u16strin
 }  // namespace
 
 bool ReadOwnerNames(ImportSession& session) {
-  // No text is built for owners, and the empty one is run all the same: a host that offers owners
-  // shows the user the error that comes of it.
-  std::u16string sql;
-  BuildOwnerNameQuery(session.choices, sql, dbmsInformix);
-  return ReadNames(session, iiOwnerNames, sql, AppendOwner);
+  return ReadNames(session, iiOwnerNames, BuildOwnerNameQuery(session.choices, dbmsInformix),
+                   AppendOwner);
 }
 
 bool ReadTableAndViewNames(ImportSession& session) {
-  std::u16string sql;
-  BuildTableViewNameQuery(session.choices, sql, dbmsInformix);
-  return ReadNames(session, iiTableNames, sql, AppendTableOrView);
+  return ReadNames(session, iiTableNames, BuildTableViewNameQuery(session.choices, dbmsInformix),
+                   AppendTableOrView);
 }
 
 bool ReadSynonymNames(ImportSession& session) {
-  std::u16string sql;
-  BuildSynonymNameQuery(session.choices, sql, dbmsInformix);
-  return ReadNames(session, iiSynonymNames, sql, AppendSynonym);
+  return ReadNames(session, iiSynonymNames, BuildSynonymNameQuery(session.choices, dbmsInformix),
+                   AppendSynonym);
 }
 
 bool ReadColumnNames(ImportSession& session) {
-  std::u16string sql;
-  BuildColumnNameQuery(session.choices, sql);
-  return ReadNames(session, iiColumnNames, sql, AppendColumn);
+  return ReadNames(session, iiColumnNames, BuildColumnNameQuery(session.choices), AppendColumn);
 }
 
 }  // namespace odbcimport::informix

@@ -44,12 +44,10 @@ std::unique_ptr<LcWorkbookDatatype> NamedType(const LcODBCRecordList& rows, int 
                                               char16_t& mode) {
   auto type = std::make_unique<LcWorkbookDatatype>();
   const int number = static_cast<int>(base::ParseInteger(base::TrimRightSpace(rows.View(row, 5))));
-  bool found = false;
   type->SetPhysicalCode(
-      ConvertDatabaseTypeToODBC(base::FormatInteger(number), dbmsInformix, found));
-  std::u16string type_name;
-  ConvertIUSTypeCodeToTypeName(number, type_name);
-  type->SetTypeName(type_name);
+      ConvertDatabaseTypeToODBC(base::FormatInteger(number), dbmsInformix).value_or(pcChar));
+  type->SetTypeName(
+      std::u16string(ConvertIUSTypeCodeToTypeName(number).value_or(kUnknownTypeName)));
   const std::u16string name(base::TrimRightSpace(rows.View(row, 4)));
   if (!name.empty()) type->SetExtendedTypeName(name, 0);
   type->SetExtendedId(base::ParseInteger(rows.View(row, 1)));
@@ -88,7 +86,7 @@ bool GetDataTypes(const ImportSession& session, const std::u16string& sql,
   return false;
 }
 
-bool GetComplexDataTypes(LcWorkbookDatatypeList* types, ComplexTypes& complex_types) {
+void GetComplexDataTypes(LcWorkbookDatatypeList* types, ComplexTypes& complex_types) {
   for (LcWorkbookDatatype* type : types->Present()) {
     if (type->GetExtendedId() <= 0 || type->IsDistinct()) continue;
     // A type that cannot be read whole keeps what was read of it.
@@ -96,7 +94,6 @@ bool GetComplexDataTypes(LcWorkbookDatatypeList* types, ComplexTypes& complex_ty
       static_cast<void>(complex_types.GetComplexType(type->GetExtendedId(), type));
     }
   }
-  return true;
 }
 
 }  // namespace
@@ -113,10 +110,9 @@ void GetBuiltInDataTypes(ImportSession& session) {
 
 bool GetNamedDataTypes(const ImportSession& session, const LcOwnerInfoList* owners,
                        LcWorkbookDatatypeList* types, ComplexTypes& complex_types) {
-  std::u16string sql;
-  BuildSQLGetNamedDataTypes(owners, sql);
-  if (!GetDataTypes(session, sql, types)) return false;
-  return GetComplexDataTypes(types, complex_types);
+  if (!GetDataTypes(session, BuildSQLGetNamedDataTypes(owners), types)) return false;
+  GetComplexDataTypes(types, complex_types);
+  return true;
 }
 
 }  // namespace odbcimport::informix

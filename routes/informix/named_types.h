@@ -11,7 +11,7 @@ void GetBuiltInDataTypes(ImportSession& session);
 
 // Appends every extended type that has a name, then reads what the row and collection types among
 // them are made of. False when memory ran out.
-bool GetNamedDataTypes(const ImportSession& session, const LcOwnerInfoList* owners,
-                       LcWorkbookDatatypeList* types, ComplexTypes& complex_types);
+[[nodiscard]] bool GetNamedDataTypes(const ImportSession& session, const LcOwnerInfoList* owners,
+                                     LcWorkbookDatatypeList* types, ComplexTypes& complex_types);
 
 }  // namespace odbcimport::informix

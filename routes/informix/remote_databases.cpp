@@ -26,9 +26,7 @@ LcRemoteDatabaseInfo* FindRemoteDatabaseInfo(const LcRemoteDatabaseInfoList& lis
 
 bool DetermineIfRemoteIsIUS(const ImportSession& session, const std::u16string& server,
                             const std::u16string& database) {
-  std::u16string sql;
-  BuildRemoteIsIUSQuery(sql, server, database);
-  const QueryResult query = session.RunQuery(sql);
+  const QueryResult query = session.RunQuery(BuildRemoteIsIUSQuery(server, database));
   const LcODBCRecordList& rows = query.RowsEvenIfFailed();
   return rows.GetRowCount() > 0;
 }

@@ -23,12 +23,13 @@ using LcRemoteDatabaseInfoList = LcObjectList<LcRemoteDatabaseInfo>;
 
 // The first record of that server and database, in any case of letters. Null when there is none
 // before the end of the list or its first empty entry.
-LcRemoteDatabaseInfo* FindRemoteDatabaseInfo(const LcRemoteDatabaseInfoList& list,
-                                             const std::u16string& server,
-                                             const std::u16string& database);
+[[nodiscard]] LcRemoteDatabaseInfo* FindRemoteDatabaseInfo(const LcRemoteDatabaseInfoList& list,
+                                                           const std::u16string& server,
+                                                           const std::u16string& database);
 
 // Asks the database's catalog. False, too, when it cannot be asked; the user sees the error then.
-bool DetermineIfRemoteIsIUS(const ImportSession& session, const std::u16string& server,
-                            const std::u16string& database);
+[[nodiscard]] bool DetermineIfRemoteIsIUS(const ImportSession& session,
+                                          const std::u16string& server,
+                                          const std::u16string& database);
 
 }  // namespace odbcimport::informix

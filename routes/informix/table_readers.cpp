@@ -48,8 +48,7 @@ class ColumnReader {
                                    column->GetName().c_str());
     const std::u16string_view type = base::TrimRightSpace(rows_.View(row, positions_.coltype));
     const int coltype = static_cast<int>(base::ParseInteger(type));
-    bool found = false;
-    const int physical_code = ConvertDatabaseTypeToODBC(type, dbmsInformix, found);
+    const int physical_code = ConvertDatabaseTypeToODBC(type, dbmsInformix).value_or(pcChar);
     const long extended_id =
         is_ius_ ? base::ParseInteger(rows_.View(row, positions_.extended_id)) : 0;
     const long collength = base::ParseInteger(rows_.View(row, positions_.collength));
@@ -137,8 +136,8 @@ bool ReadRemoteSynonym(ImportSession& session, ComplexTypes& complex_types,
 bool ReadTablesAndViews(ImportSession& session, ComplexTypes& complex_types,
                         LcWorkbookTableList& tables) {
   session.progress.StatusDialog(inPhaseStart, iiTablesAndViews);
-  std::u16string sql;
-  BuildTableColumnQuery(session.choices, sql, dbmsInformix, session.IsIUS());
+  const std::u16string sql = BuildTableColumnQuery(session.choices, dbmsInformix, session.IsIUS())
+                                 .value_or(std::u16string());
   if (session.progress.WasImportStoppedOrCancelled()) return false;
   const QueryResult query = session.RunQuery(sql);
   const LcODBCRecordList& rows = query.RowsEvenIfFailed();
@@ -151,14 +150,14 @@ bool ReadTablesAndViews(ImportSession& session, ComplexTypes& complex_types,
   const ColumnReader columns(session, complex_types, rows, kTableColumns, session.IsIUS());
   NameBoundary boundary(NameBoundary::Nameless::kBelongsToNothing);
   LcWorkbookTable* table = nullptr;
-  std::u16string type_text;
   for (int row = 1; row <= count; ++row) {
     const std::u16string_view row_owner = base::TrimRightSpace(rows.View(row, 1));
     const std::u16string_view row_name = base::TrimRightSpace(rows.View(row, 2));
     if (boundary.Next(row_owner, row_name)) {
       auto made = std::make_unique<LcWorkbookTable>();
-      rows.GetData(row, 3, type_text);  // as it stands: a letter with blanks behind it is no view
-      made->SetType(GetTableType(type_text, dbmsInformix));
+      // As it stands: a letter with blanks behind it is no view.
+      const std::u16string type = rows.WholeCell(row, 3).value_or(std::u16string());
+      made->SetType(GetTableType(type, dbmsInformix));
       table = BeginTable(session, tables, boundary, std::move(made));
     }
     if (session.progress.WasImportStoppedOrCancelled()) return false;
@@ -173,11 +172,12 @@ bool ReadTablesAndViews(ImportSession& session, ComplexTypes& complex_types,
 
 bool ReadLocalSynonyms(ImportSession& session, ComplexTypes& complex_types,
                        LcWorkbookTableList& tables) {
-  std::u16string sql;
-  if (!BuildLocalSynonymQuery(session.choices, sql, dbmsInformix, session.IsIUS())) return true;
+  const std::optional<std::u16string> sql =
+      BuildLocalSynonymQuery(session.choices, dbmsInformix, session.IsIUS());
+  if (!sql) return true;
   if (session.progress.WasImportStoppedOrCancelled()) return false;
   session.progress.StatusDialog(inPhaseStart, iiLocalSynonyms);
-  const QueryResult query = session.RunQuery(sql);
+  const QueryResult query = session.RunQuery(*sql);
   const LcODBCRecordList& rows = query.RowsEvenIfFailed();
   session.progress.StatusDialog(inPhaseEnd);
   if (session.progress.WasImportStoppedOrCancelled()) return false;
@@ -222,10 +222,10 @@ bool ReadRemoteSynonyms(ImportSession& session, ComplexTypes& complex_types,
     if (session.progress.WasImportStoppedOrCancelled()) return false;
     if (!IsRemoteSynonym(entry)) continue;
     const bool is_ius = IsRemoteIUS(session, entry->synonym, databases);
-    std::u16string sql;
-    if (!BuildRemoteSynonymQuery(sql, dbmsInformix, *entry, is_ius)) continue;
+    const std::optional<std::u16string> sql = BuildRemoteSynonymQuery(dbmsInformix, *entry, is_ius);
+    if (!sql) continue;
     if (session.progress.WasImportStoppedOrCancelled()) return false;
-    const QueryResult query = session.RunQuery(sql);
+    const QueryResult query = session.RunQuery(*sql);
     const LcODBCRecordList& rows = query.RowsEvenIfFailed();
     if (session.progress.WasImportStoppedOrCancelled()) return false;
     if (!ReadRemoteSynonym(session, complex_types, *entry, rows, is_ius, tables)) return false;

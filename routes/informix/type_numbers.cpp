@@ -78,10 +78,9 @@ LargeObject FindLargeObject(const TypeNumber& type, const char16_t* extended_nam
 
 }  // namespace
 
-bool ConvertIUSTypeCodeToTypeName(int type_number, std::u16string& name) {
+std::optional<std::u16string_view> ConvertIUSTypeCodeToTypeName(int type_number) {
   const TypeNumber* type = FindTypeNumber(type_number);
-  name = type != nullptr ? type->name : u"UNKNOWN";
-  return type != nullptr;
+  return type != nullptr ? std::optional(type->name) : std::nullopt;
 }
 
 enumDataType ConvertIUSPhyCodeToGenericCode(int type_number, const char16_t* extended_name) {

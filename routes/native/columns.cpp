@@ -37,10 +37,8 @@ bool IsRedBrickWidthPrecision(std::u16string_view type_name) {
 // into the workbook's list under its name.
 void SetSQLServerType(ImportSession& session, LcWorkbookColumn& column,
                       std::u16string_view type_name) {
-  bool found = false;
-  const int code = ConvertDatabaseTypeToODBC(type_name, dbmsMSSQLServer, found);
-  if (found) {
-    NativeColumnDatatypeSetup(session, column, code, 0);
+  if (const auto code = ConvertDatabaseTypeToODBC(type_name, dbmsMSSQLServer)) {
+    NativeColumnDatatypeSetup(session, column, *code, 0);
     return;
   }
   if (session.sink.data_types() == nullptr) return;
@@ -54,17 +52,17 @@ void SetSQLServerType(ImportSession& session, LcWorkbookColumn& column,
 
 void SetDB2Type(ImportSession& session, LcWorkbookColumn& column, const LcODBCRecordList& rows,
                 int row, const ColumnPositions& positions, std::u16string_view type_name) {
-  bool found = false;
   if (base::EqualIgnoringCase(base::TrimRightBlanks(rows.View(row, positions.meta_type)), u"T")) {
     // A distinct type: an unknown source type falls back to CHAR, the type's own id comes first.
-    const int code = ConvertDatabaseTypeToODBC(
-        base::TrimRightBlanks(rows.View(row, positions.source_type)), dbmsDB2, found);
+    const auto code = ConvertDatabaseTypeToODBC(
+        base::TrimRightBlanks(rows.View(row, positions.source_type)), dbmsDB2);
     const long id = base::ParseInteger(base::TrimRightBlanks(rows.View(row, positions.type_id)));
-    NativeColumnDatatypeSetup(session, column, code, static_cast<int>(id));
+    NativeColumnDatatypeSetup(session, column, code.value_or(pcChar), static_cast<int>(id));
     return;
   }
-  const int code = ConvertDatabaseTypeToODBC(type_name, dbmsDB2, found);
-  if (found) NativeColumnDatatypeSetup(session, column, code, 0);
+  if (const auto code = ConvertDatabaseTypeToODBC(type_name, dbmsDB2)) {
+    NativeColumnDatatypeSetup(session, column, *code, 0);
+  }
 }
 
 void SetColumnType(ImportSession& session, LcWorkbookColumn& column, const LcODBCRecordList& rows,
@@ -77,12 +75,9 @@ void SetColumnType(ImportSession& session, LcWorkbookColumn& column, const LcODB
     case dbmsDB2:
       SetDB2Type(session, column, rows, row, positions, type_name);
       return;
-    default: {
-      // An unknown name counts as CHAR (code 0).
-      bool found = false;
-      const int code = ConvertDatabaseTypeToODBC(type_name, dbms_type, found);
-      NativeColumnDatatypeSetup(session, column, code, 0);
-    }
+    default:  // an unknown name counts as CHAR
+      NativeColumnDatatypeSetup(
+          session, column, ConvertDatabaseTypeToODBC(type_name, dbms_type).value_or(pcChar), 0);
   }
 }
 

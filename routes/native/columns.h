@@ -19,10 +19,10 @@ void NativeColumnDatatypeSetup(ImportSession& session, LcWorkbookColumn& column,
 
 // Whether a catalog's nullability text lets a column be null. Compared exactly; only the server's
 // one text for "no" says no.
-bool AreNullsAllowed(std::u16string_view value, int dbms_type);
+[[nodiscard]] bool AreNullsAllowed(std::u16string_view value, int dbms_type);
 // Whether a catalog's text lets a column be written. None of the queries delivers such a text; the
 // rule is kept beside its sibling for a host's own reader.
-bool AreUpdatesAllowed(std::u16string_view value, int dbms_type);
+[[nodiscard]] bool AreUpdatesAllowed(std::u16string_view value, int dbms_type);
 
 // Where a column query delivers what is known of a column: positions in its rows, counted from 1.
 // 0, or a position beyond the row: the query does not deliver it, and it reads as empty.
@@ -42,9 +42,9 @@ struct ColumnPositions {
 
 // The queries for tables and views with columns, per server (LeDBMSType as a number). A server
 // without a query of its own gets positions that are all 0.
-const ColumnPositions& TableColumnPositions(int dbms_type);
+[[nodiscard]] const ColumnPositions& TableColumnPositions(int dbms_type);
 // The queries for synonyms with columns, local and remote.
-const ColumnPositions& SynonymColumnPositions(int dbms_type);
+[[nodiscard]] const ColumnPositions& SynonymColumnPositions(int dbms_type);
 
 // Makes a column of the row and gives it to the table, after reporting it as an item of `owner` and
 // `table_name`, texts that end with a zero character.

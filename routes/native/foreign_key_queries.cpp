@@ -75,21 +75,23 @@ const OracleSelects& ChooseOracleSelects(const LcImportChoices& choices) {
 
 // The Oracle text for everything, or for the selected owners. The owner restriction counts only
 // where nothing is selected.
-void AppendOracleText(const LcImportChoices& choices, std::u16string& sql) {
+std::u16string OracleText(const LcImportChoices& choices) {
+  std::u16string sql;
   const bool with_owner_clause = !AnySpecificTablesOrViews(choices);
   const OracleSelects& selects = ChooseOracleSelects(choices);
   const auto append_half = [&](std::u16string_view select) {
     sql += select;
-    if (with_owner_clause) AppendOwnerClause(choices, sql, kOwnerOracle, u" AND ");
+    if (with_owner_clause) sql += OwnerClause(choices, kOwnerOracle, u" AND ");
     AddSpecificOnes(choices, sql, dbmsOracle, selects.catalog_view, true);
   };
   append_half(selects.referencing);
   sql += u" UNION ";
   append_half(selects.referenced);
-  sql += kOracleOrder;
+  return sql += kOracleOrder;
 }
 
-void AppendOracleBatches(const LcImportChoices& choices, std::vector<std::u16string>& texts) {
+std::vector<std::u16string> OracleBatches(const LcImportChoices& choices) {
+  std::vector<std::u16string> texts;
   const OracleSelects& selects = ChooseOracleSelects(choices);
   const int selected = static_cast<int>(choices.selected_tables.GetCount());
   for (int first = 0; first < selected; first += kTablesPerText) {
@@ -101,44 +103,39 @@ void AppendOracleBatches(const LcImportChoices& choices, std::vector<std::u16str
     sql += kOracleOrder;
     texts.push_back(std::move(sql));
   }
+  return texts;
 }
 
-void AppendDB2Text(const LcImportChoices& choices, std::u16string& sql) {
-  sql += kDB2Base;
-  const bool where_open = AppendOwnerClause(choices, sql, kOwnerDB2Tables, u" WHERE ");
-  AddSpecificOnes(choices, sql, dbmsDB2, u"SYSCAT.REFERENCES", where_open);
-  sql += u" ORDER BY 1,2";
+std::u16string DB2Text(const LcImportChoices& choices) {
+  const std::u16string owner_clause = OwnerClause(choices, kOwnerDB2Tables, u" WHERE ");
+  std::u16string sql = std::u16string(kDB2Base) + owner_clause;
+  AddSpecificOnes(choices, sql, dbmsDB2, u"SYSCAT.REFERENCES", !owner_clause.empty());
+  return sql += u" ORDER BY 1,2";
 }
 
 }  // namespace
 
-bool BuildForeignKeyQuery(const LcImportChoices& choices, std::u16string& sql, int dbms_type) {
+std::optional<std::u16string> BuildForeignKeyQuery(const LcImportChoices& choices, int dbms_type) {
   switch (dbms_type) {
     case dbmsDB2:
-      AppendDB2Text(choices, sql);
-      return true;
+      return DB2Text(choices);
     case dbmsOracle:
-      AppendOracleText(choices, sql);
-      return true;
+      return OracleText(choices);
     default:
-      return false;
+      return std::nullopt;
   }
 }
 
-bool BuildForeignKeyQueries(const LcImportChoices& choices, int dbms_type,
-                            std::vector<std::u16string>& texts) {
-  if (dbms_type == dbmsOracle && !choices.selected_tables.IsEmpty()) {
-    AppendOracleBatches(choices, texts);
-    return true;
-  }
-  std::u16string sql;
-  if (!BuildForeignKeyQuery(choices, sql, dbms_type)) return false;
-  texts.push_back(std::move(sql));
-  return true;
+std::vector<std::u16string> BuildForeignKeyQueries(const LcImportChoices& choices, int dbms_type) {
+  if (dbms_type == dbmsOracle && !choices.selected_tables.IsEmpty()) return OracleBatches(choices);
+  std::vector<std::u16string> texts;
+  std::optional<std::u16string> sql = BuildForeignKeyQuery(choices, dbms_type);
+  if (sql) texts.push_back(*std::move(sql));
+  return texts;
 }
 
-bool AddSpecificOnesRedBrickFK(const LcImportChoices& choices, std::u16string& sql) {
-  if (choices.selected_tables.IsEmpty()) return false;
+void AddSpecificOnesRedBrickFK(const LcImportChoices& choices, std::u16string& sql) {
+  if (choices.selected_tables.IsEmpty()) return;
   // Required (native query texts): no owners, since Red Brick's relationships record no creator.
   sql += u" AND (";
   std::u16string_view separator;
@@ -148,27 +145,24 @@ bool AddSpecificOnesRedBrickFK(const LcImportChoices& choices, std::u16string& s
     separator = u" OR ";
   }
   sql += u")";
-  return true;
 }
 
-bool BuildForeignKeyQueryRedBrick1(const LcImportChoices& choices, std::u16string& sql) {
-  sql = kRedBrickReferencing;
+std::u16string BuildForeignKeyQueryRedBrick1(const LcImportChoices& choices) {
+  std::u16string sql(kRedBrickReferencing);
   AddSpecificOnesRedBrickFK(choices, sql);
-  sql += u" ORDER BY 1,2,4";
-  return true;
+  return sql += u" ORDER BY 1,2,4";
 }
 
-bool BuildForeignKeyQueryRedBrick2(const LcImportChoices& choices, std::u16string& sql) {
-  sql = kRedBrickReferenced;
+std::u16string BuildForeignKeyQueryRedBrick2(const LcImportChoices& choices) {
+  std::u16string sql(kRedBrickReferenced);
   AddSpecificOnesRedBrickFK(choices, sql);
-  sql += u" ORDER BY 1,2,4";
-  return true;
+  return sql += u" ORDER BY 1,2,4";
 }
 
-bool BuildForeignKeyQuerySQLServer(const LcImportChoices& choices, std::u16string& sql) {
-  sql = kSQLServerBase;
+std::u16string BuildForeignKeyQuerySQLServer(const LcImportChoices& choices) {
+  std::u16string sql(kSQLServerBase);
   // Without a selection there is no order either; the reader does not need one.
-  if (choices.selected_tables.IsEmpty()) return true;
+  if (choices.selected_tables.IsEmpty()) return sql;
   sql += u" AND (";
   std::u16string_view separator;
   for (const LcTableInfo* entry : choices.selected_tables) {
@@ -178,8 +172,7 @@ bool BuildForeignKeyQuerySQLServer(const LcImportChoices& choices, std::u16strin
     if (!entry->owner.empty()) sql.append(u" U.name='").append(entry->owner).append(u"' AND ");
     sql.append(u"T.name='").append(entry->name).append(u"')");
   }
-  sql += u") ORDER BY 1";
-  return true;
+  return sql += u") ORDER BY 1";
 }
 
 }  // namespace odbcimport::native

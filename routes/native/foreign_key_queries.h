@@ -1,6 +1,7 @@
 // The foreign-key queries of the four servers, as pure functions of the choices.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -9,25 +10,25 @@
 namespace odbcimport::native {
 
 // DB2: schema and table, column count, referenced schema and table, the two lists of columns. For
-// Oracle the single text that BuildForeignKeyQueries splits; other servers get no text and false.
-bool BuildForeignKeyQuery(const LcImportChoices& choices, std::u16string& sql, int dbms_type);
+// Oracle the single text that BuildForeignKeyQueries splits; none for other servers.
+[[nodiscard]] std::optional<std::u16string> BuildForeignKeyQuery(const LcImportChoices& choices,
+                                                                 int dbms_type);
 
-// Appends the Oracle texts, one for each 200 selected tables and views: owner, table, column,
-// position, first of the referencing and then of the referenced columns. For DB2 the text of
-// BuildForeignKeyQuery. False, with nothing appended, for other servers.
-bool BuildForeignKeyQueries(const LcImportChoices& choices, int dbms_type,
-                            std::vector<std::u16string>& texts);
+// The Oracle texts, one for each 200 selected tables and views: owner, table, column, position,
+// first of the referencing and then of the referenced columns. For DB2 the text of
+// BuildForeignKeyQuery. Empty for other servers.
+[[nodiscard]] std::vector<std::u16string> BuildForeignKeyQueries(const LcImportChoices& choices,
+                                                                 int dbms_type);
 
 // Red Brick: constraint, table, column, sequence of the referencing (1) and of the referenced (2)
-// columns. Always true.
-bool BuildForeignKeyQueryRedBrick1(const LcImportChoices& choices, std::u16string& sql);
-bool BuildForeignKeyQueryRedBrick2(const LcImportChoices& choices, std::u16string& sql);
-// Appends the restriction to the selected tables, by name alone. False, with nothing appended, when
-// no table is selected.
-bool AddSpecificOnesRedBrickFK(const LcImportChoices& choices, std::u16string& sql);
+// columns.
+[[nodiscard]] std::u16string BuildForeignKeyQueryRedBrick1(const LcImportChoices& choices);
+[[nodiscard]] std::u16string BuildForeignKeyQueryRedBrick2(const LcImportChoices& choices);
+// Appends the restriction to the selected tables, by name alone. Appends nothing when no table is
+// selected.
+void AddSpecificOnesRedBrickFK(const LcImportChoices& choices, std::u16string& sql);
 
 // SQL Server: referencing and referenced table id, column count, the 16 column ids of either side.
-// Always true.
-bool BuildForeignKeyQuerySQLServer(const LcImportChoices& choices, std::u16string& sql);
+[[nodiscard]] std::u16string BuildForeignKeyQuerySQLServer(const LcImportChoices& choices);
 
 }  // namespace odbcimport::native

@@ -97,14 +97,14 @@ void AddOracleResult(const ImportSession& session, const LcODBCRecordList& rows,
 
 }  // namespace
 
-bool GetNativeForeignKeys(const ImportSession& session, LcWorkbookTableList& tables) {
+void GetNativeForeignKeys(const ImportSession& session, LcWorkbookTableList& tables) {
   const LeDBMSType dbms_type = session.server().dbms_type;
-  std::u16string sql;
-  BuildForeignKeyQuery(session.choices, sql, dbms_type);
-  if (session.progress.WasImportStoppedOrCancelled()) return true;
+  const std::u16string sql =
+      BuildForeignKeyQuery(session.choices, dbms_type).value_or(std::u16string());
+  if (session.progress.WasImportStoppedOrCancelled()) return;
   const QueryResult query = session.RunQuery(sql);
   const LcODBCRecordList& rows = query.RowsEvenIfFailed();
-  if (session.progress.WasImportStoppedOrCancelled()) return true;
+  if (session.progress.WasImportStoppedOrCancelled()) return;
 
   const int count = rows.GetRowCount();
   session.progress.StatusDialog(inLoopStart, iiForeignKeys, static_cast<unsigned long>(count));
@@ -119,20 +119,19 @@ bool GetNativeForeignKeys(const ImportSession& session, LcWorkbookTableList& tab
   }
   AssembleForeignKeys(session, entries, tables);
   session.progress.StatusDialog(inLoopEnd);
-  return true;
 }
 
-bool GetNativeForeignKeysOracle(const ImportSession& session, LcWorkbookTableList& tables) {
-  std::vector<std::u16string> texts;
-  BuildForeignKeyQueries(session.choices, session.server().dbms_type, texts);
-  if (session.progress.WasImportStoppedOrCancelled()) return true;
+void GetNativeForeignKeysOracle(const ImportSession& session, LcWorkbookTableList& tables) {
+  const std::vector<std::u16string> texts =
+      BuildForeignKeyQueries(session.choices, session.server().dbms_type);
+  if (session.progress.WasImportStoppedOrCancelled()) return;
   std::deque<QueryResult> results;  // record lists do not move
   unsigned long count = 0;
   for (const std::u16string& text : texts) {
     const QueryResult& query = results.emplace_back(session.connection, text);
     count += static_cast<unsigned long>(query.RowsEvenIfFailed().GetRowCount());
   }
-  if (session.progress.WasImportStoppedOrCancelled()) return true;
+  if (session.progress.WasImportStoppedOrCancelled()) return;
 
   session.progress.StatusDialog(inLoopStart, iiForeignKeys, count);
   LcFKInfoList entries;
@@ -140,43 +139,40 @@ bool GetNativeForeignKeysOracle(const ImportSession& session, LcWorkbookTableLis
   for (const QueryResult& query : results) {
     AddOracleResult(session, query.RowsEvenIfFailed(), entries);
   }
-  if (session.progress.WasImportStoppedOrCancelled()) return true;
+  if (session.progress.WasImportStoppedOrCancelled()) return;
   AssembleForeignKeys(session, entries, tables);
   session.progress.StatusDialog(inLoopEnd);
-  return true;
 }
 
-bool GetNativeForeignKeysRedBrick(const ImportSession& session, LcWorkbookTableList& tables) {
-  std::u16string sql;
-  BuildForeignKeyQueryRedBrick1(session.choices, sql);
-  const QueryResult referencing_query = session.RunQuery(sql);
+void GetNativeForeignKeysRedBrick(const ImportSession& session, LcWorkbookTableList& tables) {
+  const QueryResult referencing_query =
+      session.RunQuery(BuildForeignKeyQueryRedBrick1(session.choices));
   const LcODBCRecordList& referencing = referencing_query.RowsEvenIfFailed();
-  if (session.progress.WasImportStoppedOrCancelled()) return true;
-  BuildForeignKeyQueryRedBrick2(session.choices, sql);
-  const QueryResult referenced_query = session.RunQuery(sql);
+  if (session.progress.WasImportStoppedOrCancelled()) return;
+  const QueryResult referenced_query =
+      session.RunQuery(BuildForeignKeyQueryRedBrick2(session.choices));
   const LcODBCRecordList& referenced = referenced_query.RowsEvenIfFailed();
-  if (session.progress.WasImportStoppedOrCancelled()) return true;
+  if (session.progress.WasImportStoppedOrCancelled()) return;
 
   const int count = referencing.GetRowCount();
   session.progress.StatusDialog(inLoopStart, iiForeignKeys, 2 * static_cast<unsigned long>(count));
   LcFKInfoList entries;
   entries.reserve(static_cast<std::size_t>(count));
   for (int row = 1; row <= count; ++row) {
-    if (session.progress.WasImportStoppedOrCancelled()) return true;
+    if (session.progress.WasImportStoppedOrCancelled()) return;
     LcFKInfo& entry = entries.emplace_back();
     entry.table = Trimmed(referencing, row, kRedBrickTable);
     entry.column = Trimmed(referencing, row, kRedBrickColumn);
     entry.sequence = Trimmed(referencing, row, kRedBrickSequence);
   }
   for (int row = 1; row <= count; ++row) {
-    if (session.progress.WasImportStoppedOrCancelled()) return true;
+    if (session.progress.WasImportStoppedOrCancelled()) return;
     LcFKInfo& entry = entries[static_cast<std::size_t>(row) - 1];
     entry.referenced_table = Trimmed(referenced, row, kRedBrickTable);
     entry.referenced_column = Trimmed(referenced, row, kRedBrickColumn);
   }
   AssembleForeignKeys(session, entries, tables);
   session.progress.StatusDialog(inLoopEnd);
-  return true;
 }
 
 }  // namespace odbcimport::native

@@ -1,6 +1,6 @@
 // Foreign keys of SQL Server, Oracle, DB2 and Red Brick: the readers. Each runs its queries,
 // reports the rows and adds key pairs to the tables in the list; rows of tables and columns that
-// are not there are passed over. All return true, also when the import was stopped.
+// are not there are passed over. What was read before the import was stopped is kept.
 #pragma once
 
 #include "importer/workbook/table.h"
@@ -8,9 +8,9 @@
 
 namespace odbcimport::native {
 
-bool GetNativeForeignKeys(const ImportSession& session, LcWorkbookTableList& tables);  // DB2
-bool GetNativeForeignKeysOracle(const ImportSession& session, LcWorkbookTableList& tables);
-bool GetNativeForeignKeysRedBrick(const ImportSession& session, LcWorkbookTableList& tables);
-bool GetNativeForeignKeysSQLServer(const ImportSession& session, LcWorkbookTableList& tables);
+void GetNativeForeignKeys(const ImportSession& session, LcWorkbookTableList& tables);  // DB2
+void GetNativeForeignKeysOracle(const ImportSession& session, LcWorkbookTableList& tables);
+void GetNativeForeignKeysRedBrick(const ImportSession& session, LcWorkbookTableList& tables);
+void GetNativeForeignKeysSQLServer(const ImportSession& session, LcWorkbookTableList& tables);
 
 }  // namespace odbcimport::native

@@ -52,12 +52,10 @@ void ReadKey(const ImportSession& session, const LcODBCRecordList& rows, int row
 
 }  // namespace
 
-bool GetNativeForeignKeysSQLServer(const ImportSession& session, LcWorkbookTableList& tables) {
-  std::u16string sql;
-  BuildForeignKeyQuerySQLServer(session.choices, sql);
-  const QueryResult query = session.RunQuery(sql);
+void GetNativeForeignKeysSQLServer(const ImportSession& session, LcWorkbookTableList& tables) {
+  const QueryResult query = session.RunQuery(BuildForeignKeyQuerySQLServer(session.choices));
   const LcODBCRecordList& rows = query.RowsEvenIfFailed();
-  if (session.progress.WasImportStoppedOrCancelled()) return true;
+  if (session.progress.WasImportStoppedOrCancelled()) return;
 
   const int count = rows.GetRowCount();
   session.progress.StatusDialog(inLoopStart, iiForeignKeys, static_cast<unsigned long>(count));
@@ -70,7 +68,6 @@ bool GetNativeForeignKeysSQLServer(const ImportSession& session, LcWorkbookTable
     if (referenced != nullptr) ReadKey(session, rows, row, *referencing, *referenced);
   }
   session.progress.StatusDialog(inLoopEnd);
-  return true;
 }
 
 }  // namespace odbcimport::native

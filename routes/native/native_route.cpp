@@ -2,6 +2,7 @@
 #include "routes/native/native_route.h"
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -124,8 +125,8 @@ constexpr Phase<NativeRoute> kPhases[] = {
 // empty.
 bool NativeRoute::ReadOwnerNames() {
   session_.progress.StatusDialog(inPhaseStart, iiOwnerNames);
-  std::u16string sql;
-  BuildOwnerNameQuery(session_.choices, sql, session_.server().dbms_type);
+  const std::u16string sql =
+      BuildOwnerNameQuery(session_.choices, session_.server().dbms_type).value_or(std::u16string());
   const QueryResult query = session_.RunQuery(sql);
   const LcODBCRecordList& rows = query.RowsEvenIfFailed();
   if (!GoesOn()) return false;
@@ -148,8 +149,7 @@ bool NativeRoute::ReadDataTypes() {
     LcODBCDatatypeList built_in(session_.server().dbms_type, session_.server().dbms_version);
     built_in.EmptyList();
     built_in.GetHardcodedDataTypes(types);
-    // Servers without named types answer false, which is no failure of the import.
-    static_cast<void>(GetNativeNamedDataTypes(session_, session_.sink.owner_names(), *types));
+    GetNativeNamedDataTypes(session_, session_.sink.owner_names(), *types);
   }
   session_.progress.StatusDialog(inPhaseEnd);
   return GoesOn();
@@ -158,8 +158,8 @@ bool NativeRoute::ReadDataTypes() {
 bool NativeRoute::ReadTableAndViewNames() {
   session_.progress.StatusDialog(inPhaseStart, iiTableNames);
   const int dbms_type = session_.server().dbms_type;
-  std::u16string sql;
-  BuildTableViewNameQuery(session_.choices, sql, dbms_type);
+  const std::u16string sql =
+      BuildTableViewNameQuery(session_.choices, dbms_type).value_or(std::u16string());
   if (!GoesOn()) return false;
   const QueryResult query = session_.RunQuery(sql);
   const LcODBCRecordList& rows = query.RowsEvenIfFailed();
@@ -184,8 +184,8 @@ bool NativeRoute::ReadSynonymNames() {
     return true;
   }
   session_.progress.StatusDialog(inPhaseStart, iiSynonymNames);
-  std::u16string sql;
-  BuildSynonymNameQuery(session_.choices, sql, dbms_type);
+  const std::u16string sql =
+      BuildSynonymNameQuery(session_.choices, dbms_type).value_or(std::u16string());
   if (!GoesOn()) return false;
   const QueryResult query = session_.RunQuery(sql);
   const LcODBCRecordList& rows = query.RowsEvenIfFailed();
@@ -203,7 +203,8 @@ bool NativeRoute::ReadSynonymNames() {
 
 bool NativeRoute::AddOperators() {
   session_.progress.StatusDialog(inPhaseStart, iiOperators);
-  result = GetOperators(session_);
+  GetOperators(session_);
+  result = true;
   session_.progress.StatusDialog(inPhaseEnd);
   return GoesOn();
 }
@@ -218,15 +219,16 @@ bool NativeRoute::ReadFunctions() {
   return GoesOn();
 }
 bool NativeRoute::ReadAggregates() {
-  result = GetAggregates(session_);
+  GetAggregates(session_);
+  result = true;
   return GoesOn();
 }
 
 bool NativeRoute::ReadTablesAndViews() {
   if (session_.sink.tables() == nullptr) return true;
   session_.progress.StatusDialog(inPhaseStart, iiTablesAndViews);
-  std::vector<std::u16string> texts;
-  BuildTableColumnQueries(session_.choices, session_.server().dbms_type, session_.IsIUS(), texts);
+  const std::vector<std::u16string> texts =
+      BuildTableColumnQueries(session_.choices, session_.server().dbms_type, session_.IsIUS());
   if (!GoesOn()) return false;
   table_results_.Run(session_, texts);
   if (!GoesOn()) return false;
@@ -234,8 +236,8 @@ bool NativeRoute::ReadTablesAndViews() {
 
   session_.progress.StatusDialog(inLoopStart, iiTablesAndViews, table_results_.RowCount());
   NativeTableReader reader(session_, *session_.sink.tables());
-  for (LcODBCRecordListListIter at = table_results_.Iterate(); !at.IsDone(); at.Next()) {
-    if (!reader.Read(*at.CurrentItem())) return false;
+  for (const auto& result : table_results_) {
+    if (!reader.Read(result.rows)) return false;
   }
   session_.progress.StatusDialog(inLoopEnd);
   return true;
@@ -252,36 +254,35 @@ bool NativeRoute::ReadForeignKeys() {
   LcWorkbookTableList& tables = *session_.sink.tables();
   switch (session_.server().dbms_type) {
     case dbmsRedBrick:
-      result = GetNativeForeignKeysRedBrick(session_, tables);
+      GetNativeForeignKeysRedBrick(session_, tables);
       break;
     case dbmsMSSQLServer:
     case dbmsSybase:
-      result = GetNativeForeignKeysSQLServer(session_, tables);
+      GetNativeForeignKeysSQLServer(session_, tables);
       break;
     case dbmsOracle:
-      result = GetNativeForeignKeysOracle(session_, tables);
+      GetNativeForeignKeysOracle(session_, tables);
       break;
     default:
-      result = GetNativeForeignKeys(session_, tables);
+      GetNativeForeignKeys(session_, tables);
   }
-  return result && GoesOn();
+  result = true;
+  return GoesOn();
 }
 
 bool NativeRoute::ReadLocalSynonyms() {
   if (session_.server().dbms_type == dbmsDB2 || session_.sink.tables() == nullptr) return true;
-  std::vector<std::u16string> texts;
-  if (!BuildLocalSynonymQueries(session_.choices, session_.server().dbms_type, session_.IsIUS(),
-                                texts)) {
-    return true;
-  }
+  const std::optional<std::vector<std::u16string>> texts =
+      BuildLocalSynonymQueries(session_.choices, session_.server().dbms_type, session_.IsIUS());
+  if (!texts) return true;
   session_.progress.StatusDialog(inPhaseStart, iiLocalSynonyms);
-  synonym_results_.Run(session_, texts);
+  synonym_results_.Run(session_, *texts);
   session_.progress.StatusDialog(inPhaseEnd);
   if (!GoesOn()) return false;
   session_.progress.StatusDialog(inLoopStart, iiLocalSynonyms, synonym_results_.RowCount());
   LocalSynonymReader reader(session_, *session_.sink.tables());
-  for (LcODBCRecordListListIter at = synonym_results_.Iterate(); !at.IsDone(); at.Next()) {
-    if (!reader.Read(*at.CurrentItem())) return false;
+  for (const auto& result : synonym_results_) {
+    if (!reader.Read(result.rows)) return false;
   }
   session_.progress.StatusDialog(inLoopEnd);
   return true;
@@ -298,10 +299,11 @@ bool NativeRoute::ReadRemoteSynonyms() {
   session_.progress.StatusDialog(inLoopStart, iiRemoteSynonyms, count);
   for (const LcTableInfo* entry : selected) {
     if (!IsRemoteSynonym(entry)) continue;
-    std::u16string sql;
-    if (!BuildRemoteSynonymQuery(sql, session_.server().dbms_type, *entry, false)) continue;
+    const std::optional<std::u16string> sql =
+        BuildRemoteSynonymQuery(session_.server().dbms_type, *entry, false);
+    if (!sql) continue;
     if (!GoesOn()) return false;
-    const QueryResult query = session_.RunQuery(sql);
+    const QueryResult query = session_.RunQuery(*sql);
     const LcODBCRecordList& rows = query.RowsEvenIfFailed();
     if (!GoesOn()) return false;
     if (!ReadRemoteSynonym(session_, *entry, rows, *session_.sink.tables())) return false;

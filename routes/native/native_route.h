@@ -8,6 +8,6 @@ namespace odbcimport::native {
 
 // Returns the result of the last phase that has one; `status` as in
 // LcODBCWorkbookImport::ImportItems. Lets no exception out.
-bool ImportNativeItems(ImportSession& session, unsigned short& status);
+[[nodiscard]] bool ImportNativeItems(ImportSession& session, unsigned short& status);
 
 }  // namespace odbcimport::native

@@ -40,7 +40,7 @@ std::u16string Trimmed(const LcODBCRecordList& rows, int row, int position) {
   return std::u16string(base::TrimRightBlanks(rows.View(row, position)));
 }
 
-// A type is classified by the name of its base type; an unknown one counts as CHAR (code 0).
+// A type is classified by the name of its base type; an unknown one counts as CHAR.
 std::unique_ptr<LcWorkbookDatatype> MakeType(const LcODBCRecordList& rows, int row,
                                              const TypePositions& positions, int dbms_type) {
   const auto number = [&](int position) { return base::ParseInteger(rows.View(row, position)); };
@@ -52,8 +52,7 @@ std::unique_ptr<LcWorkbookDatatype> MakeType(const LcODBCRecordList& rows, int r
   type->SetExtendedId(number(positions.id));
   const std::u16string base_name = Trimmed(rows, row, positions.base_name);
   type->SetTypeName(base_name);
-  bool found = false;
-  type->SetPhysicalCode(ConvertDatabaseTypeToODBC(base_name, dbms_type, found));
+  type->SetPhysicalCode(ConvertDatabaseTypeToODBC(base_name, dbms_type).value_or(pcChar));
   type->SetGenericCode(MapInternalCodeToType(type->GetPhysicalCode()));
   type->SetTypeGroup(MapTypeToGroup(type->GetGenericCode()));
   type->SetLong(type->GetTypeGroup() == dgLong);
@@ -67,49 +66,47 @@ std::unique_ptr<LcWorkbookDatatype> MakeType(const LcODBCRecordList& rows, int r
 
 }  // namespace
 
-void BuildNativeGetNamedDataTypes(int dbms_type, const LcOwnerInfoList* owners,
-                                  std::u16string& sql) {
+std::optional<std::u16string> BuildNativeGetNamedDataTypes(int dbms_type,
+                                                           const LcOwnerInfoList* owners) {
   if (dbms_type == dbmsMSSQLServer) {
-    sql =
-        u"SELECT T.name, T.xusertype, T2.name, T.length, T.prec, T.scale FROM systypes T, systypes "
-        u"T2 WHERE T.xtype != T.xusertype AND T.xtype = T2.xtype AND T2.xtype = T2.xusertype";
-  } else if (dbms_type == dbmsDB2) {
-    sql =
-        u"SELECT T.TYPESCHEMA, T.TYPENAME, T.TYPEID, T.SOURCESCHEMA, T.SOURCENAME, T.METATYPE, "
-        u"T.SOURCETYPEID, T.LENGTH, T.SCALE FROM SYSCAT.DATATYPES T WHERE T.METATYPE='T'";
-    if (owners == nullptr || owners->IsEmpty()) return;
-    sql += u" AND (";
-    std::u16string_view separator;
-    for (const LcOwnerInfo* owner : *owners) {
-      if (owner == nullptr) break;
-      sql.append(separator).append(u"T.TYPESCHEMA='").append(owner->name).append(u"'");
-      separator = u" OR ";
-    }
-    sql += u")";
+    return u"SELECT T.name, T.xusertype, T2.name, T.length, T.prec, T.scale FROM systypes T, "
+           u"systypes T2 WHERE T.xtype != T.xusertype AND T.xtype = T2.xtype AND T2.xtype = "
+           u"T2.xusertype";
   }
+  if (dbms_type != dbmsDB2) return std::nullopt;
+  std::u16string sql(
+      u"SELECT T.TYPESCHEMA, T.TYPENAME, T.TYPEID, T.SOURCESCHEMA, T.SOURCENAME, T.METATYPE, "
+      u"T.SOURCETYPEID, T.LENGTH, T.SCALE FROM SYSCAT.DATATYPES T WHERE T.METATYPE='T'");
+  if (owners == nullptr || owners->IsEmpty()) return sql;
+  sql += u" AND (";
+  std::u16string_view separator;
+  for (const LcOwnerInfo* owner : *owners) {
+    if (owner == nullptr) break;
+    sql.append(separator).append(u"T.TYPESCHEMA='").append(owner->name).append(u"'");
+    separator = u" OR ";
+  }
+  return sql += u")";
 }
 
-bool GetNativeNamedDataTypes(const ImportSession& session, const LcOwnerInfoList* owners,
+void GetNativeNamedDataTypes(const ImportSession& session, const LcOwnerInfoList* owners,
                              LcWorkbookDatatypeList& types) {
-  std::u16string sql;
-  BuildNativeGetNamedDataTypes(session.server().dbms_type, owners, sql);
-  if (sql.empty()) return false;
-  if (session.progress.WasImportStoppedOrCancelled()) return true;
-  return GetNativeDataTypes(session, sql, types);
+  const std::optional<std::u16string> sql =
+      BuildNativeGetNamedDataTypes(session.server().dbms_type, owners);
+  if (!sql || session.progress.WasImportStoppedOrCancelled()) return;
+  GetNativeDataTypes(session, *sql, types);
 }
 
-bool GetNativeDataTypes(const ImportSession& session, const std::u16string& sql,
+void GetNativeDataTypes(const ImportSession& session, const std::u16string& sql,
                         LcWorkbookDatatypeList& types) {
   const QueryResult query = session.RunQuery(sql);
   const LcODBCRecordList& rows = query.RowsEvenIfFailed();
   const int dbms_type = session.server().dbms_type;
   const TypePositions* positions = FindTypePositions(dbms_type);
-  if (positions == nullptr) return true;
+  if (positions == nullptr) return;
   for (int row = 1; row <= rows.GetRowCount(); ++row) {
     if (session.progress.WasImportStoppedOrCancelled()) break;
     types.Append(MakeType(rows, row, *positions, dbms_type));
   }
-  return true;
 }
 
 }  // namespace odbcimport::native

@@ -50,62 +50,58 @@ std::u16string_view SQLServerKinds(const LcImportChoices& choices) {
                 : u" AND (T.xtype='U' OR T.xtype='V')";
 }
 
-void BuildSQLServer(const LcImportChoices& choices, std::u16string& sql, int dbms_type) {
-  sql += kSQLServerBase;
+std::u16string BuildSQLServer(const LcImportChoices& choices, int dbms_type) {
+  std::u16string sql(kSQLServerBase);
   if (AnySpecificTablesOrViews(choices)) {
     AddSpecificOnes(choices, sql, dbms_type, u"", true);
   } else {
     sql += SQLServerKinds(choices);
-    AppendOwnerClause(choices, sql, kOwnerSQLServer, u" AND ");
+    sql += OwnerClause(choices, kOwnerSQLServer, u" AND ");
   }
-  sql += u" ORDER BY 1, 2, 3";
+  return sql += u" ORDER BY 1, 2, 3";
 }
 
-void BuildOracle(const LcImportChoices& choices, std::u16string& sql) {
+std::u16string BuildOracle(const LcImportChoices& choices) {
   const bool tables = (choices.item_mask & ibTables) != 0;
   const bool views = (choices.item_mask & ibViews) != 0;
   const char16_t* catalog = u"ALL_VIEWS";
   if (tables) catalog = views ? u"ALL_CATALOG" : u"ALL_TABLES";
-  sql += tables ? kOracleTablesBase : kOracleViewsBase;
-  AppendOwnerClause(choices, sql, kOwnerOracle, u" AND ");
+  std::u16string sql(tables ? kOracleTablesBase : kOracleViewsBase);
+  sql += OwnerClause(choices, kOwnerOracle, u" AND ");
   AddSpecificOnes(choices, sql, dbmsOracle, catalog, true);
-  sql += tables ? u" ORDER BY T.OWNER,P.TABLE_NAME,P.POSITION"
-                : u" ORDER BY T.OWNER,P.VIEW_NAME,P.POSITION";
+  return sql += tables ? u" ORDER BY T.OWNER,P.TABLE_NAME,P.POSITION"
+                       : u" ORDER BY T.OWNER,P.VIEW_NAME,P.POSITION";
 }
 
-void BuildDB2(const LcImportChoices& choices, std::u16string& sql) {
-  sql += kDB2Base;
-  AppendOwnerClause(choices, sql, kOwnerDB2Tables, u" AND ");
+std::u16string BuildDB2(const LcImportChoices& choices) {
+  std::u16string sql(kDB2Base);
+  sql += OwnerClause(choices, kOwnerDB2Tables, u" AND ");
   AddSpecificOnes(choices, sql, dbmsDB2, u"SYSCAT.TABLES", true);
-  sql += u" ORDER BY T.TABSCHEMA,T.TABNAME,C.KEYSEQ";
+  return sql += u" ORDER BY T.TABSCHEMA,T.TABNAME,C.KEYSEQ";
 }
 
-void BuildRedBrick(const LcImportChoices& choices, std::u16string& sql) {
-  sql += kRedBrickBase;
-  AppendOwnerClause(choices, sql, kOwnerRedBrickKeys, u" AND ");
+std::u16string BuildRedBrick(const LcImportChoices& choices) {
+  std::u16string sql(kRedBrickBase);
+  sql += OwnerClause(choices, kOwnerRedBrickKeys, u" AND ");
   AddSpecificOnes(choices, sql, dbmsRedBrick, u"RBW_TABLES", true);
-  sql += u" ORDER BY T.CREATOR,T.NAME,C.PKSEQ";
+  return sql += u" ORDER BY T.CREATOR,T.NAME,C.PKSEQ";
 }
 
 }  // namespace
 
-bool BuildPrimaryKeyQuery(const LcImportChoices& choices, std::u16string& sql, int dbms_type) {
+std::optional<std::u16string> BuildPrimaryKeyQuery(const LcImportChoices& choices, int dbms_type) {
   switch (dbms_type) {
     case dbmsMSSQLServer:
     case dbmsSybase:
-      BuildSQLServer(choices, sql, dbms_type);
-      return true;
+      return BuildSQLServer(choices, dbms_type);
     case dbmsOracle:
-      BuildOracle(choices, sql);
-      return true;
+      return BuildOracle(choices);
     case dbmsDB2:
-      BuildDB2(choices, sql);
-      return false;
+      return BuildDB2(choices);
     case dbmsRedBrick:
-      BuildRedBrick(choices, sql);
-      return false;
+      return BuildRedBrick(choices);
     default:
-      return false;
+      return std::nullopt;
   }
 }
 

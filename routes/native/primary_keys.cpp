@@ -55,8 +55,8 @@ class CurrentTable {
 }  // namespace
 
 bool GetNativePrimaryKeys(const ImportSession& session, LcWorkbookTableList& tables) {
-  std::u16string sql;
-  BuildPrimaryKeyQuery(session.choices, sql, session.server().dbms_type);
+  const std::u16string sql =
+      BuildPrimaryKeyQuery(session.choices, session.server().dbms_type).value_or(std::u16string());
   if (session.progress.WasImportStoppedOrCancelled()) return true;
   const QueryResult query = session.RunQuery(sql);
   const LcODBCRecordList& rows = query.RowsEvenIfFailed();

@@ -1,34 +1,35 @@
 // The results of a phase's queries, kept together with the fetch objects that read them.
 #pragma once
 
+#include <deque>
 #include <string>
 #include <vector>
 
-#include "odbc/ptr_list.h"
+#include "odbc/fetch.h"
+#include "odbc/record_list.h"
 #include "session/session.h"
 
 namespace odbcimport::native {
 
-// Owns the record lists and the fetch objects in its lists, which do not; deletes them at its end.
 class QueryResults {
  public:
-  QueryResults() = default;
-  ~QueryResults() { Clear(); }
-  QueryResults(const QueryResults&) = delete;
-  QueryResults& operator=(const QueryResults&) = delete;
-
   // Runs the texts in turn. One that fails, which the fetch layer has shown to the user, adds an
   // empty record list.
   void Run(const ImportSession& session, const std::vector<std::u16string>& texts);
-  unsigned long RowCount();
-  // Deletes the record lists and the fetch objects with their statements.
-  void Clear();
+  [[nodiscard]] unsigned long RowCount() const;
+  // Drops the results with their statements.
+  void Clear() { results_.clear(); }
   // In the order of the texts.
-  LcODBCRecordListListIter Iterate() { return LcODBCRecordListListIter(&rows_); }
+  [[nodiscard]] auto begin() const { return results_.begin(); }
+  [[nodiscard]] auto end() const { return results_.end(); }
 
  private:
-  LcODBCRecordListList rows_;
-  LcODBCFetchList fetches_;
+  struct Result {
+    Result(const ImportSession& session, const std::u16string& text);
+    LcODBCRecordList rows;
+    LcODBCFetch fetch;  // refers to the rows, and holds the statement
+  };
+  std::deque<Result> results_;  // record lists do not move
 };
 
 }  // namespace odbcimport::native

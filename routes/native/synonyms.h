@@ -18,7 +18,7 @@ class LocalSynonymReader {
   LocalSynonymReader(ImportSession& session, LcWorkbookTableList& tables);
 
   // False when the import was stopped or cancelled: it has to end then.
-  bool Read(const LcODBCRecordList& rows);
+  [[nodiscard]] bool Read(const LcODBCRecordList& rows);
 
  private:
   void StartSynonym();
@@ -33,11 +33,11 @@ class LocalSynonymReader {
 };
 
 // Whether the entry of the selection is a synonym of a table in another database.
-bool IsRemoteSynonym(const LcTableInfo* entry);
+[[nodiscard]] bool IsRemoteSynonym(const LcTableInfo* entry);
 
 // Makes a table of the selected synonym and gives it a column for each row. False when the import
 // was stopped or cancelled. Without rows nothing is made.
-bool ReadRemoteSynonym(ImportSession& session, const LcTableInfo& entry,
-                       const LcODBCRecordList& rows, LcWorkbookTableList& tables);
+[[nodiscard]] bool ReadRemoteSynonym(ImportSession& session, const LcTableInfo& entry,
+                                     const LcODBCRecordList& rows, LcWorkbookTableList& tables);
 
 }  // namespace odbcimport::native

@@ -18,7 +18,7 @@ class NativeTableReader {
 
   // False when the import was stopped or cancelled after a column: it has to end then. A stop that
   // is noticed before a column only leaves out the rest of the list, and the answer is true.
-  bool Read(const LcODBCRecordList& rows);
+  [[nodiscard]] bool Read(const LcODBCRecordList& rows);
 
  private:
   void StartTable(const LcODBCRecordList& rows, int row);

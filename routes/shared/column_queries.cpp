@@ -116,7 +116,7 @@ std::u16string TableColumns(const LcImportChoices& choices, int server_type,
     if (server_type != dbmsDB2 || WantsTables(choices) || WantsViews(choices)) {
       AppendTypeClause(choices, server_type, sql);
     }
-    AppendOwnerClause(choices, sql, owner_rule, u" AND ");
+    sql += OwnerClause(choices, owner_rule, u" AND ");
   }
   return sql.append(pieces.order_by);
 }
@@ -125,7 +125,7 @@ std::u16string TableColumnsOracle(const LcImportChoices& choices) {
   const OracleColumnSource& source = GetOracleColumnSource(choices);
   std::u16string sql(source.base);
   if (!AnySpecificTablesOrViews(choices)) {
-    AppendOwnerClause(choices, sql, kOwnerOracle, u" AND ");
+    sql += OwnerClause(choices, kOwnerOracle, u" AND ");
   }
   AddSpecificTablesAndViews(choices, sql, dbmsOracle, source.catalog_view, -1, -1);
   return sql.append(source.order_by);
@@ -172,27 +172,22 @@ const OracleColumnSource& GetOracleColumnSource(const LcImportChoices& choices) 
   return WantsViews(choices) ? kOracleTablesAndViews : kOracleTables;
 }
 
-bool BuildTableColumnQuery(const LcImportChoices& choices, std::u16string& text, int server_type,
-                           bool is_ius) {
+std::optional<std::u16string> BuildTableColumnQuery(const LcImportChoices& choices, int server_type,
+                                                    bool is_ius) {
   switch (server_type) {
     case dbmsInformix:
-      text = TableColumnsInformix(choices, is_ius);
-      return true;
+      return TableColumnsInformix(choices, is_ius);
     case dbmsMSSQLServer:
     case dbmsSybase:
-      text = TableColumns(choices, server_type, kTableColumnsSQLServer, kOwnerSQLServer);
-      return true;
+      return TableColumns(choices, server_type, kTableColumnsSQLServer, kOwnerSQLServer);
     case dbmsOracle:
-      text = TableColumnsOracle(choices);
-      return true;
+      return TableColumnsOracle(choices);
     case dbmsDB2:
-      text = TableColumns(choices, server_type, kTableColumnsDB2, kOwnerDB2Tables);
-      return true;
+      return TableColumns(choices, server_type, kTableColumnsDB2, kOwnerDB2Tables);
     case dbmsRedBrick:
-      text = TableColumns(choices, server_type, kTableColumnsRedBrick, kOwnerRedBrick);
-      return true;
+      return TableColumns(choices, server_type, kTableColumnsRedBrick, kOwnerRedBrick);
     default:
-      return false;
+      return std::nullopt;
   }
 }
 
@@ -236,10 +231,10 @@ void AppendSynonymCondition(const LocalSynonymPieces& pieces, const LcTableInfo&
   sql.append(u")");
 }
 
-bool BuildLocalSynonymQuery(const LcImportChoices& choices, std::u16string& text, int server_type,
-                            bool is_ius) {
+std::optional<std::u16string> BuildLocalSynonymQuery(const LcImportChoices& choices,
+                                                     int server_type, bool is_ius) {
   const LocalSynonymPieces* pieces = FindLocalSynonymPieces(server_type, is_ius);
-  if (pieces == nullptr) return false;
+  if (pieces == nullptr) return std::nullopt;
   std::u16string sql(pieces->base);
   if (CountLocalSynonyms(choices, server_type) > 0) {
     u16string_view before = u" AND (";
@@ -253,28 +248,27 @@ bool BuildLocalSynonymQuery(const LcImportChoices& choices, std::u16string& text
   } else if (server_type == dbmsInformix && !choices.owner_restriction.empty()) {
     sql.append(u" AND T.OWNER='").append(choices.owner_restriction).append(u"'");
   }
-  text = sql.append(pieces->order_by);
-  return true;
+  return sql.append(pieces->order_by);
 }
 
-bool BuildRemoteSynonymQuery(std::u16string& text, int server_type, const LcTableInfo& synonym,
-                             bool remote_is_ius) {
-  if (server_type != dbmsInformix && server_type != dbmsOracle) return false;
+std::optional<std::u16string> BuildRemoteSynonymQuery(int server_type, const LcTableInfo& synonym,
+                                                      bool remote_is_ius) {
+  if (server_type != dbmsInformix && server_type != dbmsOracle) return std::nullopt;
   if (synonym.synonym.database_name.empty() || synonym.synonym.base_table_name.empty()) {
-    return false;
+    return std::nullopt;
   }
-  text = server_type == dbmsInformix ? RemoteColumnsInformix(synonym, remote_is_ius)
+  return server_type == dbmsInformix ? RemoteColumnsInformix(synonym, remote_is_ius)
                                      : RemoteColumnsOracle(synonym);
-  return true;
 }
 
-void BuildRemoteIsIUSQuery(std::u16string& text, u16string_view server, u16string_view database) {
+std::u16string BuildRemoteIsIUSQuery(u16string_view server, u16string_view database) {
   std::u16string prefix(database);
   if (!server.empty()) prefix.append(u"@").append(server);
   prefix.append(u":informix.");
-  text = u"SELECT C.COLNAME FROM ";
+  std::u16string text(u"SELECT C.COLNAME FROM ");
   text.append(prefix).append(u"SYSCOLUMNS C, ").append(prefix).append(u"SYSTABLES T");
-  text.append(u" WHERE T.TABNAME='syscolumns' AND C.COLNAME='extended_id' AND C.TABID=T.TABID");
+  return text.append(
+      u" WHERE T.TABNAME='syscolumns' AND C.COLNAME='extended_id' AND C.TABID=T.TABID");
 }
 
 }  // namespace odbcimport

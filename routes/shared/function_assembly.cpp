@@ -73,7 +73,7 @@ void AssembleFunctionsInformix(const ImportSession& session, const LcODBCRecordL
   }
 }
 
-bool AssembleFunctionsDB2(const ImportSession& session, const LcODBCRecordList& rows,
+void AssembleFunctionsDB2(const ImportSession& session, const LcODBCRecordList& rows,
                           LcWorkbookFunctionList& functions) {
   NameBoundary boundary(NameBoundary::Nameless::kBegins);
   LcWorkbookFunction* function = nullptr;
@@ -99,7 +99,6 @@ bool AssembleFunctionsDB2(const ImportSession& session, const LcODBCRecordList& 
     session.progress.StatusDialog(inFunctionItem, iiNone, 0, boundary.owner().c_str(),
                                   boundary.name().c_str(), parameters.c_str());
   }
-  return rows.GetRowCount() > 0;
 }
 
 }  // namespace odbcimport

@@ -20,9 +20,8 @@ void AssembleFunctionsInformix(const ImportSession& session, const LcODBCRecordL
 
 // DB2 rows, one per parameter: 1 schema, 2 name, 3 parameter count, 4 ordinal, 5 type name. Takes
 // them in the server's order, grouped by count alone. Required (functions_reading_test): overloads
-// of a schema arrive interleaved by ordinal, and nothing in a row tells them apart. False without
-// rows.
-bool AssembleFunctionsDB2(const ImportSession& session, const LcODBCRecordList& rows,
+// of a schema arrive interleaved by ordinal, and nothing in a row tells them apart.
+void AssembleFunctionsDB2(const ImportSession& session, const LcODBCRecordList& rows,
                           LcWorkbookFunctionList& functions);
 
 }  // namespace odbcimport

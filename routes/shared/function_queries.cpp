@@ -17,15 +17,17 @@ void AppendQuoted(std::u16string& sql, std::u16string_view before, std::u16strin
 
 // Required (functions_queries_test): the system owner is told in exact case. Informix keeps owners
 // in the case in which they were quoted, so INFORMIX is another owner.
-void AppendInformixOwnerClause(const LcImportChoices& choices, std::u16string& sql) {
+std::u16string InformixOwnerClause(const LcImportChoices& choices) {
+  std::u16string sql;
   const std::u16string& owner = choices.owner_restriction;
-  if (owner.empty()) return;
+  if (owner.empty()) return sql;
   if (choices.include_system && owner != kInformixOwner) {
     AppendQuoted(sql, u" and (owner = '", owner);
     sql += u" or owner = 'informix')";
   } else {
     AppendQuoted(sql, u" and owner = '", owner);
   }
+  return sql;
 }
 
 // A row per parameter of each function whose number of parameters `count_condition` allows.
@@ -48,9 +50,9 @@ std::u16string FunctionsDB2(const LcImportChoices& choices, std::u16string_view 
   return sql += u" ORDER BY F.FUNCSCHEMA, F.FUNCNAME, P.ORDINAL";
 }
 
-void ProceduresInformix(const LcImportChoices& choices, std::u16string& sql) {
+std::u16string ProceduresInformix(const LcImportChoices& choices) {
   const std::u16string& owner = choices.owner_restriction;
-  sql = u"SELECT DISTINCT OWNER, PROCNAME FROM INFORMIX.SYSPROCEDURES";
+  std::u16string sql(u"SELECT DISTINCT OWNER, PROCNAME FROM INFORMIX.SYSPROCEDURES");
   if (owner.empty()) {
     if (!choices.include_system) sql += u" WHERE OWNER != 'informix'";
   } else if (choices.include_system && owner != kInformixOwner) {
@@ -59,15 +61,15 @@ void ProceduresInformix(const LcImportChoices& choices, std::u16string& sql) {
   } else {
     AppendQuoted(sql, u" WHERE OWNER='", owner);
   }
-  sql += u" ORDER BY OWNER, PROCNAME";
+  return sql += u" ORDER BY OWNER, PROCNAME";
 }
 
 // SQL Server and Sybase alike.
-void ProceduresSQLServer(const LcImportChoices& choices, std::u16string& sql) {
+std::u16string ProceduresSQLServer(const LcImportChoices& choices) {
   const std::u16string& owner = choices.owner_restriction;
-  sql =
+  std::u16string sql(
       u"SELECT U.name, T.name FROM sysobjects T, sysusers U WHERE T.uid=U.uid AND (T.xtype='P' OR "
-      u"T.xtype='X')";
+      u"T.xtype='X')");
   if (owner.empty()) {
     if (!choices.include_system) sql += u" AND U.name != 'dbo'";
   } else {
@@ -77,90 +79,78 @@ void ProceduresSQLServer(const LcImportChoices& choices, std::u16string& sql) {
     // has.
     if (choices.include_system) sql += u" OR U.name = 'dbo'";
   }
-  sql += u" ORDER BY 1, 2";
+  return sql += u" ORDER BY 1, 2";
 }
 
 }  // namespace
 
-bool BuildBooleanFunctionsQuery(const LcImportChoices& choices, std::u16string& query,
-                                LeDBMSType dbms_type, bool is_ius) {
+std::optional<std::u16string> BuildBooleanFunctionsQuery(const LcImportChoices& choices,
+                                                         LeDBMSType dbms_type, bool is_ius) {
   switch (dbms_type) {
     case dbmsInformix:
       // Dynamic Server keeps no parameter texts: the empty literal stands in for them.
-      query = is_ius ? u"select owner, procname, paramtypes::lvarchar from INFORMIX.sysprocedures "
+      return (is_ius ? u"select owner, procname, paramtypes::lvarchar from INFORMIX.sysprocedures "
                        u"where isproc = 'f' and not mode = 'P' and numargs = 2"
                      : u"select distinct owner, procname, \"\" from INFORMIX.sysprocedures where "
-                       u"not mode = 'P' and numargs = 2";
-      AppendInformixOwnerClause(choices, query);
-      return true;
+                       u"not mode = 'P' and numargs = 2") +
+             InformixOwnerClause(choices);
     case dbmsDB2:
-      query = FunctionsDB2(choices, u"= 2", true);
-      return true;
+      return FunctionsDB2(choices, u"= 2", true);
     default:
-      return false;
+      return std::nullopt;
   }
 }
 
-bool BuildGeneralFunctionsQuery(const LcImportChoices& choices, std::u16string& query,
-                                LeDBMSType dbms_type, bool is_ius) {
+std::optional<std::u16string> BuildGeneralFunctionsQuery(const LcImportChoices& choices,
+                                                         LeDBMSType dbms_type, bool is_ius) {
   switch (dbms_type) {
     case dbmsInformix:
-      query = is_ius ? u"select owner, procname,  paramtypes::lvarchar from INFORMIX.sysprocedures "
+      return (is_ius ? u"select owner, procname,  paramtypes::lvarchar from INFORMIX.sysprocedures "
                        u"where isproc = 'f' and not mode = 'P' and not numargs = 2"
                      : u"select owner, procname from INFORMIX.sysprocedures where not mode = 'P' "
-                       u"and not numargs = 2";
-      AppendInformixOwnerClause(choices, query);
-      return true;
+                       u"and not numargs = 2") +
+             InformixOwnerClause(choices);
     case dbmsDB2:
       // SYSFUN stays in, unlike among the boolean functions: it holds what users know as the
       // built-in functions of DB2, and the catalogue of built-in ones has only special registers.
-      query = FunctionsDB2(choices, u"!= 2", false);
-      return true;
+      return FunctionsDB2(choices, u"!= 2", false);
     default:
-      return false;
+      return std::nullopt;
   }
 }
 
-bool BuildAggregateQuery(const LcImportChoices& /*choices*/, std::u16string& query,
-                         LeDBMSType dbms_type, bool is_ius) {
-  if (dbms_type != dbmsInformix || !is_ius) return false;
-  query = u"select distinct name from INFORMIX.sysaggregates";
-  return true;
+std::optional<std::u16string> BuildAggregateQuery(const LcImportChoices& /*choices*/,
+                                                  LeDBMSType dbms_type, bool is_ius) {
+  if (dbms_type != dbmsInformix || !is_ius) return std::nullopt;
+  return u"select distinct name from INFORMIX.sysaggregates";
 }
 
-bool BuildProcedureQuery(const LcImportChoices& choices, std::u16string& query, int dbms_type) {
+std::optional<std::u16string> BuildProcedureQuery(const LcImportChoices& choices, int dbms_type) {
   switch (dbms_type) {
     case dbmsInformix:
-      ProceduresInformix(choices, query);
-      return true;
+      return ProceduresInformix(choices);
     case dbmsMSSQLServer:
     case dbmsSybase:
-      ProceduresSQLServer(choices, query);
-      return true;
+      return ProceduresSQLServer(choices);
     case dbmsOracle:
-      query =
-          u"SELECT DISTINCT T.OWNER, T.OBJECT_NAME, T.OBJECT_TYPE FROM ALL_OBJECTS T WHERE "
-          u"T.OBJECT_TYPE='PROCEDURE'";
-      AppendOwnerClause(choices, query, kOwnerOracle, u" AND ");
-      query += u" ORDER BY OWNER, OBJECT_NAME";
-      return true;
+      return u"SELECT DISTINCT T.OWNER, T.OBJECT_NAME, T.OBJECT_TYPE FROM ALL_OBJECTS T WHERE "
+             u"T.OBJECT_TYPE='PROCEDURE'" +
+             OwnerClause(choices, kOwnerOracle, u" AND ") + u" ORDER BY OWNER, OBJECT_NAME";
     case dbmsDB2:
-      query = u"SELECT DISTINCT T.PROCSCHEMA, T.PROCNAME FROM SYSCAT.PROCEDURES T";
-      AppendOwnerClause(choices, query, kOwnerDB2Procedures, u" WHERE ");
-      query += u" ORDER BY 1, 2";
-      return true;
+      return u"SELECT DISTINCT T.PROCSCHEMA, T.PROCNAME FROM SYSCAT.PROCEDURES T" +
+             OwnerClause(choices, kOwnerDB2Procedures, u" WHERE ") + u" ORDER BY 1, 2";
     default:
-      return false;
+      return std::nullopt;
   }
 }
 
-bool BuildTableExistsQuery(const std::u16string& owner, const std::u16string& table,
-                           std::u16string& query, int dbms_type) {
-  if (dbms_type != dbmsInformix) return false;
-  query.clear();
+std::optional<std::u16string> BuildTableExistsQuery(const std::u16string& owner,
+                                                    const std::u16string& table, int dbms_type) {
+  if (dbms_type != dbmsInformix) return std::nullopt;
+  std::u16string query;
   AppendQuoted(query, u"select tabname from systables where tabname='", table);
   if (!owner.empty()) AppendQuoted(query, u" and owner='", owner);
-  return true;
+  return query;
 }
 
 }  // namespace odbcimport

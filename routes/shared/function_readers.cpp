@@ -30,34 +30,34 @@ void ReportFunctions(const ImportSession& session, const LcODBCRecordList& rows,
 bool GetBooleanFunctions(ImportSession& session) {
   LcWorkbookFunctionList* functions = session.sink.boolean_functions();
   const LeDBMSType dbms_type = session.server().dbms_type;
-  std::u16string query;
-  if (functions == nullptr ||
-      !BuildBooleanFunctionsQuery(session.choices, query, dbms_type, session.IsIUS())) {
-    return false;
-  }
-  const QueryResult result_set = FetchFunctions(session, query, iiBooleanFunctions);
+  const std::optional<std::u16string> query =
+      BuildBooleanFunctionsQuery(session.choices, dbms_type, session.IsIUS());
+  if (functions == nullptr || !query) return false;
+  const QueryResult result_set = FetchFunctions(session, *query, iiBooleanFunctions);
   const LcODBCRecordList& rows = result_set.RowsEvenIfFailed();
   ReportFunctions(session, rows, iiBooleanFunctions);
   if (rows.GetRowCount() == 0) return true;
-  bool result = true;
   if (dbms_type == dbmsInformix) {
     AssembleFunctionsInformix(session, rows, {inFunctionItem, true, false}, *functions);
   } else {
-    result = AssembleFunctionsDB2(session, rows, *functions);
+    AssembleFunctionsDB2(session, rows, *functions);
   }
   session.progress.StatusDialog(inLoopEnd);
-  return result;
+  return true;
 }
 
 bool GetGeneralFunctions(ImportSession& session) {
   const LeDBMSType dbms_type = session.server().dbms_type;
   switch (dbms_type) {
     case dbmsRedBrick:
-      return GetGeneralFunctionsRedBrick(session);
+      GetGeneralFunctionsRedBrick(session);
+      return true;
     case dbmsOracle:
-      return GetSystemFunctionsOracle(session);
+      GetSystemFunctionsOracle(session);
+      return true;
     case dbmsAccess:
-      return GetSystemFunctionsAccess(session);
+      GetSystemFunctionsAccess(session);
+      return true;
     case dbmsInformix:
       session.IsIUS() ? GetSystemFunctionsIUS(session) : GetSystemFunctionsIDS(session);
       break;
@@ -71,26 +71,23 @@ bool GetGeneralFunctions(ImportSession& session) {
       break;
   }
   LcWorkbookFunctionList* functions = session.sink.functions();
-  std::u16string query;
+  const std::optional<std::u16string> query =
+      BuildGeneralFunctionsQuery(session.choices, dbms_type, session.IsIUS());
   // False for SQL Server too, although its catalogue was added: it lists no users' functions.
-  if (functions == nullptr ||
-      !BuildGeneralFunctionsQuery(session.choices, query, dbms_type, session.IsIUS())) {
-    return false;
-  }
+  if (functions == nullptr || !query) return false;
   const bool merge = !functions->IsEmpty();
-  const QueryResult result_set = FetchFunctions(session, query, iiGeneralFunctions);
+  const QueryResult result_set = FetchFunctions(session, *query, iiGeneralFunctions);
   const LcODBCRecordList& rows = result_set.RowsEvenIfFailed();
   ReportFunctions(session, rows, iiGeneralFunctions);
   if (rows.GetRowCount() == 0) return true;
-  bool result = true;
   if (dbms_type == dbmsInformix) {
     AssembleFunctionsInformix(session, rows, {inSystemFunctionItem, session.IsIUS(), merge},
                               *functions);
   } else {
-    result = AssembleFunctionsDB2(session, rows, *functions);
+    AssembleFunctionsDB2(session, rows, *functions);
   }
   session.progress.StatusDialog(inLoopEnd);
-  return result;
+  return true;
 }
 
 }  // namespace odbcimport

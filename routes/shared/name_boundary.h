@@ -15,7 +15,7 @@ class NameBoundary {
   explicit NameBoundary(Nameless nameless) : nothing_yet_(nameless == Nameless::kBegins) {}
 
   // True when the row begins something; owner() and name() are its own then.
-  bool Next(std::u16string_view owner, std::u16string_view name) {
+  [[nodiscard]] bool Next(std::u16string_view owner, std::u16string_view name) {
     if (!nothing_yet_ && owner == owner_ && name == name_) return false;
     nothing_yet_ = false;
     owner_.assign(owner);

@@ -86,7 +86,7 @@ std::u16string TableViewNamesSQLServer(const LcImportChoices& choices, const Nam
   // For views alone, without an owner and without system objects, the clauses repeat a condition.
   sql.append(
       GetTableTypeClause(dbmsMSSQLServer, names.tables, names.views, choices.include_system));
-  AppendOwnerClause(choices, sql, kOwnerSQLServer, u" AND ");
+  sql += OwnerClause(choices, kOwnerSQLServer, u" AND ");
   return sql.append(u" ORDER BY U.name, T.name");
 }
 
@@ -103,7 +103,7 @@ std::u16string TableViewNamesOracle(const LcImportChoices& choices, const NameCh
   } else {
     sql = u"SELECT DISTINCT T.OWNER, T.VIEW_NAME, 'VIEW' FROM ALL_VIEWS T";
   }
-  AppendOwnerClause(choices, sql, kOwnerOracle, joiner);
+  sql += OwnerClause(choices, kOwnerOracle, joiner);
   return sql.append(names.tables ? u" ORDER BY T.OWNER,T.TABLE_NAME"
                                  : u" ORDER BY T.OWNER,T.VIEW_NAME");
 }
@@ -111,14 +111,14 @@ std::u16string TableViewNamesOracle(const LcImportChoices& choices, const NameCh
 std::u16string TableViewNamesDB2(const LcImportChoices& choices, const NameChoices& names) {
   std::u16string sql(u"SELECT DISTINCT T.TABSCHEMA, T.TABNAME, T.TYPE FROM SYSCAT.TABLES T WHERE");
   sql.append(GetTableTypeClause(dbmsDB2, names.tables, names.views, choices.include_system));
-  AppendOwnerClause(choices, sql, kOwnerDB2Tables, u" AND ");
+  sql += OwnerClause(choices, kOwnerDB2Tables, u" AND ");
   return sql.append(u" ORDER BY T.TABSCHEMA,T.TABNAME");
 }
 
 std::u16string TableViewNamesRedBrick(const LcImportChoices& choices, const NameChoices& names) {
   std::u16string sql(u"SELECT DISTINCT T.CREATOR, T.NAME, T.TYPE FROM RBW_TABLES T WHERE");
   sql.append(GetTableTypeClause(dbmsRedBrick, names.tables, names.views, choices.include_system));
-  AppendOwnerClause(choices, sql, kOwnerRedBrick, u" AND ");
+  sql += OwnerClause(choices, kOwnerRedBrick, u" AND ");
   return sql.append(u" ORDER BY T.CREATOR,T.NAME");
 }
 
@@ -148,63 +148,55 @@ u16string_view GetTableTypeClause(int server_type, bool tables, bool views, bool
   return {};
 }
 
-bool BuildOwnerNameQuery(const LcImportChoices& /*choices*/, std::u16string& /*text*/,
-                         int /*server_type*/) {
-  return false;
+std::optional<std::u16string> BuildOwnerNameQuery(const LcImportChoices& /*choices*/,
+                                                  int /*server_type*/) {
+  return std::nullopt;
 }
 
-bool BuildTableViewNameQuery(const LcImportChoices& choices, std::u16string& text,
-                             int server_type) {
+std::optional<std::u16string> BuildTableViewNameQuery(const LcImportChoices& choices,
+                                                      int server_type) {
   const NameChoices names(choices);
-  if (!names.tables && !names.views) return false;
+  if (!names.tables && !names.views) return std::nullopt;
   switch (server_type) {
     case dbmsInformix:
-      text = TableViewNamesInformix(choices, names);
-      return true;
+      return TableViewNamesInformix(choices, names);
     case dbmsMSSQLServer:
     case dbmsSybase:
-      text = TableViewNamesSQLServer(choices, names);
-      return true;
+      return TableViewNamesSQLServer(choices, names);
     case dbmsOracle:
-      text = TableViewNamesOracle(choices, names);
-      return true;
+      return TableViewNamesOracle(choices, names);
     case dbmsDB2:
-      text = TableViewNamesDB2(choices, names);
-      return true;
+      return TableViewNamesDB2(choices, names);
     case dbmsRedBrick:
-      text = TableViewNamesRedBrick(choices, names);
-      return true;
+      return TableViewNamesRedBrick(choices, names);
     default:
-      return false;
+      return std::nullopt;
   }
 }
 
-bool BuildSynonymNameQuery(const LcImportChoices& choices, std::u16string& text, int server_type) {
-  if ((choices.item_mask & ibSynonymNames) == 0) return false;
+std::optional<std::u16string> BuildSynonymNameQuery(const LcImportChoices& choices,
+                                                    int server_type) {
+  if ((choices.item_mask & ibSynonymNames) == 0) return std::nullopt;
   switch (server_type) {
     case dbmsInformix:
-      text = SynonymNamesInformix(choices);
-      return true;
+      return SynonymNamesInformix(choices);
     case dbmsOracle:
-      text =
-          u"SELECT DISTINCT T.OWNER, T.SYNONYM_NAME, T.TABLE_OWNER, T.TABLE_NAME, T.DB_LINK FROM "
-          u"ALL_SYNONYMS T";
-      AppendOwnerClause(choices, text, kOwnerOracle, u" WHERE ");
-      return true;
+      return u"SELECT DISTINCT T.OWNER, T.SYNONYM_NAME, T.TABLE_OWNER, T.TABLE_NAME, T.DB_LINK "
+             u"FROM ALL_SYNONYMS T" +
+             OwnerClause(choices, kOwnerOracle, u" WHERE ");
     case dbmsRedBrick:
-      text = u"SELECT DISTINCT T.CREATOR, T.NAME, T.TNAME FROM RBW_SYNONYMS T";
-      AppendOwnerClause(choices, text, kOwnerRedBrick, u" WHERE ");
-      return true;
+      return u"SELECT DISTINCT T.CREATOR, T.NAME, T.TNAME FROM RBW_SYNONYMS T" +
+             OwnerClause(choices, kOwnerRedBrick, u" WHERE ");
     default:
-      return false;
+      return std::nullopt;
   }
 }
 
-void BuildColumnNameQuery(const LcImportChoices& choices, std::u16string& text) {
-  text =
+std::u16string BuildColumnNameQuery(const LcImportChoices& choices) {
+  std::u16string text(
       u"SELECT COLNAME, COLTYPE FROM SYSCOLUMNS C, SYSTABLES T WHERE C.TABID=T.TABID AND "
-      u"T.TABNAME='";
-  text.append(choices.single_table_name).append(u"'");
+      u"T.TABNAME='");
+  return text.append(choices.single_table_name).append(u"'");
 }
 
 }  // namespace odbcimport

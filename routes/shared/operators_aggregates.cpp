@@ -46,21 +46,21 @@ std::span<const Name> BuiltInAggregates(LeDBMSType dbms_type) {
 
 }  // namespace
 
-bool GetOperators(ImportSession& session) {
+void GetOperators(ImportSession& session) {
   LcWorkbookOperatorList* operators = session.sink.operators();
-  if (operators == nullptr) return true;
+  if (operators == nullptr) return;
   for (Name name : kOperators) operators->Append(std::make_unique<LcWorkbookOperator>(name, name));
-  return true;
 }
 
-bool GetAggregates(ImportSession& session) {
+void GetAggregates(ImportSession& session) {
   LcWorkbookAggregateList* aggregates = session.sink.aggregates();
-  if (aggregates == nullptr) return true;
+  if (aggregates == nullptr) return;
   const LeDBMSType dbms_type = session.server().dbms_type;
   session.progress.StatusDialog(inPhaseStart, iiAggregates);
-  std::u16string sql;
-  if (BuildAggregateQuery(session.choices, sql, dbms_type, session.IsIUS())) {
-    const QueryResult query = session.RunQuery(sql);
+  const std::optional<std::u16string> sql =
+      BuildAggregateQuery(session.choices, dbms_type, session.IsIUS());
+  if (sql) {
+    const QueryResult query = session.RunQuery(*sql);
     const LcODBCRecordList& rows = query.RowsEvenIfFailed();
     for (int row = 1; row <= rows.GetRowCount(); ++row) {
       const std::u16string name(base::TrimRightBlanks(rows.View(row, 1)));
@@ -71,13 +71,13 @@ bool GetAggregates(ImportSession& session) {
     aggregates->Append(std::make_unique<LcWorkbookAggregate>(name, name));
   }
   session.progress.StatusDialog(inPhaseEnd);
-  return true;
 }
 
 bool DoesTableExist(ImportSession& session, const std::u16string& owner,
                     const std::u16string& table) {
-  std::u16string sql;
-  BuildTableExistsQuery(owner, table, sql, session.server().dbms_type);
+  // Without a text the empty one is run, and the user sees why there is no answer.
+  const std::u16string sql =
+      BuildTableExistsQuery(owner, table, session.server().dbms_type).value_or(std::u16string());
   return session.RunQuery(sql).RowsEvenIfFailed().GetRowCount() > 0;
 }
 

@@ -24,8 +24,9 @@ void AppendSystemOwners(std::u16string_view owner, const OwnerRule& rule, std::u
 
 }  // namespace
 
-bool AppendOwnerClause(const LcImportChoices& choices, std::u16string& sql, const OwnerRule& rule,
-                       std::u16string_view joiner) {
+std::u16string OwnerClause(const LcImportChoices& choices, const OwnerRule& rule,
+                           std::u16string_view joiner) {
+  std::u16string sql;
   const std::u16string& owner = choices.owner_restriction;
   const bool named_system_owners = !rule.first_system_owner.empty();
   if (!owner.empty()) {
@@ -35,20 +36,17 @@ bool AppendOwnerClause(const LcImportChoices& choices, std::u16string& sql, cons
     } else if (choices.include_system) {
       sql.append(rule.include_system);
     }
-    sql.append(u")");
-    return true;
+    return sql.append(u")");
   }
-  if (choices.include_system) return false;
+  if (choices.include_system) return sql;
   if (named_system_owners) {
     // The missing blank before the first "!=" only is part of the text.
     sql.append(joiner).append(rule.column).append(u" !='").append(rule.first_system_owner);
     sql.append(u"' AND ").append(rule.column).append(u" != '");
-    sql.append(rule.second_system_owner).append(u"'");
-    return true;
+    return sql.append(rule.second_system_owner).append(u"'");
   }
-  if (rule.exclude_system.empty()) return false;
-  sql.append(joiner).append(rule.exclude_system);
-  return true;
+  if (!rule.exclude_system.empty()) sql.append(joiner).append(rule.exclude_system);
+  return sql;
 }
 
 }  // namespace odbcimport

@@ -34,16 +34,15 @@ inline constexpr OwnerRule kOwnerRedBrick{u"T.CREATOR", u"", u"", u" OR T.CREATO
 inline constexpr OwnerRule kOwnerRedBrickKeys{u"T.CREATOR", u"", u"",
                                               u" OR T.CREATOR IS NULL OR T.TYPE = 'SYSTEM'", u""};
 
-// Appends the clause for the chosen owner and the include-system choice: with an owner, `joiner`,
-// "(", the owner condition, what the include-system choice adds, ")"; without an owner and without
-// system objects, `joiner` and the condition that keeps them out; else nothing. `joiner` is " AND "
+// The clause for the chosen owner and the include-system choice: with an owner, `joiner`, "(", the
+// owner condition, what the include-system choice adds, ")"; without an owner and without system
+// objects, `joiner` and the condition that keeps them out; else an empty text. `joiner` is " AND "
 // or " WHERE " with the blanks that the text in hand asks for. The owner goes in as it stands.
-// Returns whether anything was appended.
 //
 // With the second system owner chosen the added condition reads "is not the first system owner",
 // which lets in every other owner as well. Required (functions_queries_test): hosts count on it to
 // list a whole server for its administrator, and reading "=" there would take those lists away.
-bool AppendOwnerClause(const LcImportChoices& choices, std::u16string& sql, const OwnerRule& rule,
-                       std::u16string_view joiner);
+[[nodiscard]] std::u16string OwnerClause(const LcImportChoices& choices, const OwnerRule& rule,
+                                         std::u16string_view joiner);
 
 }  // namespace odbcimport

@@ -33,8 +33,8 @@ void NoteOutOfMemory(ImportSession& session) noexcept;
 // threw; `status` as in LcODBCWorkbookImport::ImportItems. What was read before an early end stays
 // in the workbook. Lets no exception out.
 template <class Route, std::size_t kCount>
-bool RunRoute(ImportSession& session, Route& route, const Phase<Route> (&phases)[kCount],
-              unsigned short& status) {
+[[nodiscard]] bool RunRoute(ImportSession& session, Route& route,
+                            const Phase<Route> (&phases)[kCount], unsigned short& status) {
   session.progress.BeginRoute();
   try {
     session.progress.StatusDialog(inImportStart);

@@ -10,10 +10,11 @@
 namespace odbcimport {
 
 bool GetProcedures(ImportSession& session, LcWorkbookProcedureList& procedures) {
-  std::u16string sql;
-  if (!BuildProcedureQuery(session.choices, sql, session.server().dbms_type)) return false;
+  const std::optional<std::u16string> sql =
+      BuildProcedureQuery(session.choices, session.server().dbms_type);
+  if (!sql) return false;
   session.progress.StatusDialog(inPhaseStart, iiProcedures);
-  const QueryResult query = session.RunQuery(sql);
+  const QueryResult query = session.RunQuery(*sql);
   const LcODBCRecordList& rows = query.RowsEvenIfFailed();
   session.progress.StatusDialog(inPhaseEnd);
   const int count = rows.GetRowCount();

@@ -14,8 +14,10 @@ namespace {
 constexpr int kTablesPerText = 200;
 constexpr std::size_t kSynonymsPerText = 300;
 
-void BuildOracleTableColumnBatches(const LcImportChoices& choices,
-                                   std::vector<std::u16string>& texts) {
+using Texts = std::vector<std::u16string>;
+
+Texts BuildOracleTableColumnBatches(const LcImportChoices& choices) {
+  Texts texts;
   const OracleColumnSource& source = GetOracleColumnSource(choices);
   const int selected = static_cast<int>(choices.selected_tables.GetCount());
   for (int first = 0; first < selected; first += kTablesPerText) {
@@ -25,6 +27,7 @@ void BuildOracleTableColumnBatches(const LcImportChoices& choices,
     sql += source.order_by;
     texts.push_back(std::move(sql));
   }
+  return texts;
 }
 
 // One text for the synonyms at the positions `first` to `last` - 1 of the selection.
@@ -50,8 +53,8 @@ std::u16string OracleSynonymBatch(const LcImportChoices& choices, const LocalSyn
   return sql;
 }
 
-void BuildOracleSynonymBatches(const LcImportChoices& choices, const LocalSynonymPieces& pieces,
-                               std::vector<std::u16string>& texts) {
+Texts BuildOracleSynonymBatches(const LcImportChoices& choices, const LocalSynonymPieces& pieces) {
+  Texts texts;
   const std::size_t selected = choices.selected_synonyms.GetCount();
   const bool any_local = CountLocalSynonyms(choices, dbmsOracle) != 0;
   std::size_t first = 0;
@@ -60,6 +63,7 @@ void BuildOracleSynonymBatches(const LcImportChoices& choices, const LocalSynony
     texts.push_back(OracleSynonymBatch(choices, pieces, any_local, first, last));
     first = last;
   } while (first < selected);
+  return texts;
 }
 
 // Required (catalog_queries_test): no owner clause where nothing is selected, unlike the single
@@ -81,34 +85,27 @@ std::u16string InformixSynonymText(const LcImportChoices& choices,
 
 }  // namespace
 
-bool BuildTableColumnQueries(const LcImportChoices& choices, int server_type, bool is_ius,
-                             std::vector<std::u16string>& texts) {
+Texts BuildTableColumnQueries(const LcImportChoices& choices, int server_type, bool is_ius) {
   if (server_type == dbmsOracle && !choices.selected_tables.IsEmpty()) {
-    BuildOracleTableColumnBatches(choices, texts);
-    return true;
+    return BuildOracleTableColumnBatches(choices);
   }
-  std::u16string sql;
-  if (!BuildTableColumnQuery(choices, sql, server_type, is_ius)) return false;
-  texts.push_back(std::move(sql));
-  return true;
+  std::optional<std::u16string> sql = BuildTableColumnQuery(choices, server_type, is_ius);
+  return sql ? Texts{*std::move(sql)} : Texts();
 }
 
-bool BuildLocalSynonymQueries(const LcImportChoices& choices, int server_type, bool is_ius,
-                              std::vector<std::u16string>& texts) {
+std::optional<Texts> BuildLocalSynonymQueries(const LcImportChoices& choices, int server_type,
+                                              bool is_ius) {
   const LocalSynonymPieces* pieces = FindLocalSynonymPieces(server_type, is_ius);
-  if (pieces == nullptr) return false;
+  if (pieces == nullptr) return std::nullopt;
   switch (server_type) {
     case dbmsInformix:
-      texts.push_back(InformixSynonymText(choices, *pieces));
-      return true;
+      return Texts{InformixSynonymText(choices, *pieces)};
     case dbmsOracle:
-      BuildOracleSynonymBatches(choices, *pieces, texts);
-      return true;
+      return BuildOracleSynonymBatches(choices, *pieces);
     default: {
-      std::u16string sql;
-      if (!BuildLocalSynonymQuery(choices, sql, server_type, is_ius)) return false;
-      texts.push_back(std::move(sql));
-      return true;
+      std::optional<std::u16string> sql = BuildLocalSynonymQuery(choices, server_type, is_ius);
+      if (!sql) return std::nullopt;
+      return Texts{*std::move(sql)};
     }
   }
 }

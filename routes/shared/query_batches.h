@@ -3,6 +3,7 @@
 // Running the texts in turn gives what the single text of the same server would.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -10,12 +11,12 @@
 
 namespace odbcimport {
 
-// Appends the texts. False, with nothing appended, for a server without own SQL.
-bool BuildTableColumnQueries(const LcImportChoices& choices, int server_type, bool is_ius,
-                             std::vector<std::u16string>& texts);
+// Empty for a server without own SQL.
+[[nodiscard]] std::vector<std::u16string> BuildTableColumnQueries(const LcImportChoices& choices,
+                                                                  int server_type, bool is_ius);
 
-// Appends the texts. False, with nothing appended, for a server whose synonyms are not read.
-bool BuildLocalSynonymQueries(const LcImportChoices& choices, int server_type, bool is_ius,
-                              std::vector<std::u16string>& texts);
+// None for a server whose synonyms are not read.
+[[nodiscard]] std::optional<std::vector<std::u16string>> BuildLocalSynonymQueries(
+    const LcImportChoices& choices, int server_type, bool is_ius);
 
 }  // namespace odbcimport

@@ -90,9 +90,9 @@ bool AnySpecificSynonyms(const LcImportChoices& choices) {
   return !choices.selected_owners.IsEmpty() || !choices.selected_synonyms.IsEmpty();
 }
 
-bool AddSpecificOnes(const LcImportChoices& choices, std::u16string& sql, int dbms_type,
+void AddSpecificOnes(const LcImportChoices& choices, std::u16string& sql, int dbms_type,
                      const char16_t* oracle_view, bool where_open) {
-  if (!AnySpecificTablesOrViews(choices)) return false;
+  if (!AnySpecificTablesOrViews(choices)) return;
   bool clause_open = where_open;
   if (where_open) sql += u" AND (";
   // Between two entries of a list; before its first one the clause is opened where none is open.
@@ -125,12 +125,11 @@ bool AddSpecificOnes(const LcImportChoices& choices, std::u16string& sql, int db
     AppendTable(*table, dbms_type, oracle_view, sql);
   }
   sql += u")";
-  return true;
 }
 
-bool AddSpecificTablesAndViews(const LcImportChoices& choices, std::u16string& sql, int dbms_type,
+void AddSpecificTablesAndViews(const LcImportChoices& choices, std::u16string& sql, int dbms_type,
                                const char16_t* oracle_view, int first, int last) {
-  if (choices.selected_tables.IsEmpty()) return false;
+  if (choices.selected_tables.IsEmpty()) return;
   const int begin = first == -1 ? 0 : first;
   const int end = last == -1 ? static_cast<int>(choices.selected_tables.GetCount()) - 1 : last;
   const Fragments& fragments = FragmentsFor(dbms_type);
@@ -157,7 +156,6 @@ bool AddSpecificTablesAndViews(const LcImportChoices& choices, std::u16string& s
     sql += u"')";
   }
   sql += u")";
-  return true;
 }
 
 }  // namespace odbcimport

@@ -10,21 +10,19 @@
 namespace odbcimport {
 
 // True when an owner or a table is selected.
-bool AnySpecificTablesOrViews(const LcImportChoices& choices);
+[[nodiscard]] bool AnySpecificTablesOrViews(const LcImportChoices& choices);
 // True when an owner or a synonym is selected.
-bool AnySpecificSynonyms(const LcImportChoices& choices);
+[[nodiscard]] bool AnySpecificSynonyms(const LcImportChoices& choices);
 
 // Appends a restriction to the selected owners and tables. `oracle_view` names the Oracle view that
 // the query reads ("ALL_CATALOG", "ALL_TABLES", "ALL_VIEWS"), null for the object catalog;
-// `where_open` tells that the text has a WHERE already. False, with nothing appended, when nothing
-// is selected.
-bool AddSpecificOnes(const LcImportChoices& choices, std::u16string& sql, int dbms_type,
+// `where_open` tells that the text has a WHERE already. Appends nothing when nothing is selected.
+void AddSpecificOnes(const LcImportChoices& choices, std::u16string& sql, int dbms_type,
                      const char16_t* oracle_view, bool where_open);
 
 // Appends a restriction to the selected tables and views at the positions `first` to `last`
-// (0-based, -1: from the beginning, to the end). False, with nothing appended, when no table is
-// selected.
-bool AddSpecificTablesAndViews(const LcImportChoices& choices, std::u16string& sql, int dbms_type,
+// (0-based, -1: from the beginning, to the end). Appends nothing when no table is selected.
+void AddSpecificTablesAndViews(const LcImportChoices& choices, std::u16string& sql, int dbms_type,
                                const char16_t* oracle_view, int first, int last);
 
 }  // namespace odbcimport

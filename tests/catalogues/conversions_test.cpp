@@ -92,9 +92,9 @@ TEST(ConvertDatabaseTypeToODBC, KnowsTheNamesOfEachServer) {
       {dbmsOther, u"INTEGER", pcChar, false},
   };
   for (const auto& c : cases) {
-    bool found = !c.found;
-    EXPECT_EQ(ConvertDatabaseTypeToODBC(c.name, c.server, found), c.code) << c.server;
-    EXPECT_EQ(found, c.found) << c.server;
+    const auto code = ConvertDatabaseTypeToODBC(c.name, c.server);
+    EXPECT_EQ(code.value_or(pcChar), c.code) << c.server;
+    EXPECT_EQ(code.has_value(), c.found) << c.server;
   }
 }
 

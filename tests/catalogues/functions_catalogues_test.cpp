@@ -50,7 +50,7 @@ std::map<std::string, Facts> ReadFacts() {
 
 struct Catalogue {
   const char* name;
-  bool (*get)(ImportSession&);
+  void (*get)(ImportSession&);
 };
 constexpr Catalogue kCatalogues[] = {
     {"ius", GetSystemFunctionsIUS},           {"ids", GetSystemFunctionsIDS},
@@ -61,7 +61,7 @@ constexpr Catalogue kCatalogues[] = {
 class CatalogueTest : public testing::TestWithParam<Catalogue> {
  protected:
   void SetUp() override {
-    ASSERT_TRUE(GetParam().get(recorded_.session));
+    GetParam().get(recorded_.session);
     facts_ = ReadFacts()[GetParam().name];
     ASSERT_GT(facts_.rows, 0U) << "no facts";
   }

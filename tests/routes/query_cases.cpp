@@ -71,13 +71,10 @@ QueryCase::QueryCase(const std::string& head) {
   }
 }
 
-QueryBuilder OneText(const std::function<bool(const QueryCase&, std::u16string&)>& builder,
-                     const std::u16string& before) {
-  return [=](const QueryCase& wanted, QueryTexts& texts) {
-    std::u16string text = before;
-    const bool result = builder(wanted, text);
-    if (text != before) texts.push_back(text);
-    return result;
+QueryBuilder OneText(std::function<std::optional<std::u16string>(const QueryCase&)> builder) {
+  return [builder = std::move(builder)](const QueryCase& wanted) {
+    const std::optional<std::u16string> text = builder(wanted);
+    return text ? QueryTexts{*text} : QueryTexts();
   };
 }
 
@@ -95,10 +92,11 @@ void ExpectQueryTexts(const std::string& file, int at_least,
   EXPECT_GE(static_cast<int>(cases.size()), at_least);
   for (const auto& [head, expected] : cases) {
     const QueryCase wanted(head);
-    QueryTexts texts;
     std::vector<std::string> actual;
-    if (!builders.at(wanted.builder)(wanted, texts)) actual.push_back("false");
-    for (const std::u16string& text : texts) actual.push_back(base::ToUtf8(text));
+    for (const std::u16string& text : builders.at(wanted.builder)(wanted)) {
+      actual.push_back(base::ToUtf8(text));
+    }
+    if (actual.empty()) actual.push_back("none");
     EXPECT_EQ(actual, expected) << head;
   }
 }

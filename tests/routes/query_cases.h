@@ -5,6 +5,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -27,13 +28,11 @@ struct QueryCase {
 // [OWNER.]NAME[@LINK][#BASE TABLE ID]
 std::unique_ptr<LcTableInfo> MakeEntry(std::string text, enumTableType type);
 
-// Returns what the builder returns.
-using QueryBuilder = std::function<bool(const QueryCase&, QueryTexts&)>;
-// A builder of one text, which is `before` at first; one that leaves it alone has made none.
-QueryBuilder OneText(const std::function<bool(const QueryCase&, std::u16string&)>& builder,
-                     const std::u16string& before = u"as it was");
+using QueryBuilder = std::function<QueryTexts(const QueryCase&)>;
+// A builder of one text, or of none.
+QueryBuilder OneText(std::function<std::optional<std::u16string>(const QueryCase&)> builder);
 
-// `file` lies in tests/routes. "false" stands before the texts of a builder that returned false.
+// `file` lies in tests/routes. "none" stands for no text.
 void ExpectQueryTexts(const std::string& file, int at_least,
                       const std::map<std::string, QueryBuilder>& builders);
 

@@ -22,65 +22,53 @@ LcTableInfo RemoteSynonymOf(const QueryCase& c) {
 }
 
 // Of the selected tables, as if they had been imported.
-bool PrimaryKeys(const QueryCase& c, std::u16string& text) {
+std::u16string PrimaryKeys(const QueryCase& c) {
   LcWorkbookTableList tables;
   for (const LcTableInfo* entry : c.choices.selected_tables) {
     LcWorkbookTable* table = tables.Append(std::make_unique<LcWorkbookTable>());
     table->SetOwner(entry->owner);
     table->SetName(entry->name);
   }
-  BuildOnlineSQLGetPrimaryKeys(&tables, c.is_ius, text);
-  return true;
+  return BuildOnlineSQLGetPrimaryKeys(&tables, c.is_ius);
 }
 
 TEST(CatalogQueries, AreAsExpectedCharacterForCharacter) {
-  using Text = std::u16string;
   test::ExpectQueryTexts(
       "informix/catalog_queries.txt", 300,
-      {{"owner_names", OneText([](const QueryCase& c, Text& text) {
-          return BuildOwnerNameQuery(c.choices, text, c.server);
+      {{"owner_names",
+        OneText([](const QueryCase& c) { return BuildOwnerNameQuery(c.choices, c.server); })},
+       {"names",
+        OneText([](const QueryCase& c) { return BuildTableViewNameQuery(c.choices, c.server); })},
+       {"synonym_names",
+        OneText([](const QueryCase& c) { return BuildSynonymNameQuery(c.choices, c.server); })},
+       {"column_text", OneText([](const QueryCase& c) {
+          return BuildTableColumnQuery(c.choices, c.server, c.is_ius);
         })},
-       {"names", OneText([](const QueryCase& c, Text& text) {
-          return BuildTableViewNameQuery(c.choices, text, c.server);
+       {"local_synonyms", OneText([](const QueryCase& c) {
+          return BuildLocalSynonymQuery(c.choices, c.server, c.is_ius);
         })},
-       {"synonym_names", OneText([](const QueryCase& c, Text& text) {
-          return BuildSynonymNameQuery(c.choices, text, c.server);
+       {"remote_synonym", OneText([](const QueryCase& c) {
+          return BuildRemoteSynonymQuery(c.server, RemoteSynonymOf(c), c.is_ius);
         })},
-       {"column_text", OneText([](const QueryCase& c, Text& text) {
-          return BuildTableColumnQuery(c.choices, text, c.server, c.is_ius);
+       {"remote_is_ius", OneText([](const QueryCase& c) {
+          return BuildRemoteIsIUSQuery(c.remote.server_name, c.remote.database_name);
         })},
-       {"local_synonyms", OneText([](const QueryCase& c, Text& text) {
-          return BuildLocalSynonymQuery(c.choices, text, c.server, c.is_ius);
-        })},
-       {"remote_synonym", OneText([](const QueryCase& c, Text& text) {
-          return BuildRemoteSynonymQuery(text, c.server, RemoteSynonymOf(c), c.is_ius);
-        })},
-       {"remote_is_ius", OneText([](const QueryCase& c, Text& text) {
-          return BuildRemoteIsIUSQuery(text, c.remote.server_name, c.remote.database_name), true;
-        })},
-       {"column_names", OneText([](const QueryCase& c, Text& text) {
-          return BuildColumnNameQuery(c.choices, text), true;
-        })},
+       {"column_names",
+        OneText([](const QueryCase& c) { return BuildColumnNameQuery(c.choices); })},
        {"primary_keys", OneText(PrimaryKeys)},
-       {"foreign_keys", OneText([](const QueryCase& c, Text& text) {
-          return BuildOnlineSQLGetForeignKeys(105, 9, c.is_ius, text), true;
+       {"foreign_keys",
+        OneText([](const QueryCase& c) { return BuildOnlineSQLGetForeignKeys(105, 9, c.is_ius); })},
+       {"named_types", OneText([](const QueryCase& c) {
+          return BuildSQLGetNamedDataTypes(&c.choices.selected_owners);
         })},
-       {"named_types", OneText([](const QueryCase& c, Text& text) {
-          return BuildSQLGetNamedDataTypes(&c.choices.selected_owners, text), true;
-        })},
-       {"complex_type", OneText([](const QueryCase&, Text& text) {
-          return BuildSQLGetComplexType(2049, text), true;
-        })}});
+       {"complex_type", OneText([](const QueryCase&) { return BuildSQLGetComplexType(2049); })}});
 }
 
 TEST(CatalogQueries, ReadLocalSynonymsOfAllOwnersWhereNoneIsSelected) {
   LcImportChoices choices;
-  std::u16string of_all;
-  EXPECT_TRUE(BuildLocalSynonymQuery(choices, of_all, dbmsInformix, true));
+  const std::u16string of_all = BuildLocalSynonymQuery(choices, dbmsInformix, true).value();
   choices.owner_restriction = u"sales";
-  std::vector<std::u16string> texts;
-  EXPECT_TRUE(BuildLocalSynonymQueries(choices, dbmsInformix, true, texts));
-  EXPECT_EQ(texts, std::vector{of_all});
+  EXPECT_EQ(BuildLocalSynonymQueries(choices, dbmsInformix, true), std::vector{of_all});
 }
 
 }  // namespace

@@ -63,9 +63,8 @@ TEST(TypeNumbers, HaveNamesAndCodes) {
       {24, u"UNKNOWN", 0, 9},      {255, u"UNKNOWN", 0, 9},    {14, u"interval", 8, 2},
   };
   for (const auto& c : cases) {
-    std::u16string name;
-    EXPECT_EQ(ConvertIUSTypeCodeToTypeName(c.number, name), c.name != std::u16string(u"UNKNOWN"));
-    EXPECT_EQ(name, c.name) << c.number;
+    EXPECT_EQ(ConvertIUSTypeCodeToTypeName(c.number).value_or(kUnknownTypeName), c.name)
+        << c.number;
     EXPECT_EQ(ConvertIUSPhyCodeToGenericCode(c.number, nullptr), c.generic_code) << c.number;
     EXPECT_EQ(ConvertIUSPhyCodeToTypeGroup(c.number, nullptr), c.group) << c.number;
   }

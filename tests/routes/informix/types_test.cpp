@@ -76,9 +76,9 @@ TEST(ColumnTypes, ComeFromTypeNumberAndLength) {
       {99, 7, "0 7/7/0 char"},                   // not known: CHAR
   };
   for (const auto& c : cases) {
-    bool found = false;
     const int code =
-        ConvertDatabaseTypeToODBC(test::ToUtf16(std::to_string(c.coltype)), dbmsInformix, found);
+        ConvertDatabaseTypeToODBC(test::ToUtf16(std::to_string(c.coltype)), dbmsInformix)
+            .value_or(pcChar);
     auto* table = run.workbook.tables.Append(std::make_unique<LcWorkbookTable>());
     table->SetName(test::ToUtf16("t" + std::to_string(run.workbook.tables.GetCount())));
     auto* column = new LcWorkbookColumn;

@@ -20,40 +20,27 @@ using test::QueryCase;
 using test::QueryTexts;
 
 TEST(NativeQueryTexts, EveryDialectIsExact) {
-  using Text = std::u16string;
-  // These builders append to the text that they are given.
-  const auto one = [](auto builder) { return OneText(builder, u""); };
   test::ExpectQueryTexts(
       "native/query_texts.txt", 60,
       {{"columns",
-        [](const QueryCase& c, QueryTexts& texts) {
-          return BuildTableColumnQueries(c.choices, c.server, c.is_ius, texts);
-        }},
+        [](const QueryCase& c) { return BuildTableColumnQueries(c.choices, c.server, c.is_ius); }},
        {"synonyms",
-        [](const QueryCase& c, QueryTexts& texts) {
-          return BuildLocalSynonymQueries(c.choices, c.server, c.is_ius, texts);
+        [](const QueryCase& c) {
+          return BuildLocalSynonymQueries(c.choices, c.server, c.is_ius).value_or(QueryTexts());
         }},
-       {"foreigns",
-        [](const QueryCase& c, QueryTexts& texts) {
-          return BuildForeignKeyQueries(c.choices, c.server, texts);
-        }},
-       {"primary", one([](const QueryCase& c, Text& text) {
-          return BuildPrimaryKeyQuery(c.choices, text, c.server);
-        })},
-       {"foreign", one([](const QueryCase& c, Text& text) {
-          return BuildForeignKeyQuery(c.choices, text, c.server), true;
-        })},
-       {"redbrick1", one([](const QueryCase& c, Text& text) {
-          return BuildForeignKeyQueryRedBrick1(c.choices, text), true;
-        })},
-       {"redbrick2", one([](const QueryCase& c, Text& text) {
-          return BuildForeignKeyQueryRedBrick2(c.choices, text), true;
-        })},
-       {"sqlserver", one([](const QueryCase& c, Text& text) {
-          return BuildForeignKeyQuerySQLServer(c.choices, text), true;
-        })},
-       {"types", one([](const QueryCase& c, Text& text) {
-          return BuildNativeGetNamedDataTypes(c.server, &c.choices.selected_owners, text), true;
+       {"foreigns", [](const QueryCase& c) { return BuildForeignKeyQueries(c.choices, c.server); }},
+       {"primary",
+        OneText([](const QueryCase& c) { return BuildPrimaryKeyQuery(c.choices, c.server); })},
+       {"foreign",
+        OneText([](const QueryCase& c) { return BuildForeignKeyQuery(c.choices, c.server); })},
+       {"redbrick1",
+        OneText([](const QueryCase& c) { return BuildForeignKeyQueryRedBrick1(c.choices); })},
+       {"redbrick2",
+        OneText([](const QueryCase& c) { return BuildForeignKeyQueryRedBrick2(c.choices); })},
+       {"sqlserver",
+        OneText([](const QueryCase& c) { return BuildForeignKeyQuerySQLServer(c.choices); })},
+       {"types", OneText([](const QueryCase& c) {
+          return BuildNativeGetNamedDataTypes(c.server, &c.choices.selected_owners);
         })}});
 }
 
@@ -83,9 +70,8 @@ TEST(NativeQueryTexts, OracleReadsALongSelectionInBatches) {
     for (int i = 0; i < selected; ++i) {
       choices.selected_tables.Append(MakeEntry("T" + std::to_string(i), ttTable));
     }
-    QueryTexts columns, keys;
-    BuildTableColumnQueries(choices, dbmsOracle, false, columns);
-    BuildForeignKeyQueries(choices, dbmsOracle, keys);
+    const QueryTexts columns = BuildTableColumnQueries(choices, dbmsOracle, false);
+    const QueryTexts keys = BuildForeignKeyQueries(choices, dbmsOracle);
     ASSERT_EQ(columns.size(), ranges.size()) << selected;
     ASSERT_EQ(keys.size(), ranges.size()) << selected;
     for (std::size_t i = 0; i < ranges.size(); ++i) {
@@ -105,8 +91,7 @@ TEST(NativeQueryTexts, OracleReadsManySynonymsInBatches) {
     choices.selected_synonyms.Append(
         MakeEntry("T" + std::to_string(i) + (remote ? "@HQ" : ""), ttSynonym));
   }
-  QueryTexts texts;
-  ASSERT_TRUE(BuildLocalSynonymQueries(choices, dbmsOracle, false, texts));
+  const QueryTexts texts = BuildLocalSynonymQueries(choices, dbmsOracle, false).value();
   ASSERT_EQ(texts.size(), 3u);
   EXPECT_EQ(SelectedNumbers(texts[0], "SYNONYM_NAME='T"), "0-299");
   EXPECT_THAT(ToUtf8(texts[1]), testing::EndsWith(" AND () ORDER BY S.OWNER, S.SYNONYM_NAME"));

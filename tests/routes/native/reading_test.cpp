@@ -99,7 +99,7 @@ TEST(NativeColumns, NamedTypesAreCopiedFromTheWorkbook) {
   const LcWorkbookDatatype* original = bench.workbook.data_types.Append(std::move(named));
   LcODBCRecordList rows;
   AddRow(rows, {"dbo", "t", "U", "c", "ticket", "4", "0", "0", "10", "300", "1", "42"});
-  NativeTableReader(bench.session, bench.workbook.tables).Read(rows);
+  EXPECT_TRUE(NativeTableReader(bench.session, bench.workbook.tables).Read(rows));
   const LcWorkbookColumn* column = bench.workbook.tables.FindTableById(42)->FindColumnById(1);
   EXPECT_EQ(ColumnText(*column), "c 19 4/10/0 int <ticket> ! *");
   EXPECT_NE(column->GetDataType(), original);

@@ -71,9 +71,7 @@ TEST(AddSpecificOnes, AppendsTheFragmentsOfEveryServer) {
   };
   for (const auto& test : cases) {
     std::u16string sql = u"q";
-    EXPECT_EQ(AddSpecificOnes(Choose(test.owners, test.tables), sql, test.type, test.view,
-                              test.where_open),
-              *test.text != 0);
+    AddSpecificOnes(Choose(test.owners, test.tables), sql, test.type, test.view, test.where_open);
     EXPECT_EQ(base::ToUtf8(sql), std::string("q") + test.text);
   }
 }
@@ -104,9 +102,8 @@ TEST(AddSpecificTablesAndViews, AppendsASliceOfTheSelection) {
   };
   for (const auto& test : cases) {
     std::u16string sql = u"q";
-    EXPECT_EQ(AddSpecificTablesAndViews(Choose("joe", test.tables), sql, test.type, test.view,
-                                        test.first, test.last),
-              *test.text != 0);
+    AddSpecificTablesAndViews(Choose("joe", test.tables), sql, test.type, test.view, test.first,
+                              test.last);
     EXPECT_EQ(base::ToUtf8(sql), std::string("q") + test.text);
   }
 }
