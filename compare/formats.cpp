@@ -1,3 +1,4 @@
+// The list of formats. Nothing else knows one by name.
 #include "compare/writer.h"
 
 namespace wbcompare {
@@ -18,5 +19,7 @@ const Format* FindFormat(std::string_view name) {
   }
   return nullptr;
 }
+
+const Format& DefaultFormat(bool terminal) { return *FindFormat(terminal ? "text" : "json"); }
 
 }  // namespace wbcompare

@@ -28,8 +28,10 @@ struct Format {
   void (*write)(const Document& document, const WriteOptions& options, std::ostream& out);
 };
 // Null when there is no such format.
-const Format* FindFormat(std::string_view name);
-const std::vector<Format>& AllFormats();
+[[nodiscard]] const Format* FindFormat(std::string_view name);
+[[nodiscard]] const std::vector<Format>& AllFormats();
+// The format for readers who did not choose one: people at a terminal, or programs.
+[[nodiscard]] const Format& DefaultFormat(bool terminal);
 
 void WriteText(const Document& document, const WriteOptions& options, std::ostream& out);
 void WriteJson(const Document& document, const WriteOptions& options, std::ostream& out);

@@ -52,7 +52,7 @@ bool WriteAll(int fd, std::string_view text) {
 
 // In the child. A text that another engine is to lay out says so itself. The first byte tells a
 // picture ('+') from a reason ('-'). Nothing is freed: the process ends.
-[[noreturn]] void DrawAndExit(const std::string& dot, const char* format, int fd) {
+[[noreturn]] void DrawAndExit(const std::string& dot, const char* renderer, int fd) {
   // Graphviz warns on standard error of boxes it has to widen; errors are told by the parent.
   agseterr(AGMAX);
   GVC_t* context = gvContext();
@@ -60,7 +60,7 @@ bool WriteAll(int fd, std::string_view text) {
   char* data = nullptr;
   unsigned int size = 0;
   if (graph != nullptr && gvLayout(context, graph, "dot") == 0 &&
-      gvRenderData(context, graph, format, &data, &size) == 0 && size != 0) {
+      gvRenderData(context, graph, renderer, &data, &size) == 0 && size != 0) {
     _exit(WriteAll(fd, "+") && WriteAll(fd, {data, size}) ? 0 : 1);
   }
   const char* why = aglasterr();
@@ -77,7 +77,7 @@ struct Drawing {
 
 class Child {
  public:
-  Child(const std::string& dot, const char* format) {
+  Child(const std::string& dot, const char* renderer) {
     int ends[2];
     if (pipe(ends) != 0) return;
     const pid_t parent = getpid();
@@ -93,7 +93,7 @@ class Child {
         const rlimit memory{kMostMemory, kMostMemory};
         setrlimit(RLIMIT_AS, &memory);
       }
-      DrawAndExit(dot, format, ends[1]);
+      DrawAndExit(dot, renderer, ends[1]);
     }
     close(ends[1]);
     fd_ = ends[0];
@@ -155,7 +155,7 @@ std::string NameTitles(const std::string& svg, const Diagram& diagram) {
   return named.append(svg, done);
 }
 
-std::string Excuse(const Drawing& drawing, const char* format) {
+std::string Excuse(const Drawing& drawing, const char* renderer) {
   switch (drawing.end) {
     case End::kDrawn:
       break;
@@ -167,7 +167,7 @@ std::string Excuse(const Drawing& drawing, const char* format) {
         break;
       }
       return fmt::format("Graphviz cannot write {} here: its plugin for that is not installed.",
-                         format);
+                         renderer);
     case End::kTooLong:
     case End::kCrashed:
       return fmt::format(
@@ -178,12 +178,18 @@ std::string Excuse(const Drawing& drawing, const char* format) {
   return "Graphviz could not draw the diagram: " + drawing.text + ".";
 }
 
-bool WritePicture(const char* format, const Document& document, const Options& options,
+// What Graphviz makes of a layout.
+struct Picture {
+  const char* renderer;  // as Graphviz calls it
+  bool has_titles;       // those of NameTitles
+};
+
+bool WritePicture(const Picture& picture, const Document& document, const Options& options,
                   std::ostream& out, Notes& notes) {
   Diagram diagram;
   if (!SelectDiagram(document, options, diagram, notes)) return false;
   const auto draw = [&](std::chrono::milliseconds limit) {
-    return Child(DotText(diagram), format).Wait(limit, options.is_cancelled);
+    return Child(DotText(diagram), picture.renderer).Wait(limit, options.is_cancelled);
   };
   const bool may_simplify = options.detail == Detail::kAuto;
   Drawing drawing = draw(may_simplify ? kFirstTry : kFirstTry + kSecondTry);
@@ -194,21 +200,21 @@ bool WritePicture(const char* format, const Document& document, const Options& o
     notes.emplace_back("The diagram shows names alone: with more its layout takes too long.");
   }
   if (drawing.end != End::kDrawn) {
-    notes.push_back(Excuse(drawing, format));
+    notes.push_back(Excuse(drawing, picture.renderer));
     return false;
   }
-  out << (format == std::string_view("svg") ? NameTitles(drawing.text, diagram) : drawing.text);
+  out << (picture.has_titles ? NameTitles(drawing.text, diagram) : drawing.text);
   return true;
 }
 
 }  // namespace
 
 bool WriteSvg(const Document& document, const Options& options, std::ostream& out, Notes& notes) {
-  return WritePicture("svg", document, options, out, notes);
+  return WritePicture({"svg", true}, document, options, out, notes);
 }
 
 bool WritePng(const Document& document, const Options& options, std::ostream& out, Notes& notes) {
-  return WritePicture("png", document, options, out, notes);
+  return WritePicture({"png", false}, document, options, out, notes);
 }
 
 }  // namespace wbexport

@@ -57,14 +57,14 @@ struct Format {
   bool compacts = false;  // Options::compact means something to it
 };
 // Whether there is a table to draw the surroundings of, as Options::around names it.
-bool HasTableToDrawAround(const LcWorkbook& workbook, const std::string& around);
+[[nodiscard]] bool HasTableToDrawAround(const LcWorkbook& workbook, const std::string& around);
 
-const std::vector<Format>& AllFormats();
+[[nodiscard]] const std::vector<Format>& AllFormats();
 // Null when there is no such format.
-const Format* FindFormat(std::string_view name);
+[[nodiscard]] const Format* FindFormat(std::string_view name);
 // The format that a file's extension stands for, whatever its case; null when there is none.
-const Format* FindFormatOfFile(std::string_view file);
+[[nodiscard]] const Format* FindFormatOfFile(std::string_view file);
 // The format for readers who did not choose one: people at a terminal, or programs.
-const Format& DefaultFormat(bool terminal);
+[[nodiscard]] const Format& DefaultFormat(bool terminal);
 
 }  // namespace wbexport

@@ -61,8 +61,9 @@ wbcompare::Options ComparisonOptions(const Options& given) {
 
 ComparisonSheet::ComparisonSheet(const OutputOptions& options)
     : output_(options.file),
-      format_(*wbcompare::FindFormat(options.format.value_or(
-          output_.IsStandardOutput() && isatty(STDOUT_FILENO) != 0 ? "text" : "json"))) {
+      format_(options.format ? *wbcompare::FindFormat(*options.format)
+                             : wbcompare::DefaultFormat(output_.IsStandardOutput() &&
+                                                        isatty(STDOUT_FILENO) != 0)) {
   output_.Check();
 }
 

@@ -3,6 +3,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include "host/answer_format.h"
 #include "host/commands.h"
 #include "host/dialect_file.h"
 #include "host/host_session.h"
@@ -23,7 +24,7 @@ void Write(const Run& run, const std::string& text) {
   }));
 }
 
-bool WantsJson(const Run& run) { return run.options.output.format == "json"; }
+bool WantsJson(const Run& run) { return AnswerFormatOf(run.options.output) == AnswerFormat::kJson; }
 
 std::string Dump(const Json& json) {
   return json.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";

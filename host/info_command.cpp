@@ -3,6 +3,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include "host/answer_format.h"
 #include "host/commands.h"
 #include "host/dialect_file.h"
 #include "host/host_session.h"
@@ -115,6 +116,8 @@ std::string InstalledAsJson(const std::vector<Installed>& drivers,
   return json.dump(2, ' ', false, nlohmann::json::error_handler_t::replace) + "\n";
 }
 
+bool WantsJson(const Run& run) { return AnswerFormatOf(run.options.output) == AnswerFormat::kJson; }
+
 }  // namespace
 
 void RunInfo(Run& run, Outcome& outcome) {
@@ -133,7 +136,7 @@ void RunInfo(Run& run, Outcome& outcome) {
   facts.catalog = connection.CurrentCatalog();
   facts.functions = connection.OfferedFunctions();
   session.Finish(outcome);
-  output.WriteText(run.options.output.format == "json" ? FactsAsJson(facts) : FactsAsText(facts));
+  output.WriteText(WantsJson(run) ? FactsAsJson(facts) : FactsAsText(facts));
 }
 
 void RunDrivers(Run& run) {
@@ -141,8 +144,8 @@ void RunDrivers(Run& run) {
   output.Check();
   const std::vector<Installed> drivers = InstalledDrivers();
   const std::vector<Installed> sources = DataSources();
-  output.WriteText(run.options.output.format == "json" ? InstalledAsJson(drivers, sources)
-                                                       : InstalledAsText(drivers, sources));
+  output.WriteText(WantsJson(run) ? InstalledAsJson(drivers, sources)
+                                  : InstalledAsText(drivers, sources));
 }
 
 }  // namespace wbhost

@@ -15,10 +15,8 @@ namespace {
 
 const wblint::RuleInfo* RuleOf(const std::string& word, const char* option) {
   if (const wblint::RuleInfo* rule = wblint::FindRule(word); rule != nullptr) return rule;
-  std::vector<std::string> names;
-  for (const wblint::RuleInfo& rule : wblint::AllRules()) names.emplace_back(rule.name);
-  throw Failure(ExitCode::kUsage,
-                fmt::format("{}: there is no rule '{}'{}", option, word, DidYouMean(word, names)));
+  throw Failure(ExitCode::kUsage, fmt::format("{}: there is no rule '{}'{}", option, word,
+                                              DidYouMean(word, NamesOf(wblint::AllRules()))));
 }
 
 wblint::Options OptionsOf(const Options& given) {
@@ -66,8 +64,8 @@ void RunLint(Run& run, Outcome& outcome) {
   const OutputFile output(wanted.file);
   output.Check();
   const bool on_terminal = output.IsStandardOutput() && isatty(STDOUT_FILENO) != 0;
-  const wblint::Format* format =
-      wblint::FindFormat(wanted.format.value_or(on_terminal ? "text" : "json"));
+  const wblint::Format& format =
+      wanted.format ? *wblint::FindFormat(*wanted.format) : wblint::DefaultFormat(on_terminal);
   const Schema schema = run.options.lint.file ? ReadSchema(*run.options.lint.file)
                                               : ImportSchema(run, Choices(), output, outcome);
   const wblint::Report report = wblint::Lint(*schema.workbook, schema.info, options);
@@ -75,7 +73,7 @@ void RunLint(Run& run, Outcome& outcome) {
   wblint::WriteOptions look;
   look.colour = output.IsStandardOutput() && WantsColour(STDOUT_FILENO);
   const bool written = output.Write([&](std::ostream& out) {
-    format->write({*schema.workbook, schema.info, report, schema.label}, look, out);
+    format.write({*schema.workbook, schema.info, report, schema.label}, look, out);
     return true;
   });
   if (written && !output.IsStandardOutput()) outcome.SetWritten(wanted.file);

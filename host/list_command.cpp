@@ -1,4 +1,5 @@
 // `wbimport list`: names only.
+#include "host/answer_format.h"
 #include "host/commands.h"
 #include "host/dialect_file.h"
 #include "host/host_session.h"
@@ -20,7 +21,7 @@ void RunList(Run& run, Outcome& outcome) {
   const std::vector<ListedName> names =
       ReadList(kind, choices, session.runner(), outcome, run.screen);
   session.Finish(outcome);
-  const bool json = run.options.output.format == "json";
+  const bool json = AnswerFormatOf(run.options.output) == AnswerFormat::kJson;
   output.WriteText(json ? FormatListAsJson(names) : FormatListAsText(names));
   if (!output.IsStandardOutput()) outcome.SetWritten(output.name());
 }

@@ -1,3 +1,4 @@
+// The list of formats, which nothing else knows by name, and what the writers share.
 #include <fmt/format.h>
 
 #include <unordered_set>
@@ -29,6 +30,8 @@ const Format* FindFormat(std::string_view name) {
   }
   return nullptr;
 }
+
+const Format& DefaultFormat(bool terminal) { return *FindFormat(terminal ? "text" : "json"); }
 
 std::string Summary(const Report& report) {
   if (report.findings.empty()) {

@@ -27,16 +27,18 @@ struct Format {
   void (*write)(const Document& document, const WriteOptions& options, std::ostream& out);
 };
 // Null when there is no such format.
-const Format* FindFormat(std::string_view name);
-const std::vector<Format>& AllFormats();
+[[nodiscard]] const Format* FindFormat(std::string_view name);
+[[nodiscard]] const std::vector<Format>& AllFormats();
+// The format for readers who did not choose one: people at a terminal, or programs.
+[[nodiscard]] const Format& DefaultFormat(bool terminal);
 
 void WriteText(const Document& document, const WriteOptions& options, std::ostream& out);
 void WriteJson(const Document& document, const WriteOptions& options, std::ostream& out);
 void WriteMarkdown(const Document& document, const WriteOptions& options, std::ostream& out);
 
 // "3 findings in 2 of 40 tables: 1 error, 2 warnings"
-std::string Summary(const Report& report);
+[[nodiscard]] std::string Summary(const Report& report);
 // Their names with their owners; of a finding about the whole schema its owner, or "schema".
-std::string Subject(const Finding& finding);
+[[nodiscard]] std::string Subject(const Finding& finding);
 
 }  // namespace wblint
