@@ -10,9 +10,9 @@
 #include "host/dialect_file.h"
 #include "host/host_session.h"
 #include "host/interrupt.h"
-#include "host/limits.h"
 #include "host/nearest.h"
 #include "host/resolve_names.h"
+#include "host/schema_source.h"
 #include "host/stamp.h"
 #include "host/text.h"
 
@@ -27,7 +27,8 @@ class Sheet {
       : options_(options), format_(Choose(options)), output_(options.file, format_.write_folder) {
     if (options.compact && !format_.compacts) {
       throw Failure(ExitCode::kUsage,
-                    fmt::format("--compact: {} has no compact form, json has", format_.name));
+                    fmt::format("--compact: {} has no compact form, {} has", format_.name,
+                                FormatsWith(&wbexport::Format::compacts)));
     }
     if (format_.draws) return;
     const char* option = options.around   ? "--around"
@@ -35,12 +36,9 @@ class Sheet {
                          : options.detail ? "--detail"
                                           : nullptr;
     if (option == nullptr) return;
-    std::string drawing;
-    for (const wbexport::Format& format : wbexport::AllFormats()) {
-      if (format.draws) drawing += fmt::format("{}{}", drawing.empty() ? "" : ", ", format.name);
-    }
-    throw Failure(ExitCode::kUsage, fmt::format("{}: {} has no diagram; these formats have one: {}",
-                                                option, format_.name, drawing));
+    throw Failure(ExitCode::kUsage,
+                  fmt::format("{}: {} has no diagram; these formats have one: {}", option,
+                              format_.name, FormatsWith(&wbexport::Format::draws)));
   }
 
   const OutputFile& output() const { return output_; }
@@ -84,6 +82,14 @@ class Sheet {
   }
 
  private:
+  static std::string FormatsWith(bool wbexport::Format::*feature) {
+    std::string names;
+    for (const wbexport::Format& format : wbexport::AllFormats()) {
+      if (format.*feature) names += fmt::format("{}{}", names.empty() ? "" : ", ", format.name);
+    }
+    return names;
+  }
+
   static wbexport::Detail DetailOf(const std::string& name) {
     return name == "full"    ? wbexport::Detail::kFull
            : name == "keys"  ? wbexport::Detail::kKeys
@@ -193,19 +199,9 @@ void RunRender(Run& run) {
   const std::string& file = run.options.render_file;
   const Sheet sheet(run.options.output);
   sheet.output().Check();
-  std::string why;
-  const std::optional<std::string> text = ReadWholeFile(file, kMostWorkbookBytes, why);
-  const std::string name = file == "-" ? "standard input" : file;
-  if (!text) {
-    throw Failure(ExitCode::kUsage, fmt::format("cannot read the workbook file {}: {}", name, why));
-  }
-  LcWorkbook workbook;
-  LcWorkbookFileInfo info;
-  if (!ReadWorkbookFile(*text, workbook, info, why)) {
-    throw Failure(ExitCode::kUsage, fmt::format("{} is no workbook file: {}", name, why));
-  }
-  if (run.options.output.title) info.title = ToUtf16(*run.options.output.title);
-  sheet.Write(workbook, info, run.options.output.system, run.screen);
+  Schema schema = file == "-" ? ReadSchemaFromStandardInput() : ReadSchema(file);
+  if (run.options.output.title) schema.info.title = ToUtf16(*run.options.output.title);
+  sheet.Write(*schema.workbook, schema.info, run.options.output.system, run.screen);
 }
 
 }  // namespace wbhost

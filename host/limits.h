@@ -1,6 +1,5 @@
 // How much of a file is read. Each is far beyond what a file of its kind has; a larger one, or a
-// device that never ends, is refused before it fills the memory. Workbook files of `diff` and
-// `lint` are read as streams, to their end.
+// device that never ends, is refused before it fills the memory.
 #pragma once
 
 #include <cstdint>

@@ -1,15 +1,81 @@
 #include "host/schema_source.h"
 
+#include <fcntl.h>
 #include <fmt/format.h>
 #include <unistd.h>
 
-#include <fstream>
+#include <cerrno>
+#include <cstring>
+#include <istream>
+#include <stdexcept>
+#include <streambuf>
+#include <vector>
 
 #include "host/dialect_file.h"
 #include "host/host_session.h"
+#include "host/limits.h"
 #include "host/resolve_names.h"
 
 namespace wbhost {
+namespace {
+
+// The bytes of a file as they come. What cannot be read, and a file that is too long, throws.
+class FileBytes : public std::streambuf {
+ public:
+  // Takes the descriptor; standard input stays open.
+  explicit FileBytes(int fd) : fd_(fd), piece_(kPieceBytes) {}
+  ~FileBytes() override {
+    if (fd_ > STDERR_FILENO) close(fd_);
+  }
+  FileBytes(const FileBytes&) = delete;
+  FileBytes& operator=(const FileBytes&) = delete;
+
+  // Whether it threw.
+  [[nodiscard]] bool HasFailed() const { return failed_; }
+
+ protected:
+  int_type underflow() override {
+    ssize_t count = 0;
+    do {
+      count = read(fd_, piece_.data(), piece_.size());
+    } while (count < 0 && errno == EINTR);
+    if (count < 0) Fail(std::strerror(errno));
+    bytes_ += static_cast<std::uintmax_t>(count);
+    if (bytes_ > kMostWorkbookBytes) {
+      Fail(fmt::format("it has more than {} bytes", kMostWorkbookBytes));
+    }
+    if (count == 0) return traits_type::eof();
+    setg(piece_.data(), piece_.data(), piece_.data() + count);
+    return traits_type::to_int_type(*gptr());
+  }
+
+ private:
+  static constexpr std::size_t kPieceBytes = std::size_t{64} * 1024;
+
+  [[noreturn]] void Fail(const std::string& why) {
+    failed_ = true;
+    throw std::runtime_error(why);
+  }
+
+  int fd_;
+  std::vector<char> piece_;
+  std::uintmax_t bytes_ = 0;
+  bool failed_ = false;
+};
+
+Schema ReadSchemaFrom(int fd, const std::string& label) {
+  FileBytes bytes(fd);
+  std::istream in(&bytes);
+  Schema schema;
+  schema.label = label;
+  std::string why;
+  if (ReadWorkbookFile(in, *schema.workbook, schema.info, why)) return schema;
+  throw Failure(ExitCode::kUsage,
+                bytes.HasFailed() ? fmt::format("cannot read the workbook file {}: {}", label, why)
+                                  : fmt::format("{} is no workbook file: {}", label, why));
+}
+
+}  // namespace
 
 std::string LabelOf(const ConnectionOptions& options, const Connection& connection) {
   if (options.sqlite) return *options.sqlite;
@@ -20,20 +86,15 @@ std::string LabelOf(const ConnectionOptions& options, const Connection& connecti
 }
 
 Schema ReadSchema(const std::string& file) {
-  Schema schema;
-  schema.label = file;
-  // A folder opens like a file and throws when it is read.
-  std::ifstream in;
-  if (access(file.c_str(), R_OK) == 0) in.open(file, std::ios::binary);
-  if (!in.is_open()) {
-    throw Failure(ExitCode::kUsage, fmt::format("cannot read the workbook file {}", file));
+  const int fd = open(file.c_str(), O_RDONLY | O_CLOEXEC | O_NOCTTY);
+  if (fd < 0) {
+    throw Failure(ExitCode::kUsage,
+                  fmt::format("cannot read the workbook file {}: {}", file, std::strerror(errno)));
   }
-  std::string why;
-  if (!ReadWorkbookFile(in, *schema.workbook, schema.info, why)) {
-    throw Failure(ExitCode::kUsage, fmt::format("{} is no workbook file: {}", file, why));
-  }
-  return schema;
+  return ReadSchemaFrom(fd, file);
 }
+
+Schema ReadSchemaFromStandardInput() { return ReadSchemaFrom(STDIN_FILENO, "standard input"); }
 
 Schema ImportSchema(Run& run, Choices otherwise, const OutputFile& output, Outcome& outcome) {
   ChoiceOptions options = run.options.choices;

@@ -19,12 +19,15 @@ struct Schema {
 };
 
 // What people call a connection, without its secrets.
-std::string LabelOf(const ConnectionOptions& options, const Connection& connection);
+[[nodiscard]] std::string LabelOf(const ConnectionOptions& options, const Connection& connection);
 
-// Throws a Failure where the file cannot be read or is none.
-Schema ReadSchema(const std::string& file);
+// Read a workbook file as it comes, kMostWorkbookBytes of it at most. Throw a Failure where it
+// cannot be read or is none.
+[[nodiscard]] Schema ReadSchema(const std::string& file);
+[[nodiscard]] Schema ReadSchemaFromStandardInput();
 // Imports from the connection of the command line with its choices over those given. What
 // --exclude names is imported: the command leaves it out of its answer.
-Schema ImportSchema(Run& run, Choices otherwise, const OutputFile& output, Outcome& outcome);
+[[nodiscard]] Schema ImportSchema(Run& run, Choices otherwise, const OutputFile& output,
+                                  Outcome& outcome);
 
 }  // namespace wbhost

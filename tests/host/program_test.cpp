@@ -94,7 +94,7 @@ TEST(Failures, AreOneLineThatSaysWhatWasTriedAndWhy) {
       {{"diff", text_file, text_file, "--rename", "a"}, 2, "OLD=NEW"},
       {{"diff", text_file, text_file, "--format", "svg"}, 2, "'svg'"},
       {{"diff", text_file, text_file}, 2, "no workbook file"},
-      {{"diff", folder.path(), text_file}, 2, "no workbook file"},
+      {{"diff", folder.path(), text_file}, 2, "Is a directory"},
       {{"diff", no_file, text_file}, 2, "cannot read"},
       {{"list", "columns"}, 2, "--table"},
       {{"import", "--select-synonym", "joe.nothing"}, 2, "joe.nothing"},
