@@ -229,10 +229,10 @@ std::string Measure(const Arguments& arguments) {
   measure_import();
   double before = measure_bare();
   for (int round = 0; round < arguments.rounds; ++round) {
-    const double import = measure_import();
+    const double import_time = measure_import();
     const double after = measure_bare();
     const double bare = (before + after) / 2;
-    imports.push_back(import);
+    imports.push_back(import_time);
     bare_loops.push_back(bare);
     ratios.push_back(import / bare);
     own_times.push_back(import - bare);

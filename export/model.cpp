@@ -156,8 +156,7 @@ bool IsOfSystem(const LcWorkbookProcedure& procedure, const LcWorkbookFileInfo& 
 
 ListedProcedures ProceduresToList(const Document& document, const Options& options) {
   ListedProcedures procedures;
-  for (const LcWorkbookProcedure* procedure : document.workbook.procedures) {
-    if (procedure == nullptr) continue;
+  for (const LcWorkbookProcedure* procedure : document.workbook.procedures.Present()) {
     if (!options.system && IsOfSystem(*procedure, document.info)) {
       ++procedures.left_out;
     } else {

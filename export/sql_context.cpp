@@ -16,8 +16,7 @@ std::u16string DefaultSchema(const LcWorkbook& workbook) {
     if (schema.is_default) return schema.name.Text();
   }
   const LcWorkbookTable* first = nullptr;
-  for (const LcWorkbookTable* table : workbook.tables) {
-    if (table == nullptr) continue;
+  for (const LcWorkbookTable* table : workbook.tables.Present()) {
     if (first != nullptr && table->GetOwner(false) != first->GetOwner(false)) return {};
     first = table;
   }
@@ -47,8 +46,7 @@ Context::Context(const Document& document, const Target& the_target, std::ostrea
       out(stream),
       translated(base::ToUtf8(document.info.dialect) != the_target.name),
       default_schema_(DefaultSchema(document.workbook)) {
-  for (const LcWorkbookTable* table : workbook.tables) {
-    if (table == nullptr) continue;
+  for (const LcWorkbookTable* table : workbook.tables.Present()) {
     (IsView(*table) ? views_ : tables_).insert(Lowered(table->GetName()));
     if (translated) names_.insert(Lowered(table->GetName()));
   }

@@ -289,8 +289,8 @@ void WriteRoutines(Context& context, RoutineTime time) {
 }
 
 void WriteTriggers(Context& context) {
-  for (const LcWorkbookTable* table : context.workbook.tables) {
-    if (table == nullptr || table->GetDetails() == nullptr) continue;
+  for (const LcWorkbookTable* table : context.workbook.tables.Present()) {
+    if (table->GetDetails() == nullptr) continue;
     for (const LcTriggerDetails& trigger : table->GetDetails()->triggers) {
       if (IsOfWhole(context, *table, trigger)) continue;
       context.out << '\n';

@@ -288,8 +288,8 @@ void WriteTables(Context& context) {
 
 void WriteParts(Context& context) {
   if (context.translated || !context.target.has_types) return;
-  for (const LcWorkbookTable* table : context.workbook.tables) {
-    if (table == nullptr || !IsPlainTable(*table) || table->GetDetails() == nullptr) continue;
+  for (const LcWorkbookTable* table : context.workbook.tables.Present()) {
+    if (!IsPlainTable(*table) || table->GetDetails() == nullptr) continue;
     const LcOptions& options = table->GetDetails()->options;
     if (const LcWorkbookTable* parent = ParentOf(context.workbook, *table); parent != nullptr) {
       context.out << fmt::format("ALTER TABLE {} ATTACH PARTITION {} {};\n", context.Name(*parent),
@@ -305,8 +305,8 @@ void WriteParts(Context& context) {
 
 void WriteInheritance(Context& context) {
   if (context.translated || !context.target.has_types) return;
-  for (const LcWorkbookTable* table : context.workbook.tables) {
-    if (table == nullptr || table->GetDetails() == nullptr) continue;
+  for (const LcWorkbookTable* table : context.workbook.tables.Present()) {
+    if (table->GetDetails() == nullptr) continue;
     std::u16string names = table->GetDetails()->options.Find(u"inherits").Text();
     while (!names.empty()) {
       const std::size_t end = names.find(u", ");

@@ -100,8 +100,7 @@ void WriteRemarks(Context& context) {
     if (text.IsPresent())
       context.LeaveOut("comment on " + what + ": " + Display(text.View()), "comments");
   };
-  for (const LcWorkbookTable* table : context.workbook.tables) {
-    if (table == nullptr) continue;
+  for (const LcWorkbookTable* table : context.workbook.tables.Present()) {
     const std::string name = DisplayName(*table);
     if (table->GetDetails() != nullptr) remark(name, table->GetDetails()->comment);
     for (int i = 0; i < table->GetColumnCount(); ++i) {

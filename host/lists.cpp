@@ -170,8 +170,7 @@ std::vector<ListedName> ProcedureNames(Reader& reader) {
   std::vector<ListedName> names;
   const ImportResult result = reader.Run(ibProcedures);
   std::size_t left_out = 0;
-  for (const LcWorkbookProcedure* procedure : result.workbook->procedures) {
-    if (procedure == nullptr) continue;
+  for (const LcWorkbookProcedure* procedure : result.workbook->procedures.Present()) {
     if (!reader.choices().include_system && wbexport::IsOfSystem(*procedure, result.info)) {
       ++left_out;
     } else {

@@ -11,7 +11,7 @@ namespace {
 using simtest::Outcome;
 using wbtest::Facts;
 
-// Where the two deliberately differ.
+// Where the two differ, and the reason of each difference.
 struct Comparison {
   const char* server;
   std::vector<std::string> left_out;  // facts that hold one of these texts
