@@ -10,23 +10,24 @@
 namespace base {
 
 template <std::integral Char>
-constexpr Char LowerAscii(Char c) {
+[[nodiscard]] constexpr Char LowerAscii(Char c) {
   return c >= 'A' && c <= 'Z' ? static_cast<Char>(c - 'A' + 'a') : c;
 }
 
-inline std::string LowerAscii(std::string_view text) {
+[[nodiscard]] inline std::string LowerAscii(std::string_view text) {
   std::string lower(text);
   for (char& c : lower) c = LowerAscii(c);
   return lower;
 }
-inline std::u16string LowerAscii(std::u16string_view text) {
+[[nodiscard]] inline std::u16string LowerAscii(std::u16string_view text) {
   std::u16string lower(text);
   for (char16_t& c : lower) c = LowerAscii(c);
   return lower;
 }
 
 template <class Char>
-constexpr bool EqualIgnoringCaseOf(std::basic_string_view<Char> a, std::basic_string_view<Char> b) {
+[[nodiscard]] constexpr bool EqualIgnoringCaseOf(std::basic_string_view<Char> a,
+                                                 std::basic_string_view<Char> b) {
   if (a.size() != b.size()) return false;
   for (std::size_t i = 0; i < a.size(); ++i) {
     if (a[i] != b[i] && LowerAscii(a[i]) != LowerAscii(b[i])) return false;

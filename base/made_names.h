@@ -23,7 +23,7 @@ enum class Product : std::uint8_t {
   kFirebird,
 };
 // By the name that a driver gives, upper and lower case alike; kOther for any other or none.
-Product FindProduct(std::string_view dbms_name);
+[[nodiscard]] Product FindProduct(std::string_view dbms_name);
 
 enum class NamedKind : std::uint8_t {
   kPrimaryKey,
@@ -37,7 +37,7 @@ enum class NamedKind : std::uint8_t {
 
 // Whether `name` is one that the server made, or none at all. `columns` are those of the object, an
 // expression standing as "expr"; of a check, which does not tell, all of the table's.
-bool IsMadeName(Product product, NamedKind kind, const std::string& name, const std::string& table,
-                const std::vector<std::string>& columns);
+[[nodiscard]] bool IsMadeName(Product product, NamedKind kind, const std::string& name,
+                              const std::string& table, const std::vector<std::string>& columns);
 
 }  // namespace base

@@ -20,13 +20,13 @@ struct AskedRenames {
 
   // Enters owners into the context's names as well. False, with a sentence in `why`, where a rename
   // names nothing that is there, or more than one thing.
-  bool Resolve(Context& context, std::string& why);
+  [[nodiscard]] bool Resolve(Context& context, std::string& why);
   // The columns of a pair of tables, by their positions.
   std::vector<std::pair<int, int>> ColumnsIn(const LcWorkbookTable& before,
                                              const LcWorkbookTable& after) const;
 
  private:
-  bool ResolveOne(Context& context, const Options::Rename& rename, std::string& why);
+  [[nodiscard]] bool ResolveOne(Context& context, const Options::Rename& rename, std::string& why);
 };
 
 }  // namespace wbcompare

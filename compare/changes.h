@@ -88,10 +88,10 @@ enum class Severity : std::uint8_t {
 };
 
 // The words that outputs and options use: "foreign-key", "on-delete", "renamed", "breaking".
-const char* NameOf(Object object);
-const char* NameOf(Property property);
-const char* NameOf(Action action);
-const char* NameOf(Severity severity);
+[[nodiscard]] const char* NameOf(Object object);
+[[nodiscard]] const char* NameOf(Property property);
+[[nodiscard]] const char* NameOf(Action action);
+[[nodiscard]] const char* NameOf(Severity severity);
 
 // What the compatible reading knows of a primary key: the columns of its table.
 struct PlainKey {
@@ -178,7 +178,7 @@ struct Comparison {
 
   std::size_t Count(Severity severity) const;
   // Whether there is a change of this severity or a worse one.
-  bool HasAtLeast(Severity severity) const;
+  [[nodiscard]] bool HasAtLeast(Severity severity) const;
 };
 
 struct Side {
@@ -216,9 +216,9 @@ struct Options {
 
 // A kind of object ("index"), a property ("comment"), both ("column.default"), or an object with an
 // action ("table.added"). "key" stands for primary and unique keys.
-bool IsIgnorable(std::string_view word);
+[[nodiscard]] bool IsIgnorable(std::string_view word);
 // Those words as a list, for people.
-std::string IgnorableWords();
+[[nodiscard]] std::string IgnorableWords();
 
 // Compares. The time is that of a few walks over both workbooks. False, with a sentence in `why`,
 // where a rename names something that is not there.

@@ -25,13 +25,13 @@ struct ColumnMatch {
 };
 
 // Whether all columns have the same names in the same places, so that there is nothing to match.
-bool AreInPlace(const Context& context, const LcWorkbookTable& before,
-                const LcWorkbookTable& after);
+[[nodiscard]] bool AreInPlace(const Context& context, const LcWorkbookTable& before,
+                              const LcWorkbookTable& after);
 
 // `asked` are the columns that the caller said are renamed.
-ColumnMatch MatchColumns(const Context& context, const LcWorkbookTable& before,
-                         const LcWorkbookTable& after,
-                         const std::vector<std::pair<int, int>>& asked);
+[[nodiscard]] ColumnMatch MatchColumns(const Context& context, const LcWorkbookTable& before,
+                                       const LcWorkbookTable& after,
+                                       const std::vector<std::pair<int, int>>& asked);
 
 // Tells the changes of the columns. `match` is null where all are in place.
 void CompareColumns(Context& context, const LcWorkbookTable& before, const LcWorkbookTable& after,

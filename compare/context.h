@@ -31,7 +31,7 @@ class Context {
   const Product product;  // of both sides; kOther where they differ
 
   // Whether both sides can know this of an object, or are to be asked for it all the same.
-  bool Compares(Object object, Property property = Property::kNone) const;
+  [[nodiscard]] bool Compares(Object object, Property property = Property::kNone) const;
 
   // All that is compared but the name and the comment, for finding what is alike.
   std::string DefinitionOf(Object object, const ObjectRef& ref, const Names& names) const;
@@ -45,26 +45,27 @@ class Context {
   void ComparePair(Object object, const ObjectRef& old_ref, const ObjectRef& new_ref,
                    const LcWorkbookTable* old_table, const LcWorkbookTable* new_table);
 
-  bool LeavesOut(std::u16string_view owner, std::u16string_view name) const {
+  [[nodiscard]] bool LeavesOut(std::u16string_view owner, std::u16string_view name) const {
     return options.leaves_out && options.leaves_out(owner, name);
   }
   // Whether either name of a part of a table is to be left out.
-  bool LeavesOutPart(const Change& change) const;
+  [[nodiscard]] bool LeavesOutPart(const Change& change) const;
   void AddUnknown(Object object, bool old_side, const std::string& reason, const std::string& name);
 
  private:
   // Whether both sides can know this of an object.
-  bool IsShared(Object object, Property property) const;
-  bool Ignores(const Change& change) const;
-  bool AreEqual(const Change& change, const Fact& a, const Fact& b) const;
+  [[nodiscard]] bool IsShared(Object object, Property property) const;
+  [[nodiscard]] bool Ignores(const Change& change) const;
+  [[nodiscard]] bool AreEqual(const Change& change, const Fact& a, const Fact& b) const;
   const std::string* WhyMissing(const Change& change, bool old_side) const;
   void CompareOptions(const Change& pair);
   void AddChanged(const Change& change, bool old_missing, bool new_missing);
 };
 
 // "owner.table.name", "owner.name"; for people.
-std::string FullName(Object object, const ObjectRef& ref, const LcWorkbookTable* table);
+[[nodiscard]] std::string FullName(Object object, const ObjectRef& ref,
+                                   const LcWorkbookTable* table);
 
-Severity SeverityOf(const Change& change);
+[[nodiscard]] Severity SeverityOf(const Change& change);
 
 }  // namespace wbcompare

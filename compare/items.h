@@ -36,7 +36,7 @@ class ItemMatcher {
   void MatchLeftovers();
   void Tell(Item& before, Item& after);
   void TellRest();
-  bool IsMade(const Item& item, const LcWorkbookTable* table) const;
+  [[nodiscard]] bool IsMade(const Item& item, const LcWorkbookTable* table) const;
   std::string IdentityOf(const Item& item, const Names& names) const;
 
   Context& context_;

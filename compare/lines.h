@@ -41,23 +41,23 @@ class Lines {
 };
 
 // "columns", "foreign keys".
-std::string Plural(std::string word);
+[[nodiscard]] std::string Plural(std::string word);
 // "column", "foreign key", for people.
-std::string Spoken(std::string word);
+[[nodiscard]] std::string Spoken(std::string word);
 // "column name", "view", "primary key customer_pkey".
-std::string Subject(const Change& change, const Line& line);
+[[nodiscard]] std::string Subject(const Change& change, const Line& line);
 // "perhaps renamed to mail: the same type, the same place".
-std::string RenameText(const Change& change, const Line& line);
+[[nodiscard]] std::string RenameText(const Change& change, const Line& line);
 // The change without its subject: "added: varchar(40)", "data type int -> bigint".
-std::string Predicate(const Change& change, const Line& line);
+[[nodiscard]] std::string Predicate(const Change& change, const Line& line);
 // "sales.customer", with " -> sales.buyer" behind it where it is called so now; what the changes of
 // a group without a table are about.
-std::string Heading(const Group& group, const Comparison& comparison);
+[[nodiscard]] std::string Heading(const Group& group, const Comparison& comparison);
 // "2 breaking, 1 careful and 3 harmless changes in 2 tables"; of two readings, their lead.
-std::string Summary(const Comparison& comparison);
+[[nodiscard]] std::string Summary(const Comparison& comparison);
 // "3 indexes not known on the old side (t.a, t.b, u.c): no right".
-std::string UnknownText(const Unknown& unknown);
+[[nodiscard]] std::string UnknownText(const Unknown& unknown);
 // "PostgreSQL 15, exact reading".
-std::string SourceText(const LcWorkbookFileInfo& info);
+[[nodiscard]] std::string SourceText(const LcWorkbookFileInfo& info);
 
 }  // namespace wbcompare

@@ -60,6 +60,6 @@ class Names {
 };
 
 // The names of the one side that are there to be shown.
-const Names& ShownNames();
+[[nodiscard]] const Names& ShownNames();
 
 }  // namespace wbcompare

@@ -17,16 +17,16 @@ using Fact = std::optional<std::string>;
 
 // The properties of a kind of object that are compared, in the order in which they are told.
 std::span<const Property> PropertiesOf(Object object);
-Fact FactOf(const ObjectRef& ref, Property property, const Names& names);
+[[nodiscard]] Fact FactOf(const ObjectRef& ref, Property property, const Names& names);
 // Null for an object that has none.
-const LcOptions* OptionsOf(const ObjectRef& ref);
+[[nodiscard]] const LcOptions* OptionsOf(const ObjectRef& ref);
 
 // The name: "customer_id", of a routine with the types of its parameters. Empty for what has none.
-std::string NameOf(const ObjectRef& ref, const Names& names);
+[[nodiscard]] std::string NameOf(const ObjectRef& ref, const Names& names);
 // The owner of what has one of its own; empty for what is part of a table.
-std::string OwnerOf(const ObjectRef& ref, const Names& names);
+[[nodiscard]] std::string OwnerOf(const ObjectRef& ref, const Names& names);
 // The object in a line: "varchar(40) not null", "(a, b) -> t (c)". Empty where the name says all.
-std::string SummaryOf(const ObjectRef& ref);
+[[nodiscard]] std::string SummaryOf(const ObjectRef& ref);
 
 // The columns of a foreign key with those that they refer to.
 struct ForeignKeyParts {
@@ -36,14 +36,14 @@ struct ForeignKeyParts {
   std::vector<std::string> target_columns;
   const LcForeignKeyDetails* details = nullptr;
 };
-ForeignKeyParts PartsOf(const ForeignKeyRef& ref, const Names& names);
+[[nodiscard]] ForeignKeyParts PartsOf(const ForeignKeyRef& ref, const Names& names);
 
 // The type as the server spells it.
-std::string TypeTextOf(const LcWorkbookColumn& column);
+[[nodiscard]] std::string TypeTextOf(const LcWorkbookColumn& column);
 
 // "fillfactor 70, storage external"
-std::string OptionsText(const LcOptions& options);
+[[nodiscard]] std::string OptionsText(const LcOptions& options);
 // "a, b"
-std::string Joined(const std::vector<std::string>& texts);
+[[nodiscard]] std::string Joined(const std::vector<std::string>& texts);
 
 }  // namespace wbcompare

@@ -18,10 +18,11 @@ struct ReadingCount {
 };
 
 // In the order of objects and properties; without kinds of which nothing differs.
-std::vector<ReadingCount> CountByKind(const std::vector<Change>& changes);
+[[nodiscard]] std::vector<ReadingCount> CountByKind(const std::vector<Change>& changes);
 
 // "The compatible reading lacks 12 column defaults and 4 checks.": a sentence for each side that
 // lacks something, one for what differs; one sentence where nothing does.
-std::vector<std::string> LeadOf(const std::vector<Change>& changes, const Readings& readings);
+[[nodiscard]] std::vector<std::string> LeadOf(const std::vector<Change>& changes,
+                                              const Readings& readings);
 
 }  // namespace wbcompare

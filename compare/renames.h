@@ -20,17 +20,18 @@ struct RenameGuess {
 
 // Tables that are alike. The time grows with the number of their columns: only tables that share a
 // column (or a name) that few others have are held against each other.
-std::vector<RenameGuess> GuessTables(const std::vector<const LcWorkbookTable*>& before,
-                                     const std::vector<const LcWorkbookTable*>& after,
-                                     const Names& old_names, const Names& new_names);
+[[nodiscard]] std::vector<RenameGuess> GuessTables(
+    const std::vector<const LcWorkbookTable*>& before,
+    const std::vector<const LcWorkbookTable*>& after, const Names& old_names,
+    const Names& new_names);
 
 // A column without its like. Equal places mean: between the same columns of both tables.
 struct LooseColumn {
   const LcWorkbookColumn* column = nullptr;
   std::size_t place = 0;
 };
-std::vector<RenameGuess> GuessColumns(const std::vector<LooseColumn>& before,
-                                      const std::vector<LooseColumn>& after);
+[[nodiscard]] std::vector<RenameGuess> GuessColumns(const std::vector<LooseColumn>& before,
+                                                    const std::vector<LooseColumn>& after);
 
 // How much two names resemble one another, from 0 to 1; the same either way round.
 double Resemblance(const std::string& a, const std::string& b);

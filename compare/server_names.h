@@ -10,14 +10,14 @@
 namespace wbcompare {
 
 using base::Product;
-Product FindProduct(const LcWorkbookFileInfo& info);
+[[nodiscard]] Product FindProduct(const LcWorkbookFileInfo& info);
 
 // Whether `name` is one that the server made for the object, or none at all. `table` is null for
 // what stands at the top.
-bool IsServerMade(Product product, Object object, const ObjectRef& ref, const std::string& name,
-                  const LcWorkbookTable* table);
+[[nodiscard]] bool IsServerMade(Product product, Object object, const ObjectRef& ref,
+                                const std::string& name, const LcWorkbookTable* table);
 
 // Whether a table is the server's own, which the exact reading leaves out and a driver may list.
-bool IsServersTable(Product product, const LcWorkbookTable& table);
+[[nodiscard]] bool IsServersTable(Product product, const LcWorkbookTable& table);
 
 }  // namespace wbcompare

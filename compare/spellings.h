@@ -19,7 +19,7 @@ struct Spelling {
 std::span<const Spelling> AllSpellings();
 
 // Whether both are one thing, spelled differently.
-bool AreSpellingsOfOne(Product product, Object object, Property property, const Fact& a,
-                       const Fact& b);
+[[nodiscard]] bool AreSpellingsOfOne(Product product, Object object, Property property,
+                                     const Fact& a, const Fact& b);
 
 }  // namespace wbcompare

@@ -21,9 +21,9 @@ struct TablePair {
 // Matches the tables and, in each pair, the columns; renames that were asked for and guessed ones
 // are entered into the context's names. False, with a sentence in `why`, where a rename that was
 // asked for names what is not there.
-bool MatchTables(Context& context, std::vector<TablePair>& pairs, std::string& why);
+[[nodiscard]] bool MatchTables(Context& context, std::vector<TablePair>& pairs, std::string& why);
 
 // Views and synonyms are tables of their own kind; a pair that changed its kind is a table.
-Object ObjectOf(const LcWorkbookTable* before, const LcWorkbookTable* after);
+[[nodiscard]] Object ObjectOf(const LcWorkbookTable* before, const LcWorkbookTable* after);
 
 }  // namespace wbcompare

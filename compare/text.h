@@ -9,13 +9,13 @@ namespace wbcompare {
 
 // For people: control characters as their pictures (U+2400 and on), so that no name moves a
 // terminal's cursor or breaks a line.
-std::string Shown(std::string_view text);
+[[nodiscard]] std::string Shown(std::string_view text);
 
 // The lines of a text without their ends.
-std::vector<std::string> LinesOf(std::string_view text);
+[[nodiscard]] std::vector<std::string> LinesOf(std::string_view text);
 
 // What differs between two texts, in the unified form with three lines around: "@@ -1,4 +1,5 @@"
 // and so on, a line each.
-std::vector<std::string> UnifiedDiff(std::string_view from, std::string_view to);
+[[nodiscard]] std::vector<std::string> UnifiedDiff(std::string_view from, std::string_view to);
 
 }  // namespace wbcompare

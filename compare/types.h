@@ -15,11 +15,11 @@ enum class TypeChange {
   kNarrowed,  // of the same kind, but not every value fits
   kOther,     // another kind of type
 };
-TypeChange CompareTypes(std::string_view from, std::string_view to);
+[[nodiscard]] TypeChange CompareTypes(std::string_view from, std::string_view to);
 
 // Whether a type as a driver tells it can be the one that the catalog tells. Drivers have names and
 // sizes of their own: MariaDB's tells a varchar(40) as a CHAR of 160 bytes, SQLite's a NUMERIC as a
 // DOUBLE. So only numbers, texts, bytes and times are told apart, and unknown types are anything.
-bool CanBeSameType(std::string_view a, std::string_view b);
+[[nodiscard]] bool CanBeSameType(std::string_view a, std::string_view b);
 
 }  // namespace wbcompare

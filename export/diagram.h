@@ -40,24 +40,25 @@ struct Diagram {
 
 // The first table of that name (UTF-8): as it stands, then parted into owner and name. Null, with a
 // sentence in `notes`, when there is none.
-const LcWorkbookTable* FindAround(const LcWorkbook& workbook, const std::string& text,
-                                  std::vector<std::string>& notes);
+[[nodiscard]] const LcWorkbookTable* FindAround(const LcWorkbook& workbook, const std::string& text,
+                                                std::vector<std::string>& notes);
 
 // False, with a sentence in `notes`, when `options` ask for a table that is not there. Otherwise
 // `notes` say what is left out and how to ask for it.
-bool SelectDiagram(const Document& document, const Options& options, Diagram& diagram,
-                   std::vector<std::string>& notes);
+[[nodiscard]] bool SelectDiagram(const Document& document, const Options& options, Diagram& diagram,
+                                 std::vector<std::string>& notes);
 // Leaves of the tables those with the most relationships; the caller says so in the captions.
 void KeepMostConnected(Diagram& diagram, std::size_t most);
 
 // The columns of a table that the diagram has a row for, in their order.
-std::vector<const LcWorkbookColumn*> ShownColumns(const LcWorkbookTable& table,
-                                                  const Diagram& diagram);
+[[nodiscard]] std::vector<const LcWorkbookColumn*> ShownColumns(const LcWorkbookTable& table,
+                                                                const Diagram& diagram);
 // What stands under the shown columns: "9 more columns", "12 partitions"; empty for nothing.
-std::string RestOf(const LcWorkbookTable& table, const Diagram& diagram, std::size_t shown);
+[[nodiscard]] std::string RestOf(const LcWorkbookTable& table, const Diagram& diagram,
+                                 std::size_t shown);
 
 // "PK", "FK", "PK,FK" or nothing.
-const char* KeyMark(const LcWorkbookColumn& column, const Diagram& diagram);
+[[nodiscard]] const char* KeyMark(const LcWorkbookColumn& column, const Diagram& diagram);
 
 // A line of a diagram: the relationships of one table with another.
 struct DiagramLine {
@@ -66,11 +67,11 @@ struct DiagramLine {
 };
 // A line for each relationship between two tables; where there are many, or nothing but names, one
 // for each pair.
-std::vector<DiagramLine> Lines(const Diagram& diagram);
+[[nodiscard]] std::vector<DiagramLine> Lines(const Diagram& diagram);
 // Whether layers would make no picture: too many tables, or too many lines for them.
-bool IsMap(const Diagram& diagram, const std::vector<DiagramLine>& lines);
+[[nodiscard]] bool IsMap(const Diagram& diagram, const std::vector<DiagramLine>& lines);
 // "sales.order (customer_id) -> sales.customer (id)", with the name of the key.
-std::string DescribeRelationship(const Relationship& relationship);
+[[nodiscard]] std::string DescribeRelationship(const Relationship& relationship);
 
 // How a line lies in the layers of a drawing.
 struct LineCourse {
@@ -78,6 +79,7 @@ struct LineCourse {
   bool is_reversed = false;  // the table that refers stands before the other
 };
 // By position in `lines`; chosen so that the drawing becomes wide and not one tall column.
-std::vector<LineCourse> LineCourses(const Diagram& diagram, const std::vector<DiagramLine>& lines);
+[[nodiscard]] std::vector<LineCourse> LineCourses(const Diagram& diagram,
+                                                  const std::vector<DiagramLine>& lines);
 
 }  // namespace wbexport

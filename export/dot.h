@@ -7,9 +7,9 @@
 
 namespace wbexport {
 
-std::string DotText(const Diagram& diagram);
+[[nodiscard]] std::string DotText(const Diagram& diagram);
 
 // Text between tags or in an attribute; what no XML text may hold becomes U+FFFD.
-std::string EscapeXml(const std::string& text);
+[[nodiscard]] std::string EscapeXml(const std::string& text);
 
 }  // namespace wbexport

@@ -60,8 +60,8 @@ class Facts {
   bool IsRepeated(const Relationship& relationship) const { return IsFolded(*relationship.from); }
 
  private:
-  bool IsMade(base::NamedKind kind, const LcText& name, const LcWorkbookTable& table,
-              const std::vector<const LcWorkbookColumn*>& columns) const;
+  [[nodiscard]] bool IsMade(base::NamedKind kind, const LcText& name, const LcWorkbookTable& table,
+                            const std::vector<const LcWorkbookColumn*>& columns) const;
   Fact OfKey(const LcKeyDetails& key, const LcWorkbookTable& table) const;
   Fact OfIndex(const LcIndexDetails& index, const LcWorkbookTable& table) const;
 
@@ -71,15 +71,15 @@ class Facts {
 };
 
 // The comment of a table or column, over several lines; empty where there is none.
-std::string CommentOf(const LcWorkbookTable& table);
-std::string CommentOf(const LcWorkbookColumn& column);
+[[nodiscard]] std::string CommentOf(const LcWorkbookTable& table);
+[[nodiscard]] std::string CommentOf(const LcWorkbookColumn& column);
 // The text of a view, over several lines; empty where it is none or was not read.
-std::string ViewTextOf(const LcWorkbookTable& table);
+[[nodiscard]] std::string ViewTextOf(const LcWorkbookTable& table);
 // The same text on one line.
-std::string Flat(const std::string& text);
+[[nodiscard]] std::string Flat(const std::string& text);
 // Appends a piece, behind the separator where there is something; an empty piece is none.
 void Join(std::string& list, const std::string& piece, const char* separator = ", ");
 // The lines of a text, without their ends and without empty ones at its end.
-std::vector<std::string> SplitLines(const std::string& text);
+[[nodiscard]] std::vector<std::string> SplitLines(const std::string& text);
 
 }  // namespace wbexport

@@ -13,44 +13,44 @@ namespace wbexport {
 
 // A name for people: control characters are shown as their pictures (U+2400 and on), so that no
 // name moves a terminal's cursor or breaks a line.
-std::string Display(std::u16string_view text);
+[[nodiscard]] std::string Display(std::u16string_view text);
 // The same, but line ends and tabs stay: for comments and the texts of views and routines.
-std::string DisplayLines(std::u16string_view text);
+[[nodiscard]] std::string DisplayLines(std::u16string_view text);
 // The same on one line: blanks and line ends in a row become one blank.
-std::string DisplayLine(std::u16string_view text);
+[[nodiscard]] std::string DisplayLine(std::u16string_view text);
 // "owner.name", or the name alone where there is no owner.
-std::string DisplayName(std::u16string_view owner, std::u16string_view name);
-std::string DisplayName(const LcWorkbookTable& table);
+[[nodiscard]] std::string DisplayName(std::u16string_view owner, std::u16string_view name);
+[[nodiscard]] std::string DisplayName(const LcWorkbookTable& table);
 // "a, b, c"
-std::string DisplayColumns(const std::vector<LcWorkbookColumn*>& columns);
+[[nodiscard]] std::string DisplayColumns(const std::vector<LcWorkbookColumn*>& columns);
 // The column's type as the server spells it, else as it is put together from what was read:
 // "DECIMAL(12,2)"; empty when it is not known.
-std::string TypeText(const LcWorkbookColumn& column);
-std::string TypeName(const LcWorkbookDatatype& type);
+[[nodiscard]] std::string TypeText(const LcWorkbookColumn& column);
+[[nodiscard]] std::string TypeName(const LcWorkbookDatatype& type);
 // "table", "view" or "synonym".
-const char* KindName(enumTableType type);
+[[nodiscard]] const char* KindName(enumTableType type);
 // The more exact kind where it was read: "materialized view", "foreign table", ...
-std::string KindName(const LcWorkbookTable& table);
+[[nodiscard]] std::string KindName(const LcWorkbookTable& table);
 // What a synonym stands for: "owner.name", with "@database" or "@database@server" behind it.
-std::string SynonymTarget(const LcSynonymDetails& synonym);
+[[nodiscard]] std::string SynonymTarget(const LcSynonymDetails& synonym);
 // "Handmade Server 3, read through the odbc route"; "Unknown server" without a name. The title of
 // the database, where it has one, stands first, the time of the import last.
-std::string SourceText(const LcWorkbookFileInfo& info);
+[[nodiscard]] std::string SourceText(const LcWorkbookFileInfo& info);
 // One sentence when the import was cut short, else empty.
-std::string IncompleteText(const LcWorkbookFileInfo& info);
+[[nodiscard]] std::string IncompleteText(const LcWorkbookFileInfo& info);
 // Whether a procedure is the server's own, by the owner that it comes under.
-bool IsOfSystem(const LcWorkbookProcedure& procedure, const LcWorkbookFileInfo& info);
+[[nodiscard]] bool IsOfSystem(const LcWorkbookProcedure& procedure, const LcWorkbookFileInfo& info);
 // The procedures to list for people, and how many of the server's own are left out of them: all but
 // where the options ask for them.
 struct ListedProcedures {
   std::vector<const LcWorkbookProcedure*> listed;
   std::size_t left_out = 0;
 };
-ListedProcedures ProceduresToList(const Document& document, const Options& options);
+[[nodiscard]] ListedProcedures ProceduresToList(const Document& document, const Options& options);
 // "owner.name", or the name alone where there is no owner.
-std::string DisplayName(const LcWorkbookProcedure& procedure);
+[[nodiscard]] std::string DisplayName(const LcWorkbookProcedure& procedure);
 // "1 table", "2 tables".
-std::string Count(std::size_t count, const char* one, const char* many);
+[[nodiscard]] std::string Count(std::size_t count, const char* one, const char* many);
 
 // A relationship: `from_columns` of the referencing table hold the values of `to_columns`.
 struct Relationship {
@@ -83,8 +83,8 @@ class Relationships {
 };
 
 // How many tables there are, empty entries not counted.
-std::size_t CountTables(const LcWorkbook& workbook, enumTableType type);
+[[nodiscard]] std::size_t CountTables(const LcWorkbook& workbook, enumTableType type);
 // "5 tables, 1 view and 1 synonym"
-std::string TableCounts(const LcWorkbook& workbook);
+[[nodiscard]] std::string TableCounts(const LcWorkbook& workbook);
 
 }  // namespace wbexport

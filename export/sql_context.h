@@ -46,7 +46,7 @@ class Context {
   // The sequence that is a column's own; null where there is none.
   const LcSequenceDetails* SequenceOf(const LcWorkbookColumn& column) const;
   // Whether a key, an index or a foreign key is on the column.
-  bool IsInKey(const LcWorkbookColumn& column);
+  [[nodiscard]] bool IsInKey(const LcWorkbookColumn& column);
   // The name of a key, an index or a foreign key. In a translation it is another one where the
   // target has had it already, since servers differ in what names have to be unique in; empty for a
   // primary key that has no name of its own.
@@ -63,7 +63,7 @@ class Context {
   RoutineTime TimeOf(const LcRoutineDetails& routine) const;
   // Whether the script makes this table: it has columns, and is no view, no synonym, no table of
   // the server's own; one of another server only on the kind of server it was read from.
-  bool Makes(const LcWorkbookTable& table) const;
+  [[nodiscard]] bool Makes(const LcWorkbookTable& table) const;
 
   std::unordered_map<std::u16string, bool> odd_types;  // whether they need quotes
 
@@ -82,28 +82,29 @@ class Context {
 };
 
 // What has to be there before a routine can be made, as a text that mentions it.
-std::u16string MentionsOf(const LcRoutineDetails& routine);
+[[nodiscard]] std::u16string MentionsOf(const LcRoutineDetails& routine);
 
 // "owner.name" for people, or the name alone.
-std::string ShowName(std::u16string_view schema, std::u16string_view name);
+[[nodiscard]] std::string ShowName(std::u16string_view schema, std::u16string_view name);
 
 // A table that SQLite makes beside a virtual one.
-bool IsShadow(const LcWorkbookTable& table);
+[[nodiscard]] bool IsShadow(const LcWorkbookTable& table);
 // A table that a module of SQLite's keeps.
-bool IsVirtual(const LcWorkbookTable& table);
+[[nodiscard]] bool IsVirtual(const LcWorkbookTable& table);
 // A table whose rows another server has, of which the workbook says how to reach it.
-bool IsForeign(const LcWorkbookTable& table);
+[[nodiscard]] bool IsForeign(const LcWorkbookTable& table);
 // Tables with rows of their own or of another server: no view, no synonym, none of the server's
 // own.
-bool IsPlainTable(const LcWorkbookTable& table);
+[[nodiscard]] bool IsPlainTable(const LcWorkbookTable& table);
 // Views, materialized ones too.
-bool IsView(const LcWorkbookTable& table);
+[[nodiscard]] bool IsView(const LcWorkbookTable& table);
 // Whether the table is a part of another one that the script makes.
-const LcWorkbookTable* ParentOf(const LcWorkbook& workbook, const LcWorkbookTable& table);
+[[nodiscard]] const LcWorkbookTable* ParentOf(const LcWorkbook& workbook,
+                                              const LcWorkbookTable& table);
 // The tables that the script makes, parts before what they are parts of: a key or index of the
 // whole then takes those of the parts, with their names.
-std::vector<const LcWorkbookTable*> PartsFirst(const LcWorkbook& workbook);
+[[nodiscard]] std::vector<const LcWorkbookTable*> PartsFirst(const LcWorkbook& workbook);
 // A check that its server keeps with a column.
-bool IsColumnCheck(const LcCheckDetails& check);
+[[nodiscard]] bool IsColumnCheck(const LcCheckDetails& check);
 
 }  // namespace wbexport::sql

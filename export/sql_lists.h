@@ -10,6 +10,6 @@ namespace wbexport::sql {
 // varying,
 // ...])::text[])`, and that, read again, as something else once more. The text with such lists as
 // they were written, so that a copy's are shown as the original's.
-std::string WithPlainLists(std::string_view text);
+[[nodiscard]] std::string WithPlainLists(std::string_view text);
 
 }  // namespace wbexport::sql

@@ -20,11 +20,11 @@ struct Mentioning {
 // mention is the name as a whole word, case ignored, wherever it stands: one too many costs
 // nothing but the place. Things that mention each other in a circle keep the order given.
 // Linear in the texts.
-std::vector<std::size_t> OrderByMentions(const std::vector<Mentioning>& things);
+[[nodiscard]] std::vector<std::size_t> OrderByMentions(const std::vector<Mentioning>& things);
 
 // A name as it is looked for: ASCII letters in lower case.
-std::u16string Lowered(std::u16string_view text);
+[[nodiscard]] std::u16string Lowered(std::u16string_view text);
 // Whether the text mentions one of the names, which are lowered.
-bool MentionsAny(std::u16string_view text, const std::set<std::u16string>& names);
+[[nodiscard]] bool MentionsAny(std::u16string_view text, const std::set<std::u16string>& names);
 
 }  // namespace wbexport::sql

@@ -36,19 +36,23 @@ void WriteSequenceOwners(Context& context);
 void WriteComments(Context& context);
 
 // Pieces that several parts need.
-std::string SequenceClauses(const Context& context, const LcSequenceDetails& sequence);
-std::string KeyClause(Context& context, const LcWorkbookTable& table, const LcKeyDetails& key);
+[[nodiscard]] std::string SequenceClauses(const Context& context,
+                                          const LcSequenceDetails& sequence);
+[[nodiscard]] std::string KeyClause(Context& context, const LcWorkbookTable& table,
+                                    const LcKeyDetails& key);
 // A key that has to stand with its column, as SQLite's that numbers rows; empty for any other.
-std::string ColumnKeyClause(Context& context, const LcWorkbookTable& table,
-                            const LcKeyDetails& key);
-std::string CheckClause(const Context& context, const LcCheckDetails& check);
-std::string ForeignKeyClause(Context& context, const LcWorkbookTable& table,
-                             const LcForeignKeyDetails* details,
-                             const std::vector<LcWorkbookColumn*>& columns,
-                             const std::string& target, const std::string& target_columns);
-std::string IndexParts(const Context& context, const LcIndexDetails& index);
+[[nodiscard]] std::string ColumnKeyClause(Context& context, const LcWorkbookTable& table,
+                                          const LcKeyDetails& key);
+[[nodiscard]] std::string CheckClause(const Context& context, const LcCheckDetails& check);
+[[nodiscard]] std::string ForeignKeyClause(Context& context, const LcWorkbookTable& table,
+                                           const LcForeignKeyDetails* details,
+                                           const std::vector<LcWorkbookColumn*>& columns,
+                                           const std::string& target,
+                                           const std::string& target_columns);
+[[nodiscard]] std::string IndexParts(const Context& context, const LcIndexDetails& index);
 // The keys, checks and foreign keys of a table as clauses inside its parentheses.
-std::vector<std::string> InnerConstraints(Context& context, const LcWorkbookTable& table,
-                                          bool foreign_keys);
+[[nodiscard]] std::vector<std::string> InnerConstraints(Context& context,
+                                                        const LcWorkbookTable& table,
+                                                        bool foreign_keys);
 
 }  // namespace wbexport::sql

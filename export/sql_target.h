@@ -110,10 +110,10 @@ class Target {
 };
 
 // `{a,"b c"}` as its elements: PostgreSQL's form of a list of texts.
-std::vector<std::string> Elements(std::string_view text);
+[[nodiscard]] std::vector<std::string> Elements(std::string_view text);
 
 // Null where no script is written for such a server. Names of dialects, exact case.
-const Target* FindTarget(std::string_view name);
+[[nodiscard]] const Target* FindTarget(std::string_view name);
 std::span<const Target> AllTargets();
 
 }  // namespace wbexport::sql

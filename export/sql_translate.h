@@ -11,18 +11,19 @@ namespace wbexport::sql {
 
 // Whether the server numbers the rows by this column: it is an identity column, or its default
 // takes from a sequence that is its own.
-bool NumbersRows(const Context& context, const LcWorkbookColumn& column);
+[[nodiscard]] bool NumbersRows(const Context& context, const LcWorkbookColumn& column);
 
 // Whether the target can number rows by the column in hand.
-bool CanNumberRows(const Context& context, const LcWorkbookColumn& column);
+[[nodiscard]] bool CanNumberRows(const Context& context, const LcWorkbookColumn& column);
 
 // A column's default in words that every server reads the same way, where it has some: a number, a
 // text, NULL, the time, as far as the column's kind takes it.
-std::optional<std::string> TranslatedDefault(const Context& context, const LcWorkbookColumn& column,
-                                             std::u16string_view text);
+[[nodiscard]] std::optional<std::string> TranslatedDefault(const Context& context,
+                                                           const LcWorkbookColumn& column,
+                                                           std::u16string_view text);
 
 // The type of a column in hand, empty where there is no counterpart. A long text that is part of a
 // key is a shorter one where keys ask for that.
-std::string TranslatedType(Context& context, const LcWorkbookColumn& column);
+[[nodiscard]] std::string TranslatedType(Context& context, const LcWorkbookColumn& column);
 
 }  // namespace wbexport::sql

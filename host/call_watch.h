@@ -45,10 +45,10 @@ class CallWatch : public platform::CallLog {
 
   void Watch();
   // Looks once; true when the run is to end.
-  bool Look(Seen& seen);
-  bool Take();
+  [[nodiscard]] bool Look(Seen& seen);
+  [[nodiscard]] bool Take();
   // Has the call in hand cancelled at the driver; false where there is none any more.
-  bool Cancel();
+  [[nodiscard]] bool Cancel();
   [[noreturn]] void End(ExitCode code, const std::string& why);
 
   const Timeouts limits_;

@@ -23,7 +23,7 @@ struct Item {
 // The kinds of items by the names that the command line and the request file use.
 const std::vector<Item>& AllItems();
 // Empty when there is no item of that name.
-std::optional<LeItemBit> FindItem(std::string_view name);
+[[nodiscard]] std::optional<LeItemBit> FindItem(std::string_view name);
 
 // A setting of this run: a DWORD, or a text, which the settings store holds as a value of another
 // type and which therefore counts as not set.
@@ -56,26 +56,26 @@ struct Choices {
   bool unsafe_names = false;  // names that could leave their quotes pass as they stand
   std::string request;        // the request file's name, for messages; empty: none was given
 
-  bool HasSingleTable() const;
+  [[nodiscard]] bool HasSingleTable() const;
   // The items to import: those chosen, or the first nine kinds, of which synonyms are left out when
   // something is selected and no synonym is.
   std::uint32_t ItemMask() const;
 };
 
-const char* NameOf(Choices::Reading reading);
+[[nodiscard]] const char* NameOf(Choices::Reading reading);
 // Empty when there is no reading of that name.
-std::optional<Choices::Reading> FindReading(std::string_view name);
+[[nodiscard]] std::optional<Choices::Reading> FindReading(std::string_view name);
 
 // Reads a request file (JSON). Throws a Failure that names the file and the field.
-Choices ParseRequest(std::string_view json, const std::string& file_name);
+[[nodiscard]] Choices ParseRequest(std::string_view json, const std::string& file_name);
 
 // The request file, if any, with the options over it. Throws a Failure.
-Choices ReadChoices(const ChoiceOptions& options);
+[[nodiscard]] Choices ReadChoices(const ChoiceOptions& options);
 // The same with other choices than the usual ones where no request file is given.
-Choices ReadChoices(const ChoiceOptions& options, Choices otherwise);
+[[nodiscard]] Choices ReadChoices(const ChoiceOptions& options, Choices otherwise);
 
 // The choices in the form of a request file: a JSON object that asks for the same import. Choices
 // that are as they are without a file are left out.
-std::string WriteRequest(const Choices& choices);
+[[nodiscard]] std::string WriteRequest(const Choices& choices);
 
 }  // namespace wbhost

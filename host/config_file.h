@@ -12,7 +12,7 @@ namespace wbhost {
 
 // The keys that the file can have, at its top for all commands and in a table named after one for
 // that command alone.
-std::vector<std::string> ConfigKeys();
+[[nodiscard]] std::vector<std::string> ConfigKeys();
 
 // Fills what the command line left open: first from the table of `command`, one of `commands`, then
 // from the top of the file. A connection counts only where none was named before. `file` names

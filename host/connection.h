@@ -25,10 +25,10 @@ struct Target {
 };
 // Reads the password where the options say one is to be had, and tells `secrets` of it. Throws a
 // Failure.
-Target ResolveTarget(const ConnectionOptions& options, Secrets& secrets);
+[[nodiscard]] Target ResolveTarget(const ConnectionOptions& options, Secrets& secrets);
 
 // `file:` form of a SQLite file's name, opened read-only.
-std::string SqliteReadOnlyUri(const std::string& absolute_path, bool immutable);
+[[nodiscard]] std::string SqliteReadOnlyUri(const std::string& absolute_path, bool immutable);
 
 class DriverCalls;
 
@@ -58,15 +58,15 @@ class Connection {
   // Has the server refuse to write, where it knows a statement for that.
   void MakeReadOnly() const;
   // Whether the driver knows that the connection is lost; false where it cannot tell.
-  bool IsDead() const;
+  [[nodiscard]] bool IsDead() const;
   // Whether statements may name an owner in front of a table.
-  bool SupportsOwners() const;
+  [[nodiscard]] bool SupportsOwners() const;
   // The catalog that the connection is in, where catalogs mean something to the driver; else empty.
   std::u16string CurrentCatalog() const { return KnownCatalog().value_or(u""); }
   // Whether the connection is in no catalog although the server has catalogs instead of owners.
-  bool LacksCatalog() const;
+  [[nodiscard]] bool LacksCatalog() const;
   // The catalogs of the server, as its driver lists them; nothing where it does not.
-  std::optional<std::vector<std::u16string>> Catalogs() const;
+  [[nodiscard]] std::optional<std::vector<std::u16string>> Catalogs() const;
 
   struct FunctionOffer {
     const char* name;
@@ -82,7 +82,7 @@ class Connection {
  private:
   // Nothing where catalogs mean nothing or the driver does not tell.
   const std::optional<std::u16string>& KnownCatalog() const;
-  std::optional<std::u16string> AskCurrentCatalog() const;
+  [[nodiscard]] std::optional<std::u16string> AskCurrentCatalog() const;
 
   struct Handles;
   std::string connect_text_;
@@ -95,9 +95,9 @@ class Connection {
 };
 
 // The diagnostics of a call that was just made, in one line; they stay with the handle.
-std::string DiagnosticsOfCall(const platform::DriverCall& call);
+[[nodiscard]] std::string DiagnosticsOfCall(const platform::DriverCall& call);
 // The same; `state` becomes the first SQLSTATE.
-std::string DiagnosticsOfCall(const platform::DriverCall& call, std::string& state);
+[[nodiscard]] std::string DiagnosticsOfCall(const platform::DriverCall& call, std::string& state);
 // Ends what the statement does, from any thread, where its driver can.
 void CancelStatement(void* statement);
 
@@ -106,9 +106,9 @@ struct Installed {
   std::string name;
   std::string driver;  // of a data source; empty for a driver
 };
-std::vector<Installed> InstalledDrivers();
-std::vector<Installed> DataSources();
+[[nodiscard]] std::vector<Installed> InstalledDrivers();
+[[nodiscard]] std::vector<Installed> DataSources();
 // What odbc.ini has for a key of a data source; empty where it has nothing.
-std::string DataSourceValue(const std::string& source, const char* key);
+[[nodiscard]] std::string DataSourceValue(const std::string& source, const char* key);
 
 }  // namespace wbhost

@@ -8,7 +8,7 @@
 namespace wbhost {
 
 // The text of a dialect file. Throws a Failure where it cannot be read.
-std::string ReadDialectFile(const std::string& file);
+[[nodiscard]] std::string ReadDialectFile(const std::string& file);
 
 // Reads the dialect file that the choices name, if any, into them. Throws a Failure that tells the
 // first thing that is wrong with it.

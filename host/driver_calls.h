@@ -44,13 +44,13 @@ class DriverCalls {
   // Has the server refuse to write on this connection, where it knows a statement for that.
   void MakeReadOnly() const;
   // Empty where the driver has no answer.
-  std::optional<std::u16string> InfoText(SQLUSMALLINT info) const;
-  std::optional<SQLUINTEGER> InfoNumber(SQLUSMALLINT info) const;
-  std::optional<std::u16string> AttributeText(SQLINTEGER attribute) const;
-  std::optional<SQLUINTEGER> AttributeNumber(SQLINTEGER attribute) const;
-  bool HasFunction(SQLUSMALLINT function) const;
+  [[nodiscard]] std::optional<std::u16string> InfoText(SQLUSMALLINT info) const;
+  [[nodiscard]] std::optional<SQLUINTEGER> InfoNumber(SQLUSMALLINT info) const;
+  [[nodiscard]] std::optional<std::u16string> AttributeText(SQLINTEGER attribute) const;
+  [[nodiscard]] std::optional<SQLUINTEGER> AttributeNumber(SQLINTEGER attribute) const;
+  [[nodiscard]] bool HasFunction(SQLUSMALLINT function) const;
   // The names of the server's catalogs; empty where the driver does not list them.
-  std::optional<std::vector<std::u16string>> Catalogs() const;
+  [[nodiscard]] std::optional<std::vector<std::u16string>> Catalogs() const;
   // Of a played recording: how many questions it did not hold so far, and why for the first, UTF-8.
   std::pair<SQLUINTEGER, std::string> QuestionsNotHeld() const;
   // Asks for the whole table of functions, so that a log has it.

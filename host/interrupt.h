@@ -13,7 +13,7 @@ enum class InterruptWish { kNone, kStop, kCancel };
 void InstallInterruptHandlers(bool graceful);
 
 // What the user wants by now.
-InterruptWish GetInterruptWish();
+[[nodiscard]] InterruptWish GetInterruptWish();
 
 // A file that is removed when the program is ended at once; empty: none. One at a time.
 void SetFileToRemove(const std::string& path);

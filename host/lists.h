@@ -13,7 +13,7 @@
 namespace wbhost {
 
 // The names of the lists.
-std::vector<std::string> ListNames();
+[[nodiscard]] std::vector<std::string> ListNames();
 
 struct ListedName {
   std::u16string owner;  // empty: none
@@ -21,19 +21,21 @@ struct ListedName {
 };
 
 // The items that a list is read from; none where it needs no database.
-std::uint32_t ItemsOfList(std::string_view list);
+[[nodiscard]] std::uint32_t ItemsOfList(std::string_view list);
 
 // Reads a list of that name, without the tables that the choices do not select. What its imports
 // mean for the exit code goes into `outcome`, what was left out is said on the screen.
-std::vector<ListedName> ReadList(std::string_view list, const Choices& choices,
-                                 ImportRunner& runner, Outcome& outcome, Screen& screen);
+[[nodiscard]] std::vector<ListedName> ReadList(std::string_view list, const Choices& choices,
+                                               ImportRunner& runner, Outcome& outcome,
+                                               Screen& screen);
 // The names of the owners, for another import, so without a trace; nothing when they cannot be
 // read.
-std::optional<std::vector<std::u16string>> ReadOwners(const Choices& choices, ImportRunner& runner);
+[[nodiscard]] std::optional<std::vector<std::u16string>> ReadOwners(const Choices& choices,
+                                                                    ImportRunner& runner);
 
 // One name a line; control characters, which would break the lines, are written as \xNN.
-std::string FormatListAsText(const std::vector<ListedName>& names);
+[[nodiscard]] std::string FormatListAsText(const std::vector<ListedName>& names);
 // An array of {"owner", "name"}.
-std::string FormatListAsJson(const std::vector<ListedName>& names);
+[[nodiscard]] std::string FormatListAsJson(const std::vector<ListedName>& names);
 
 }  // namespace wbhost

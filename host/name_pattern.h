@@ -17,7 +17,8 @@ class NamePattern {
 
   // Whether a name fits; without an owner in the pattern any owner does. What is in quotes never
   // ignores case.
-  bool Matches(std::u16string_view owner, std::u16string_view name, bool ignoring_case) const;
+  [[nodiscard]] bool Matches(std::u16string_view owner, std::u16string_view name,
+                             bool ignoring_case) const;
   bool HasWildcards() const { return owner_.wild || name_.wild; }
   bool HasOwner() const { return has_owner_; }
   // As they stand, for a pattern without wildcards.
@@ -34,7 +35,7 @@ class NamePattern {
     bool quoted = false;
   };
   static Part ReadPart(std::u16string plain, bool quoted);
-  static bool Fits(const Part& part, std::u16string_view name, bool ignoring_case);
+  [[nodiscard]] static bool Fits(const Part& part, std::u16string_view name, bool ignoring_case);
 
   std::string text_;
   const char* option_ = "";

@@ -26,17 +26,19 @@ class Environment {
 };
 
 // Every diagnostic record of a handle's last call, whole; they stay with the handle.
-std::vector<recording::Diagnostic> ReadDiagnosticRecords(SQLSMALLINT handle_type, SQLHANDLE handle);
+[[nodiscard]] std::vector<recording::Diagnostic> ReadDiagnosticRecords(SQLSMALLINT handle_type,
+                                                                       SQLHANDLE handle);
 
 // What the driver manager says of a handle's last failure, in one line: message and SQLSTATE of
 // every record. Sets `state` to the first SQLSTATE.
-std::string ReadDiagnostics(SQLSMALLINT handle_type, SQLHANDLE handle, std::string& state);
+[[nodiscard]] std::string ReadDiagnostics(SQLSMALLINT handle_type, SQLHANDLE handle,
+                                          std::string& state);
 
-inline bool Succeeded(SQLRETURN result) {
+[[nodiscard]] inline bool Succeeded(SQLRETURN result) {
   return result == SQL_SUCCESS || result == SQL_SUCCESS_WITH_INFO;
 }
 
 // A text of ODBC, which is UTF-16 of 16-bit units here.
-std::string FromWide(const SQLWCHAR* text, std::size_t characters);
+[[nodiscard]] std::string FromWide(const SQLWCHAR* text, std::size_t characters);
 
 }  // namespace wbhost

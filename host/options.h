@@ -131,6 +131,6 @@ struct ParsedCommandLine {
   Options options;
   std::optional<int> exit_code;
 };
-ParsedCommandLine ParseCommandLine(const std::vector<std::string>& arguments);
+[[nodiscard]] ParsedCommandLine ParseCommandLine(const std::vector<std::string>& arguments);
 
 }  // namespace wbhost

@@ -24,7 +24,7 @@ enum class ExitCode {
 constexpr int kEndedAtOnce = 130;  // third interrupt: no way back, so no part of an Outcome
 
 // The exit codes and what they mean, a line each, for a user.
-std::string ExitCodeHelp();
+[[nodiscard]] std::string ExitCodeHelp();
 
 // Collects what happened in one run.
 class Outcome {

@@ -10,7 +10,7 @@ namespace wbhost {
 
 // The absolute path with every symbolic link resolved, also one that leads nowhere yet: what is
 // written there makes its target, and the link stays.
-std::string ResolveLinks(const std::string& name);
+[[nodiscard]] std::string ResolveLinks(const std::string& name);
 
 class OutputFile {
  public:
@@ -36,7 +36,7 @@ class OutputFile {
   const std::string& name() const { return name_; }  // as the user wrote it
 
  private:
-  bool WriteWhole(const std::function<bool(std::ostream&)>& write) const;
+  [[nodiscard]] bool WriteWhole(const std::function<bool(std::ostream&)>& write) const;
 
   std::string name_;  // as the user wrote it
   std::string path_;  // symbolic links resolved; empty: standard output

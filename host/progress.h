@@ -14,10 +14,10 @@ namespace wbhost {
 enum class ProgressMode { kBar, kPlain, kEnd, kNone };
 // The mode for a name of --progress; `auto` is a bar where standard error is a terminal, lines
 // where that cannot draw one, and elsewhere one line at the end, which is the caller's.
-ProgressMode ResolveProgressMode(const std::string& name, bool terminal);
+[[nodiscard]] ProgressMode ResolveProgressMode(const std::string& name, bool terminal);
 
 // What a phase reads, for a user.
-const char* PhaseName(enumImpItemType item_type);
+[[nodiscard]] const char* PhaseName(enumImpItemType item_type);
 
 // How far an import is.
 struct ProgressState {
@@ -31,9 +31,9 @@ struct ProgressState {
   std::string item;  // UTF-8; empty: none yet
 };
 // `34 of 100 tables, 120/s, 0:03 left`, as far as it is known.
-std::string DescribeProgress(const ProgressState& state);
+[[nodiscard]] std::string DescribeProgress(const ProgressState& state);
 // The bar of at most `width` columns.
-std::string DrawBar(const ProgressState& state, int width);
+[[nodiscard]] std::string DrawBar(const ProgressState& state, int width);
 
 // Tells from the notifications of an import how far it is. Times are seconds since it began.
 class ProgressCount {

@@ -15,7 +15,7 @@ namespace wbhost {
 
 struct ReplayNotes {
   // Empty without a file. Throws a Failure where the file cannot be read.
-  static std::optional<ReplayNotes> Read(const std::string& file);
+  [[nodiscard]] static std::optional<ReplayNotes> Read(const std::string& file);
 
   // What was wanted when the n-th notification of an import of the run came; both count from 1.
   InterruptWish WishAt(unsigned import_number, unsigned notification) const;

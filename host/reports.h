@@ -39,7 +39,7 @@ struct Reports {
   // Replaces the files, once it is certain that there will be something in them.
   void Open();
   // Says which file could not be written; false when there is one.
-  bool Check(Screen& screen) const;
+  [[nodiscard]] bool Check(Screen& screen) const;
 
   ReportFile trace;
   ReportFile errors;
@@ -47,6 +47,6 @@ struct Reports {
 };
 
 // The line of the trace for a notification. `record` is what the callback got.
-std::string TraceLine(enumImpNotify notify, const void* record);
+[[nodiscard]] std::string TraceLine(enumImpNotify notify, const void* record);
 
 }  // namespace wbhost

@@ -36,8 +36,8 @@ class RunRecording {
   // What is wanted since the n-th notification of an import of the run; both count from 1.
   void NoteInterrupt(InterruptWish wish, unsigned import_number, unsigned notification);
   // Ends the file; whether all of it could be written.
-  bool Finish();
-  bool IsGood() const;
+  [[nodiscard]] bool Finish();
+  [[nodiscard]] bool IsGood() const;
   const std::string& name() const { return name_; }
 
  private:

@@ -15,10 +15,10 @@ struct Sample {
   const char* description;
 };
 const std::vector<Sample>& AllSamples();
-const Sample* FindSample(std::string_view name);  // null when there is none
+[[nodiscard]] const Sample* FindSample(std::string_view name);  // null when there is none
 
 // The path of the simulator, a driver that lies beside the import module.
-std::string SimulatorPath();
+[[nodiscard]] std::string SimulatorPath();
 
 // The sample database, built in memory from its script, for as long as the object lives. A
 // connection string reaches it within the same process.

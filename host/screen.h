@@ -11,7 +11,7 @@ namespace wbhost {
 
 // Whether colours are wanted on the file: it is a terminal, and neither NO_COLOR nor TERM=dumb
 // forbids them.
-bool WantsColour(int fd);
+[[nodiscard]] bool WantsColour(int fd);
 
 class Screen {
  public:

@@ -35,10 +35,10 @@ class Secrets {
 void HideSecretArguments(int argc, char** argv);
 
 // Each returns the password or throws a Failure.
-std::string SecretFromEnvironment(const std::string& variable, const char* option);
+[[nodiscard]] std::string SecretFromEnvironment(const std::string& variable, const char* option);
 // One line; asked for without echo on a terminal.
-std::string SecretFromStandardInput(const std::string& prompt);
+[[nodiscard]] std::string SecretFromStandardInput(const std::string& prompt);
 // Asks on the terminal without echo. Empty when there is no terminal.
-std::string PasswordFromTerminal(const std::string& prompt);
+[[nodiscard]] std::string PasswordFromTerminal(const std::string& prompt);
 
 }  // namespace wbhost

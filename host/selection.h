@@ -21,7 +21,7 @@ class Selection {
     }
   }
   bool IsEmpty() const { return owners_.empty() && tables_.empty(); }
-  bool Holds(const LcTableInfo& table) const {
+  [[nodiscard]] bool Holds(const LcTableInfo& table) const {
     return owners_.count(table.owner) != 0 || tables_.count({table.owner, table.name}) != 0 ||
            tables_.count({u"", table.name}) != 0;
   }

@@ -26,14 +26,14 @@ class ServerNames {
   const std::optional<Entries>& TablesAndViews();
   const std::optional<Entries>& Synonyms();
   // All owners, whatever the choices say.
-  std::optional<Texts> Owners();
+  [[nodiscard]] std::optional<Texts> Owners();
   std::optional<Texts> Catalogs() const { return runner_.connection().Catalogs(); }
 
   // Whether tables or views come for this owner. Of the system, which is in no list, they may.
-  bool OwnerHasTables(const std::u16string& owner);
+  [[nodiscard]] bool OwnerHasTables(const std::u16string& owner);
 
  private:
-  std::optional<Entries> Read(LcImportChoices choices, std::uint32_t items);
+  [[nodiscard]] std::optional<Entries> Read(LcImportChoices choices, std::uint32_t items);
 
   const LcImportChoices& choices_;
   ImportRunner& runner_;

@@ -20,11 +20,11 @@ using base::ToUtf16;
 using base::ToUtf8;
 
 // The text for one line of a terminal: control characters, line ends among them, become blanks.
-std::string OneLine(std::string_view text);
+[[nodiscard]] std::string OneLine(std::string_view text);
 
 // The whole of a file, as it is; `-` is standard input. Empty, with a reason for a sentence that
 // ends in ": reason", where it cannot be read or has more than `most` bytes.
-std::optional<std::string> ReadWholeFile(const std::string& file, std::uintmax_t most,
-                                         std::string& why);
+[[nodiscard]] std::optional<std::string> ReadWholeFile(const std::string& file, std::uintmax_t most,
+                                                       std::string& why);
 
 }  // namespace wbhost

@@ -20,7 +20,7 @@ enum class Severity : std::uint8_t {
   kError,    // does not do what it says
 };
 // "note", "warning", "error"
-const char* NameOf(Severity severity);
+[[nodiscard]] const char* NameOf(Severity severity);
 
 struct RuleInfo {
   const char* id;    // "L003", for good: a rule that goes leaves its number unused
@@ -32,7 +32,7 @@ struct RuleInfo {
 // In the order of their ids.
 std::span<const RuleInfo> AllRules();
 // By id, upper and lower case alike, or by name. Null where there is none.
-const RuleInfo* FindRule(std::string_view id_or_name);
+[[nodiscard]] const RuleInfo* FindRule(std::string_view id_or_name);
 
 struct Finding {
   const RuleInfo* rule = nullptr;
@@ -55,7 +55,7 @@ struct Report {
   std::size_t tables = 0;  // and views that were looked at
 
   std::size_t Count(Severity severity) const;
-  bool HasAtLeast(Severity severity) const;
+  [[nodiscard]] bool HasAtLeast(Severity severity) const;
 };
 
 struct Options {

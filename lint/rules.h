@@ -55,8 +55,9 @@ void CheckNamesByCase(const Schema& schema, Finds& finds);
 void CheckStyles(const Schema& schema, Finds& finds);
 
 // Whether two columns have one type, as far as the workbook tells.
-bool SameType(const Schema& schema, const LcWorkbookColumn& a, const LcWorkbookColumn& b);
+[[nodiscard]] bool SameType(const Schema& schema, const LcWorkbookColumn& a,
+                            const LcWorkbookColumn& b);
 // The type as the server spells it, else as it is put together; empty where it is not known.
-std::string TypeOf(const LcWorkbookColumn& column);
+[[nodiscard]] std::string TypeOf(const LcWorkbookColumn& column);
 
 }  // namespace wblint

@@ -61,17 +61,17 @@ struct Schema {
 };
 
 // A name for people: control characters as their pictures, on one line.
-std::string Shown(std::u16string_view name);
-std::string Shown(const LcWorkbookTable& table);  // with its owner
-std::string Shown(const Columns& columns);        // "a, b"
+[[nodiscard]] std::string Shown(std::u16string_view name);
+[[nodiscard]] std::string Shown(const LcWorkbookTable& table);  // with its owner
+[[nodiscard]] std::string Shown(const Columns& columns);        // "a, b"
 // "a, b, c and 4 more", of the first `most`.
-std::string Some(const std::vector<std::string>& names, std::size_t most = 5);
+[[nodiscard]] std::string Some(const std::vector<std::string>& names, std::size_t most = 5);
 
 // The columns of an index where it is on plain columns of all rows, in the server's usual way;
 // empty for any other, which no other index can stand for.
-Columns PlainColumns(const LcIndexDetails& index);
-bool BeginsWith(const Columns& columns, const Columns& first);
+[[nodiscard]] Columns PlainColumns(const LcIndexDetails& index);
+[[nodiscard]] bool BeginsWith(const Columns& columns, const Columns& first);
 // Whether the first of `columns` are those of `wanted`, in any order.
-bool BeginsWithAll(const Columns& columns, const Columns& wanted);
+[[nodiscard]] bool BeginsWithAll(const Columns& columns, const Columns& wanted);
 
 }  // namespace wblint

@@ -81,9 +81,9 @@ class CallReader {
 enum class FieldKind : std::uint8_t { kNull, kNumber, kText, kTable };
 
 // Whether a C type's values are texts: UTF-16, or bytes that are UTF-8 as a rule.
-bool IsWide(int c_type);
-bool IsNarrow(int c_type);
+[[nodiscard]] bool IsWide(int c_type);
+[[nodiscard]] bool IsNarrow(int c_type);
 // Bytes of a number's C type; 0 for everything else.
-std::size_t NumberBytes(int c_type);
+[[nodiscard]] std::size_t NumberBytes(int c_type);
 
 }  // namespace recording

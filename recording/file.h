@@ -11,7 +11,7 @@ namespace recording {
 
 enum class Compression { kNone, kGzip, kZstd };
 // By the end of the name: `.gz`, `.zst`, anything else is plain.
-Compression CompressionFor(std::string_view file_name);
+[[nodiscard]] Compression CompressionFor(std::string_view file_name);
 
 // A file that is written piece by piece. What was flushed can be read even when the rest never
 // comes.
@@ -28,7 +28,7 @@ class OutputFile {
   // Ends the file; nothing may be written after it.
   void Close();
   // False once something could not be written.
-  bool IsGood() const;
+  [[nodiscard]] bool IsGood() const;
 
  private:
   class Sink;
@@ -41,11 +41,12 @@ class OutputFile {
 // Reads a whole file, whatever its name, compressed or not, and leaves `padding` more bytes in
 // `text`'s capacity. A file that ends in the middle gives what there is. False, with `why`, when it
 // cannot be read or is no such file.
-bool ReadWholeFile(const std::string& name, std::size_t padding, std::string& text,
-                   std::string& why);
+[[nodiscard]] bool ReadWholeFile(const std::string& name, std::size_t padding, std::string& text,
+                                 std::string& why);
 
 // Calls `take` with each line that begins with `begin`, without its end; the same otherwise.
-bool ReadLines(const std::string& name, std::string_view begin,
-               const std::function<void(std::string_view line)>& take, std::string& why);
+[[nodiscard]] bool ReadLines(const std::string& name, std::string_view begin,
+                             const std::function<void(std::string_view line)>& take,
+                             std::string& why);
 
 }  // namespace recording

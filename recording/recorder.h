@@ -41,7 +41,7 @@ class Recorder : public platform::CallLog {
   // Writes what waits, and the last line. Nothing is kept after it.
   void Finish();
   // False once something could not be written.
-  bool IsGood() const;
+  [[nodiscard]] bool IsGood() const;
 
  private:
   struct Statement {

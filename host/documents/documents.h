@@ -15,13 +15,13 @@ using Marks = std::map<std::string, std::string>;
 
 // @VERSION@, and MAN_SYNOPSIS, MAN_COMMANDS, MAN_OPTIONS, MAN_NOTES, MAN_CONFIGURATION_KEYS in
 // roff.
-Marks ManPageMarks(const OptionTable& table);
+[[nodiscard]] Marks ManPageMarks(const OptionTable& table);
 
 // @COMMANDS@ (names with a blank between), and what each shell asks for: BASH_VALUES, BASH_OPTIONS,
 // BASH_ARGUMENTS; ZSH_COMMANDS, ZSH_OPTIONS, ZSH_ARGUMENTS; FISH_COMPLETIONS.
-Marks CompletionMarks(const OptionTable& table);
+[[nodiscard]] Marks CompletionMarks(const OptionTable& table);
 
 // The text with every mark replaced. Throws std::runtime_error for a mark that is not known.
-std::string ReplaceMarks(const std::string& text, const Marks& marks);
+[[nodiscard]] std::string ReplaceMarks(const std::string& text, const Marks& marks);
 
 }  // namespace wbhost

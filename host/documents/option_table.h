@@ -30,6 +30,6 @@ struct OptionTable {
   std::vector<CommandEntry> commands;
 };
 
-OptionTable MakeOptionTable();
+[[nodiscard]] OptionTable MakeOptionTable();
 
 }  // namespace wbhost

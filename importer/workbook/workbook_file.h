@@ -47,8 +47,8 @@ LC_WORKBOOK_EXPORT void WriteCompactWorkbookFile(const LcWorkbook& workbook,
 // "format", "version" and the names of things have to be there; fields that are not known are
 // skipped. False when `text` is no workbook file: `why` then says where (line and column, or the
 // field as in `tables[3].columns[0].name`) and what is wrong, and the workbook is left empty.
-LC_WORKBOOK_EXPORT bool ReadWorkbookFile(std::string_view text, LcWorkbook& workbook,
-                                         LcWorkbookFileInfo& info, std::string& why);
+[[nodiscard]] LC_WORKBOOK_EXPORT bool ReadWorkbookFile(std::string_view text, LcWorkbook& workbook,
+                                                       LcWorkbookFileInfo& info, std::string& why);
 // The same from a stream, piece by piece: the text is never in memory as a whole.
-LC_WORKBOOK_EXPORT bool ReadWorkbookFile(std::istream& in, LcWorkbook& workbook,
-                                         LcWorkbookFileInfo& info, std::string& why);
+[[nodiscard]] LC_WORKBOOK_EXPORT bool ReadWorkbookFile(std::istream& in, LcWorkbook& workbook,
+                                                       LcWorkbookFileInfo& info, std::string& why);
