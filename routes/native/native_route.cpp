@@ -236,8 +236,8 @@ bool NativeRoute::ReadTablesAndViews() {
 
   session_.progress.StatusDialog(inLoopStart, iiTablesAndViews, table_results_.RowCount());
   NativeTableReader reader(session_, *session_.sink.tables());
-  for (const auto& result : table_results_) {
-    if (!reader.Read(result.rows)) return false;
+  for (const auto& query : table_results_) {
+    if (!reader.Read(query.rows)) return false;
   }
   session_.progress.StatusDialog(inLoopEnd);
   return true;
@@ -281,8 +281,8 @@ bool NativeRoute::ReadLocalSynonyms() {
   if (!GoesOn()) return false;
   session_.progress.StatusDialog(inLoopStart, iiLocalSynonyms, synonym_results_.RowCount());
   LocalSynonymReader reader(session_, *session_.sink.tables());
-  for (const auto& result : synonym_results_) {
-    if (!reader.Read(result.rows)) return false;
+  for (const auto& query : synonym_results_) {
+    if (!reader.Read(query.rows)) return false;
   }
   session_.progress.StatusDialog(inLoopEnd);
   return true;

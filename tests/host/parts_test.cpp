@@ -66,7 +66,7 @@ TEST(RequestFile, RefusesWhatItDoesNotKnowByFileAndField) {
   };
   for (const auto& [request, message] : cases) {
     try {
-      ParseRequest(request, "r.json");
+      static_cast<void>(ParseRequest(request, "r.json"));
       ADD_FAILURE() << request;
     } catch (const Failure& failure) {
       EXPECT_EQ(failure.code(), ExitCode::kUsage);
