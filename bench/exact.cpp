@@ -234,8 +234,8 @@ std::string Measure(const Arguments& arguments) {
     const double bare = (before + after) / 2;
     imports.push_back(import_time);
     bare_loops.push_back(bare);
-    ratios.push_back(import / bare);
-    own_times.push_back(import - bare);
+    ratios.push_back(import_time / bare);
+    own_times.push_back(import_time - bare);
     before = after;
   }
   char text[1024];
