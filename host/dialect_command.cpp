@@ -17,11 +17,7 @@ using Json = nlohmann::ordered_json;
 void Write(const Run& run, const std::string& text) {
   const OutputFile output(run.options.output.file);
   output.Check();
-  // There is always something to write.
-  static_cast<void>(output.Write([&](std::ostream& out) {
-    out << text;
-    return true;
-  }));
+  output.WriteText(text);
 }
 
 bool WantsJson(const Run& run) { return AnswerFormatOf(run.options.output) == AnswerFormat::kJson; }
