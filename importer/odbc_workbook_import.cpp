@@ -2,7 +2,10 @@
 // out as false.
 #include "importer/odbc_workbook_import.h"
 
+#include <cxxabi.h>
+
 #include "catalogues/type_lists.h"
+#include "importer/module_use.h"
 #include "importer/route_decision.h"
 #include "importer/routes.h"
 #include "session/session.h"
@@ -80,13 +83,19 @@ LcODBCWorkbookImport::RouteDecision LcODBCWorkbookImport::DecideRoute() const {
 }
 
 bool LcODBCWorkbookImport::ImportItems(unsigned short& status) try {
+  const odbcimport::ModuleUse use(importing_);
+  if (!use.IsFirst()) return false;
   route_taken_ = nullptr;
   const RouteDecision decision = odbcimport::DecideRoute(
       {choices, henv, hdbc, login != nullptr ? &login->connect_text : nullptr}, *server_);
   choices.dbms_type = decision.dbms_type;
   route_taken_ = std::make_unique<RouteDecision>(decision);
-  ImportSession session(*this, workbook_, *server_, types_, callback_, current_item_);
+  // A callback may change what the host chose; the marks alone count at once.
+  LcODBCWorkbookImport settled(*this);
+  ImportSession session(settled, workbook_, *server_, types_, callback_, current_item_, this);
   return odbcimport::FindRoute(decision.route).run(session, status);
+} catch (const abi::__forced_unwind&) {
+  throw;  // the host ends the thread
 } catch (...) {
   // Memory ran out, or a service of the host threw, before the route began.
   if (cancelled) status = 4;

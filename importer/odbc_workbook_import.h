@@ -2,6 +2,7 @@
 // it to import. See docs/embedding.md.
 #pragma once
 
+#include <atomic>
 #include <memory>
 #include <string>
 
@@ -27,7 +28,9 @@ class LC_EXPORT LcODBCWorkbookImport : public LcWorkbookImport {
   // Settles the type of the server, decides on a route once and runs it. Returns what the route
   // returns; `status` becomes 4 when the import was cancelled, 9 when it was stopped, and is
   // left alone otherwise. Callable more than once: the facts about the server are kept, so a host
-  // that moves to another connection resets choices.dbms_type to dbmsUnknown.
+  // that moves to another connection resets choices.dbms_type to dbmsUnknown. It works on choices,
+  // targets and handles as they are when it is called. False, with nothing done, while this
+  // importer imports already, in a callback or on another thread.
   bool ImportItems(unsigned short& status) override;
 
   // Lend and withdraw the ODBC handles, which stay the host's. Always true.
@@ -77,12 +80,15 @@ class LC_EXPORT LcODBCWorkbookImport : public LcWorkbookImport {
   std::shared_ptr<LcODBCDatatypeList> types_;
   LcImpItemInfo current_item_;
   std::unique_ptr<RouteDecision> route_taken_;
+  std::atomic<bool> importing_{false};
 };
 
 // Starts the module: loads the message library msgtext.dll, beside the module or in `folder` when
 // that is not null, and makes its texts the module's. Must succeed before an import; starting twice
 // is fine. On failure `why` says which file was looked for and where; otherwise it is empty, or
-// tells of a settings file that is left out because it cannot be read.
+// tells of a settings file that is left out because it cannot be read. From any thread; while an
+// import runs it keeps the library that is there, and fails where there is none.
 [[nodiscard]] LC_EXPORT bool OdbcImportStart(const char* folder, std::string& why);
-// Gives the message library back.
+// Gives the message library back. From any thread: while imports run, the end of the last of them
+// does it.
 LC_EXPORT void OdbcImportStop();

@@ -3,6 +3,8 @@
 // it, so an object that failed cannot run again.
 #include "odbc/fetch.h"
 
+#include <cxxabi.h>
+
 #include <algorithm>
 #include <array>
 #include <cstdint>
@@ -81,11 +83,14 @@ ZeroedArray<T> AllocateZeroed(std::size_t count) {
   return ZeroedArray<T>(static_cast<T*>(std::calloc(count, sizeof(T))));
 }
 
-// The boundary: no exception of the library or of a host's services goes past an operation.
+// The boundary: no exception of the library or of a host's services goes past an operation, but for
+// that of a service which ends its thread.
 template <class Operation>
-int Guarded(Operation operation) noexcept {
+int Guarded(Operation operation) {
   try {
     return operation() ? 1 : 0;
+  } catch (const abi::__forced_unwind&) {
+    throw;
   } catch (...) {
     return 0;
   }

@@ -9,6 +9,12 @@ Progress::~Progress() {
   if (cursor_shown_) platform::GetServices().busy_cursor->Hide();
 }
 
+void Progress::Notify(enumImpNotify notify, void* record) const {
+  watch_.Take();
+  callback_(notify, record);
+  watch_.Check();
+}
+
 void Progress::StatusDialog(enumImpNotify notify, enumImpItemType item_type, unsigned long count,
                             const char16_t* text1, const char16_t* text2, const char16_t* text3,
                             bool flag) const {
@@ -20,7 +26,7 @@ void Progress::StatusDialog(enumImpNotify notify, enumImpItemType item_type, uns
       record.item_type = item_type;
       // A phase start carries no count, whatever the caller passed.
       record.count = notify == inLoopStart ? static_cast<std::uint32_t>(count) : 0;
-      callback_(notify, &record);
+      Notify(notify, &record);
       return;
     }
     case inTableItem:
@@ -32,11 +38,11 @@ void Progress::StatusDialog(enumImpNotify notify, enumImpItemType item_type, uns
       record.text2 = text2 != nullptr ? text2 : u"";
       record.text3 = text3 != nullptr ? text3 : u"";
       record.flag = flag;
-      callback_(notify, &record);
+      Notify(notify, &record);
       return;
     }
     default:
-      callback_(notify, nullptr);
+      Notify(notify, nullptr);
   }
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "importer/workbook/import.h"
+#include "session/list_watch.h"
 
 namespace odbcimport {
 
@@ -9,9 +10,11 @@ using NotifyCallback = void (*)(enumImpNotify, void*);
 
 class Progress {
  public:
-  // `callback` may be null: nothing is reported then. All is borrowed.
-  Progress(LcWorkbookImport& base, NotifyCallback callback, LcImpItemInfo& table_in_hand)
-      : base_(base), callback_(callback), table_in_hand_(table_in_hand) {}
+  // `callback` may be null: nothing is reported then. `targets` are the lists that the callback
+  // must leave in place. All is borrowed.
+  Progress(LcWorkbookImport& base, const LcImportTargets& targets, NotifyCallback callback,
+           LcImpItemInfo& table_in_hand)
+      : base_(base), watch_(targets), callback_(callback), table_in_hand_(table_in_hand) {}
   // Ends what a route that failed half-way has begun.
   ~Progress();
   Progress(const Progress&) = delete;
@@ -19,6 +22,8 @@ class Progress {
 
   // Reports to the host's callback: an LcImpProgStartInfo for 2 (its count is always 0) and 4, an
   // LcImpItemInfo for 6, 8, 9 and 10 (a null text becomes an empty one), null for all others.
+  // Throws ListsChanged where the callback took something out of the workbook, and what the
+  // callback throws.
   void StatusDialog(enumImpNotify notify, enumImpItemType item_type = iiNone,
                     unsigned long count = 0, const char16_t* text1 = nullptr,
                     const char16_t* text2 = nullptr, const char16_t* text3 = nullptr,
@@ -37,7 +42,10 @@ class Progress {
   void EndRoute(unsigned short& status);
 
  private:
+  void Notify(enumImpNotify notify, void* record) const;
+
   LcWorkbookImport& base_;
+  mutable TargetWatch watch_;
   const NotifyCallback callback_;
   LcImpItemInfo& table_in_hand_;
   bool cursor_shown_ = false;

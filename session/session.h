@@ -14,12 +14,14 @@ namespace odbcimport {
 
 class ImportSession {
  public:
+  // `base` has what the host chose. `marks`, where it is another object, has the running and the
+  // cancelled mark, for a host that may change what it chose while a copy of it is imported.
   ImportSession(LcWorkbookImport& base, LcWorkbook* workbook, ServerFacts& server,
                 std::shared_ptr<LcWorkbookDatatypeList> own_types, NotifyCallback callback,
-                LcImpItemInfo& table_in_hand)
+                LcImpItemInfo& table_in_hand, LcWorkbookImport* marks = nullptr)
       : choices(base.choices),
         sink(base, workbook, std::move(own_types)),
-        progress(base, callback, table_in_hand),
+        progress(marks != nullptr ? *marks : base, base.targets, callback, table_in_hand),
         connection(base, server) {}
   ImportSession(const ImportSession&) = delete;
   ImportSession& operator=(const ImportSession&) = delete;

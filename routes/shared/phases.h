@@ -8,6 +8,8 @@
 // Its entry operation makes one and hands it to RunRoute.
 #pragma once
 
+#include <cxxabi.h>
+
 #include <cstdint>
 #include <new>
 
@@ -25,13 +27,14 @@ struct Phase {
   bool (Route::*run)();
 };
 
-// Takes down in the workbook that what follows was not read. Does without where there is no memory
-// even for that.
-void NoteOutOfMemory(ImportSession& session) noexcept;
+// Takes down in the workbook that what follows was not read, and why. Does without where there is
+// no memory even for that.
+void NoteEarlyEnd(ImportSession& session, const char16_t* reason) noexcept;
 
-// Runs the phases in their order. Returns the route's result, false when memory ran out or the host
-// threw; `status` as in LcODBCWorkbookImport::ImportItems. What was read before an early end stays
-// in the workbook. Lets no exception out.
+// Runs the phases in their order. Returns the route's result, false when memory ran out, the host
+// threw or its callback took something out of the workbook; `status` as in
+// LcODBCWorkbookImport::ImportItems. What was read before an early end stays in the workbook. Lets
+// no exception out, but for a callback's that ends its thread: that goes on to the thread's end.
 template <class Route, std::size_t kCount>
 [[nodiscard]] bool RunRoute(ImportSession& session, Route& route,
                             const Phase<Route> (&phases)[kCount], unsigned short& status) {
@@ -47,7 +50,14 @@ template <class Route, std::size_t kCount>
     if (goes_on && Route::kReportsEnd) session.progress.StatusDialog(inImportEnd);
   } catch (const std::bad_alloc&) {
     route.result = false;
-    NoteOutOfMemory(session);
+    NoteEarlyEnd(session, u"memory ran out");
+  } catch (const ListsChanged&) {
+    route.result = false;
+    NoteEarlyEnd(session, u"the host took out of the workbook what was in use");
+  } catch (const abi::__forced_unwind&) {
+    route.Release();
+    session.progress.EndRoute(status);
+    throw;  // whoever catches it and does not is ended by the runtime, and the process with it
   } catch (...) {
     route.result = false;
   }

@@ -2,6 +2,7 @@
 // scripts/run_threads has built this program.
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <thread>
 
 #include "tests/simulator/host.h"
@@ -40,6 +41,30 @@ TEST(TwoThreads, ImportAsOneDoes) {
     EXPECT_EQ(forward[i], alone[i]) << servers[i];
     EXPECT_EQ(backward[i], alone[i]) << servers[i];
   }
+}
+
+// What an import uses of the module stays until it ends, whoever stops and starts the module
+// meanwhile.
+TEST(TwoThreads, StopAndStartTheModuleWhileAnImportRuns) {
+  const wbtest::MessageRecorder messages;
+  std::string why;
+  const auto start = [&why] { return OdbcImportStart(WB_BUILD_DIR "/lib", why); };
+  ASSERT_TRUE(start());
+  std::atomic<bool> ended = false;
+  std::thread other([&] {
+    const auto connection = wbtest::Connection::OpenSimulator("oracle", "Fail=SQLExecDirect:1+");
+    for (int i = 0; i < 20; ++i) simtest::ImportAll(*connection);
+    ended = true;
+  });
+  while (!ended) {
+    OdbcImportStop();
+    // Refused, and with no harm, where an import began in between.
+    EXPECT_TRUE(start() || why.starts_with("an import is running that began before"));
+  }
+  other.join();
+  OdbcImportStop();
+  EXPECT_EQ(platform::GetServices().messages, nullptr);
+  EXPECT_GT(messages.shown().size(), 20U);
 }
 
 }  // namespace
