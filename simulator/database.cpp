@@ -77,14 +77,23 @@ bool RunScripts(sqlite3* database, const std::vector<NamedScript>& scripts, std:
   return true;
 }
 
-// A large catalog is built in files once, and only read after that.
+Database OpenInMemory(const ServerTraits& traits, const std::vector<NamedScript>& scripts,
+                      std::string& why) {
+  Database database = OpenDatabases(traits, "", false, why);
+  if (!database || !RunScripts(database.get(), scripts, why)) return nullptr;
+  return database;
+}
+
+// A large catalog is built in files once, and only read after that. Without a place of one's own
+// for them it is built in memory, each time.
 Database OpenCached(const ServerTraits& traits, const std::vector<NamedScript>& scripts,
                     std::string& why) {
   std::vector<std::string> texts;
   texts.reserve(scripts.size());
   for (const NamedScript& script : scripts) texts.push_back(script.sql);
   const std::string folder = CacheFolder(traits, texts);
-  if (!std::filesystem::exists(folder)) {
+  if (folder.empty()) return OpenInMemory(traits, scripts, why);
+  if (!UseCache(folder)) {
     const std::string built = BeginCache(folder);
     if (built.empty()) {
       why = "no folder can be made beside " + folder;
@@ -132,10 +141,7 @@ Database OpenServer(const ServerTraits& traits, const Settings& settings, std::s
     scripts.push_back({settings.add_script, text});
   }
   if (!settings.sql.empty()) scripts.push_back({"Sql", settings.sql});
-  if (large) return OpenCached(traits, scripts, why);
-  Database database = OpenDatabases(traits, "", false, why);
-  if (!database || !RunScripts(database.get(), scripts, why)) return nullptr;
-  return database;
+  return large ? OpenCached(traits, scripts, why) : OpenInMemory(traits, scripts, why);
 }
 
 PreparedStatement Prepare(sqlite3* database, const std::string& sql, std::string& state,

@@ -15,16 +15,20 @@ namespace catalogsim {
 // The SQL that adds the tables to the open databases of a server.
 std::string ScaleScript(const ServerTraits& traits, const Scale& scale);
 
-// The folder in which the catalog that the scripts make is kept: below the folder for temporary
-// files, named after the server and a hash of everything that goes into it.
+// The folder in which the catalog that the scripts make is kept: below the user's own folder for
+// caches, which nobody else can write, named after the server and a hash of everything that goes
+// into it. Empty where there is no such folder.
 std::string CacheFolder(const ServerTraits& traits, const std::vector<std::string>& scripts);
 
 // The file of the database `number` in such a folder; 0 is the main one.
 std::string CacheFile(const std::string& folder, int number);
 
+// Whether it is there; it then counts as used last.
+bool UseCache(const std::string& folder);
 // Makes a new folder beside `folder` to build in; empty when that fails.
 std::string BeginCache(const std::string& folder);
-// Moves what was built to its place. When another process was quicker, its catalog stays.
+// Moves what was built to its place. When another process was quicker, its catalog stays. Removes
+// those that were not used for the longest time: 16 are kept.
 void FinishCache(const std::string& built, const std::string& folder);
 
 }  // namespace catalogsim

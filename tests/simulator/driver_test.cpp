@@ -195,9 +195,14 @@ TEST(Driver, AnswersEveryCatalogFunctionOnEveryServer) {
 }
 
 // A large catalog is made once and read from files after that; all numbers are part of its name.
+// The files lie where nobody else can write, or nowhere; those of the past go.
 TEST(Driver, GeneratesTablesOfEveryServerWithAnOwnCatalog) {
   const wbtest::TemporaryFolder folder;
-  const wbtest::ScopedVariable temporary("TMPDIR", folder.path().c_str());
+  const wbtest::ScopedVariable cache("XDG_CACHE_HOME", folder.path().c_str());
+  const std::filesystem::path caches = folder.path() + "/catalogsim";
+  const auto kept = [&] { return std::distance(std::filesystem::directory_iterator(caches), {}); };
+  std::filesystem::create_directories(caches);
+  std::filesystem::permissions(caches, std::filesystem::perms::all);
   for (const char* const server :
        {"informix", "informix-7", "sqlserver", "oracle", "oracle-7", "db2", "redbrick"}) {
     SCOPED_TRACE(server);
@@ -214,7 +219,15 @@ TEST(Driver, GeneratesTablesOfEveryServerWithAnOwnCatalog) {
     }
     EXPECT_EQ(names("Scale=40", "sim_columns") - columns, 800);
     EXPECT_EQ(names("Scale=40", "sim_foreign_keys"), references);
+    // The first server met a folder that everybody can write, the others one of their own.
+    EXPECT_EQ(kept() > 0, (std::filesystem::status(caches).permissions() &
+                           std::filesystem::perms::others_write) == std::filesystem::perms::none);
+    std::filesystem::permissions(caches, std::filesystem::perms::owner_all);
   }
+  for (int tables = 1; tables <= 20; ++tables) {
+    Connection::OpenSimulator("oracle", "Scale=" + std::to_string(tables));
+  }
+  EXPECT_EQ(kept(), 16);
 }
 
 }  // namespace
