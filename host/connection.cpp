@@ -47,8 +47,12 @@ constexpr std::array<DriverPackage, 6> kDriverPackages = {{
 }};
 
 std::string NamesOf(const std::vector<Installed>& entries) {
+  constexpr std::size_t kMostNamed = 20;
   std::string names;
-  for (const Installed& entry : entries) names += (names.empty() ? "" : ", ") + entry.name;
+  for (std::size_t i = 0; i < entries.size() && i < kMostNamed; ++i) {
+    names += (names.empty() ? "" : ", ") + entries[i].name;
+  }
+  if (entries.size() > kMostNamed) names += fmt::format(", {} more", entries.size() - kMostNamed);
   return names.empty() ? "none" : names;
 }
 

@@ -1,61 +1,41 @@
 // The drivers and data sources that the driver manager knows.
-#include <odbcinst.h>
-
-#include <algorithm>
-#include <array>
-
+#include "base/ascii.h"
 #include "host/connection.h"
-#include "host/odbc_handles.h"
+#include "host/odbc_ini.h"
+#include "host/text.h"
 
 namespace wbhost {
 namespace {
 
-using Buffer = std::array<SQLWCHAR, 512>;
+// A file can have any bytes.
+std::string Valid(const std::string& text) { return ToUtf8(ToUtf16(text)); }
 
-std::string Text(const Buffer& buffer) {
-  const auto end = std::find(buffer.begin(), buffer.end() - 1, SQLWCHAR{0});
-  return FromWide(buffer.data(), static_cast<std::size_t>(end - buffer.begin()));
-}
+// What the driver manager keeps for itself.
+bool IsOwn(const IniSection& section) { return base::EqualIgnoringCase(section.name, "ODBC"); }
 
 }  // namespace
 
 std::vector<Installed> InstalledDrivers() {
-  const Environment environment;
   std::vector<Installed> drivers;
-  SQLUSMALLINT direction = SQL_FETCH_FIRST;
-  for (;;) {
-    Buffer name{};
-    Buffer attributes{};
-    if (!Succeeded(SQLDriversW(environment.Get(), direction, name.data(), name.size(), nullptr,
-                               attributes.data(), attributes.size(), nullptr))) {
-      return drivers;
-    }
-    drivers.push_back({Text(name), {}});
-    direction = SQL_FETCH_NEXT;
+  for (const IniSection& section : ReadOdbcInstIni()) {
+    if (!IsOwn(section)) drivers.push_back({Valid(section.name), {}});
   }
+  return drivers;
 }
 
 std::vector<Installed> DataSources() {
-  const Environment environment;
   std::vector<Installed> sources;
-  SQLUSMALLINT direction = SQL_FETCH_FIRST;
-  for (;;) {
-    Buffer name{};
-    Buffer driver{};
-    if (!Succeeded(SQLDataSourcesW(environment.Get(), direction, name.data(), name.size(), nullptr,
-                                   driver.data(), driver.size(), nullptr))) {
-      return sources;
-    }
-    sources.push_back({Text(name), Text(driver)});
-    direction = SQL_FETCH_NEXT;
+  for (const IniSection& section : ReadOdbcIni()) {
+    if (!IsOwn(section)) sources.push_back({Valid(section.name), Valid(section.Value("Driver"))});
   }
+  return sources;
 }
 
 std::string DataSourceValue(const std::string& source, const char* key) {
-  std::array<char, 4096> value{};
-  SQLGetPrivateProfileString(source.c_str(), key, "", value.data(), value.size(), "odbc.ini");
-  value.back() = 0;
-  return value.data();
+  for (const IniSection& section : ReadOdbcIni()) {
+    if (base::EqualIgnoringCase(section.name, source)) return section.Value(key);
+  }
+  return {};
 }
 
 }  // namespace wbhost

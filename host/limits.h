@@ -9,6 +9,7 @@ namespace wbhost {
 constexpr std::uintmax_t kMiB = std::uintmax_t{1} << 20;
 
 constexpr std::uintmax_t kMostConfigBytes = 1 * kMiB;
+constexpr std::uintmax_t kMostOdbcIniBytes = 16 * kMiB;  // the rest is left out
 constexpr std::uintmax_t kMostDialectBytes = 4 * kMiB;
 constexpr std::uintmax_t kMostRequestBytes = 64 * kMiB;
 constexpr std::uintmax_t kMostWorkbookBytes = 4096 * kMiB;

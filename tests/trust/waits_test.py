@@ -139,5 +139,26 @@ class Waits(Case):
             result = self.run_program("list", "tables", "--sqlite", "shop.db", "--reading", "compatible", "--result-rows", str(rows))
             self.assertEqual(result.returncode, code, (rows, result.stderr))
 
+class IniFiles(Case):
+    def test_twenty_thousand_entries_take_no_time(self):
+        count = 20_000
+        whole = "".join(f"[Thing{i}]\nDriver=Driver{i}\n" for i in range(count))
+        broken = "".join(f"[Thing{i}\nDriver=Driver{i}\n=\n]]\n" for i in range(count))
+        for text, names in ((whole, 2 * count), (broken, 0), ("[" * 1_000_000, 0)):
+            self.file("odbc.ini", text)
+            self.file("odbcinst.ini", text)
+            self.file("user.ini", text)
+            environment = {**self.environment, "ODBCSYSINI": str(self.folder), "ODBCINI": str(self.folder / "user.ini")}
+            # The driver manager joins both files for a data source, slowly; what waits for it has an end.
+            for words, code, seconds in ((("drivers",), 0, 5), (("info", "--connect", "Driver=nobody's"), 5, 5),
+                                         (("import", "--dsn", "Nothing", "-o", "a.json"), 5, 25)):
+                begin = time.monotonic()
+                result = self.run_program(*words, env=environment, timeout=100)
+                self.assertEqual(result.returncode, code, result.stderr[:500])
+                self.assertLess(time.monotonic() - begin, seconds, (words, names))
+                self.assertLess(len(result.stderr), 1000)
+                if words == ("drivers",):
+                    self.assertEqual(sum("Thing" in line for line in result.stdout.splitlines()), names)
+
 if __name__ == "__main__":
     main()
