@@ -8,6 +8,7 @@
 #include <map>
 #include <utility>
 
+#include "host/inexact_names.h"
 #include "host/interrupt.h"
 #include "host/text.h"
 #include "importer/name_check.h"
@@ -104,6 +105,7 @@ ImportRunner::ImportRunner(const Connection& connection, const InstalledServices
 ImportResult ImportRunner::Run(const LcImportChoices& choices, std::uint32_t item_mask,
                                bool traced) {
   CheckNames(choices);
+  is_part_ = !choices.selected_tables.IsEmpty();
   ImportResult result;
   result.workbook = std::make_unique<LcWorkbook>();
   result.items = item_mask;
@@ -164,6 +166,10 @@ void ImportRunner::AddLost(ImportResult& result) const {
                                   [](const LcNotRead& missing) { return !missing.withheld; });
   result.info.incomplete = result.info.incomplete || !lost.empty() || failed;
   std::move(lost.begin(), lost.end(), std::back_inserter(not_read));
+  // A route with SQL of its own has names between quotes.
+  if (result.info.route != u"odbc") return;
+  std::vector<LcNotRead> inexact = FindInexactNames(*result.workbook, is_part_);
+  std::move(inexact.begin(), inexact.end(), std::back_inserter(not_read));
 }
 
 ImportResult ImportRunner::TakeRest() {

@@ -92,6 +92,7 @@ class ImportRunner {
   ImportResult* result_ = nullptr;
   Progress* progress_ = nullptr;
   bool traced_ = true;
+  bool is_part_ = false;             // the choices name tables
   unsigned imports_ = 0;             // begun
   unsigned notifications_ = 0;       // of the one in hand
   std::size_t failures_before_ = 0;  // driver calls that failed before the import in hand began

@@ -48,7 +48,12 @@ void ForeignKeyReader::GetTableForeignKeysODBC(LcWorkbookTable& table,
     // referenced one. Drivers leave FKTABLE_OWNER empty or fill it with a catalog.
     name_ = row_.foreign_table.Read();
     last_looked_up = tables.FindTable(table.GetOwner(false), name_);
-    if (last_looked_up == nullptr) continue;
+    if (last_looked_up == nullptr) {
+      if (!table.GetOwner(false).empty() && tables.FindTableNoOwner(name_) != nullptr) {
+        crossing_.Add(table.GetOwner(false), table.GetName());
+      }
+      continue;
+    }
     name_ = row_.key_column.Read();
     LcWorkbookColumn* key_column = table.FindColumn(name_);
     name_ = row_.foreign_column.Read();
@@ -66,15 +71,8 @@ void ForeignKeyReader::GetTableForeignKeysODBC(LcWorkbookTable& table,
   // mirror is held by that table otherwise. Hosts drop a mirror whose columns are another table's.
   if (pending.key_column != nullptr && last_looked_up != nullptr) {
     Complete(pending, table, *last_looked_up);
-  } else if (pending.key_column != nullptr && session_.sink.workbook() != nullptr) {
-    LcNotRead& entry = session_.sink.workbook()->details.not_read.emplace_back();
-    entry.kind = LcText(u"foreign keys");
-    entry.owner = LcText(table.GetOwner(false));
-    entry.name = LcText(table.GetName());
-    entry.reason = LcText(
-        u"the key before the last is left out where the last one's table is not read; the exact "
-        u"reading has it");
-    entry.withheld = true;
+  } else if (pending.key_column != nullptr) {
+    dropped_.Add(table.GetOwner(false), table.GetName());
   }
 }
 

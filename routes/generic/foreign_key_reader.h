@@ -5,6 +5,7 @@
 
 #include "routes/generic/bound.h"
 #include "routes/generic/catalog_statement.h"
+#include "routes/shared/lost_keys.h"
 #include "session/session.h"
 
 namespace odbcimport::generic {
@@ -13,7 +14,13 @@ class ForeignKeyReader {
  public:
   // `statement` serves for all tables and is the caller's to release.
   ForeignKeyReader(ImportSession& session, CatalogStatement& statement)
-      : session_(session), statement_(statement) {}
+      : session_(session),
+        statement_(statement),
+        dropped_(session, u"foreign keys",
+                 u"the key before the last is left out where the last one's table is not read; the "
+                 u"exact reading has it"),
+        crossing_(session, u"foreign keys",
+                  u"a key across owners is left out; the exact reading has it") {}
 
   // Adds two keys for every pair of columns, one to `table` (the referenced one) and its mirror to
   // the referencing table among `tables`. Every pair makes a relationship of its own, also those of
@@ -42,6 +49,8 @@ class ForeignKeyReader {
   CatalogStatement& statement_;
   Row row_;
   std::u16string name_;  // kept for its memory
+  LostKeys dropped_;
+  LostKeys crossing_;
 };
 
 }  // namespace odbcimport::generic

@@ -13,6 +13,7 @@
 #include "odbc/record_list.h"
 #include "routes/informix/index_keys.h"
 #include "routes/informix/key_queries.h"
+#include "routes/shared/lost_keys.h"
 #include "routes/shared/relationship.h"
 
 namespace odbcimport::informix {
@@ -53,7 +54,7 @@ void ReadPartNumbers(const LcODBCRecordList& rows, int row, LcWorkbookKeyList* k
   }
 }
 
-bool GetOnlineForeignKeys(const ImportSession& session, LcWorkbookTableList& tables,
+bool GetOnlineForeignKeys(const ImportSession& session, LostKeys& lost, LcWorkbookTableList& tables,
                           LcWorkbookTable* parent, int constraint_id, int parent_tabid) try {
   const QueryResult query =
       session.RunQuery(BuildOnlineSQLGetForeignKeys(parent_tabid, constraint_id, session.IsIUS()));
@@ -70,6 +71,8 @@ bool GetOnlineForeignKeys(const ImportSession& session, LcWorkbookTableList& tab
     }
     if (child_columns.GetCount() == parent->GetPrimaryKey().GetCount()) {
       AddRelationship(session, *parent, parent->GetPrimaryKey(), *child, child_columns);
+    } else {
+      lost.Add(child->GetOwner(true), child->GetName());
     }
   }
   return true;
@@ -90,7 +93,7 @@ void SetOnlinePrimaryKey(LcWorkbookTable& table, std::u16string_view index_keys)
   }
 }
 
-bool GetOnlinePrimaryForeignKeys(const ImportSession& session, LcWorkbookTableList& tables,
+bool GetOnlinePrimaryForeignKeys(ImportSession& session, LcWorkbookTableList& tables,
                                  bool with_foreign_keys) {
   const QueryResult query =
       session.RunQuery(BuildOnlineSQLGetPrimaryKeys(&tables, session.IsIUS()));
@@ -100,6 +103,12 @@ bool GetOnlinePrimaryForeignKeys(const ImportSession& session, LcWorkbookTableLi
   session.progress.StatusDialog(inPhaseEnd, iiPrimaryKeys);
   session.progress.StatusDialog(inLoopStart, iiPrimaryKeys, static_cast<unsigned long>(count));
   bool result = true;
+  LostKeys lost(session, u"foreign keys",
+                u"its columns are not as many as those that were read of the key that it refers to;"
+                u" the exact reading has it");
+  LostKeys unmarked(
+      session, u"keys",
+      u"this reading has no key columns of Dynamic Server; the exact reading has them");
   for (int row = 1; row <= count; ++row) {
     if (session.progress.WasImportStoppedOrCancelled()) break;
     const std::u16string name = Trimmed(rows, row, 1);
@@ -109,11 +118,15 @@ bool GetOnlinePrimaryForeignKeys(const ImportSession& session, LcWorkbookTableLi
     session.progress.StatusDialog(inTableItem, iiNone, 0, owner.c_str(), name.c_str());
     // A unique constraint (column 5) counts as a primary key; a table with several has the columns
     // of all in its key, and meets each relationship once for every constraint.
-    if (session.IsIUS()) SetOnlinePrimaryKey(*table, base::TrimRightSpace(rows.View(row, 6)));
+    if (session.IsIUS()) {
+      SetOnlinePrimaryKey(*table, base::TrimRightSpace(rows.View(row, 6)));
+    } else {
+      unmarked.Add(owner, name);
+    }
     if (with_foreign_keys) {
       const int constraint_id = static_cast<int>(base::ParseInteger(rows.View(row, 3)));
       const int table_id = static_cast<int>(base::ParseInteger(rows.View(row, 4)));
-      result = GetOnlineForeignKeys(session, tables, table, constraint_id, table_id);
+      result = GetOnlineForeignKeys(session, lost, tables, table, constraint_id, table_id);
     }
     if (session.progress.WasImportStoppedOrCancelled()) break;
   }

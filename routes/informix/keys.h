@@ -10,8 +10,8 @@ namespace odbcimport::informix {
 // Reads the constraints of the tables in one statement and, with foreign keys wanted, one more for
 // each constraint. On Dynamic Server no columns become keys, see keys.cpp. True, also
 // when the host stopped the import; false when memory ran out while foreign keys were made.
-[[nodiscard]] bool GetOnlinePrimaryForeignKeys(const ImportSession& session,
-                                               LcWorkbookTableList& tables, bool with_foreign_keys);
+[[nodiscard]] bool GetOnlinePrimaryForeignKeys(ImportSession& session, LcWorkbookTableList& tables,
+                                               bool with_foreign_keys);
 
 // Marks the columns that the index keys name, and appends them to the table's primary key. Numbers
 // that name no column are skipped.

@@ -11,6 +11,7 @@
 #include "odbc/record_list.h"
 #include "routes/native/foreign_key_queries.h"
 #include "routes/native/key_assembly.h"
+#include "routes/shared/lost_keys.h"
 
 namespace odbcimport::native {
 namespace {
@@ -72,9 +73,14 @@ void AddDB2Row(const LcODBCRecordList& rows, int row, LcFKInfoList& entries) {
 // second the referenced ones, in the order in which they come; an odd row is left over. Required
 // (OracleSplitsTheUnionAtHalfItsRows), although the rows of a union may come in any order: none
 // says from which half it stems. The rows are read as long as the import is not stopped.
-void AddOracleResult(const ImportSession& session, const LcODBCRecordList& rows,
-                     LcFKInfoList& entries) {
+void AddOracleResult(ImportSession& session, const LcODBCRecordList& rows, LcFKInfoList& entries) {
   const int half = rows.GetRowCount() / 2;
+  if (rows.GetRowCount() % 2 != 0) {
+    LostKeys(session, u"foreign keys",
+             u"the two halves of the server's answer do not match, so that its keys may be paired "
+             u"wrongly; the exact reading has them")
+        .Add({}, {});
+  }
   const std::size_t first = entries.size();
   for (int row = 1; row <= half && !session.progress.WasImportStoppedOrCancelled(); ++row) {
     LcFKInfo& entry = entries.emplace_back();
@@ -97,7 +103,7 @@ void AddOracleResult(const ImportSession& session, const LcODBCRecordList& rows,
 
 }  // namespace
 
-void GetNativeForeignKeys(const ImportSession& session, LcWorkbookTableList& tables) {
+void GetNativeForeignKeys(ImportSession& session, LcWorkbookTableList& tables) {
   const LeDBMSType dbms_type = session.server().dbms_type;
   const std::u16string sql =
       BuildForeignKeyQuery(session.choices, dbms_type).value_or(std::u16string());
@@ -121,7 +127,7 @@ void GetNativeForeignKeys(const ImportSession& session, LcWorkbookTableList& tab
   session.progress.StatusDialog(inLoopEnd);
 }
 
-void GetNativeForeignKeysOracle(const ImportSession& session, LcWorkbookTableList& tables) {
+void GetNativeForeignKeysOracle(ImportSession& session, LcWorkbookTableList& tables) {
   const std::vector<std::u16string> texts =
       BuildForeignKeyQueries(session.choices, session.server().dbms_type);
   if (session.progress.WasImportStoppedOrCancelled()) return;
@@ -144,7 +150,7 @@ void GetNativeForeignKeysOracle(const ImportSession& session, LcWorkbookTableLis
   session.progress.StatusDialog(inLoopEnd);
 }
 
-void GetNativeForeignKeysRedBrick(const ImportSession& session, LcWorkbookTableList& tables) {
+void GetNativeForeignKeysRedBrick(ImportSession& session, LcWorkbookTableList& tables) {
   const QueryResult referencing_query =
       session.RunQuery(BuildForeignKeyQueryRedBrick1(session.choices));
   const LcODBCRecordList& referencing = referencing_query.RowsEvenIfFailed();

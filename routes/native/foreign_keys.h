@@ -8,9 +8,9 @@
 
 namespace odbcimport::native {
 
-void GetNativeForeignKeys(const ImportSession& session, LcWorkbookTableList& tables);  // DB2
-void GetNativeForeignKeysOracle(const ImportSession& session, LcWorkbookTableList& tables);
-void GetNativeForeignKeysRedBrick(const ImportSession& session, LcWorkbookTableList& tables);
-void GetNativeForeignKeysSQLServer(const ImportSession& session, LcWorkbookTableList& tables);
+void GetNativeForeignKeys(ImportSession& session, LcWorkbookTableList& tables);  // DB2
+void GetNativeForeignKeysOracle(ImportSession& session, LcWorkbookTableList& tables);
+void GetNativeForeignKeysRedBrick(ImportSession& session, LcWorkbookTableList& tables);
+void GetNativeForeignKeysSQLServer(ImportSession& session, LcWorkbookTableList& tables);
 
 }  // namespace odbcimport::native

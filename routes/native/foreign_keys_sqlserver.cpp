@@ -6,6 +6,7 @@
 #include "routes/native/foreign_key_queries.h"
 #include "routes/native/foreign_keys.h"
 #include "routes/native/key_pair.h"
+#include "routes/shared/lost_keys.h"
 
 namespace odbcimport::native {
 namespace {
@@ -24,7 +25,7 @@ int Number(const LcODBCRecordList& rows, int row, int position) {
 
 // A pair that cannot be resolved takes the whole key back, also when its first pairs are in their
 // tables already: half a key would show a relationship that the server does not have.
-void ReadKey(const ImportSession& session, const LcODBCRecordList& rows, int row,
+void ReadKey(const ImportSession& session, LostKeys& lost, const LcODBCRecordList& rows, int row,
              LcWorkbookTable& referencing_table, LcWorkbookTable& referenced_table) {
   const long count = base::ParseInteger(rows.View(row, kColumnCount));
   KeyPair keys(session);
@@ -39,6 +40,7 @@ void ReadKey(const ImportSession& session, const LcODBCRecordList& rows, int row
     }
     if (referencing == nullptr || referenced == nullptr) {
       keys.TakeBack();
+      lost.Add(referencing_table.GetOwner(true), referencing_table.GetName());
       return;
     }
     if (i == 0) {
@@ -52,20 +54,22 @@ void ReadKey(const ImportSession& session, const LcODBCRecordList& rows, int row
 
 }  // namespace
 
-void GetNativeForeignKeysSQLServer(const ImportSession& session, LcWorkbookTableList& tables) {
+void GetNativeForeignKeysSQLServer(ImportSession& session, LcWorkbookTableList& tables) {
   const QueryResult query = session.RunQuery(BuildForeignKeyQuerySQLServer(session.choices));
   const LcODBCRecordList& rows = query.RowsEvenIfFailed();
   if (session.progress.WasImportStoppedOrCancelled()) return;
 
   const int count = rows.GetRowCount();
   session.progress.StatusDialog(inLoopStart, iiForeignKeys, static_cast<unsigned long>(count));
+  LostKeys lost(session, u"foreign keys",
+                u"it names a column that its table does not have; the exact reading has it");
   for (int row = 1; row <= count && !session.progress.WasImportStoppedOrCancelled(); ++row) {
     LcWorkbookTable* referencing = tables.FindTableById(Number(rows, row, kReferencingTable));
     if (referencing == nullptr) continue;
     session.progress.StatusDialog(inTableItem, iiNone, 0, referencing->GetOwner(true).c_str(),
                                   referencing->GetName().c_str());
     LcWorkbookTable* referenced = tables.FindTableById(Number(rows, row, kReferencedTable));
-    if (referenced != nullptr) ReadKey(session, rows, row, *referencing, *referenced);
+    if (referenced != nullptr) ReadKey(session, lost, rows, row, *referencing, *referenced);
   }
   session.progress.StatusDialog(inLoopEnd);
 }

@@ -6,17 +6,20 @@
 #include "base/ascii.h"
 #include "catalogues/conversions.h"
 #include "routes/native/key_pair.h"
+#include "routes/shared/lost_keys.h"
 
 namespace odbcimport::native {
 namespace {
 
 class KeyAssembly {
  public:
-  KeyAssembly(const ImportSession& session, LcWorkbookTableList& tables)
+  KeyAssembly(ImportSession& session, LcWorkbookTableList& tables)
       : session_(session),
         tables_(tables),
         is_red_brick_(session.server().dbms_type == dbmsRedBrick),
-        keys_(session) {}
+        keys_(session),
+        lost_(session, u"foreign keys",
+              u"its columns are not paired as the server has them; the exact reading has it") {}
 
   void Add(const LcFKInfo& entry);
 
@@ -24,8 +27,9 @@ class KeyAssembly {
   void FindReferencingTable(const LcFKInfo& entry);
   LcWorkbookTable* FindReferencedTable(const LcFKInfo& entry);
   bool HasForwardKey();
+  void Lose(const LcFKInfo& entry);
 
-  const ImportSession& session_;
+  ImportSession& session_;
   LcWorkbookTableList& tables_;
   const bool is_red_brick_;
   std::u16string_view previous_owner_;  // in an entry, which outlives the assembly
@@ -34,6 +38,8 @@ class KeyAssembly {
   KeyPair keys_;
   // Forward keys that no table holds; they only serve to classify their mirror keys.
   std::vector<std::unique_ptr<LcWorkbookForeignKey>> loose_keys_;
+  LostKeys lost_;
+  bool is_lost_ = false;  // the key in hand has been told
   // The names of the side in hand, for look-ups and reports; kept for their storage.
   std::u16string owner_, table_, column_;
 };
@@ -76,28 +82,34 @@ bool KeyAssembly::HasForwardKey() {
   return true;
 }
 
+void KeyAssembly::Lose(const LcFKInfo& entry) {
+  if (!is_lost_) lost_.Add(entry.owner, entry.table);
+  is_lost_ = true;
+}
+
 void KeyAssembly::Add(const LcFKInfo& entry) {
+  if (entry.sequence == u"1") is_lost_ = false;
   owner_ = entry.owner;
   table_ = entry.table;
   column_ = entry.column;
   FindReferencingTable(entry);
-  if (referencing_table_ == nullptr || entry.table.empty() || entry.column.empty() ||
-      entry.referenced_table.empty() || entry.referenced_column.empty()) {
-    return;
+  if (referencing_table_ == nullptr || entry.table.empty()) return;
+  if (entry.column.empty() || entry.referenced_table.empty() || entry.referenced_column.empty()) {
+    return Lose(entry);
   }
   session_.progress.StatusDialog(inTableItem, iiNone, 0, owner_.c_str(), table_.c_str(),
                                  column_.c_str());
   LcWorkbookColumn* referencing = referencing_table_->FindColumn(column_);
-  if (referencing == nullptr) return;
+  if (referencing == nullptr) return Lose(entry);
   LcWorkbookTable* referenced_table = FindReferencedTable(entry);
   if (referenced_table == nullptr) return;
   column_ = entry.referenced_column;
   LcWorkbookColumn* referenced = referenced_table->FindColumn(column_);
-  if (referenced == nullptr) return;
+  if (referenced == nullptr) return Lose(entry);
   if (entry.sequence == u"1") {
     keys_.Start(*referenced_table, *referenced, *referencing_table_, *referencing);
   } else {
-    if (!HasForwardKey()) return;
+    if (!HasForwardKey()) return Lose(entry);
     keys_.Continue(*referenced, *referencing);
   }
   keys_.ApplyOneToOneRule();
@@ -105,7 +117,7 @@ void KeyAssembly::Add(const LcFKInfo& entry) {
 
 }  // namespace
 
-void AssembleForeignKeys(const ImportSession& session, const LcFKInfoList& entries,
+void AssembleForeignKeys(ImportSession& session, const LcFKInfoList& entries,
                          LcWorkbookTableList& tables) {
   KeyAssembly assembly(session, tables);
   for (const LcFKInfo& entry : entries) assembly.Add(entry);

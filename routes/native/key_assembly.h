@@ -27,8 +27,9 @@ struct LcFKInfo : LcObject {
 };
 using LcFKInfoList = std::vector<LcFKInfo>;
 
-// Reports each pair whose referencing table is known, and adds the keys to the tables.
-void AssembleForeignKeys(const ImportSession& session, const LcFKInfoList& entries,
+// Reports each pair whose referencing table is known, and adds the keys to the tables. A key that
+// names a column which its table does not have is left out, as one with other columns is, and told.
+void AssembleForeignKeys(ImportSession& session, const LcFKInfoList& entries,
                          LcWorkbookTableList& tables);
 
 }  // namespace odbcimport::native

@@ -37,6 +37,48 @@ class Losses(Case):
             self.assertEqual(result.returncode, 0, (fault, result.stderr))
             self.assertNotIn("incomplete", (self.folder / "a.json").read_text())
 
+    def missing(self, *words):
+        """What is not read, by kind, and the whole run."""
+        result = self.run_program("import", *words, "--reading", "compatible", "-o", "a.json")
+        self.assertEqual(result.returncode, 0, (words, result.stderr))
+        kinds = {}
+        for entry in json.loads((self.folder / "a.json").read_text()).get("notRead", []):
+            kinds.setdefault(entry["kind"], []).append(entry)
+        return kinds, result
+
+    def test_names_that_cannot_be_asked_exactly_are_named(self):
+        def names(entries):
+            return {entry["name"] for entry in entries if "name" in entry}
+        long = "n" * 70
+        shop = self.database(sql=f'create table a_b(x); create table axb(y); create table plain_one(z); create table "c\\d"(v); create table "{long}"(w)')
+        kinds, result = self.missing("--sqlite", shop)
+        self.assertEqual(names(kinds["columns of its own alone"]), {"a_b"})  # no other table fits plain_one
+        self.assertEqual(names(kinds["columns and keys, perhaps"]), {"c\\d"})
+        self.assertEqual(names(kinds["the rest of the name, perhaps"]), {long[:63]})
+        self.assertEqual(result.stderr.count("--reading exact"), 3, result.stderr)
+        # Of a part of the tables nobody knows the others.
+        kinds, _ = self.missing("--sqlite", shop, "--select-table", "plain_one")
+        self.assertEqual(names(kinds["columns of its own alone"]), {"plain_one"})
+        self.assertNotIn("notRead", (lambda r: (self.folder / "b.json").read_text())(
+            self.run_program("import", "--sqlite", shop, "--reading", "exact", "-o", "b.json")))
+        # A hundred are named, the others counted, on standard error in one line.
+        kinds, result = self.missing("--sqlite", self.database("many.db", "".join(f"create table t_{i}_(a);create table tx{i}_(a);" for i in range(130))))
+        self.assertEqual(len(kinds["columns of its own alone"]), 101)
+        self.assertIn("30 more: ", kinds["columns of its own alone"][-1]["reason"])
+        self.assertEqual(result.stderr.count("not read:"), 2, result.stderr)
+
+    def test_keys_that_the_pairing_drops_are_counted(self):
+        cases = [("informix-7", "", "keys"),  # Dynamic Server: none has columns
+                 ("db2", 'UPDATE syscat."references" SET fk_colnames = \'NOWHERE\'', "foreign keys"),
+                 ("oracle", "DELETE FROM all_cons_columns WHERE constraint_name = (SELECT max(constraint_name) FROM all_constraints WHERE constraint_type = 'R')", "foreign keys"),
+                 ("sqlserver", "UPDATE sysreferences SET fkey1 = 99", "foreign keys"),
+                 ("redbrick", "UPDATE rbw_constraintcolumns SET cname = 'NOWHERE' WHERE constraint_name IN (SELECT name FROM rbw_constraints WHERE type LIKE 'F%')", "foreign keys")]
+        for name, sql, kind in cases:
+            kinds, result = self.missing("--connect", server(f"Server={name};Sql={{{sql}}}" if sql else f"Server={name}"))
+            self.assertIn(kind, kinds, name)
+            self.assertTrue(all("exact reading" in entry["reason"] for entry in kinds[kind]), kinds[kind])
+            self.assertIn(f"not read: {kind}", result.stderr)
+
     def test_formats_carry_the_mark(self):
         formats = {"text": "txt", "json": "json", "sql": "sql", "dot": "dot", "svg": "svg", "html": "html", "mermaid": "mmd", "markdown": "md"}
         for name, end in formats.items():
