@@ -27,6 +27,16 @@ std::string FromWide(const SQLWCHAR* text, std::size_t characters) {
   return ToUtf8(wide);
 }
 
+namespace {
+
+// What a driver wrote of an SQLSTATE: five characters, whether it ended them or not, or fewer.
+std::string StateText(const SQLWCHAR (&state)[6]) {
+  return FromWide(state,
+                  static_cast<std::size_t>(std::find(state, state + 5, SQLWCHAR{0}) - state));
+}
+
+}  // namespace
+
 std::vector<recording::Diagnostic> ReadDiagnosticRecords(SQLSMALLINT handle_type,
                                                          SQLHANDLE handle) {
   constexpr SQLSMALLINT kMostRecords = 100;  // a driver may give the same one for ever
@@ -43,9 +53,7 @@ std::vector<recording::Diagnostic> ReadDiagnosticRecords(SQLSMALLINT handle_type
       break;
     }
     const auto end = std::find(message.begin(), message.end() - 1, SQLWCHAR{0});
-    const auto state_end = std::find(sql_state, sql_state + 5, SQLWCHAR{0});
-    records.push_back({FromWide(sql_state, static_cast<std::size_t>(state_end - sql_state)),
-                       native_error, std::u16string(message.begin(), end)});
+    records.push_back({StateText(sql_state), native_error, std::u16string(message.begin(), end)});
   }
   return records;
 }
@@ -61,11 +69,12 @@ std::string ReadDiagnostics(SQLSMALLINT handle_type, SQLHANDLE handle, std::stri
                                   SQL_MAX_MESSAGE_LENGTH, &length))) {
       break;
     }
-    const std::string code = FromWide(sql_state, 5);
+    const std::string code = OneLine(StateText(sql_state));
     if (state.empty()) state = code;
     const std::size_t characters =
         std::find(message, message + SQL_MAX_MESSAGE_LENGTH - 1, SQLWCHAR{0}) - message;
-    const std::string text = fmt::format("{} [{}]", OneLine(FromWide(message, characters)), code);
+    const std::string text = fmt::format("{} [{}]", OneLine(FromWide(message, characters)),
+                                         code.empty() ? "no SQLSTATE" : code);
     if (all.find(text) != std::string::npos) continue;  // drivers repeat themselves
     all += (all.empty() ? "" : "; ") + text;
   }

@@ -103,12 +103,19 @@ DRIVER_ENTRY SQLSetStmtAttrW(SQLHSTMT handle, SQLINTEGER attribute, SQLPOINTER v
   return SQL_SUCCESS;
 }
 
-DRIVER_ENTRY SQLGetDiagRecW(SQLSMALLINT, SQLHANDLE, SQLSMALLINT, SQLWCHAR*, SQLINTEGER*, SQLWCHAR*,
-                            SQLSMALLINT, SQLSMALLINT*) {
-  return SQL_NO_DATA;  // fails without a reason
+DRIVER_ENTRY SQLGetDiagRecW(SQLSMALLINT, SQLHANDLE, SQLSMALLINT record, SQLWCHAR* state,
+                            SQLINTEGER*, SQLWCHAR* message, SQLSMALLINT room, SQLSMALLINT* length) {
+  if (!lie.ends_with("-state") || record > 1) return SQL_NO_DATA;  // without a reason
+  if (lie == "unended-state") std::fill_n(state, 5, SQLWCHAR{u'X'});
+  std::fill_n(message, room, SQLWCHAR{0});
+  message[0] = u'm';
+  *length = 1;
+  return SQL_SUCCESS;
 }
 
-DRIVER_ENTRY SQLExecDirectW(SQLHSTMT, SQLWCHAR*, SQLINTEGER) { return SQL_SUCCESS; }
+DRIVER_ENTRY SQLExecDirectW(SQLHSTMT, SQLWCHAR*, SQLINTEGER) {
+  return lie.ends_with("-state") ? SQL_ERROR : SQL_SUCCESS;
+}
 
 DRIVER_ENTRY SQLNumResultCols(SQLHSTMT handle, SQLSMALLINT* count) {
   const int question = ++static_cast<Statement*>(handle)->column_questions;

@@ -57,6 +57,24 @@ INSTANTIATE_TEST_SUITE_P(
       return name;
     });
 
+// A state of which the driver writes five characters and no end, or nothing at all, is one of five
+// at the most.
+TEST(LyingQuery, EndsAStateThatItsDriverDoesNot) {
+  for (const std::string lie : {"unended-state", "no-state"}) {
+    wbtest::Connection connection("Driver=" WB_BUILD_DIR "/lib/liblyingdriver.so;Lie=" + lie + ";");
+    odbc::Query query(connection.henv(), connection.hdbc(), [] { return false; });
+    ASSERT_EQ(query.Execute("anything", {}, 2), odbc::QueryState::kFailed);
+    ASSERT_FALSE(query.Failure().diagnostics.empty());
+    for (const odbc::Diagnostic& diagnostic : query.Failure().diagnostics) {
+      const std::u16string state = diagnostic.state;
+      EXPECT_LE(state.size(), 5U);
+      if (lie == "unended-state") {
+        EXPECT_EQ(state, u"XXXXX");
+      }
+    }
+  }
+}
+
 // A cell of which the driver says anything is read in pieces that grow with what arrives, up to a
 // limit.
 TEST(LyingQuery, GetsNoMemoryForALengthAlone) {
