@@ -117,15 +117,16 @@ class Named {
 std::vector<LcNotRead> FindInexactNames(const LcWorkbook& workbook, bool is_part) {
   Finder finder(workbook);
   Named patterns(
-      u"columns of its own alone",
+      u"exact columns",
       u"the driver takes _ and % in a name for wildcards, so that it may have columns of "
       u"other tables; --reading exact asks for the name");
-  Named escapes(u"columns and keys, perhaps",
+  Named escapes(u"exact columns",
                 u"the driver may take the backslash in the name for an escape and find nothing; "
                 u"--reading exact asks for the name");
-  Named cut(u"the rest of the name, perhaps",
-            u"names end at 63 characters here, and a table whose name was cut has no columns and "
-            u"keys; --reading exact has them whole");
+  Named cut(
+      u"exact name",
+      u"names end at 63 characters here, so that it may be cut, and a table whose name is cut has "
+      u"no columns and keys; --reading exact has them whole");
   for (const LcWorkbookTable* table : workbook.tables.Present()) {
     const std::u16string& owner = table->GetOwner(true);
     const std::u16string& name = table->GetName();

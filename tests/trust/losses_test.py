@@ -52,19 +52,18 @@ class Losses(Case):
         long = "n" * 70
         shop = self.database(sql=f'create table a_b(x); create table axb(y); create table plain_one(z); create table "c\\d"(v); create table "{long}"(w)')
         kinds, result = self.missing("--sqlite", shop)
-        self.assertEqual(names(kinds["columns of its own alone"]), {"a_b"})  # no other table fits plain_one
-        self.assertEqual(names(kinds["columns and keys, perhaps"]), {"c\\d"})
-        self.assertEqual(names(kinds["the rest of the name, perhaps"]), {long[:63]})
+        self.assertEqual(names(kinds["exact columns"]), {"a_b", "c\\d"})  # no other table fits plain_one
+        self.assertEqual(names(kinds["exact name"]), {long[:63]})
         self.assertEqual(result.stderr.count("--reading exact"), 3, result.stderr)
         # Of a part of the tables nobody knows the others.
         kinds, _ = self.missing("--sqlite", shop, "--select-table", "plain_one")
-        self.assertEqual(names(kinds["columns of its own alone"]), {"plain_one"})
+        self.assertEqual(names(kinds["exact columns"]), {"plain_one"})
         self.assertNotIn("notRead", (lambda r: (self.folder / "b.json").read_text())(
             self.run_program("import", "--sqlite", shop, "--reading", "exact", "-o", "b.json")))
         # A hundred are named, the others counted, on standard error in one line.
         kinds, result = self.missing("--sqlite", self.database("many.db", "".join(f"create table t_{i}_(a);create table tx{i}_(a);" for i in range(130))))
-        self.assertEqual(len(kinds["columns of its own alone"]), 101)
-        self.assertIn("30 more: ", kinds["columns of its own alone"][-1]["reason"])
+        self.assertEqual(len(kinds["exact columns"]), 101)
+        self.assertIn("30 more: ", kinds["exact columns"][-1]["reason"])
         self.assertEqual(result.stderr.count("not read:"), 2, result.stderr)
 
     def test_keys_that_the_pairing_drops_are_counted(self):
