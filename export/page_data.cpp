@@ -1,7 +1,6 @@
 #include "export/page_data.h"
 
 #include <algorithm>
-#include <nlohmann/json.hpp>
 #include <string>
 #include <unordered_map>
 #include <unordered_set>
@@ -9,27 +8,20 @@
 #include "export/diagram.h"
 #include "export/facts.h"
 #include "export/model.h"
+#include "export/page_value.h"
 
 namespace wbexport {
 
 namespace {
 
-using Json = nlohmann::json;
-
 // Flags of a column and of a data type; model.js and pages.js know the same numbers.
 enum ColumnFlag { kRequired = 1, kReadOnly = 2, kGenerated = 4, kPrimary = 8 };
 enum TypeFlag { kSizeModifiable = 1, kLong = 2, kDistinct = 4 };
 
-// JSON for a script element: without any "<", so that no name can end the element or begin a
-// comment in it.
-void WriteJsonData(std::ostream& out, const Json& value) {
-  for (const char c : value.dump(-1, ' ', false, Json::error_handler_t::replace)) {
-    if (c == '<') {
-      out << "\\u003c";
-    } else {
-      out.put(c);
-    }
-  }
+void WriteValue(std::ostream& out, const PageValue& value) {
+  std::string text;
+  value.AppendTo(text);
+  out << text;
 }
 
 // Gives each distinct text a number, in the order in which they come up.
@@ -69,13 +61,14 @@ class PageData {
     WriteTypes();
     WriteDetails();
     // Last, since the texts are numbered on the way.
-    Member("owners", owners_.texts());
-    Member("types", types_.texts());
+    Member("owners", PageValue::Array(owners_.texts()));
+    Member("types", PageValue::Array(types_.texts()));
     const auto place = numbers_.find(around);
-    Member("view", Json{{"around", place == numbers_.end() ? -1 : static_cast<int>(place->second)},
+    Member("view", PageValue::Object(
+                       {{"around", place == numbers_.end() ? -1 : static_cast<int>(place->second)},
                         {"distance", std::clamp(options.distance, 1, 3)},
-                        {"whole", options.whole},
-                        {"mostTables", kLargestDiagram}});
+                        {"mostTables", kLargestDiagram},
+                        {"whole", options.whole}}));
     out_ << '}';
   }
 
@@ -84,9 +77,9 @@ class PageData {
     out_ << (first_member_ ? "{\"" : ",\"") << key << "\":";
     first_member_ = false;
   }
-  void Member(const char* key, const Json& value) {
+  void Member(const char* key, const PageValue& value) {
     Key(key);
-    WriteJsonData(out_, value);
+    WriteValue(out_, value);
   }
   // An array with make(entry) for each entry of `list`, an element a line.
   template <class List, class Make>
@@ -94,31 +87,31 @@ class PageData {
     Key(key);
     const char* separator = "[\n";
     for (const auto& entry : list) {
-      const Json value = make(entry);
-      if (value.is_null()) continue;  // an empty entry of a list
+      const PageValue value = make(entry);
+      if (value.IsNull()) continue;  // an empty entry of a list
       out_ << separator;
       separator = ",\n";
-      WriteJsonData(out_, value);
+      WriteValue(out_, value);
     }
     out_ << (*separator == '[' ? "[]" : "]");
   }
 
   void WriteSource() {
-    Member("source", {{"dbmsName", Display(info_.dbms_name)},
-                      {"dbmsVersion", info_.dbms_version},
-                      {"route", Display(info_.route)},
-                      {"result", info_.result},
-                      {"title", Display(info_.title)},
-                      {"importedAt", Display(info_.imported_at)},
-                      {"errorsShown", info_.errors_shown},
-                      {"cutShort", IncompleteText(info_)}});
+    Member("source", PageValue::Object({{"cutShort", IncompleteText(info_)},
+                                        {"dbmsName", Display(info_.dbms_name)},
+                                        {"dbmsVersion", info_.dbms_version},
+                                        {"errorsShown", info_.errors_shown},
+                                        {"importedAt", Display(info_.imported_at)},
+                                        {"result", info_.result},
+                                        {"route", Display(info_.route)},
+                                        {"title", Display(info_.title)}}));
   }
 
-  Json ColumnData(const LcWorkbookColumn& column) {
+  PageValue ColumnData(const LcWorkbookColumn& column) {
     const int flags =
         (column.IsRequired() ? kRequired : 0) | (column.IsReadOnly() ? kReadOnly : 0) |
         (column.IsGeneratedKey() ? kGenerated : 0) | (column.IsPrimaryKey() ? kPrimary : 0);
-    Json data = {Display(column.GetName()), types_.Of(TypeText(column)), flags};
+    PageValue data = {Display(column.GetName()), types_.Of(TypeText(column)), flags};
     const LcColumnDetails* details = column.GetDetails();
     if (details == nullptr) return data;
     std::string notes;
@@ -130,73 +123,82 @@ class PageData {
   }
 
   // Appends the texts but for the empty ones at their end.
-  static Json WithTexts(Json list, std::vector<std::string> texts) {
+  static PageValue WithTexts(PageValue list, std::vector<std::string> texts) {
     while (!texts.empty() && texts.back().empty()) texts.pop_back();
-    for (std::string& text : texts) list.push_back(std::move(text));
+    for (std::string& text : texts) list.Add(text);
     return list;
   }
 
-  static Json FactData(const Fact& fact) {
-    return WithTexts(Json::array(), {fact.kind, fact.name, fact.text, fact.comment, fact.body,
-                                     fact.made_name ? "made" : ""});
+  static PageValue FactData(const Fact& fact) {
+    return WithTexts(PageValue::Array(), {fact.kind, fact.name, fact.text, fact.comment, fact.body,
+                                          fact.made_name ? "made" : ""});
+  }
+
+  template <class List>
+  static void SetFacts(PageValue& object, const char* key, const List& facts) {
+    PageValue list = PageValue::Array();
+    for (const Fact& fact : facts) list.Add(FactData(fact));
+    if (!list.IsEmpty()) object.Set(key, list);
   }
 
   // What only the exact reading knows, by name; null where there is nothing.
-  Json MoreOf(const LcWorkbookTable& table) const {
+  PageValue MoreOf(const LcWorkbookTable& table) const {
     const LcTableDetails* details = table.GetDetails();
     if (details == nullptr) return {};
-    Json more = Json::object();
-    const std::string kind = KindName(table);
-    if (kind != KindName(table.GetType())) more["kind"] = kind;
-    if (const std::string comment = CommentOf(table); !comment.empty()) more["comment"] = comment;
-    if (const std::string text = ViewTextOf(table); !text.empty()) more["text"] = text;
+    PageValue more = PageValue::Object();
+    if (const std::string comment = CommentOf(table); !comment.empty())
+      more.Set("comment", comment);
+    SetFacts(more, "facts", facts_.OfTable(table));
     if (details->primary_key && details->primary_key->name.IsPresent()) {
-      more["keyName"] = Display(details->primary_key->name.View());
+      more.Set("keyName", Display(details->primary_key->name.View()));
     }
-    for (const Fact& fact : facts_.OfTable(table)) more["facts"].push_back(FactData(fact));
-    for (const Fact& fact : facts_.OutsideKeys(table)) more["outside"].push_back(FactData(fact));
+    const std::string kind = KindName(table);
+    if (kind != KindName(table.GetType())) more.Set("kind", kind);
+    SetFacts(more, "outside", facts_.OutsideKeys(table));
     if (const LcWorkbookTable* whole = facts_.WholeOf(table); whole != nullptr) {
       const LcText bound = details->options.Find(u"partition bound");
-      more["partOf"] = {Display(whole->GetOwner(true)), Display(whole->GetName()),
-                        DisplayLine(bound.View())};
+      more.Set("partOf", {Display(whole->GetOwner(true)), Display(whole->GetName()),
+                          DisplayLine(bound.View())});
     }
-    return more.empty() ? Json() : more;
+    if (const std::string text = ViewTextOf(table); !text.empty()) more.Set("text", text);
+    return more.IsEmpty() ? PageValue() : more;
   }
 
-  Json TableData(const LcWorkbookTable& table) {
+  PageValue TableData(const LcWorkbookTable& table) {
     numbers_.emplace(&table, numbers_.size());
     const std::string owner = Display(table.GetOwner(true));
     const std::string name = Display(table.GetName());
     read_.insert(owner + '\n' + name);
-    Json columns = Json::array();
+    PageValue columns = PageValue::Array();
     for (int i = 0; i < table.GetColumnCount(); ++i) {
       columns_.emplace(table.GetColumn(i), i);
-      columns.push_back(ColumnData(*table.GetColumn(i)));
+      columns.Add(ColumnData(*table.GetColumn(i)));
     }
-    Json key = Json::array();
+    PageValue key = PageValue::Array();
     for (const LcWorkbookColumn* column : table.GetPrimaryKey().GetColumns()) {
       const auto place = columns_.find(column);
-      if (place != columns_.end()) key.push_back(place->second);
+      if (place != columns_.end()) key.Add(place->second);
     }
-    Json synonym;
+    PageValue synonym;
     if (table.GetType() == ttSynonym) {
       const LcSynonymDetails details = table.GetSynonymDetails();
-      synonym = {{"owner", Display(details.base_owner)},
-                 {"name", Display(details.base_table_name)},
-                 {"database", Display(details.database_name)},
-                 {"server", Display(details.server_name)}};
+      synonym = PageValue::Object({{"database", Display(details.database_name)},
+                                   {"name", Display(details.base_table_name)},
+                                   {"owner", Display(details.base_owner)},
+                                   {"server", Display(details.server_name)}});
     }
-    Json data = {owners_.Of(owner), name, static_cast<int>(table.GetType()), columns, key, synonym};
-    if (Json more = MoreOf(table); !more.is_null()) data.push_back(std::move(more));
+    PageValue data = {owners_.Of(owner), name, static_cast<int>(table.GetType()),
+                      columns,           key,  synonym};
+    if (PageValue more = MoreOf(table); !more.IsNull()) data.Add(more);
     return data;
   }
 
   // The tables, and behind them the names of those that were not read themselves.
   void WriteTables() {
     Array("tables", workbook_.tables, [&](const LcWorkbookTable* table) {
-      return table == nullptr ? Json() : TableData(*table);
+      return table == nullptr ? PageValue() : TableData(*table);
     });
-    Array("names", workbook_.table_names, [&](const LcTableInfo* info) -> Json {
+    Array("names", workbook_.table_names, [&](const LcTableInfo* info) -> PageValue {
       if (info == nullptr) return {};
       const std::string owner = Display(info->owner);
       const std::string name = Display(info->name);
@@ -207,20 +209,20 @@ class PageData {
 
   void WriteRelations() {
     const auto positions = [&](const std::vector<LcWorkbookColumn*>& columns) {
-      Json list = Json::array();
+      PageValue list = PageValue::Array();
       for (const LcWorkbookColumn* column : columns) {
         const auto place = columns_.find(column);
-        if (place != columns_.end()) list.push_back(place->second);
+        if (place != columns_.end()) list.Add(place->second);
       }
       return list;
     };
     const Relationships relationships(workbook_);
-    Array("relations", relationships.All(), [&](const Relationship& relationship) -> Json {
+    Array("relations", relationships.All(), [&](const Relationship& relationship) -> PageValue {
       const auto from = numbers_.find(relationship.from);
       const auto to = numbers_.find(relationship.to);
       if (from == numbers_.end() || to == numbers_.end()) return {};
-      Json data = {from->second, positions(relationship.from_columns), to->second,
-                   positions(relationship.to_columns), relationship.one_to_one};
+      PageValue data = {from->second, positions(relationship.from_columns), to->second,
+                        positions(relationship.to_columns), relationship.one_to_one};
       const LcForeignKeyDetails* details = relationship.details;
       if (details == nullptr) return data;
       const std::string acts = Facts::OfReference(details);
@@ -231,11 +233,11 @@ class PageData {
   }
 
   void WriteFunctions(const char* key, const LcWorkbookFunctionList& functions) {
-    Array(key, functions, [](const LcWorkbookFunction* function) -> Json {
+    Array(key, functions, [](const LcWorkbookFunction* function) -> PageValue {
       if (function == nullptr) return {};
-      Json overloads = Json::array();
+      PageValue overloads = PageValue::Array();
       for (const auto& overload : function->GetOverloads()) {
-        overloads.push_back({Display(overload->GetText()), Display(overload->GetResultType())});
+        overloads.Add({Display(overload->GetText()), Display(overload->GetResultType())});
       }
       return {Display(function->GetOwner()), Display(function->GetName()), overloads};
     });
@@ -243,15 +245,16 @@ class PageData {
 
   void WriteLists() {
     const auto named = [](const auto* entry) {
-      return entry == nullptr ? Json()
-                              : Json{Display(entry->GetName()), Display(entry->GetDescription())};
+      return entry == nullptr
+                 ? PageValue()
+                 : PageValue{Display(entry->GetName()), Display(entry->GetDescription())};
     };
     Array("operators", workbook_.operators, named);
     Array("aggregates", workbook_.aggregates, named);
     Array("ownerNames", workbook_.owner_names, [](const LcOwnerInfo* owner) {
-      return owner == nullptr ? Json() : Json(Display(owner->name));
+      return owner == nullptr ? PageValue() : PageValue(Display(owner->name));
     });
-    Array("columnNames", workbook_.column_names, [&](const LcWBColumnInfo* column) -> Json {
+    Array("columnNames", workbook_.column_names, [&](const LcWBColumnInfo* column) -> PageValue {
       if (column == nullptr) return {};
       const std::string type = column->data_type ? TypeName(*column->data_type) : "";
       return {Display(column->name), types_.Of(type)};
@@ -260,7 +263,7 @@ class PageData {
 
   void WriteProcedures(const Options& options) {
     const ListedProcedures procedures = ProceduresToList(document_, options);
-    Array("procedures", procedures.listed, [](const LcWorkbookProcedure* procedure) -> Json {
+    Array("procedures", procedures.listed, [](const LcWorkbookProcedure* procedure) -> PageValue {
       return {Display(procedure->GetOwner()), Display(procedure->GetName()),
               Display(procedure->GetQualifier())};
     });
@@ -268,14 +271,14 @@ class PageData {
   }
 
   void WriteTypes() {
-    Array("dataTypes", workbook_.data_types, [](const LcWorkbookDatatype* type) -> Json {
+    Array("dataTypes", workbook_.data_types, [](const LcWorkbookDatatype* type) -> PageValue {
       if (type == nullptr) return {};
       const int flags = (type->IsSizeModifiable() ? kSizeModifiable : 0) |
                         (type->IsLong() ? kLong : 0) | (type->IsDistinct() ? kDistinct : 0);
-      Json components = Json::array();
+      PageValue components = PageValue::Array();
       for (int i = 0; i < type->GetComponentCount(); ++i) {
         const LcWorkbookDatatype& component = *type->GetComponent(i);
-        components.push_back({Display(component.GetName()), TypeName(component)});
+        components.Add({Display(component.GetName()), TypeName(component)});
       }
       return {TypeName(*type),
               Display(type->GetOtherTypeName()),
@@ -292,7 +295,7 @@ class PageData {
 
   void WriteDetails() {
     const LcWorkbookDetails& details = workbook_.details;
-    Array("schemas", details.schemas, [](const LcSchemaDetails& schema) -> Json {
+    Array("schemas", details.schemas, [](const LcSchemaDetails& schema) -> PageValue {
       return WithTexts({Display(schema.name.View()), schema.is_default},
                        {DisplayLines(schema.comment.View())});
     });
@@ -303,7 +306,7 @@ class PageData {
     Array("routines", details.routines,
           [](const auto& routine) { return FactData(Facts::OfRoutine(routine)); });
     Array("notRead", details.not_read,
-          [](const LcNotRead& missing) { return Json(Facts::OfNotRead(missing)); });
+          [](const LcNotRead& missing) { return PageValue(Facts::OfNotRead(missing)); });
   }
 
   const Document& document_;

@@ -83,19 +83,6 @@ ZeroedArray<T> AllocateZeroed(std::size_t count) {
   return ZeroedArray<T>(static_cast<T*>(std::calloc(count, sizeof(T))));
 }
 
-// The boundary: no exception of the library or of a host's services goes past an operation, but for
-// that of a service which ends its thread.
-template <class Operation>
-int Guarded(Operation operation) {
-  try {
-    return operation() ? 1 : 0;
-  } catch (const abi::__forced_unwind&) {
-    throw;
-  } catch (...) {
-    return 0;
-  }
-}
-
 // Where the driver puts one column of a rowset. A long column has no text block and is not bound.
 struct ColumnBuffer {
   ZeroedArray<char16_t> text;
@@ -157,7 +144,35 @@ struct __attribute__((visibility("hidden"))) LcODBCFetch::State {
     failed = true;
     PostOtherError(error);
   }
+  template <class Operation>
+  int Guarded(Operation operation);
 };
+
+// The boundary: no exception of the library or of a host's services goes past an operation, but for
+// that of a service which ends its thread. Memory that runs out is told like any other failure.
+template <class Operation>
+int LcODBCFetch::State::Guarded(Operation operation) {
+  const auto run = [this](const auto& what) {
+    try {
+      return what() ? 1 : 0;
+    } catch (const abi::__forced_unwind&) {
+      throw;
+    } catch (const std::bad_alloc&) {
+      failed = true;
+      return -1;
+    } catch (...) {
+      failed = true;
+      return 0;
+    }
+  };
+  const int result = run(operation);
+  if (result >= 0) return result;
+  run([this] {
+    ShowOtherError(OtherError::kNoMemory);
+    return true;
+  });
+  return 0;
+}
 
 LcODBCFetch::State::State(SQLHENV environment, SQLHDBC connection, int type, const char16_t* text,
                           unsigned long rowset, SQLULEN concurrency_option, SQLULEN cursor_option)
@@ -389,13 +404,13 @@ LcODBCFetch::~LcODBCFetch() = default;
 const char* LcODBCFetch::GetRuntimeClass() const { return "LcODBCFetch"; }
 
 int LcODBCFetch::ExecuteCommand(int* has_results) {
-  return Guarded([&] { return state_->ExecuteCommand(has_results); });
+  return state_->Guarded([&] { return state_->ExecuteCommand(has_results); });
 }
 int LcODBCFetch::DescribeResults() {
-  return Guarded([&] { return state_->DescribeResults(); });
+  return state_->Guarded([&] { return state_->DescribeResults(); });
 }
 int LcODBCFetch::FetchData(LcODBCRecordList& rows, unsigned long max_rows) {
-  return Guarded([&] { return state_->FetchData(rows, max_rows); });
+  return state_->Guarded([&] { return state_->FetchData(rows, max_rows); });
 }
 const LcODBCRecordList& LcODBCFetch::GetColumns() const { return state_->columns; }
 int LcODBCFetch::HasFailed() const { return state_->failed ? 1 : 0; }
