@@ -2,10 +2,20 @@
 """Files: what is written is whole, nothing that is read is written over, and no file that is read ends the program."""
 import json
 import os
+import resource
 import signal
 import subprocess
 
 from program import WBIMPORT, Case, main, server
+
+LONG = os.environ.get("WB_LONG")
+
+def room(most):
+    """For a process whose files cannot become longer; a signal tells it of the first that would."""
+    def limit():
+        signal.signal(signal.SIGXFSZ, signal.SIG_DFL)
+        resource.setrlimit(resource.RLIMIT_FSIZE, (most, most))
+    return limit
 
 class Descriptors(Case):
     def test_closed_ones_are_no_drivers_files(self):
@@ -131,13 +141,35 @@ class Output(Case):
         self.assertEqual((self.folder / "pages/mine.md").read_text(), "mine")
         # One page that cannot be written leaves the folder as it was.
         (self.folder / "pages/README.md").write_text("before")
-        def little_room():
-            import resource
-            signal.signal(signal.SIGXFSZ, signal.SIG_IGN)
-            resource.setrlimit(resource.RLIMIT_FSIZE, (1024, 1024))
-        result = self.run_program("import", "--format", "markdown", "-o", "pages/", preexec_fn=little_room)
+        result = self.run_program("import", "--format", "markdown", "-o", "pages/", preexec_fn=room(1024))
         self.assertEqual(result.returncode, 6, result.stderr)
         self.assertEqual((self.folder / "pages/README.md").read_text(), "before")
+        self.assertEqual([name for name in os.listdir(self.folder) if name.startswith(".wbimport")], [])
+
+    def test_writes_fail_in_turn(self):
+        self.assertEqual(self.run_program("import", "-o", "book.json").returncode, 0)
+        ends = {"text": "txt", "json": "json", "sql": "sql", "dot": "dot", "svg": "svg", "png": "png", "html": "html", "mermaid": "mmd",
+                "plantuml": "puml", "markdown": "md", "dbml": "dbml", "csv": "csv"}
+        for name, end in ends.items():
+            words = ("render", "book.json", "--format", name, "-o")
+            self.assertEqual(self.run_program(*words, f"whole.{end}").returncode, 0, name)
+            whole = (self.folder / f"whole.{end}").read_bytes()
+            target = self.file(f"a.{end}", "before")
+            places = sorted({0, 1, len(whole) // 2, len(whole) - 1} | (set(range(0, len(whole), 4096)) if LONG else set()))
+            for most in places:
+                result = self.run_program(*words, target, preexec_fn=room(most))
+                self.assertEqual(result.returncode, 6, (name, most, result.stderr))
+                self.assertEqual(target.read_text(), "before", (name, most))
+            self.assertEqual(self.run_program(*words, target, preexec_fn=room(len(whole))).returncode, 0, name)
+            self.assertEqual(target.read_bytes(), whole)
+            self.assertEqual(self.run_program(*words, "/dev/full").returncode, 6, name)
+        # What a run writes beside its output.
+        for option in ("--log", "--trace", "--errors", "--record"):
+            for most in (0, 20):
+                result = self.run_program("import", "--connect", server("Server=generic;Fail=SQLColumns:2"), "-o", "/dev/null", option, "b.jsonl",
+                                          preexec_fn=room(most))
+                self.assertIn(result.returncode, (1, 6), (option, most, result.stderr))
+                self.assertTrue(result.stderr)
         self.assertEqual([name for name in os.listdir(self.folder) if name.startswith(".wbimport")], [])
 
 class Inputs(Case):
@@ -166,6 +198,34 @@ class Inputs(Case):
                       ("render", deep), ("render", inside), ("diff", deep, deep), ("import", "--dialect", "/dev/zero")):
             result = self.run_program(*words)
             self.assertEqual(result.returncode, 2, (words, result.stderr))
+
+    def test_limits_hold_at_their_edges(self):
+        """Each limit of a file: what is just as large is taken, one more is not, and says so."""
+        mib = 1 << 20
+        sqlite = self.run_program("dialects", "show", "sqlite").stdout
+        def filled(start, size, end="", fill="x"):
+            return start + fill * (size - len(start.encode()) - len(end)) + end
+        def nested(start, depth, end):
+            return start + "[" * depth + "]" * depth + end
+        def with_settings(size):
+            return self.run_program("list", "tables", env={**self.environment, "WBIMPORT_SETTINGS": str(self.file("s.toml", filled("# ", size, "\n")))})
+        def with_drivers(size):
+            self.file("odbcinst.ini", filled("# ", size, "\n[Edge]") + "\nDriver=x\n")
+            return self.run_program("drivers", env={**self.environment, "ODBCSYSINI": str(self.folder)})
+        cases = [  # the limit, a run at a size, what tells that it was too much
+            ("configuration", mib, lambda n: self.run_program("--config", self.file("c.toml", filled("# ", n, "\n")), "list", "tables"), "more than"),
+            ("settings", mib, with_settings, "larger than 1 MiB"),
+            ("dialect", 4 * mib, lambda n: self.run_program("dialects", "check", self.file("d.sql", filled(sqlite + "\n-- ", n, "\n"))), "more than"),
+            ("request", 64 * mib, lambda n: self.run_program("import", "--request", self.file("r.json", filled('{"items": ["tables"]', n, "}", " ")), "-o", "a.json"), "more than"),
+            ("request's depth", 32, lambda n: self.run_program("import", "--request", self.file("r.json", nested('{"items": ', n, "}"))), "nests deeper"),
+            ("workbook's depth", 64, lambda n: self.run_program("render", self.file("w.json", nested('{"tables": ', n - 1, "}"))), "nested too deep"),
+            ("secret", 64 * 1024, lambda n: self.run_program("import", "--connect", "Driver=nobody's", "--user", "x", "--password-stdin", stdin=self.opened("p", "x" * n)), "is not taken")]
+        for name, limit, run, told in cases:
+            for size, is_told in ((limit, False), (limit + 1, True)):
+                result = run(size)
+                self.assertEqual(told in result.stderr, is_told, (name, size, result.stderr[:300]))
+        self.assertIn("Edge", with_drivers(16 * mib).stdout)
+        self.assertNotIn("Edge", with_drivers(16 * mib + 1).stdout)
 
 if __name__ == "__main__":
     main()
