@@ -74,6 +74,12 @@ SQLRETURN Result() {
   return script->Take<std::uint8_t>() < 230 ? SQL_SUCCESS : Choose(kOdd);
 }
 
+// Null, which a driver manager refuses before the driver sees it, for what is no statement.
+Statement* Find(SQLHSTMT handle) {
+  const auto found = statements.find(handle);
+  return found != statements.end() ? found->second.get() : nullptr;
+}
+
 // How many columns the heading of a dialect has, and how many parts the first of them.
 std::size_t Count(char16_t mark, std::u16string_view text) {
   return static_cast<std::size_t>(std::count(text.begin(), text.end(), mark)) + 1;
@@ -176,7 +182,8 @@ SQLRETURN SQLAllocStmt(SQLHDBC, SQLHSTMT* statement) {
 }
 
 SQLRETURN SQLFreeStmt(SQLHSTMT handle, SQLUSMALLINT option) {
-  auto* const statement = static_cast<Statement*>(handle);
+  Statement* const statement = Find(handle);
+  if (statement == nullptr) return SQL_INVALID_HANDLE;
   if (option == SQL_UNBIND) statement->columns.clear();
   const SQLRETURN result = script->IsEmpty() ? SQL_SUCCESS : Result();
   if (option == SQL_DROP && SQL_SUCCEEDED(result)) {
@@ -186,18 +193,20 @@ SQLRETURN SQLFreeStmt(SQLHSTMT handle, SQLUSMALLINT option) {
 }
 
 SQLRETURN SQLSetStmtOption(SQLHSTMT handle, SQLUSMALLINT option, SQLULEN value) {
+  Statement* const statement = Find(handle);
+  if (statement == nullptr) return SQL_INVALID_HANDLE;
   const SQLRETURN result = Result();
-  if (option == SQL_ROWSET_SIZE && SQL_SUCCEEDED(result))
-    static_cast<Statement*>(handle)->rowset = value;
+  if (option == SQL_ROWSET_SIZE && SQL_SUCCEEDED(result)) statement->rowset = value;
   return result;
 }
 
 SQLRETURN SQLBindCol(SQLHSTMT handle, SQLUSMALLINT column, SQLSMALLINT type, SQLPOINTER buffer,
                      SQLLEN bytes, SQLLEN* indicator) {
+  Statement* const statement = Find(handle);
+  if (statement == nullptr) return SQL_INVALID_HANDLE;
   const SQLRETURN result = Result();
   if (SQL_SUCCEEDED(result)) {
-    static_cast<Statement*>(handle)->columns[column] = {type, static_cast<char*>(buffer), bytes,
-                                                        indicator};
+    statement->columns[column] = {type, static_cast<char*>(buffer), bytes, indicator};
   }
   return result;
 }
@@ -257,14 +266,18 @@ SQLRETURN SQLDescribeColW(SQLHSTMT, SQLUSMALLINT, SQLWCHAR* name, SQLSMALLINT ro
 }
 
 SQLRETURN SQLFetch(SQLHSTMT handle) {
+  const Statement* const statement = Find(handle);
+  if (statement == nullptr) return SQL_INVALID_HANDLE;
   const SQLRETURN result = Result();
-  if (SQL_SUCCEEDED(result)) FillRow(*static_cast<Statement*>(handle), 0);
+  if (SQL_SUCCEEDED(result)) FillRow(*statement, 0);
   return result;
 }
 
 SQLRETURN SQLExtendedFetch(SQLHSTMT handle, SQLUSMALLINT, SQLLEN, SQLULEN* rows,
                            SQLUSMALLINT* status) {
-  const Statement& statement = *static_cast<Statement*>(handle);
+  const Statement* const found = Find(handle);
+  if (found == nullptr) return SQL_INVALID_HANDLE;
+  const Statement& statement = *found;
   const SQLRETURN result = Result();
   if (!SQL_SUCCEEDED(result)) return result;
   const auto how = script->Take<std::uint8_t>();

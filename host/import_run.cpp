@@ -52,6 +52,9 @@ StartedModule::~StartedModule() { OdbcImportStop(); }
 std::pair<std::string, std::string> WhyFalse(const ImportResult& result, const std::string& log) {
   if (!result.last_failure.empty()) return {result.last_failure, log};
   const LcWorkbook& workbook = *result.workbook;
+  for (const LcNotRead& missing : workbook.details.not_read) {
+    if (missing.kind.View() == u"all that follows") return {ToUtf8(missing.reason.View()), log};
+  }
   const std::pair<std::uint32_t, bool> steps[] = {
       {ibProcedures, workbook.procedures.IsEmpty()},
       {ibTables | ibViews | ibSynonyms, workbook.tables.IsEmpty()},

@@ -1,5 +1,7 @@
 #include "routes/shared/phases.h"
 
+#include <utility>
+
 #include "importer/workbook/workbook.h"
 
 namespace odbcimport {
@@ -7,9 +9,10 @@ namespace odbcimport {
 void NoteEarlyEnd(ImportSession& session, const char16_t* reason) noexcept {
   if (session.sink.workbook() == nullptr) return;
   try {
-    LcNotRead& entry = session.sink.workbook()->details.not_read.emplace_back();
+    LcNotRead entry;
     entry.kind = LcText(u"all that follows");
     entry.reason = LcText(reason);
+    session.sink.workbook()->details.not_read.push_back(std::move(entry));
   } catch (...) {
     // The result tells that something went wrong.
   }

@@ -50,6 +50,7 @@ template <class Route, std::size_t kCount>
     if (goes_on && Route::kReportsEnd) session.progress.StatusDialog(inImportEnd);
   } catch (const std::bad_alloc&) {
     route.result = false;
+    route.Release();  // makes room for the note
     NoteEarlyEnd(session, u"memory ran out");
   } catch (const ListsChanged&) {
     route.result = false;

@@ -218,7 +218,7 @@ class Inputs(Case):
             ("dialect", 4 * mib, lambda n: self.run_program("dialects", "check", self.file("d.sql", filled(sqlite + "\n-- ", n, "\n"))), "more than"),
             ("request", 64 * mib, lambda n: self.run_program("import", "--request", self.file("r.json", filled('{"items": ["tables"]', n, "}", " ")), "-o", "a.json"), "more than"),
             ("request's depth", 32, lambda n: self.run_program("import", "--request", self.file("r.json", nested('{"items": ', n, "}"))), "nests deeper"),
-            ("workbook's depth", 64, lambda n: self.run_program("render", self.file("w.json", nested('{"tables": ', n - 1, "}"))), "nested too deep"),
+            ("workbook's depth", 64, lambda n: self.run_program("render", self.file("w.json", nested('{"x": ', n + 1, "}"))), "nested too deep"),
             ("secret", 64 * 1024, lambda n: self.run_program("import", "--connect", "Driver=nobody's", "--user", "x", "--password-stdin", stdin=self.opened("p", "x" * n)), "is not taken")]
         for name, limit, run, told in cases:
             for size, is_told in ((limit, False), (limit + 1, True)):

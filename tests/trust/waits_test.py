@@ -150,7 +150,7 @@ class IniFiles(Case):
             self.file("user.ini", text)
             environment = {**self.environment, "ODBCSYSINI": str(self.folder), "ODBCINI": str(self.folder / "user.ini")}
             # The driver manager joins both files for a data source, slowly; what waits for it has an end.
-            for words, code, seconds in ((("drivers",), 0, 5), (("info", "--connect", "Driver=nobody's"), 5, 5),
+            for words, code, seconds in ((("drivers",), 0, 5), (("info", "--connect", "Driver=nobody's"), 5, 20),
                                          (("import", "--dsn", "Nothing", "-o", "a.json"), 5, 25)):
                 begin = time.monotonic()
                 result = self.run_program(*words, env=environment, timeout=100)
