@@ -2,7 +2,6 @@
 #include "routes/informix/complex_types.h"
 
 #include <algorithm>
-#include <new>
 
 #include "base/text.h"
 #include "catalogues/conversions.h"
@@ -78,7 +77,7 @@ bool ComplexTypes::GetComplexType(long extended_id, LcWorkbookDatatype* type) {
   return result;
 }
 
-bool ComplexTypes::GetComplexType(const std::u16string& sql, LcWorkbookDatatype* type) try {
+bool ComplexTypes::GetComplexType(const std::u16string& sql, LcWorkbookDatatype* type) {
   const QueryResult query = session_.RunQuery(sql);
   const LcODBCRecordList& rows = query.RowsEvenIfFailed();
   bool is_collection = false;
@@ -94,8 +93,6 @@ bool ComplexTypes::GetComplexType(const std::u16string& sql, LcWorkbookDatatype*
     if (!(is_collection ? SetElement(part, type) : AddComponent(part, type))) return false;
   }
   return true;
-} catch (const std::bad_alloc&) {
-  return false;
 }
 
 bool ComplexTypes::AddComponent(const Part& part, LcWorkbookDatatype* type) {

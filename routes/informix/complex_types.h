@@ -26,7 +26,7 @@ class ComplexTypes {
 
   // Fills the type with the components of a row type, or with the base and the nested names of a
   // collection type. A failed query leaves it as it was. False, with what was read so far kept,
-  // when memory ran out or when the definition does not come to an end: a type that contains
+  // when the definition does not come to an end: a type that contains
   // itself, one nested beyond 64 levels, or one of more than 1,000 nested definitions. No server
   // makes such types, but a damaged catalog can, and following it would never end.
   [[nodiscard]] bool GetComplexType(long extended_id, LcWorkbookDatatype* type);

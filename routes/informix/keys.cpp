@@ -7,7 +7,6 @@
 #include "routes/informix/keys.h"
 
 #include <limits>
-#include <new>
 
 #include "base/text.h"
 #include "odbc/record_list.h"
@@ -54,13 +53,13 @@ void ReadPartNumbers(const LcODBCRecordList& rows, int row, LcWorkbookKeyList* k
   }
 }
 
-bool GetOnlineForeignKeys(const ImportSession& session, LostKeys& lost, LcWorkbookTableList& tables,
-                          LcWorkbookTable* parent, int constraint_id, int parent_tabid) try {
+void GetOnlineForeignKeys(const ImportSession& session, LostKeys& lost, LcWorkbookTableList& tables,
+                          LcWorkbookTable* parent, int constraint_id, int parent_tabid) {
   const QueryResult query =
       session.RunQuery(BuildOnlineSQLGetForeignKeys(parent_tabid, constraint_id, session.IsIUS()));
   const LcODBCRecordList& rows = query.RowsEvenIfFailed();
   for (int row = 1; row <= rows.GetRowCount(); ++row) {
-    if (session.progress.WasImportStoppedOrCancelled()) return true;
+    if (session.progress.WasImportStoppedOrCancelled()) return;
     LcWorkbookTable* child = tables.FindTable(Trimmed(rows, row, 2), Trimmed(rows, row, 1));
     if (child == nullptr) continue;
     LcWorkbookKeyList child_columns;
@@ -75,9 +74,6 @@ bool GetOnlineForeignKeys(const ImportSession& session, LostKeys& lost, LcWorkbo
       lost.Add(child->GetOwner(true), child->GetName());
     }
   }
-  return true;
-} catch (const std::bad_alloc&) {
-  return false;
 }
 
 }  // namespace
@@ -102,7 +98,6 @@ bool GetOnlinePrimaryForeignKeys(ImportSession& session, LcWorkbookTableList& ta
   // The end of a phase is reported that has no beginning: hosts close the table phase with it.
   session.progress.StatusDialog(inPhaseEnd, iiPrimaryKeys);
   session.progress.StatusDialog(inLoopStart, iiPrimaryKeys, static_cast<unsigned long>(count));
-  bool result = true;
   LostKeys lost(session, u"foreign keys",
                 u"its columns are not as many as those that were read of the key that it refers to;"
                 u" the exact reading has it");
@@ -126,12 +121,12 @@ bool GetOnlinePrimaryForeignKeys(ImportSession& session, LcWorkbookTableList& ta
     if (with_foreign_keys) {
       const int constraint_id = static_cast<int>(base::ParseInteger(rows.View(row, 3)));
       const int table_id = static_cast<int>(base::ParseInteger(rows.View(row, 4)));
-      result = GetOnlineForeignKeys(session, lost, tables, table, constraint_id, table_id);
+      GetOnlineForeignKeys(session, lost, tables, table, constraint_id, table_id);
     }
     if (session.progress.WasImportStoppedOrCancelled()) break;
   }
   session.progress.StatusDialog(inLoopEnd);
-  return result;
+  return true;
 }
 
 }  // namespace odbcimport::informix

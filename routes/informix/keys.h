@@ -9,7 +9,7 @@ namespace odbcimport::informix {
 
 // Reads the constraints of the tables in one statement and, with foreign keys wanted, one more for
 // each constraint. On Dynamic Server no columns become keys, see keys.cpp. True, also
-// when the host stopped the import; false when memory ran out while foreign keys were made.
+// when the host stopped the import.
 [[nodiscard]] bool GetOnlinePrimaryForeignKeys(ImportSession& session, LcWorkbookTableList& tables,
                                                bool with_foreign_keys);
 

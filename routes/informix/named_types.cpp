@@ -1,8 +1,6 @@
 // The readers of the data type phase.
 #include "routes/informix/named_types.h"
 
-#include <new>
-
 #include "base/text.h"
 #include "catalogues/conversions.h"
 #include "catalogues/physical_codes.h"
@@ -73,7 +71,7 @@ std::unique_ptr<LcWorkbookDatatype> NamedType(const LcODBCRecordList& rows, int 
 }
 
 bool GetDataTypes(const ImportSession& session, const std::u16string& sql,
-                  LcWorkbookDatatypeList* types) try {
+                  LcWorkbookDatatypeList* types) {
   const QueryResult query = session.RunQuery(sql);
   const LcODBCRecordList& rows = query.RowsEvenIfFailed();
   char16_t mode = 0;
@@ -82,8 +80,6 @@ bool GetDataTypes(const ImportSession& session, const std::u16string& sql,
     types->AddDataType(NamedType(rows, row, mode).release());
   }
   return true;
-} catch (const std::bad_alloc&) {
-  return false;
 }
 
 void GetComplexDataTypes(LcWorkbookDatatypeList* types, ComplexTypes& complex_types) {

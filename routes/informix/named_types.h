@@ -10,7 +10,7 @@ namespace odbcimport::informix {
 void GetBuiltInDataTypes(ImportSession& session);
 
 // Appends every extended type that has a name, then reads what the row and collection types among
-// them are made of. False when memory ran out.
+// them are made of. Always true.
 [[nodiscard]] bool GetNamedDataTypes(const ImportSession& session, const LcOwnerInfoList* owners,
                                      LcWorkbookDatatypeList* types, ComplexTypes& complex_types);
 
