@@ -4,6 +4,7 @@
 #include <unordered_map>
 
 #include "base/utf.h"
+#include "export/facts.h"
 #include "export/sql_lists.h"
 #include "export/sql_order.h"
 
@@ -45,10 +46,16 @@ Context::Context(const Document& document, const Target& the_target, std::ostrea
       target(the_target),
       out(stream),
       translated(base::ToUtf8(document.info.dialect) != the_target.name),
-      default_schema_(DefaultSchema(document.workbook)) {
+      default_schema_(DefaultSchema(document.workbook)),
+      names(translated ? Names(the_target, document.workbook,
+                               [this](const LcWorkbookTable& table) {
+                                 return Wanted(table.GetOwner(false), table.GetName());
+                               })
+                       : Names(the_target)) {
   for (const LcWorkbookTable* table : workbook.tables.Present()) {
     (IsView(*table) ? views_ : tables_).insert(Lowered(table->GetName()));
-    if (translated) names_.insert(Lowered(table->GetName()));
+    const std::u16string* renamed = names.Of(*table);
+    if (translated) names_.insert(Lowered(renamed != nullptr ? *renamed : table->GetName()));
   }
   for (const LcSequenceDetails& sequence : workbook.details.sequences) {
     if (!sequence.owner_column.IsPresent()) continue;
@@ -58,21 +65,49 @@ Context::Context(const Document& document, const Target& the_target, std::ostrea
   }
 }
 
-std::string Context::Name(std::u16string_view schema, std::u16string_view name) const {
+// Where there are no schemas at all, names of one that is not the default one begin with it.
+std::u16string Context::Wanted(std::u16string_view schema, std::u16string_view name) const {
+  const bool begins =
+      translated && !target.has_databases && !schema.empty() && schema != default_schema_;
+  return begins ? std::u16string(schema) + u'.' + std::u16string(name) : std::u16string(name);
+}
+
+std::string Context::Schema(std::u16string_view schema) const {
   const bool goes_without =
       !target.has_databases || (!target.has_schemas && schema == default_schema_);
-  // Where there are no schemas at all, names of one that is not the default one begin with it.
-  if (translated && !target.has_databases && !schema.empty() && schema != default_schema_) {
-    return target.Quote(std::u16string(schema) + u'.' + std::u16string(name));
-  }
-  if (schema.empty() || goes_without) {
-    return target.Quote(name);
-  }
-  return target.Quote(schema) + "." + target.Quote(name);
+  if (schema.empty() || goes_without) return "";
+  return target.Quote(translated ? names.Fit(schema) : std::u16string(schema)) + ".";
+}
+
+std::string Context::Name(std::u16string_view schema, std::u16string_view name) const {
+  const std::u16string wanted = Wanted(schema, name);
+  return Schema(schema) + target.Quote(translated ? names.Fit(wanted) : wanted);
 }
 
 std::string Context::Name(const LcWorkbookTable& table) const {
-  return Name(table.GetOwner(false), table.GetName());
+  const std::u16string* renamed = names.Of(table);
+  if (renamed == nullptr) return Name(table.GetOwner(false), table.GetName());
+  return Schema(table.GetOwner(false)) + target.Quote(*renamed);
+}
+
+std::string Context::Quote(const std::vector<LcWorkbookColumn*>& columns) const {
+  std::string list;
+  for (const LcWorkbookColumn* column : columns) Join(list, Quote(*column));
+  return list;
+}
+
+void Context::SayRenamed(const LcWorkbookTable& table) {
+  if (const std::u16string* name = names.Of(table)) {
+    LeaveOut(fmt::format("the name of {}, which is {} here", DisplayName(table), Display(*name)),
+             "names");
+  }
+  for (int i = 0; i < table.GetColumnCount(); ++i) {
+    const std::u16string* name = names.Of(*table.GetColumn(i));
+    if (name == nullptr) continue;
+    LeaveOut(fmt::format("the name of {}.{}, which is {} here", DisplayName(table),
+                         Display(table.GetColumn(i)->GetName()), Display(*name)),
+             "names");
+  }
 }
 
 const LcSequenceDetails* Context::SequenceOf(const LcWorkbookColumn& column) const {
@@ -109,12 +144,20 @@ bool Context::IsInKey(const LcWorkbookColumn& column) {
 std::string Context::UniqueName(const LcWorkbookTable& table, std::u16string_view name) {
   if (!translated || name.empty()) return base::ToUtf8(name);
   if (name == u"PRIMARY") return "";
-  std::u16string unique(name);
-  for (int i = 1; !names_.insert(Lowered(unique)).second; ++i) {
-    unique = table.GetName() + u'_' + std::u16string(name);
-    if (i > 1) unique += u'_' + base::ToUtf16(std::to_string(i));
+  std::u16string unique = names.Fit(name);
+  if (!names_.insert(Lowered(unique)).second) {
+    unique =
+        names.FitBeside(table.GetName() + u'_' + std::u16string(name), names_, Sameness::kAscii);
   }
+  given_.insert_or_assign({&table, std::u16string(name)}, unique);
   return base::ToUtf8(unique);
+}
+
+std::optional<std::u16string> Context::GivenName(const LcWorkbookTable& table,
+                                                 std::u16string_view name) const {
+  if (!translated) return std::u16string(name);
+  const auto found = given_.find({&table, std::u16string(name)});
+  return found == given_.end() ? std::nullopt : std::optional(found->second);
 }
 
 std::string Context::Expression(const LcText& text) const {
@@ -165,7 +208,12 @@ RoutineTime Context::TimeOf(const LcRoutineDetails& routine) const {
 bool Context::Makes(const LcWorkbookTable& table) const {
   return IsPlainTable(table) && !IsShadow(table) &&
          !(translated && (IsForeign(table) || IsVirtual(table))) &&
-         (table.GetColumnCount() > 0 || target.allows_no_columns);
+         (table.GetColumnCount() > 0 || target.allows_no_columns) &&
+         !(translated && HasTooManyColumns(table));
+}
+
+bool Context::HasTooManyColumns(const LcWorkbookTable& table) const {
+  return target.most_columns != 0 && table.GetColumnCount() > target.most_columns;
 }
 
 std::u16string MentionsOf(const LcRoutineDetails& routine) {

@@ -5,6 +5,7 @@
 #include <fmt/format.h>
 
 #include <map>
+#include <optional>
 #include <ostream>
 #include <set>
 #include <string>
@@ -12,6 +13,7 @@
 #include <vector>
 
 #include "export/model.h"
+#include "export/sql_names.h"
 #include "export/sql_target.h"
 
 namespace wbexport::sql {
@@ -35,6 +37,12 @@ class Context {
   // the target has schemas, or where it is not the one that the script is loaded into.
   std::string Name(std::u16string_view schema, std::u16string_view name) const;
   std::string Name(const LcWorkbookTable& table) const;
+  // A schema with the dot behind it; empty where names go without.
+  std::string Schema(std::u16string_view schema) const;
+  std::string Quote(const LcWorkbookColumn& column) const { return target.Quote(names.In(column)); }
+  std::string Quote(const std::vector<LcWorkbookColumn*>& columns) const;  // "a", "b"
+  // Says which names of a table are others here.
+  void SayRenamed(const LcWorkbookTable& table);
   bool IsDefaultSchema(const std::u16string& schema) const { return schema == default_schema_; }
   std::string Literal(const LcText& text) const { return target.Literal(text.View()); }
   // An expression or a query in the server's own words.
@@ -52,6 +60,10 @@ class Context {
   // primary key that has no name of its own.
   std::string UniqueName(const LcWorkbookTable& table, std::u16string_view name);
 
+  // The name under which a key or an index was written; nothing where it was not.
+  std::optional<std::u16string> GivenName(const LcWorkbookTable& table,
+                                          std::u16string_view name) const;
+
   // Writes a statement whose text may hold semicolons.
   void WriteBody(const std::string& statement);
 
@@ -64,19 +76,32 @@ class Context {
   // Whether the script makes this table: it has columns, and is no view, no synonym, no table of
   // the server's own; one of another server only on the kind of server it was read from.
   [[nodiscard]] bool Makes(const LcWorkbookTable& table) const;
+  [[nodiscard]] bool HasTooManyColumns(const LcWorkbookTable& table) const;
 
   std::unordered_map<std::u16string, bool> odd_types;  // whether they need quotes
+
+  // Columns of the table in hand whose lengths make its rows too long for the server.
+  std::set<const LcWorkbookColumn*> too_long;
 
   // What a statement in hand has to leave out, said behind it.
   std::vector<std::string> pending;
 
  private:
+  // What a table is called in the script, if the server takes it.
+  std::u16string Wanted(std::u16string_view schema, std::u16string_view name) const;
+
   std::u16string default_schema_;
+
+ public:
+  const Names names;
+
+ private:
   std::map<std::string, int> left_out_;
   std::set<std::u16string> tables_;  // their names, and those of views
   std::set<std::u16string> views_;
   std::unordered_map<std::u16string, const LcSequenceDetails*> sequences_;  // by their columns
   std::set<std::u16string> names_;  // of what is unique in a schema, or in all of it
+  std::map<std::pair<const LcWorkbookTable*, std::u16string>, std::u16string> given_;
   std::set<const LcWorkbookColumn*> in_keys_;
   bool keys_known_ = false;
 };

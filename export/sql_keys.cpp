@@ -67,7 +67,7 @@ std::string IncludeClause(const Context& context, const LcIndexDetails& index) {
   std::string included;
   for (const LcIndexPart& part : index.parts) {
     if (!part.included || part.column == nullptr) continue;
-    included += (included.empty() ? "" : ", ") + context.target.Quote(part.column->GetName());
+    included += (included.empty() ? "" : ", ") + context.Quote(*part.column);
   }
   return included.empty() ? "" : " INCLUDE (" + included + ")";
 }
@@ -92,7 +92,7 @@ std::string IndexClause(Context& context, const LcWorkbookTable& table,
               IndexParts(context, index) + ")";
     if (!leads && !context.translated) clause += MethodClause(table, index.method);
     clause += target.Clauses(index.options, target.index_options);
-    if (index.comment.IsPresent()) clause += " COMMENT " + context.Literal(index.comment);
+    clause += CommentClause(context, index.comment, " COMMENT ", target.longest_comment);
   }
   return clause;
 }
@@ -134,19 +134,47 @@ struct Reference {
   std::string target_columns;
 };
 
-// Whether a foreign key's columns have the types of its target's, as the target server asks for;
-// its table has to be there, too.
-bool AgreeInTypes(Context& context, const std::vector<LcWorkbookColumn*>& columns,
-                  const std::vector<LcWorkbookColumn*>& targets) {
-  if (!context.Makes(*targets.front()->GetParentTable())) return false;
-  if (!context.target.needs_types) return true;
+// Whether the script makes a key of those columns of their table, as the target server asks of what
+// is referred to: the columns of a key in any order, or the first ones of any index.
+bool HasKey(Context& context, const std::vector<LcWorkbookColumn*>& columns) {
+  const LcWorkbookTable& table = *columns.front()->GetParentTable();
+  if (table.GetDetails() == nullptr) return false;
+  const bool any_index = context.target.indexes_inside;
+  const auto serves = [&](std::vector<LcWorkbookColumn*> key) {
+    if (any_index) {
+      return key.size() >= columns.size() &&
+             std::equal(columns.begin(), columns.end(), key.begin());
+    }
+    return key.size() == columns.size() &&
+           std::is_permutation(key.begin(), key.end(), columns.begin());
+  };
+  for (const LcKeyDetails* key : KeysOf(table)) {
+    if (serves(key->columns)) return true;
+  }
+  for (const LcIndexDetails& index : table.GetDetails()->indexes) {
+    if ((!index.unique && !any_index) || !CanBeTranslated(index)) continue;
+    std::vector<LcWorkbookColumn*> parts;
+    for (const LcIndexPart& part : index.parts) {
+      if (!part.included) parts.push_back(part.column);
+    }
+    if (serves(parts)) return true;
+  }
+  return false;
+}
+
+// Why the target server would refuse a foreign key; null where it takes it.
+const char* WhyRefused(Context& context, const std::vector<LcWorkbookColumn*>& columns,
+                       const std::vector<LcWorkbookColumn*>& targets) {
+  if (!context.Makes(*targets.front()->GetParentTable())) return "which is not made";
+  if (!context.target.needs_types) return nullptr;
+  if (!HasKey(context, targets)) return "which has no key of these columns here";
   const std::vector<std::string> pending = context.pending;
   const bool agree = std::equal(columns.begin(), columns.end(), targets.begin(), targets.end(),
                                 [&](const LcWorkbookColumn* a, const LcWorkbookColumn* b) {
                                   return TranslatedType(context, *a) == TranslatedType(context, *b);
                                 });
   context.pending = pending;
-  return agree;
+  return agree ? nullptr : "whose types differ";
 }
 
 std::vector<Reference> ReferencesOf(Context& context, const LcWorkbookTable& table) {
@@ -157,16 +185,18 @@ std::vector<Reference> ReferencesOf(Context& context, const LcWorkbookTable& tab
     }
     const std::vector<LcWorkbookColumn*> targets = key->GetForeignKey()->GetColumns();
     if (targets.empty()) continue;
-    if (context.translated && !AgreeInTypes(context, key->GetKey()->GetColumns(), targets)) {
-      context.LeaveOut(fmt::format("foreign key ({}) of {} to {}, whose types differ",
-                                   DisplayColumns(key->GetKey()->GetColumns()), DisplayName(table),
-                                   DisplayName(*targets.front()->GetParentTable())),
-                       "foreign keys");
+    const std::vector<LcWorkbookColumn*> columns = key->GetKey()->GetColumns();
+    const char* const why = context.translated ? WhyRefused(context, columns, targets) : nullptr;
+    if (why != nullptr) {
+      context.LeaveOut(
+          fmt::format("foreign key ({}) of {} to {}, {}", DisplayColumns(columns),
+                      DisplayName(table), DisplayName(*targets.front()->GetParentTable()), why),
+          "foreign keys");
       continue;
     }
     references.push_back({key->GetDetails(), key->GetKey()->GetColumns(),
                           context.Name(*targets.front()->GetParentTable()),
-                          context.target.Quote(targets)});
+                          context.Quote(targets)});
   }
   if (table.GetDetails() == nullptr) return references;
   for (const LcOutsideKey& key : table.GetDetails()->outside_keys) {
@@ -192,6 +222,12 @@ bool IsNumbered(const Context& context, const LcWorkbookColumn& column) {
   return column.GetDetails() != nullptr && column.GetDetails()->identity != idNone;
 }
 
+std::string CheckText(const LcWorkbookTable& table, const LcCheckDetails& check) {
+  return fmt::format("check {}{}of {}: {}", Display(check.name.View()),
+                     check.name.View().empty() ? "" : " ", DisplayName(table),
+                     DisplayLine(check.expression.View()));
+}
+
 bool Descends(const LcWorkbookTable& table, const LcKeyDetails& key) {
   const LcIndexDetails* index = FindIndex(table, key);
   return index != nullptr && !index->parts.empty() && index->parts.front().descending;
@@ -207,11 +243,24 @@ bool StandsWithColumn(const Context& context, const LcWorkbookTable& table,
 
 }  // namespace
 
+std::string CommentClause(Context& context, const LcText& comment, const char* before,
+                          std::size_t most) {
+  if (!comment.IsPresent()) return "";
+  std::u16string_view text = comment.View();
+  if (context.translated && most != 0 && text.size() > most) {
+    const bool halves = text[most] >= 0xDC00 && text[most] < 0xE000;
+    text = text.substr(0, most - (halves ? 1 : 0));
+    context.pending.push_back("the end of the comment " + Display(text.substr(0, 40)) + "...");
+  }
+  return before + context.target.Literal(text);
+}
+
 std::string KeyClause(Context& context, const LcWorkbookTable& table, const LcKeyDetails& key) {
   const Target& target = context.target;
   // What the key's own index says more of its columns stands with them.
   const LcIndexDetails* index = FindIndex(table, key);
-  std::string columns = index != nullptr ? IndexParts(context, *index) : target.Quote(key.columns);
+  std::string columns = index != nullptr && !context.translated ? IndexParts(context, *index)
+                                                                : context.Quote(key.columns);
   // A key's index has its name: where the primary one is always PRIMARY, none is given.
   const bool named = !(target.indexes_inside && key.kind == kkPrimary);
   std::string clause =
@@ -230,8 +279,8 @@ std::string KeyClause(Context& context, const LcWorkbookTable& table, const LcKe
     clause += MethodClause(table, method);
   }
   if (index != nullptr) {
-    if (target.indexes_inside && index->comment.IsPresent()) {
-      clause += " COMMENT " + context.Literal(index->comment);
+    if (target.indexes_inside) {
+      clause += CommentClause(context, index->comment, " COMMENT ", target.longest_comment);
     }
   }
   if (!context.translated) clause += target.Clauses(key.options, target.constraint_options);
@@ -263,13 +312,26 @@ std::string ForeignKeyClause(Context& context, const LcWorkbookTable& table,
                              const std::string& target, const std::string& target_columns) {
   static const LcForeignKeyDetails kNone;
   const LcForeignKeyDetails& d = details != nullptr ? *details : kNone;
-  std::string clause =
-      fmt::format("{}FOREIGN KEY ({}) REFERENCES {}{}",
-                  ConstraintName(context, context.UniqueName(table, d.name.View())),
-                  context.target.Quote(columns), target,
-                  target_columns.empty() ? "" : " (" + target_columns + ")");
+  std::string clause = fmt::format(
+      "{}FOREIGN KEY ({}) REFERENCES {}{}",
+      ConstraintName(context, context.UniqueName(table, d.name.View())), context.Quote(columns),
+      target, target_columns.empty() ? "" : " (" + target_columns + ")");
+  const bool required = std::any_of(columns.begin(), columns.end(), [](const auto* column) {
+    return column->IsRequired() || column->IsPrimaryKey();
+  });
   const auto add = [&](const char* word, const LcText& value, std::u16string_view usual) {
     if (!value.IsPresent() || value.View() == usual) return;
+    // MariaDB sets no defaults, and NULL where a column takes it alone.
+    const bool refused =
+        context.target.indexes_inside &&
+        (value.View() == u"set default" || (required && value.View() == u"set null"));
+    if (context.translated && refused) {
+      context.LeaveOut(
+          fmt::format("{} {} of the foreign key ({}) of {}", word, Display(value.View()),
+                      DisplayColumns(columns), DisplayName(table)),
+          "actions");
+      return;
+    }
     std::string text = base::ToUtf8(value.View());
     std::transform(text.begin(), text.end(), text.begin(),
                    [](char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 32) : c; });
@@ -289,7 +351,7 @@ std::string IndexParts(const Context& context, const LcIndexDetails& index) {
   for (const LcIndexPart& part : index.parts) {
     if (part.included) continue;
     if (!list.empty()) list += ", ";
-    list += part.column != nullptr ? target.Quote(part.column->GetName())
+    list += part.column != nullptr ? context.Quote(*part.column)
                                    : target.Expression(part.expression.View());
     if (!context.translated) list += target.Clauses(part.options, target.index_part_options);
     if (part.descending) list += " DESC";
@@ -313,7 +375,9 @@ std::vector<std::string> InnerConstraints(Context& context, const LcWorkbookTabl
       }
     }
     for (const LcCheckDetails& check : details->checks) {
-      if (!context.translated && !IsColumnCheck(check)) {
+      if (context.translated) {
+        context.pending.push_back(CheckText(table, check));
+      } else if (!IsColumnCheck(check)) {
         clauses.push_back(CheckClause(context, check));
       }
     }
@@ -338,9 +402,7 @@ void WriteKeys(Context& context) {
       if (!context.translated) {
         clauses.push_back(CheckClause(context, check));
       } else {
-        context.LeaveOut(
-            fmt::format("check {} of {}", Display(check.name.View()), DisplayName(*table)),
-            "checks");
+        context.LeaveOut(CheckText(*table, check), "checks");
       }
     }
     if (clauses.empty()) continue;

@@ -220,7 +220,9 @@ void WriteSchemas(Context& context) {
   for (const std::u16string& name : names) {
     // Another database of MariaDB's; the default one is that which the script is loaded into.
     if (!context.target.has_schemas && context.IsDefaultSchema(name)) continue;
-    context.out << "CREATE SCHEMA IF NOT EXISTS " << context.target.Quote(name) << ";\n";
+    context.out << "CREATE SCHEMA IF NOT EXISTS "
+                << context.target.Quote(context.translated ? context.names.Fit(name) : name)
+                << ";\n";
   }
   context.WriteSearchPath();
 }

@@ -38,6 +38,10 @@ void WriteComments(Context& context);
 // Pieces that several parts need.
 [[nodiscard]] std::string SequenceClauses(const Context& context,
                                           const LcSequenceDetails& sequence);
+// A comment as a clause behind `before`, cut at so many UTF-16 units where the server asks for that
+// (0: it does not); empty where there is none.
+[[nodiscard]] std::string CommentClause(Context& context, const LcText& comment, const char* before,
+                                        std::size_t most);
 [[nodiscard]] std::string KeyClause(Context& context, const LcWorkbookTable& table,
                                     const LcKeyDetails& key);
 // A key that has to stand with its column, as SQLite's that numbers rows; empty for any other.

@@ -20,6 +20,7 @@ void WriteHead(Context& context) {
   context.out << "-- Load it with: " << context.target.shell << '\n'
               << "-- It makes the schema alone: no rows, rights, owners or policies.\n";
   if (!context.target.prelude.empty()) context.out << '\n' << context.target.prelude;
+  if (context.translated) context.out << context.target.translated_prelude;
 }
 
 }  // namespace

@@ -132,7 +132,7 @@ std::string ColumnClause(Context& context, const LcWorkbookColumn& column,
   static const LcColumnDetails kNone;
   const LcColumnDetails& details = column.GetDetails() ? *column.GetDetails() : kNone;
   const Target& target = context.target;
-  std::string clause = target.Quote(column.GetName());
+  std::string clause = context.Quote(column);
   const std::string type = TypeClause(context, column);
   if (!type.empty()) clause += " " + type;
   if (type.empty() && target.needs_types) {
@@ -168,8 +168,8 @@ std::string ColumnClause(Context& context, const LcWorkbookColumn& column,
       column.IsPrimaryKey()) {
     clause += ColumnKeyClause(context, *table, *table->GetDetails()->primary_key);
   }
-  if (target.comments == Comments::kClauses && details.comment.IsPresent()) {
-    clause += " COMMENT " + context.Literal(details.comment);
+  if (target.comments == Comments::kClauses) {
+    clause += CommentClause(context, details.comment, " COMMENT ", target.longest_comment);
   }
   return clause;
 }
@@ -214,7 +214,7 @@ std::string PeriodClause(const Context& context, const LcWorkbookTable& table) {
     const LcWorkbookColumn& column = *table.GetColumn(i);
     if (column.GetDetails() == nullptr || !RowTime(*column.GetDetails())) continue;
     const bool starts = column.GetDetails()->expression.View() == u"ROW START";
-    (starts ? start : end) = context.target.Quote(column.GetName());
+    (starts ? start : end) = context.Quote(column);
   }
   if (start.empty() || end.empty()) return "";
   return fmt::format("PERIOD FOR SYSTEM_TIME ({}, {})", start, end);
@@ -229,6 +229,8 @@ void WriteTable(Context& context, const LcWorkbookTable& table) {
                                base::ToUtf8(details.options.Find(u"using").View()));
     return;
   }
+  context.too_long =
+      context.translated ? TooLongColumns(context, table) : std::set<const LcWorkbookColumn*>();
   context.pending.clear();
   std::vector<std::string> lines;
   const bool foreign = IsForeign(table);
@@ -256,12 +258,13 @@ void WriteTable(Context& context, const LcWorkbookTable& table) {
   context.out << "\n)";
   if (foreign) context.out << target.Clauses(details.options, target.foreign_table_options);
   if (!context.translated) context.out << target.Clauses(details.options, target.table_options);
-  if (target.comments == Comments::kClauses && details.comment.IsPresent()) {
-    context.out << " COMMENT=" << context.Literal(details.comment);
+  if (target.comments == Comments::kClauses) {
+    context.out << CommentClause(context, details.comment, " COMMENT=", 2 * target.longest_comment);
   }
   if (!context.translated) context.out << PartitionClause(details.options);
   context.out << ";\n";
   for (const std::string& what : context.pending) context.LeaveOut(what, "clauses");
+  context.SayRenamed(table);
 }
 
 }  // namespace
@@ -276,6 +279,11 @@ void WriteTables(Context& context) {
       continue;
     } else if (!columns) {
       context.LeaveOut("table " + DisplayName(*table) + ", which has no columns", "tables");
+    } else if (context.translated && context.HasTooManyColumns(*table)) {
+      context.LeaveOut(
+          fmt::format("table {}, whose {} columns are more than the {} of a table here",
+                      DisplayName(*table), table->GetColumnCount(), context.target.most_columns),
+          "tables");
     } else if (table->GetDetails() == nullptr || table->GetDetails()->kind != tkSystemTable) {
       const char16_t* kind =
           table->GetDetails() != nullptr ? LcNameOf(table->GetDetails()->kind) : nullptr;

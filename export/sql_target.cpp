@@ -4,6 +4,8 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
+#include <utility>
 
 #include "base/utf.h"
 
@@ -98,6 +100,11 @@ constexpr std::array kSqliteTableOptions = {
 constexpr std::array kSqliteConstraintOptions = {OptionClause{"on conflict", "ON CONFLICT {}"}};
 constexpr std::array kSqliteIndexPartOptions = {OptionClause{"collation", "COLLATE {}"}};
 
+constexpr std::array<std::u16string_view, 6> kPostgresqlSystemColumns = {u"tableoid", u"xmin", u"cmin",
+                                                                         u"xmax", u"cmax", u"ctid"};
+constexpr std::array<std::u16string_view, 4> kMariadbSystemColumns = {u"db_row_id", u"db_trx_id", u"db_roll_ptr",
+                                                                      u"fts_doc_id"};
+
 constexpr Target kPostgresql = {
     .name = "postgresql",
     .shell = "psql --set ON_ERROR_STOP=1 --file FILE",
@@ -112,6 +119,8 @@ constexpr Target kPostgresql = {
     .has_index_methods = true, .has_deferrable = true, .has_deferrable_keys = true, .has_match = true, .adds_keys = true,
     .adds_foreign_keys = true, .allows_no_columns = true, .needs_types = true, .quotes_collations = true,
     .names_view_columns = true,
+    .longest_name = 63, .names_in_bytes = true, .names_end_in_blanks = true,
+    .system_columns = kPostgresqlSystemColumns, .most_columns = 1600,
     .types = kPostgresqlTypes,
     .table_prefixes = kPostgresqlTablePrefixes,
     .table_options = kPostgresqlTableOptions,
@@ -133,13 +142,17 @@ constexpr Target kMariadb = {
     .name = "mariadb",
     .shell = "mariadb DATABASE < FILE",
     .prelude = "SET NAMES utf8mb4;\nSET sql_mode = 'STRICT_TRANS_TABLES,NO_ENGINE_SUBSTITUTION';\n",
+    .translated_prelude = "SET innodb_strict_mode = OFF;\n",
     .quotes = "``",
     .any_type = "longtext",
+    .any_number = "decimal(65,30)",
     .auto_increment = " AUTO_INCREMENT",
     .usual_action = u"restrict",
     .comments = Comments::kClauses,
     .backslash_escapes = true, .has_databases = true, .has_sequences = true, .adds_foreign_keys = true,
     .indexes_inside = true, .needs_types = true, .needs_lengths = true, .says_null = true, .delimiters = true,
+    .longest_comment = 1024, .longest_name = 64, .names_of_two_bytes = true, .same_columns = Sameness::kLetters,
+    .system_columns = kMariadbSystemColumns, .most_columns = 1017,
     .types = kMariadbTypes,
     .table_options = kMariadbTableOptions,
     .column_options = kMariadbColumnOptions,
@@ -158,6 +171,8 @@ constexpr Target kSqlite = {
     .comments = Comments::kNowhere,
     .has_deferrable = true, .auto_increment_with_key = true, .default_in_parentheses = true,
     .bare_expressions = true, .quotes_odd_types = true, .names_view_columns = true, .options_by_commas = true,
+    .names_end_in_blanks = true, .same_tables = Sameness::kAscii, .same_columns = Sameness::kAscii,
+    .reserved_prefix = u"sqlite_", .most_columns = 2000,
     .types = kSqliteTypes,
     .table_options = kSqliteTableOptions,
     .constraint_options = kSqliteConstraintOptions,
@@ -206,15 +221,6 @@ std::string Target::Literal(std::u16string_view text) const {
   return Doubling(text, '\'', '\'', backslash_escapes);
 }
 
-std::string Target::Quote(const std::vector<LcWorkbookColumn*>& columns) const {
-  std::string list;
-  for (const LcWorkbookColumn* column : columns) {
-    if (!list.empty()) list += ", ";
-    list += Quote(column->GetName());
-  }
-  return list;
-}
-
 std::string Target::TypeFor(const LcWorkbookColumn& column) const {
   const LcWorkbookDatatype* type = column.GetDataType();
   if (type == nullptr) return "";
@@ -229,12 +235,24 @@ std::string Target::TypeFor(const LcWorkbookColumn& column) const {
       if (needs_lengths) return std::string(any_type);
       break;
     case Sizes::kPrecision:
-      if (precision != 0) return fmt::format("{}({},{})", row->name, precision, type->GetScale());
+      if (precision != 0) return SizedNumber(row->name, *type);
+      if (!any_number.empty()) return std::string(any_number);
       break;
     case Sizes::kNone:
       break;
   }
   return std::string(row->name);
+}
+
+// A scale below zero or above the precision is PostgreSQL's alone: the others get as many digits
+// as such a number has.
+std::string Target::SizedNumber(std::string_view type_name, const LcWorkbookDatatype& type) const {
+  int scale = static_cast<std::int16_t>(type.GetScale());
+  int digits = static_cast<int>(type.GetPrecision());
+  if (scale < 0) digits -= std::exchange(scale, 0);
+  digits = std::max(digits, scale);
+  const bool fits = any_number.empty() || (digits <= 65 && scale <= 38);  // MariaDB's limits
+  return fits ? fmt::format("{}({},{})", type_name, digits, scale) : std::string(any_number);
 }
 
 std::string Target::Expression(std::u16string_view text) const {

@@ -23,6 +23,10 @@ struct TypeName {
 // Where a comment on a table or column stands.
 enum class Comments { kStatements, kClauses, kNowhere };
 
+// Which names are the same to a server: those whose ASCII letters differ in case alone, or with
+// them those whose letters differ in case and marks.
+enum class Sameness { kExact, kAscii, kLetters };
+
 // An option of the workbook and the clause that it is in a script. In the clause `{}` stands for
 // the value as it is, `{literal}` for it as a text, `{name}` for it as a name, `{names}` for names
 // parted by commas, `{list}` for a list of settings in PostgreSQL's form ("{a=1,b=2}") and
@@ -35,13 +39,15 @@ struct OptionClause {
 
 class Target {
  public:
-  std::string_view name{};             // of the dialect that reads such a server
-  std::string_view shell{};            // what loads the script and stops at the first error
-  std::string_view prelude{};          // statements that the rest of the script counts on
-  std::string_view quotes{};           // the opening and the closing one
-  std::string_view any_type{};         // for a column whose type has no counterpart
-  std::string_view auto_increment{};   // behind a column that the server numbers
-  std::u16string_view usual_action{};  // of a foreign key that says none
+  std::string_view name{};                // of the dialect that reads such a server
+  std::string_view shell{};               // what loads the script and stops at the first error
+  std::string_view prelude{};             // statements that the rest of the script counts on
+  std::string_view translated_prelude{};  // and where it is another server's schema
+  std::string_view quotes{};              // the opening and the closing one
+  std::string_view any_type{};            // for a column whose type has no counterpart
+  std::string_view any_number{};          // for one without a size, or with one that is too large
+  std::string_view auto_increment{};      // behind a column that the server numbers
+  std::u16string_view usual_action{};     // of a foreign key that says none
   Comments comments = Comments::kNowhere;
   bool backslash_escapes = false;  // in texts
   bool has_schemas = false;        // that a script makes
@@ -66,8 +72,18 @@ class Target {
   bool bare_expressions = false;  // in indexes
   bool quotes_odd_types = false;
   bool names_view_columns = false;
-  bool options_by_commas = false;  // of a table
-  bool delimiters = false;         // the shell needs DELIMITER for bodies with semicolons
+  bool options_by_commas = false;    // of a table
+  bool delimiters = false;           // the shell needs DELIMITER for bodies with semicolons
+  std::size_t longest_comment = 0;   // UTF-16 units, of a column or index, twice that of a table
+  std::size_t longest_name = 0;      // characters, or bytes; 0: any
+  bool names_in_bytes = false;       // UTF-8
+  bool names_of_two_bytes = false;   // no characters beyond U+FFFF
+  bool names_end_in_blanks = false;  // may do so
+  Sameness same_tables = Sameness::kExact;
+  Sameness same_columns = Sameness::kExact;
+  std::u16string_view reserved_prefix{};                  // of the server's own tables, lower case
+  std::span<const std::u16string_view> system_columns{};  // names that no column may have
+  int most_columns = 0;                                   // of a table; 0: any
   std::span<const TypeName> types{};
   std::span<const OptionClause> table_prefixes{};      // between CREATE and TABLE
   std::span<const OptionClause> table_options{};       // behind the columns
@@ -93,7 +109,6 @@ class Target {
 
   std::string Quote(std::u16string_view name) const;
   std::string Literal(std::u16string_view text) const;
-  std::string Quote(const std::vector<LcWorkbookColumn*>& columns) const;  // "a", "b"
   // An expression where a column's name is usual: in parentheses where it has none.
   std::string Expression(std::u16string_view text) const;
   // The type that stands for a column of another server's; empty where there is no counterpart.
@@ -106,6 +121,7 @@ class Target {
   std::string QuoteLoose(std::u16string_view text) const;
 
  private:
+  std::string SizedNumber(std::string_view type_name, const LcWorkbookDatatype& type) const;
   std::string QuoteEach(std::u16string_view names) const;
 };
 

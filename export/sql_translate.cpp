@@ -135,7 +135,15 @@ std::string TranslatedType(Context& context, const LcWorkbookColumn& column) {
                                                             : "integer";
   }
   std::string type = context.target.TypeFor(column);
+  if (!context.target.any_number.empty() && type == context.target.any_number) {
+    context.pending.push_back("the size of the number " + Display(column.GetName()));
+  }
   if (!context.target.needs_lengths) return type;
+  if (context.too_long.count(&column) != 0) {
+    context.pending.push_back("the length of " + Display(column.GetName()) +
+                              ", since rows would be too long");
+    return type.find("binary") != std::string::npos ? "longblob" : "longtext";
+  }
   // What MariaDB takes at most.
   const unsigned long length =
       column.GetDataType() != nullptr ? column.GetDataType()->GetLength() : 0;
@@ -151,6 +159,36 @@ std::string TranslatedType(Context& context, const LcWorkbookColumn& column) {
     return binary ? "varbinary(190)" : "varchar(190)";
   }
   return type;
+}
+
+std::set<const LcWorkbookColumn*> TooLongColumns(Context& context, const LcWorkbookTable& table) {
+  std::set<const LcWorkbookColumn*> too_long;
+  if (!context.target.needs_lengths) return too_long;
+  // MariaDB takes 65,535 bytes in a row, texts outside of it apart; a character may need four.
+  constexpr std::size_t kMost = 65000;
+  constexpr std::size_t kOther = 16;  // bytes of any other column
+  std::vector<std::pair<std::size_t, const LcWorkbookColumn*>> lengths;
+  std::size_t sum = 0;
+  for (int i = 0; i < table.GetColumnCount(); ++i) {
+    const LcWorkbookColumn& column = *table.GetColumn(i);
+    const std::string type = TranslatedType(context, column);
+    const std::size_t open = type.find('(');
+    const bool binary = type.starts_with("varbinary(") || type.starts_with("binary(");
+    std::size_t bytes = kOther;
+    if (binary || type.starts_with("varchar(") || type.starts_with("char(")) {
+      bytes += std::stoul(type.substr(open + 1)) * (binary ? 1 : 4);
+      if (!context.IsInKey(column)) lengths.emplace_back(bytes, &column);
+    }
+    sum += bytes;
+  }
+  std::stable_sort(lengths.begin(), lengths.end(),
+                   [](const auto& a, const auto& b) { return a.first > b.first; });
+  for (const auto& [bytes, column] : lengths) {
+    if (sum <= kMost) break;
+    too_long.insert(column);
+    sum -= bytes - kOther;
+  }
+  return too_long;
 }
 
 }  // namespace wbexport::sql

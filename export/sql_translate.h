@@ -26,4 +26,8 @@ namespace wbexport::sql {
 // key is a shorter one where keys ask for that.
 [[nodiscard]] std::string TranslatedType(Context& context, const LcWorkbookColumn& column);
 
+// The columns that have to be texts of any length because the table's rows would be too long for
+// the server: the longest ones that are in no key. What the context has pending is lost.
+std::set<const LcWorkbookColumn*> TooLongColumns(Context& context, const LcWorkbookTable& table);
+
 }  // namespace wbexport::sql

@@ -30,7 +30,7 @@ void WriteView(Context& context, const LcWorkbookTable& view) {
   if (target.names_view_columns && view.GetColumnCount() > 0) {
     std::vector<LcWorkbookColumn*> columns;
     for (int i = 0; i < view.GetColumnCount(); ++i) columns.push_back(view.GetColumn(i));
-    context.out << " (" << target.Quote(columns) << ')';
+    context.out << " (" << context.Quote(columns) << ')';
   }
   context.out << target.Clauses(details->options, target.view_options) << " AS\n"
               << text << target.Clauses(details->options, target.view_suffixes) << ";\n";
@@ -39,7 +39,7 @@ void WriteView(Context& context, const LcWorkbookTable& view) {
     const LcColumnDetails* column = view.GetColumn(i)->GetDetails();
     if (column == nullptr || !column->default_text.IsPresent()) continue;
     context.out << fmt::format("ALTER VIEW {} ALTER COLUMN {} SET DEFAULT {};\n",
-                               context.Name(view), target.Quote(view.GetColumn(i)->GetName()),
+                               context.Name(view), context.Quote(*view.GetColumn(i)),
                                base::ToUtf8(column->default_text.View()));
   }
 }
@@ -65,11 +65,11 @@ void WriteTableComments(Context& context, const LcWorkbookTable& table) {
   for (int i = 0; i < table.GetColumnCount(); ++i) {
     const LcWorkbookColumn& column = *table.GetColumn(i);
     if (column.GetDetails() == nullptr) continue;
-    Comment(context, "COLUMN", name + "." + target.Quote(column.GetName()),
-            column.GetDetails()->comment);
+    Comment(context, "COLUMN", name + "." + context.Quote(column), column.GetDetails()->comment);
   }
   const auto constraint = [&](const LcText& text, const LcText& constraint_name) {
-    Comment(context, "CONSTRAINT", target.Quote(constraint_name.View()) + " ON " + name, text);
+    const auto given = context.GivenName(table, constraint_name.View());
+    if (given) Comment(context, "CONSTRAINT", target.Quote(*given) + " ON " + name, text);
   };
   for (const auto& key : table.GetForeignKeys()) {
     if (key->GetRole() == fkMirror && key->GetDetails() != nullptr) {
@@ -86,8 +86,10 @@ void WriteTableComments(Context& context, const LcWorkbookTable& table) {
     constraint(key.details.comment, key.details.name);
   }
   for (const LcIndexDetails& index : details->indexes) {
-    Comment(context, "INDEX", context.Name(table.GetOwner(false), index.name.View()),
-            index.comment);
+    const auto given = context.GivenName(table, index.name.View());
+    if (given) {
+      Comment(context, "INDEX", context.Name(table.GetOwner(false), *given), index.comment);
+    }
   }
   for (const LcTriggerDetails& trigger : details->triggers) {
     Comment(context, "TRIGGER", target.Quote(trigger.name.View()) + " ON " + name, trigger.comment);

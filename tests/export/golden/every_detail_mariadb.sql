@@ -1,4 +1,4 @@
--- Schema of Shop: PostgreSQL 15, read through the exact route at 2024-02-29T12:00:00Z.
+-- Schema of Shop (shop_eu): PostgreSQL 15, read through the exact route at 2024-02-29T12:00:00Z.
 -- Incomplete: the import lost its connection or met errors before it had read everything.
 -- Not read: triggers: ERROR: permission denied for table pg_trigger
 -- Not read: views sales.hidden: the server shows the text to the view's owner only
@@ -7,6 +7,7 @@
 
 SET NAMES utf8mb4;
 SET sql_mode = 'STRICT_TRANS_TABLES,NO_ENGINE_SUBSTITUTION';
+SET innodb_strict_mode = OFF;
 
 CREATE SCHEMA IF NOT EXISTS `Audit Log`;
 
@@ -37,6 +38,7 @@ never empty',
 -- Left out: type of shout, which has no counterpart.
 -- Left out: expression of shout.
 -- Left out: the full length of extra, which is part of a key.
+-- Left out: check customer_name_check of sales.customer: ((name)::text <> ''::text).
 
 CREATE TABLE `order` (
   `region` varchar(40) NOT NULL,
@@ -66,6 +68,7 @@ CREATE TABLE `Audit Log`.`entry` (
 -- Left out: foreign key order_warehouse_fkey of sales.order to stock.warehouse.
 
 ALTER TABLE `order` ADD CONSTRAINT `order_customer_fkey` FOREIGN KEY (`customer_id`) REFERENCES `customer` (`id`) ON UPDATE NO ACTION ON DELETE CASCADE;
-ALTER TABLE `order` ADD CONSTRAINT `order "entry" fkey` FOREIGN KEY (`region`, `order_no`) REFERENCES `Audit Log`.`entry` (`region`, `order_no`) ON UPDATE CASCADE ON DELETE SET NULL;
+-- Left out: ON DELETE set null of the foreign key (region, order_no) of sales.order.
+ALTER TABLE `order` ADD CONSTRAINT `order "entry" fkey` FOREIGN KEY (`region`, `order_no`) REFERENCES `Audit Log`.`entry` (`region`, `order_no`) ON UPDATE CASCADE;
 
 -- Left out: trigger customer_touch of sales.customer.

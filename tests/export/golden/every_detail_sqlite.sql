@@ -1,4 +1,4 @@
--- Schema of Shop: PostgreSQL 15, read through the exact route at 2024-02-29T12:00:00Z.
+-- Schema of Shop (shop_eu): PostgreSQL 15, read through the exact route at 2024-02-29T12:00:00Z.
 -- Incomplete: the import lost its connection or met errors before it had read everything.
 -- Not read: triggers: ERROR: permission denied for table pg_trigger
 -- Not read: views sales.hidden: the server shows the text to the view's owner only
@@ -26,6 +26,7 @@ CREATE TABLE "customer" (
   CONSTRAINT "customer_name_key" UNIQUE ("name", "since")
 );
 -- Left out: expression of shout.
+-- Left out: check customer_name_check of sales.customer: ((name)::text <> ''::text).
 -- Left out: foreign key order_warehouse_fkey of sales.order to stock.warehouse.
 
 CREATE TABLE "order" (

@@ -3,9 +3,11 @@
 stops at the first error, import again: no difference.
 
     round_trip_test.py WBIMPORT postgres|mariadb|sqlite [FILE...]
+    round_trip_test.py WBIMPORT translated [SERVER FILE...]
 
 Without files, the schemas of hard cases in ../catalogs and ../changes. Runs under scripts/with_postgres and
-scripts/with_mariadb; WB_KEEP=FOLDER keeps what was written.
+scripts/with_mariadb; WB_KEEP=FOLDER keeps what was written. `translated` needs both servers: the script is for each of the other
+servers, which has to load it whole and then have every table and column that the script does not say it leaves out.
 """
 import json
 import os
@@ -83,10 +85,13 @@ class MariaDB:
         return ["--connect", "Driver=MariaDB Unicode;SERVER=127.0.0.1;PORT=" + os.environ["MARIADB_PORT"] +
                 ";UID=root;DATABASE=" + self.name]
 
+    def others(self):
+        names = self.ask("SHOW DATABASES", "--raw").splitlines()
+        return [name for name in names if name not in self.kept]
+
     def drop(self):
-        for name in self.ask("SHOW DATABASES").splitlines():
-            if name not in self.kept:
-                self.ask("SET foreign_key_checks = 0; DROP DATABASE `" + name.replace("`", "``") + "`")
+        for name in self.others():
+            self.ask("SET foreign_key_checks = 0; DROP DATABASE `" + name.replace("`", "``") + "`")
 
 
 class SQLite:
@@ -103,6 +108,11 @@ class SQLite:
 
     def connection(self):
         return ["--sqlite", self.file]
+
+
+SERVERS = {"postgres": PostgreSQL, "mariadb": MariaDB, "sqlite": SQLite}
+SHELLS = {"postgres": "psql", "mariadb": "mariadb", "sqlite": "sqlite3"}
+DIALECTS = {"postgres": "postgresql", "mariadb": "mariadb", "sqlite": "sqlite"}
 
 
 def schema_files(server, folder):
@@ -140,14 +150,80 @@ def round_trip(wbimport, database, schema, folder):
     return [line(change) for change in told["changes"]] + [f"unknown {each}" for each in told["unknown"]], said
 
 
+def columns_of(workbook):
+    """How many columns each table has, by its name in a translation."""
+    return sorted(len(table["columns"]) for table in workbook["tables"] if table["type"] == "table")
+
+
+def translate(wbimport, workbook_file, server, folder):
+    """What went wrong on the way into another server, a sentence each."""
+    script = f"{folder}/{server}.sql"
+    run([wbimport, "render", workbook_file, "--format", "sql", "--dialect-out", DIALECTS[server], "-o", script])
+    database = SERVERS[server](folder)
+    try:
+        if server == "sqlite":
+            database.file = f"{folder}/{server}.db"
+        database.load(script)
+        after = []
+        for name in database.others() if server == "mariadb" else [""]:
+            if name:
+                database.name = name
+            run([wbimport, "import", "--quiet", *database.connection(), "--reading", "exact", "-o", f"{folder}/{server}.json"])
+            after += columns_of(json.load(open(f"{folder}/{server}.json")))
+    finally:
+        if hasattr(database, "drop"):
+            database.drop()
+    left_out = re.findall("^-- Left out: (?:[a-z]* )?(?:table|partition) (.*?)(?:, whose|, which|\\.$)", open(script).read(), re.M)
+    workbook = json.load(open(workbook_file))
+    workbook["tables"] = [table for table in workbook["tables"] if ".".join(filter(None, (table["owner"], table["name"]))) not in left_out
+                          and "shadow table" not in table.get("options", {})]
+    before = columns_of(workbook)
+    if before == sorted(after) and before:
+        print(f"{workbook_file} into {server}: {len(before)} tables with {sum(before)} columns")
+        return []
+    return [f"{len(before)} tables with {sum(before)} columns became {len(after)} with {sum(after)}"]
+
+
+def translations(wbimport, chosen):
+    bad = 0
+    with tempfile.TemporaryDirectory() as top:
+        top = os.environ.get("WB_KEEP", top)
+        for source, kind in SERVERS.items():
+            if chosen and source != chosen[0]:
+                continue
+            for schema in chosen[1:] or schema_files(source, top):
+                folder = f"{top}/{source}_{pathlib.Path(schema).stem}"
+                shutil.rmtree(folder, ignore_errors=True)
+                os.makedirs(folder)
+                database = kind(folder)
+                try:
+                    database.load(str(schema))
+                    run([wbimport, "import", "--quiet", *database.connection(), "--reading", "exact", "-o", folder + "/before.json"])
+                finally:
+                    if hasattr(database, "drop"):
+                        database.drop()
+                for server in SERVERS:
+                    try:
+                        wrong = [] if server == source else translate(wbimport, folder + "/before.json", server, folder)
+                    except RuntimeError as error:
+                        wrong = [str(error)]
+                    for sentence in wrong:
+                        print(f"{schema}, {source} to {server}: {sentence}")
+                    bad += len(wrong)
+    print(f"{bad} wrong")
+    return bad != 0
+
+
 def main():
     wbimport, server, *files = sys.argv[1:]
     bad = 0
-    kind = {"postgres": PostgreSQL, "mariadb": MariaDB, "sqlite": SQLite}[server]
-    shell = {"postgres": "psql", "mariadb": "mariadb", "sqlite": "sqlite3"}[server]
-    if shutil.which(shell) is None:
-        print(f"SKIPPED: there is no {shell}")
-        return 77
+    for shell in SHELLS.values() if server == "translated" else [SHELLS[server]]:
+        if shutil.which(shell) is None:
+            print(f"SKIPPED: there is no {shell}")
+            return 77
+    if server == "translated":
+        return translations(wbimport, files)
+    kind = SERVERS[server]
     with tempfile.TemporaryDirectory() as top:
         for schema in files or schema_files(server, top):
             folder = tempfile.mkdtemp(dir=top, prefix=pathlib.Path(schema).stem + "_")
