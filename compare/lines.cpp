@@ -221,7 +221,8 @@ std::string SourceText(const LcWorkbookFileInfo& info) {
   if (info.dbms_version != 0) text += fmt::format(" {}", info.dbms_version);
   const std::string route = base::ToUtf8(info.route);
   if (!route.empty()) text += route == "exact" ? ", exact reading" : ", " + Shown(route) + " route";
-  return text;
+  const std::u16string& database = info.title.empty() ? info.database : info.title;
+  return database.empty() ? text : Shown(base::ToUtf8(database)) + ", " + text;
 }
 
 }  // namespace wbcompare

@@ -20,6 +20,8 @@ void Dump(std::ostream& out, const Json& value) {
 
 Json SideJson(const std::string& label, const LcWorkbookFileInfo& info) {
   return {{"label", label},
+          {"database", base::ToUtf8(info.database)},
+          {"title", base::ToUtf8(info.title)},
           {"dbmsName", base::ToUtf8(info.dbms_name)},
           {"dbmsVersion", info.dbms_version},
           {"route", base::ToUtf8(info.route)},

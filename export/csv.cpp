@@ -77,7 +77,8 @@ bool WriteCsv(const Document& document, const Options& /*options*/, std::ostream
     sheet.Field(title);
   }
   sheet.EndLine();
-  const std::string database = Display(info.title.empty() ? info.dbms_name : info.title);
+  const std::string title = DatabaseTitle(info);
+  const std::string database = title.empty() ? Display(info.dbms_name) : title;
   for (const LcWorkbookTable* table : document.workbook.tables.Present()) {
     const References references = FindReferences(relationships, *table);
     const std::vector<LcWorkbookColumn*> key = table->GetPrimaryKey().GetColumns();

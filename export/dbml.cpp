@@ -86,7 +86,9 @@ class Script {
     for (const LcNotRead& missing : workbook_.details.not_read) {
       Comment("Not read: " + Facts::OfNotRead(missing));
     }
-    const std::u16string& title = info_.title.empty() ? info_.dbms_name : info_.title;
+    const std::u16string& title = !info_.title.empty()      ? info_.title
+                                  : !info_.database.empty() ? info_.database
+                                                            : info_.dbms_name;
     if (title.empty()) return;
     out_ << "\nProject " << Name(title) << " {\n";
     if (!info_.dbms_name.empty()) {

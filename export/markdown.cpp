@@ -75,8 +75,8 @@ bool WritePages(const Document& document, const Options& options, const fs::path
   if (!fs::is_directory(failed, error)) return false;
   failed = folder / "README.md";
   if (!WritePage(failed, page.str())) return false;
-  const std::string title =
-      document.info.title.empty() ? "All tables" : Display(document.info.title);
+  const std::string database = DatabaseTitle(document.info);
+  const std::string title = database.empty() ? "All tables" : database;
   for (const LcWorkbookTable* table : beside.tables()) {
     page.str("");
     page << "# " << MarkdownPages::Escape(DisplayName(*table)) << "\n\n["

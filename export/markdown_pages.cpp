@@ -71,7 +71,8 @@ void MarkdownPages::WriteMark(std::ostream& out) const {
 }
 
 void MarkdownPages::WriteHead(std::ostream& out) const {
-  out << "# " << (info_.title.empty() ? "Schema" : Escape(Display(info_.title))) << "\n\n"
+  const std::string title = DatabaseTitle(info_);
+  out << "# " << (title.empty() ? "Schema" : Escape(title)) << "\n\n"
       << Escape(SourceText(info_)) << ": " << TableCounts(workbook_) << ".\n";
   WriteMark(out);
   const std::vector<LcNotRead>& not_read = workbook_.details.not_read;

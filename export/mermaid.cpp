@@ -158,7 +158,7 @@ bool WriteMermaid(const Document& document, const Options& options, std::ostream
                   Notes& notes) {
   Diagram diagram;
   if (!SelectDiagram(document, options, diagram, notes)) return false;
-  const std::string title = Display(document.info.title);
+  const std::string title = DatabaseTitle(document.info);
   std::string text = Chart(diagram).Text(title);
   const auto is_long = [&] { return base::ToUtf16(text).size() >= kMostCharacters; };
   const bool may_shrink = !options.whole && options.detail == Detail::kAuto;

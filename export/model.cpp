@@ -128,12 +128,18 @@ std::string SynonymTarget(const LcSynonymDetails& synonym) {
   return target;
 }
 
+std::string DatabaseTitle(const LcWorkbookFileInfo& info) {
+  return Display(info.title.empty() ? info.database : info.title);
+}
+
 std::string SourceText(const LcWorkbookFileInfo& info) {
   std::string text = info.dbms_name.empty() ? "Unknown server" : Display(info.dbms_name);
   if (info.dbms_version != 0) text += fmt::format(" {}", info.dbms_version);
   if (!info.route.empty()) text += ", read through the " + Display(info.route) + " route";
   if (!info.imported_at.empty()) text += " at " + Display(info.imported_at);
-  return info.title.empty() ? text : Display(info.title) + ": " + text;
+  if (DatabaseTitle(info).empty()) return text;
+  const bool both = !info.title.empty() && !info.database.empty() && info.title != info.database;
+  return DatabaseTitle(info) + (both ? " (" + Display(info.database) + ")" : "") + ": " + text;
 }
 
 std::string IncompleteText(const LcWorkbookFileInfo& info) {

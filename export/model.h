@@ -33,8 +33,12 @@ namespace wbexport {
 [[nodiscard]] std::string KindName(const LcWorkbookTable& table);
 // What a synonym stands for: "owner.name", with "@database" or "@database@server" behind it.
 [[nodiscard]] std::string SynonymTarget(const LcSynonymDetails& synonym);
-// "Handmade Server 3, read through the odbc route"; "Unknown server" without a name. The title of
-// the database, where it has one, stands first, the time of the import last.
+// What people call the database: its title, else its name on the server; empty where neither is
+// known.
+[[nodiscard]] std::string DatabaseTitle(const LcWorkbookFileInfo& info);
+// "Lending (loans): Handmade Server 3, read through the odbc route": the database by its title and
+// name, as far as they are known, then the server ("Unknown server" without a name) and, last, the
+// time of the import.
 [[nodiscard]] std::string SourceText(const LcWorkbookFileInfo& info);
 // One sentence when the import was cut short, else empty.
 [[nodiscard]] std::string IncompleteText(const LcWorkbookFileInfo& info);

@@ -98,13 +98,14 @@ class PageData {
 
   void WriteSource() {
     Member("source", PageValue::Object({{"cutShort", IncompleteText(info_)},
+                                        {"database", Display(info_.database)},
                                         {"dbmsName", Display(info_.dbms_name)},
                                         {"dbmsVersion", info_.dbms_version},
                                         {"errorsShown", info_.errors_shown},
                                         {"importedAt", Display(info_.imported_at)},
                                         {"result", info_.result},
                                         {"route", Display(info_.route)},
-                                        {"title", Display(info_.title)}}));
+                                        {"title", DatabaseTitle(info_)}}));
   }
 
   PageValue ColumnData(const LcWorkbookColumn& column) {

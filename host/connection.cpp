@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
 #include <exception>
 
 #include "base/connection_string.h"
@@ -86,6 +87,24 @@ std::string Advice(const std::string& connect_string, const std::string& state) 
   return {};
 }
 
+// The last part of a file's path, which SQLite's driver gives as the URI it was opened by.
+std::u16string NameOfDatabase(std::u16string_view name) {
+  constexpr std::u16string_view kScheme = u"file:";
+  const bool is_uri = name.starts_with(kScheme);
+  if (is_uri) name = name.substr(kScheme.size(), name.find(u'?') - kScheme.size());
+  // find_last_of() is one before 0 where there is no folder.
+  const std::string last = ToUtf8(std::u16string(name.substr(name.find_last_of(u"/\\") + 1)));
+  std::string decoded;
+  for (std::size_t i = 0; i < last.size(); ++i) {
+    unsigned code = 0;
+    const bool is_code = is_uri && last[i] == '%' && i + 2 < last.size() &&
+                         std::from_chars(&last[i + 1], &last[i] + 3, code, 16).ptr == &last[i] + 3;
+    decoded += is_code ? static_cast<char>(code) : last[i];
+    if (is_code) i += 2;
+  }
+  return ToUtf16(decoded);
+}
+
 }  // namespace
 
 struct Connection::Handles {
@@ -154,6 +173,11 @@ std::optional<std::u16string> Connection::AskCurrentCatalog() const {
   const std::optional<std::vector<std::u16string>> catalogs = Catalogs();
   const bool is_one = catalogs && std::count(catalogs->begin(), catalogs->end(), *catalog) > 0;
   return is_one ? catalog : std::u16string();
+}
+
+std::u16string Connection::DatabaseName() const {
+  if (!SupportsOwners() && KnownCatalog()) return *KnownCatalog();
+  return NameOfDatabase(calls_->InfoText(SQL_DATABASE_NAME).value_or(u""));
 }
 
 bool Connection::LacksCatalog() const {

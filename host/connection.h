@@ -63,6 +63,9 @@ class Connection {
   [[nodiscard]] bool SupportsOwners() const;
   // The catalog that the connection is in, where catalogs mean something to the driver; else empty.
   std::u16string CurrentCatalog() const { return KnownCatalog().value_or(u""); }
+  // The name of the database that the connection is in; of one that is a file the file's name
+  // without its folder. Empty where the driver does not tell.
+  std::u16string DatabaseName() const;
   // Whether the connection is in no catalog although the server has catalogs instead of owners.
   [[nodiscard]] bool LacksCatalog() const;
   // The catalogs of the server, as its driver lists them; nothing where it does not.

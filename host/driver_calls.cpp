@@ -19,11 +19,14 @@ using platform::DriverField;
 namespace {
 
 constexpr std::size_t kTextCharacters = 256;
+// A database may be a file, whose path SQLite's driver gives as a URI.
+constexpr std::size_t kInfoCharacters = 8192;
 using Text = std::array<char16_t, kTextCharacters>;
 
 static_assert(sizeof(SQLWCHAR) == sizeof(char16_t));
 
-std::u16string Whole(Text& text) {
+template <std::size_t kCharacters>
+std::u16string Whole(std::array<char16_t, kCharacters>& text) {
   text.back() = 0;
   return text.data();
 }
@@ -119,7 +122,7 @@ void DriverCalls::SetTimeouts(const Timeouts& timeouts) const {
 }
 
 std::optional<std::u16string> DriverCalls::InfoText(SQLUSMALLINT info) const {
-  Text text{};
+  std::array<char16_t, kInfoCharacters> text{};
   SQLSMALLINT bytes = 0;
   constexpr auto kRoom = static_cast<SQLSMALLINT>(sizeof text);
   Start("SQLGetInfoW");

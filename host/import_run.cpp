@@ -101,7 +101,8 @@ ImportRunner::ImportRunner(const Connection& connection, const InstalledServices
       reports_(reports),
       recording_(recording),
       notes_(notes),
-      catalog_(CatalogToRead(connection)) {
+      catalog_(CatalogToRead(connection)),
+      database_(connection.DatabaseName()) {
   login_.connect_text = ToUtf16(connection.connect_text());
 }
 
@@ -112,6 +113,7 @@ ImportResult ImportRunner::Run(const LcImportChoices& choices, std::uint32_t ite
   ImportResult result;
   result.workbook = std::make_unique<LcWorkbook>();
   result.items = item_mask;
+  result.info.database = choices.catalog.empty() ? database_ : choices.catalog;
   failures_before_ = services_.Failures();
   result_ = &result;
   Progress progress(progress_mode_, screen_, choices.keys, choices.foreign_keys);

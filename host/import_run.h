@@ -84,6 +84,7 @@ class ImportRunner {
   RunRecording& recording_;
   const ReplayNotes* const notes_;  // null: nothing is replayed
   const std::u16string catalog_;    // read where the choices name none
+  const std::u16string database_;   // what the connection is in
   LcWorkbookLogin login_;
 
   // The run in hand, which the callback, a plain function, has to find.

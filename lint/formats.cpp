@@ -33,6 +33,10 @@ const Format* FindFormat(std::string_view name) {
 
 const Format& DefaultFormat(bool terminal) { return *FindFormat(terminal ? "text" : "json"); }
 
+std::string DatabaseTitle(const LcWorkbookFileInfo& info) {
+  return Shown(info.title.empty() ? info.database : info.title);
+}
+
 std::string Summary(const Report& report) {
   if (report.findings.empty()) {
     return fmt::format("Nothing found in {} by {}", Count(report.tables, "table"),

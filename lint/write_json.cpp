@@ -32,6 +32,8 @@ void WriteJson(const Document& document, const WriteOptions& /*options*/, std::o
   const LcWorkbookFileInfo& info = document.info;
   out << "{\n  \"format\": \"workbook-lint\", \"version\": 1,\n  \"source\": "
       << Dump({{"label", document.label},
+               {"database", base::ToUtf8(info.database)},
+               {"title", base::ToUtf8(info.title)},
                {"dbmsName", base::ToUtf8(info.dbms_name)},
                {"dbmsVersion", info.dbms_version},
                {"route", base::ToUtf8(info.route)},

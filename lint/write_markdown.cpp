@@ -20,7 +20,9 @@ std::string Plain(std::string_view text) {
 
 void WriteMarkdown(const Document& document, const WriteOptions& /*options*/, std::ostream& out) {
   const Report& report = document.report;
-  out << "### " << Summary(report) << "\n\nOf " << Plain(document.label) << ".\n";
+  out << "### " << Summary(report) << "\n\nOf " << Plain(document.label);
+  const std::string title = DatabaseTitle(document.info);
+  out << (title.empty() ? "" : " (" + Plain(title) + ")") << ".\n";
   if (!report.findings.empty()) {
     out << "\n| Where | | Rule | What |\n|---|---|---|---|\n";
     for (const Finding& finding : report.findings) {

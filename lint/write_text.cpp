@@ -35,7 +35,8 @@ void WriteText(const Document& document, const WriteOptions& options, std::ostre
         << (finding.part.empty() ? "" : finding.part + ": ") << finding.text << '\n';
   }
   if (last != nullptr) out << '\n';
-  out << Summary(report) << ".\n";
+  const std::string title = DatabaseTitle(document.info);
+  out << title << (title.empty() ? "" : ": ") << Summary(report) << ".\n";
   for (const NotChecked& entry : report.not_checked) {
     out << fmt::format("Not checked: {} {}: {}.\n", entry.rule->id, entry.rule->name, entry.reason);
   }

@@ -173,6 +173,8 @@ std::optional<SQLRETURN> GetRecordedInfo(Connection& connection, SQLUSMALLINT in
   InfoText(connection, info, known);
   SQLUINTEGER number = 0;
   int size = 0;
+  // Older recordings were made by a program that did not ask: the name is then not known.
+  if (info == SQL_DATABASE_NAME) return connection.Fail("HY096", "the recording has no such name");
   const bool of_server = info == SQL_SCHEMA_USAGE || info == SQL_CATALOG_USAGE;
   if (known || (!of_server && InfoNumber(connection, info, number, size))) return std::nullopt;
   return connection.Fail("HY096", recording->NotHeld(question));

@@ -118,6 +118,7 @@ function overviewPage() {
     h(
       "p",
       {class: "facts"},
+      source.database && source.database !== source.title && h("span", {}, `database ${source.database}`),
       source.title && h("span", {}, source.dbmsName),
       source.dbmsVersion ? h("span", {}, `Version ${source.dbmsVersion}`) : null,
       source.route && h("span", {}, `read through the ${source.route} route`),

@@ -28,6 +28,7 @@ struct LcWorkbookFileInfo {
   bool incomplete = false;  // the import was cut short: stopped, cancelled or disconnected
   // Optional members, left out of the file where they are empty.
   std::u16string dialect;      // of the exact reading
+  std::u16string database;     // its name on the server, or the name of its file
   std::u16string title;        // what people call the database
   std::u16string imported_at;  // UTC, ISO 8601
   std::u16string name_case;    // how the server compares names: u"exact" or u"ignored"

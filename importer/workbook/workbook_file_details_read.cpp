@@ -135,6 +135,7 @@ LcOptions ReadOptions(const JsonField& options) {
 
 void ReadSource(const JsonField& source, LcWorkbookFileInfo& info) {
   info.dialect = source.Text("dialect");
+  info.database = source.Text("database");
   info.title = source.Text("title");
   info.imported_at = source.Text("importedAt");
   info.name_case = source.Text("nameCase");

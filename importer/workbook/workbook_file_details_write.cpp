@@ -197,6 +197,7 @@ void WriteNotRead(JsonWriter& json, const LcNotRead& missing) {
 
 void WriteSource(JsonWriter& json, const LcWorkbookFileInfo& info) {
   Optional(json, "dialect", info.dialect);
+  Optional(json, "database", info.database);
   Optional(json, "title", info.title);
   Optional(json, "importedAt", info.imported_at);
   Optional(json, "nameCase", info.name_case);

@@ -261,7 +261,7 @@ TEST(Output, OfASavedWorkbookIsTheSameWorkbook) {
   EXPECT_EQ(RunProgram({"render", file, "-o", page}).exit_code, 0);
   EXPECT_THAT(ReadFile(page), testing::StartsWith("<!doctype html>"));
   EXPECT_EQ(RunProgram({"render", file, "-o", page, "-f", "markdown"}).exit_code, 0);
-  EXPECT_THAT(ReadFile(page), testing::StartsWith("# Schema"));
+  EXPECT_THAT(ReadFile(page), testing::StartsWith("# library"));
   EXPECT_THAT(RunProgram({"render", file, "-f", "dot", "--around", "library.boook"}).err,
               HasSubstr("did you mean 'library.book'"));
 }
