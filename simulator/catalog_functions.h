@@ -38,7 +38,7 @@ class CatalogQueries {
 
  private:
   std::string CatalogColumn(const char* odbc2_name, const char* odbc3_name) const;
-  bool HasCatalog(const CatalogArgument& catalog) const;
+  [[nodiscard]] bool HasCatalog(const CatalogArgument& catalog) const;
   // One of two names of a result column, in double quotes.
   std::string Named(const char* odbc2_name, const char* odbc3_name) const;
   std::string TypeCode() const;

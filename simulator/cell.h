@@ -22,14 +22,15 @@ struct Binding {
 enum class CellOutcome { kWhole, kTruncated, kUnusable };  // kUnusable: no such conversion
 
 // The C type that SQL_C_DEFAULT stands for.
-SQLSMALLINT DefaultCType(SQLSMALLINT sql_type);
+[[nodiscard]] SQLSMALLINT DefaultCType(SQLSMALLINT sql_type);
 // Bytes of a C type of fixed size; 0 for texts and binaries.
-std::size_t SizeOfCType(SQLSMALLINT c_type);
+[[nodiscard]] std::size_t SizeOfCType(SQLSMALLINT c_type);
 
 // Writes the value of SQLite column `index` (from 0) of the current row to `buffer`. `skip`
 // characters of a text have been given before. NULL leaves the buffer as it was, as some drivers
 // do: only the indicator tells.
-CellOutcome WriteCell(sqlite3_stmt* row, int index, const Column& column, SQLSMALLINT c_type,
-                      void* buffer, SQLLEN bytes, SQLLEN* indicator, std::size_t skip = 0);
+[[nodiscard]] CellOutcome WriteCell(sqlite3_stmt* row, int index, const Column& column,
+                                    SQLSMALLINT c_type, void* buffer, SQLLEN bytes,
+                                    SQLLEN* indicator, std::size_t skip = 0);
 
 }  // namespace catalogsim

@@ -23,11 +23,12 @@ struct Column {
 // How a result column is described. `declared_type` is null for an expression. `wide`: the server's
 // character columns are UTF-16.
 using DescribeColumn = Column (*)(const char* name, const char* declared_type, bool wide);
-Column ColumnOfQuery(const char* name, const char* declared_type, bool wide);
+[[nodiscard]] Column ColumnOfQuery(const char* name, const char* declared_type, bool wide);
 // The columns of catalog functions have types by name, and no blanks behind their texts.
-Column ColumnOfCatalogFunction(const char* name, const char* declared_type, bool wide);
+[[nodiscard]] Column ColumnOfCatalogFunction(const char* name, const char* declared_type,
+                                             bool wide);
 
 // ODBC 2 has other codes for dates and times.
-SQLSMALLINT TypeForVersion(SQLSMALLINT sql_type, SQLULEN odbc_version);
+[[nodiscard]] SQLSMALLINT TypeForVersion(SQLSMALLINT sql_type, SQLULEN odbc_version);
 
 }  // namespace catalogsim

@@ -22,10 +22,11 @@ struct FinalizeStatement {
 using PreparedStatement = std::unique_ptr<sqlite3_stmt, FinalizeStatement>;
 
 // Null, with `why`, when a script fails; `why` then names the script.
-Database OpenServer(const ServerTraits& traits, const Settings& settings, std::string& why);
+[[nodiscard]] Database OpenServer(const ServerTraits& traits, const Settings& settings,
+                                  std::string& why);
 
 // Null, with `state` and `why`, when the text cannot be prepared.
-PreparedStatement Prepare(sqlite3* database, const std::string& sql, std::string& state,
-                          std::string& why);
+[[nodiscard]] PreparedStatement Prepare(sqlite3* database, const std::string& sql,
+                                        std::string& state, std::string& why);
 
 }  // namespace catalogsim

@@ -13,7 +13,8 @@ namespace catalogsim {
 
 // Runs `body` as a call of `function` on `handle`. No exception leaves the driver.
 template <class AnyHandle, class Body>
-SQLRETURN RunCall(Connection& connection, AnyHandle& handle, FunctionId function, Body body) {
+[[nodiscard]] SQLRETURN RunCall(Connection& connection, AnyHandle& handle, FunctionId function,
+                                Body body) {
   SQLRETURN result = SQL_ERROR;
   try {
     handle.ClearDiagnostics();
@@ -27,13 +28,13 @@ SQLRETURN RunCall(Connection& connection, AnyHandle& handle, FunctionId function
 }
 
 template <class Body>
-SQLRETURN OnStatement(SQLHSTMT handle, FunctionId function, Body body) {
+[[nodiscard]] SQLRETURN OnStatement(SQLHSTMT handle, FunctionId function, Body body) {
   auto& statement = *static_cast<Statement*>(handle);
   return RunCall(statement.connection(), statement, function, [&] { return body(statement); });
 }
 
 template <class Body>
-SQLRETURN OnConnection(SQLHDBC handle, FunctionId function, Body body) {
+[[nodiscard]] SQLRETURN OnConnection(SQLHDBC handle, FunctionId function, Body body) {
   auto& connection = *static_cast<Connection*>(handle);
   return RunCall(connection, connection, function, [&] { return body(connection); });
 }

@@ -6,8 +6,8 @@
 namespace catalogsim {
 
 // Reads `rows` rows. `row_status` and `rows_fetched` may be null.
-SQLRETURN FetchRowset(Statement& statement, SQLULEN rows, SQLUSMALLINT* row_status,
-                      SQLULEN* rows_fetched);
+[[nodiscard]] SQLRETURN FetchRowset(Statement& statement, SQLULEN rows, SQLUSMALLINT* row_status,
+                                    SQLULEN* rows_fetched);
 
 // One value of the current row, whole or in pieces.
 SQLRETURN GetData(Statement& statement, SQLUSMALLINT column, SQLSMALLINT c_type, void* buffer,

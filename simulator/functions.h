@@ -62,7 +62,7 @@ constexpr Function kFunctions[] = {
 };
 
 // 0 when there is no such function. Upper and lower case do not matter.
-FunctionId FunctionByName(std::string_view name);
-std::string_view FunctionName(FunctionId id);
+[[nodiscard]] FunctionId FunctionByName(std::string_view name);
+[[nodiscard]] std::string_view FunctionName(FunctionId id);
 
 }  // namespace catalogsim

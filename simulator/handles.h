@@ -64,7 +64,7 @@ class Connection : public Handle {
   sqlite3* database() const { return database_.get(); }
   CallGate& gate() { return gate_; }
   Recording* recording() const { return recording_.get(); }  // null: the server is a script
-  bool HasFunction(FunctionId function) const;
+  [[nodiscard]] bool HasFunction(FunctionId function) const;
 
   Statement* AddStatement();
   void RemoveStatement(Statement* statement);

@@ -7,8 +7,8 @@
 
 namespace catalogsim {
 
-bool RegisterHelperFunctions(sqlite3* database);
+[[nodiscard]] bool RegisterHelperFunctions(sqlite3* database);
 // SERVERPROPERTY of SQL Server, which tells the version.
-bool RegisterServerProperty(sqlite3* database, const std::string& version);
+[[nodiscard]] bool RegisterServerProperty(sqlite3* database, const std::string& version);
 
 }  // namespace catalogsim

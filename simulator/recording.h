@@ -41,7 +41,7 @@ class Recording {
   static constexpr Line kNone = UINT32_MAX;
 
   // Null, with `why`, for a file that cannot be read or is no recording of a version known here.
-  static std::unique_ptr<Recording> Load(const std::string& file, std::string& why);
+  [[nodiscard]] static std::unique_ptr<Recording> Load(const std::string& file, std::string& why);
 
   // The line that answers the question. A question that was asked more than once has its answers
   // in their order, and the last one for ever after. kNone where it was never asked.
@@ -58,7 +58,7 @@ class Recording {
   // The next call on the same statement; kNone at its next question or end.
   Line Next(Line line) const;
 
-  bool HasFunction(FunctionId function) const;
+  [[nodiscard]] bool HasFunction(FunctionId function) const;
   std::uint32_t not_held() const { return not_held_; }
   const std::string& first_not_held() const { return first_not_held_; }
 
@@ -75,7 +75,7 @@ class Recording {
   };
 
   Recording() = default;
-  bool CheckHeader(std::string& why) const;
+  [[nodiscard]] bool CheckHeader(std::string& why) const;
   void ReadLines();
   void ReadLine(Line number, std::unordered_map<std::uint64_t, Line>& last_on_statement);
   void ReadQuestion(Line number);

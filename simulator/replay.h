@@ -16,12 +16,13 @@ class Handle;
 class Statement;
 
 // Gives the return code and the diagnostics of a recorded call to the handle.
-SQLRETURN GiveOutcome(const Recording& recording, Recording::Line line, Handle& handle);
+[[nodiscard]] SQLRETURN GiveOutcome(const Recording& recording, Recording::Line line,
+                                    Handle& handle);
 
 // Answers SQLGetInfo and SQLGetConnectAttr: a number or a text, as was recorded. `text_bytes` is
 // the room for a text; `bytes`, which may be null, receives its length.
-SQLRETURN GiveValue(const Recording& recording, Recording::Line line, Handle& handle, void* value,
-                    SQLINTEGER text_bytes, SQLINTEGER* bytes);
+[[nodiscard]] SQLRETURN GiveValue(const Recording& recording, Recording::Line line, Handle& handle,
+                                  void* value, SQLINTEGER text_bytes, SQLINTEGER* bytes);
 
 class Replay {
  public:

@@ -11,7 +11,7 @@
 namespace catalogsim {
 
 // `dialect`: bits of Dialect (server_traits.h).
-std::string RewriteForSqlite(std::string_view sql, std::uint32_t dialect);
+[[nodiscard]] std::string RewriteForSqlite(std::string_view sql, std::uint32_t dialect);
 
 // The parts below are one file each.
 
@@ -22,10 +22,11 @@ struct Token {
 };
 using Tokens = std::vector<Token>;
 
-Tokens Tokenize(std::string_view sql);
-std::string Join(const Tokens& tokens);
-bool IsWord(const Token& token, std::string_view word);  // upper and lower case do not matter
-bool IsSymbol(const Token& token, std::string_view symbol);
+[[nodiscard]] Tokens Tokenize(std::string_view sql);
+[[nodiscard]] std::string Join(const Tokens& tokens);
+[[nodiscard]] bool IsWord(const Token& token,
+                          std::string_view word);  // upper and lower case do not matter
+[[nodiscard]] bool IsSymbol(const Token& token, std::string_view symbol);
 
 void RewriteDoubleQuotedTexts(Tokens& tokens);
 void RewriteDatabasePrefixes(Tokens& tokens);
@@ -39,6 +40,6 @@ void RefuseLongExpressions(Tokens& tokens);
 
 // SQLite walks ORs one by one, and not very many of them: a chain over a few columns becomes a
 // look-up in a list of values, any other a tree.
-std::string RewriteOrChains(const Tokens& tokens);
+[[nodiscard]] std::string RewriteOrChains(const Tokens& tokens);
 
 }  // namespace catalogsim

@@ -43,6 +43,6 @@ struct ServerTraits {
 };
 
 // Null when there is no such server. Upper and lower case do not matter.
-const ServerTraits* FindServer(std::string_view name);
+[[nodiscard]] const ServerTraits* FindServer(std::string_view name);
 
 }  // namespace catalogsim

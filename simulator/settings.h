@@ -27,6 +27,7 @@ struct Settings {
 
 // False, with `why` telling the keyword and what is wrong with it. Keywords that belong to the
 // driver manager or to a log-in (Driver, DSN, UID, PWD, ...) are accepted and ignored.
-bool ParseConnectionString(std::string_view text, Settings& settings, std::string& why);
+[[nodiscard]] bool ParseConnectionString(std::string_view text, Settings& settings,
+                                         std::string& why);
 
 }  // namespace catalogsim

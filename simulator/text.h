@@ -16,19 +16,20 @@ namespace catalogsim {
 
 // Writes at most `capacity` code units, without a terminator. Returns how many the whole text has,
 // so that a caller knows what was cut.
-std::size_t WidenInto(std::string_view utf8, SQLWCHAR* out, std::size_t capacity);
+[[nodiscard]] std::size_t WidenInto(std::string_view utf8, SQLWCHAR* out, std::size_t capacity);
 
-std::string Narrow(const SQLWCHAR* text, std::size_t length);
+[[nodiscard]] std::string Narrow(const SQLWCHAR* text, std::size_t length);
 
 // A text argument of an ODBC function: `length` in characters or SQL_NTS. Empty for a null pointer.
-std::string TextArgument(const SQLWCHAR* text, SQLLEN length);
+[[nodiscard]] std::string TextArgument(const SQLWCHAR* text, SQLLEN length);
 
 // Answers a text with its terminator into a buffer of `capacity` characters, which may be null.
 // False when it was cut. `length` receives the whole text's characters and may be null.
-bool AnswerText(std::string_view text, SQLWCHAR* buffer, SQLLEN capacity, SQLSMALLINT* length);
+[[nodiscard]] bool AnswerText(std::string_view text, SQLWCHAR* buffer, SQLLEN capacity,
+                              SQLSMALLINT* length);
 
 // ASCII letters only; the names of keywords and functions have no others.
-std::string Upper(std::string_view text);
+[[nodiscard]] std::string Upper(std::string_view text);
 using base::EqualIgnoringCase;
 inline std::string_view Trim(std::string_view text) { return base::TrimSpace(text); }
 
