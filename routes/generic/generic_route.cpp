@@ -18,8 +18,8 @@ namespace {
 
 class GenericRoute {
  public:
-  // Required: no notification of the import's end, which the other routes send. Hosts close their
-  // progress window when this call returns.
+  // Required (sqlite_route_test): no notification of the import's end, which the other routes send.
+  // Hosts close their progress window when this call returns.
   static constexpr bool kReportsEnd = false;
 
   explicit GenericRoute(ImportSession& session);

@@ -87,7 +87,7 @@ class InformixRoute {
     return !WasStopped();
   }
 
-  // Required: that of the last phase that has one, whatever the others gave.
+  // Required (informix route_test): that of the last phase that has one, whatever the others gave.
   bool result = true;
 
  private:

@@ -91,6 +91,15 @@ TEST(InformixRoute, ReportsEveryPhaseInItsOrder) {
   EXPECT_EQ(run.current_item.text2, u"currency");  // remote synonyms leave it alone
 }
 
+TEST(InformixRoute, ReturnsWhatTheLastPhaseWithAResultGave) {
+  InformixImport run("informix");
+  run.base.targets.boolean_functions = nullptr;
+  run.base.choices.item_mask = ibBooleanFunctions;
+  EXPECT_FALSE(run.Run());
+  run.base.choices.item_mask |= ibProcedures;
+  EXPECT_TRUE(run.Run());
+}
+
 TEST(InformixRoute, ListsNames) {
   InformixImport run("informix");
   run.base.choices.item_mask = ibViewNames | ibSynonymNames | ibColumnNames;
