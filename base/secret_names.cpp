@@ -6,6 +6,7 @@
 #include <array>
 
 #include "base/ascii.h"
+#include "base/letters.h"
 
 namespace base {
 namespace {
@@ -17,10 +18,7 @@ constexpr std::array<std::string_view, 10> kMarks = {
 // That are secrets by themselves, but parts of harmless words too: SSLBypass, ShippingPort.
 constexpr std::array<std::string_view, 5> kNames = {"pass", "pw", "pin", "authkey", "sas"};
 
-bool IsPartOfName(char c) {
-  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_' ||
-         c == '-';
-}
+bool IsPartOfName(char c) { return IsLetterOrDigit(c) || c == '_' || c == '-'; }
 
 // Behind the text from `at` up to what ends it; what a backslash stands before does not.
 std::size_t EndOfValue(std::string_view text, std::size_t at, std::string_view ends) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "base/ascii.h"
+#include "base/letters.h"
 #include "base/utf.h"
 
 namespace wbcompare {
@@ -13,10 +14,9 @@ namespace {
 constexpr char kParting = '\x1f';
 
 bool StartsName(char c) {
-  return c == '_' || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') ||
-         static_cast<unsigned char>(c) >= 0x80;
+  return c == '_' || base::IsLetter(c) || static_cast<unsigned char>(c) >= 0x80;
 }
-bool GoesOnInName(char c) { return StartsName(c) || c == '$' || (c >= '0' && c <= '9'); }
+bool GoesOnInName(char c) { return StartsName(c) || c == '$' || base::IsDigit(c); }
 
 bool NeedsQuotes(const std::string& name) {
   return name.empty() || !StartsName(name[0]) ||

@@ -5,6 +5,7 @@
 #include <map>
 #include <utility>
 
+#include "base/letters.h"
 #include "compare/lines.h"
 
 namespace wbcompare {
@@ -57,7 +58,7 @@ std::string Listed(const std::vector<std::string>& parts) {
 }
 
 std::string Capital(std::string text) {
-  if (!text.empty() && text[0] >= 'a' && text[0] <= 'z') text[0] = static_cast<char>(text[0] - 32);
+  if (!text.empty()) text[0] = base::UpperAscii(text[0]);
   return text;
 }
 

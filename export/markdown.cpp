@@ -7,6 +7,7 @@
 #include <sstream>
 
 #include "base/ascii.h"
+#include "base/letters.h"
 #include "export/markdown_pages.h"
 #include "export/writers.h"
 
@@ -23,8 +24,7 @@ class FileNames {
   std::string For(const LcWorkbookTable& table) {
     std::string stem;
     for (const char c : DisplayName(table)) {
-      const bool kept = (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9') || c == '_' || c == '.' ||
-                        (c >= 'A' && c <= 'Z');
+      const bool kept = base::IsLetterOrDigit(c) || c == '_' || c == '.';
       if (kept && !(stem.empty() && c == '.')) {
         stem += c;
       } else if (stem.empty() || stem.back() != '-') {

@@ -7,6 +7,7 @@
 #include <set>
 #include <unordered_map>
 
+#include "base/letters.h"
 #include "base/utf.h"
 #include "export/diagram.h"
 #include "export/writers.h"
@@ -24,8 +25,8 @@ constexpr std::array<std::string_view, 16> kReserved = {
     "one",      "optionally", "only",  "style",    "title",     "to",  "u",         "zero",
 };
 
-bool IsLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
-bool IsWordCharacter(char c) { return IsLetter(c) || (c >= '0' && c <= '9') || c == '_'; }
+using base::IsLetter;
+bool IsWordCharacter(char c) { return base::IsLetterOrDigit(c) || c == '_'; }
 
 std::string Identifier(const std::string& name) {
   std::string id;

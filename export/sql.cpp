@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <set>
 
+#include "base/letters.h"
 #include "base/utf.h"
 #include "export/model.h"
 #include "export/sql_script.h"
@@ -47,8 +48,7 @@ std::string Quote(const std::vector<LcWorkbookColumn*>& columns) {
 std::string SqlType(const LcWorkbookColumn& column) {
   const std::string text = TypeText(column);
   const bool plain = std::all_of(text.begin(), text.end(), [](char c) {
-    return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9') || c == '_' ||
-           c == ' ' || c == '(' || c == ')' || c == ',';
+    return base::IsLetterOrDigit(c) || c == '_' || c == ' ' || c == '(' || c == ')' || c == ',';
   });
   return plain ? text : Quote(base::ToUtf16(text));
 }

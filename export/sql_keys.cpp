@@ -1,6 +1,7 @@
 // Keys, checks, indexes and foreign keys, inside of their tables or added to them.
 #include <algorithm>
 
+#include "base/letters.h"
 #include "base/utf.h"
 #include "export/sql_parts.h"
 #include "export/sql_translate.h"
@@ -332,10 +333,7 @@ std::string ForeignKeyClause(Context& context, const LcWorkbookTable& table,
           "actions");
       return;
     }
-    std::string text = base::ToUtf8(value.View());
-    std::transform(text.begin(), text.end(), text.begin(),
-                   [](char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 32) : c; });
-    clause += fmt::format(" {} {}", word, text);
+    clause += fmt::format(" {} {}", word, base::UpperAscii(base::ToUtf8(value.View())));
   };
   if (context.target.has_match) add("MATCH", d.match, u"simple");
   add("ON UPDATE", d.on_update, context.target.usual_action);

@@ -4,6 +4,7 @@
 #include <regex>
 #include <set>
 
+#include "base/letters.h"
 #include "base/utf.h"
 #include "export/sql_parts.h"
 #include "export/sql_translate.h"
@@ -74,8 +75,7 @@ bool RowTime(const LcColumnDetails& details) {
 // would be a column's name within them.
 bool IsDefaultTerm(std::u16string_view text) {
   const auto is_word = [](char16_t c) {
-    return (c >= u'0' && c <= u'9') || (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z') ||
-           c == u'_' || c == u'.' || c >= 0x80;
+    return base::IsLetterOrDigit(c) || c == u'_' || c == u'.' || c >= 0x80;
   };
   const std::size_t quote = text.find_first_of(u"'\"");
   if (quote != std::u16string_view::npos) {

@@ -9,6 +9,7 @@
 #include <fstream>
 
 #include "base/connection_string.h"
+#include "base/letters.h"
 #include "base/secret_names.h"
 #include "host/connection.h"
 #include "host/outcome.h"
@@ -102,8 +103,7 @@ std::string WithLogin(std::string text, const ConnectionOptions& options,
 std::string SqliteReadOnlyUri(const std::string& absolute_path, bool immutable) {
   std::string uri = "file:";
   for (const char c : absolute_path) {
-    const bool plain = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') ||
-                       c == '/' || c == '.' || c == '-' || c == '_';
+    const bool plain = base::IsLetterOrDigit(c) || c == '/' || c == '.' || c == '-' || c == '_';
     uri += plain ? std::string(1, c) : fmt::format("%{:02X}", static_cast<unsigned char>(c));
   }
   return uri + (immutable ? "?mode=ro&immutable=1" : "?mode=ro");

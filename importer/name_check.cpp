@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <string_view>
 
+#include "base/letters.h"
+
 namespace {
 
 // What ends a text in quotes, or does after a driver has converted it into a smaller code set,
@@ -20,8 +22,7 @@ const char* WhyUnsafeText(std::u16string_view name) {
 // Of a database, a server or a link, which stand without quotes.
 const char* WhyUnsafeWord(std::u16string_view name) {
   const bool plain = std::all_of(name.begin(), name.end(), [](char16_t c) {
-    return (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z') || (c >= u'0' && c <= u'9') ||
-           c == u'_' || c == u'$' || c == u'#' || c == u'.' ||
+    return base::IsLetterOrDigit(c) || c == u'_' || c == u'$' || c == u'#' || c == u'.' ||
            (c >= 0xC0 && c < 0x2000);  // letters, before the blanks and marks
   });
   return plain && WhyUnsafeText(name) == nullptr

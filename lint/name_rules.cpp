@@ -7,6 +7,7 @@
 #include <unordered_set>
 
 #include "base/ascii.h"
+#include "base/letters.h"
 #include "base/utf.h"
 #include "lint/rules.h"
 
@@ -74,9 +75,9 @@ constexpr std::array<std::string_view, 105> kReserved = {
 };
 static_assert(std::is_sorted(kReserved.begin(), kReserved.end()));
 
-bool IsUpper(char16_t c) { return c >= u'A' && c <= u'Z'; }
-bool IsLower(char16_t c) { return c >= u'a' && c <= u'z'; }
-bool IsDigit(char16_t c) { return c >= u'0' && c <= u'9'; }
+using base::IsDigit;
+using base::IsLower;
+using base::IsUpper;
 
 bool NeedsQuotes(const Schema& schema, std::u16string_view name) {
   if (name.empty()) return false;
@@ -89,7 +90,7 @@ bool NeedsQuotes(const Schema& schema, std::u16string_view name) {
                          return !(IsUpper(c) || IsLower(c) || IsDigit(c) || c == u'_' ||
                                   c == u'$' || c >= 0x80);
                        }) ||
-           std::all_of(name.begin(), name.end(), IsDigit);
+           std::all_of(name.begin(), name.end(), base::IsDigit<char16_t>);
   if (IsDigit(name.front()) || name.front() == u'$') return true;
   return std::any_of(name.begin(), name.end(), [&](char16_t c) {
     return !(IsLower(c) || (IsUpper(c) && !folds) || IsDigit(c) || c == u'_' || c == u'$' ||

@@ -15,6 +15,7 @@
 #include <vector>
 
 #include "base/ascii.h"
+#include "base/letters.h"
 #include "embedded_wbrecording.h"
 
 namespace recording {
@@ -26,12 +27,9 @@ constexpr std::size_t kLeastLetters = 12;
 // name has to be the beginning of the whole one.
 constexpr std::size_t kCutCharacters = 63;
 
-bool IsLetter(char c) {
-  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c & 0x80) != 0 || c == '_';
-}
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+bool IsLetter(char c) { return base::IsLetter(c) || (c & 0x80) != 0 || c == '_'; }
+using base::IsDigit;
 bool IsWordCharacter(char c) { return IsLetter(c) || IsDigit(c) || c == '$' || c == '#'; }
-bool IsUpper(char c) { return c >= 'A' && c <= 'Z'; }
 
 // UTF-16 units of a text of UTF-8.
 std::size_t Units(std::string_view utf8) {
@@ -228,7 +226,7 @@ struct NameRules::State {
     letters.resize(count);
     for (std::size_t i = 0; i < count; ++i) {
       const char original = name[std::min(i, name.size() - 1)];
-      if (IsUpper(original)) letters[i] = static_cast<char>(letters[i] - 'a' + 'A');
+      if (base::IsUpper(original)) letters[i] = base::UpperAscii(letters[i]);
     }
     return letters;
   }

@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <cstdint>
 
+#include "base/letters.h"
+
 namespace catalogsim {
 namespace {
 
@@ -49,8 +51,6 @@ void Encode(char32_t character, std::string& out) {
     put(0x80 | ((character >> 6) & 0x3F)), put(0x80 | (character & 0x3F));
   }
 }
-
-char UpperLetter(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
 
 }  // namespace
 
@@ -116,10 +116,6 @@ bool AnswerText(std::string_view text, SQLWCHAR* buffer, SQLLEN capacity, SQLSMA
   return buffer == nullptr || units <= room;
 }
 
-std::string Upper(std::string_view text) {
-  std::string upper(text);
-  std::transform(upper.begin(), upper.end(), upper.begin(), UpperLetter);
-  return upper;
-}
+std::string Upper(std::string_view text) { return base::UpperAscii(std::string(text)); }
 
 }  // namespace catalogsim

@@ -1,4 +1,5 @@
 // Cuts SQL into tokens and joins them again. Every character of the text ends up in a token.
+#include "base/letters.h"
 #include "simulator/rewriting.h"
 #include "simulator/server_traits.h"
 #include "simulator/text.h"
@@ -7,10 +8,10 @@ namespace catalogsim {
 namespace {
 
 bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+using base::IsDigit;
 bool IsWordCharacter(char c) {
-  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || IsDigit(c) || c == '_' || c == '$' ||
-         c == '#' || (static_cast<unsigned char>(c) & 0x80) != 0;
+  return base::IsLetterOrDigit(c) || c == '_' || c == '$' || c == '#' ||
+         (static_cast<unsigned char>(c) & 0x80) != 0;
 }
 
 template <class Belongs>
