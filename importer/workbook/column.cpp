@@ -10,7 +10,10 @@ LcWorkbookColumn::~LcWorkbookColumn() = default;
 const char* LcWorkbookColumn::GetRuntimeClass() const { return "LcWorkbookColumn"; }
 
 void LcWorkbookColumn::SetName(const std::u16string& name) {
-  if (name_ == name) return;
+  if (GetName() != name) SetName(LcName(name));
+}
+
+void LcWorkbookColumn::SetName(const LcName& name) {
   name_ = name;
   if (indexed_by_name_ && table_ != nullptr) table_->OnColumnRenamed();
 }

@@ -1,14 +1,12 @@
 // Data types: contents that copies share until one of them changes.
 #include "importer/workbook/datatype.h"
 
-#include <atomic>
 #include <memory>
-#include <utility>
 
 #include "importer/workbook/datatype_state.h"
 
-LcWorkbookDatatype::LcWorkbookDatatype() : state_(std::make_shared<State>()) {}
-LcWorkbookDatatype::~LcWorkbookDatatype() = default;
+LcWorkbookDatatype::LcWorkbookDatatype() : state_(new State) {}
+LcWorkbookDatatype::~LcWorkbookDatatype() { LetGo(); }
 const char* LcWorkbookDatatype::GetRuntimeClass() const { return "LcWorkbookDatatype"; }
 
 LcWorkbookDatatype::LcWorkbookDatatype(const LcWorkbookDatatype& other)
@@ -18,21 +16,23 @@ LcWorkbookDatatype::LcWorkbookDatatype(const LcWorkbookDatatype& other)
       precision_(other.precision_),
       scale_(other.scale_),
       long_(other.long_),
-      size_modifiable_(other.size_modifiable_) {}
+      size_modifiable_(other.size_modifiable_) {
+  state_->users.count.fetch_add(1, std::memory_order_relaxed);
+}
+
+void LcWorkbookDatatype::LetGo() {
+  if (state_->users.count.fetch_sub(1, std::memory_order_acq_rel) == 1) delete state_;
+}
 
 LcWorkbookDatatype* LcWorkbookDatatype::Copy() const { return new LcWorkbookDatatype(*this); }
 
 LcWorkbookDatatype::State& LcWorkbookDatatype::Change() {
-  if (state_.use_count() > 1) {
-    state_ = std::make_shared<State>(*state_);
-    if (!indexed_) state_->changes = nullptr;
-  } else {
-    // The count may have fallen because another thread let go of its copy: its reads come first.
-#ifdef __SANITIZE_THREAD__  // which knows no fences; one more copy that goes again says the same
-    std::shared_ptr<State>(state_).reset();
-#else
-    std::atomic_thread_fence(std::memory_order_acquire);
-#endif
+  // Another thread that let go of its copy has done its reads.
+  if (state_->users.count.load(std::memory_order_acquire) > 1) {
+    State* own = new State(*state_);
+    if (!indexed_) own->changes = nullptr;
+    LetGo();
+    state_ = own;
   }
   return *state_;
 }

@@ -56,6 +56,10 @@ class LC_WORKBOOK_EXPORT LcWorkbookDatatype : public LcObject {
   void SetSizeModifiable(bool modifiable) { size_modifiable_ = modifiable; }
   bool IsSizeModifiable() const { return size_modifiable_; }
 
+  // Copies that share their contents have the same id: they differ in what stands above at most.
+  // It says nothing of types whose ids differ, nor of a type that was changed since.
+  const void* GetContentsId() const { return state_; }
+
   // The base of a distinct type, or the element of a collection.
   void SetBaseCode(int code);
   int GetBaseCode() const;
@@ -89,12 +93,13 @@ class LC_WORKBOOK_EXPORT LcWorkbookDatatype : public LcObject {
   struct State;
   LcWorkbookDatatype(const LcWorkbookDatatype& other);
   State& Change();
+  void LetGo();
   template <class T>
   void Set(T State::*field, const T& value, unsigned lookups = 0);
   void Changed(unsigned lookups);
   void StartIndexing(const std::shared_ptr<LcDatatypeChanges>& changes);
 
-  std::shared_ptr<State> state_;
+  State* state_;  // counts its users
   unsigned long length_ = 0;
   std::uint16_t precision_ = 0;
   std::uint16_t scale_ = 0;

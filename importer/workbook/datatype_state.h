@@ -3,6 +3,7 @@
 #pragma once
 
 #include <array>
+#include <atomic>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -34,6 +35,15 @@ struct LcDatatypeChanges {
 
 // The sizes are not here but in each type: they are what a column changes on its copy.
 struct LcWorkbookDatatype::State {
+  LC_POOLED
+  // How many types have this state. A copy of a state starts with the one that it is made for.
+  struct Users {
+    Users() = default;
+    Users(const Users& /*other*/) {}
+    Users& operator=(const Users&) = delete;
+    std::atomic<std::uint32_t> count{1};
+  };
+  Users users;
   std::u16string name;
   std::u16string type_name;
   std::u16string other_type_name;

@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "importer/workbook/export.h"
+#include "importer/workbook/pool.h"
 #include "importer/workbook/text.h"
 
 class LcWorkbookColumn;
@@ -83,6 +84,7 @@ class LC_WORKBOOK_EXPORT LcOptions {
 
 // The type of a column as the server spells it is the database type of its data type object.
 struct LcColumnDetails {
+  LC_POOLED
   LcText default_text;  // the expression, as SQL
   LcText expression;    // of a generated column
   LcText collation;     // where it is not the type's or the table's own
@@ -94,6 +96,7 @@ struct LcColumnDetails {
 
 // A primary or unique key.
 struct LcKeyDetails {
+  LC_POOLED
   LcText name;
   std::vector<LcWorkbookColumn*> columns;  // in the order of the key
   LcText comment;
@@ -158,6 +161,7 @@ struct LcOutsideKey {
 };
 
 struct LcTableDetails {
+  LC_POOLED
   LeTableKind kind = tkUnknown;
   LcText comment;
   LcText view_text;     // the query of a view

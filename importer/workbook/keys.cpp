@@ -1,4 +1,8 @@
 // Key lists and foreign keys.
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
 #include "importer/workbook/table.h"
 
 namespace {
@@ -9,36 +13,66 @@ LcWorkbookKeyList::LcWorkbookKeyList() = default;
 LcWorkbookKeyList::~LcWorkbookKeyList() = default;
 const char* LcWorkbookKeyList::GetRuntimeClass() const { return "LcWorkbookKeyList"; }
 
+LcWorkbookKeyList::LcWorkbookKeyList(const LcWorkbookKeyList& other)
+    : LcObject(other),
+      first_(other.first_),
+      positions_(other.positions_ ? std::make_unique<Positions>(*other.positions_) : nullptr) {}
+
+LcWorkbookKeyList& LcWorkbookKeyList::operator=(const LcWorkbookKeyList& other) {
+  if (this == &other) return *this;
+  first_ = other.first_;
+  positions_ = other.positions_ ? std::make_unique<Positions>(*other.positions_) : nullptr;
+  return *this;
+}
+
+LcWorkbookKeyList::Positions& LcWorkbookKeyList::Spread() {
+  if (!positions_) {
+    positions_ = std::make_unique<Positions>();
+    if (first_ != nullptr) positions_->push_back(std::exchange(first_, nullptr));
+  }
+  return *positions_;
+}
+
 void LcWorkbookKeyList::AddKeyColumn(LcWorkbookColumn* column) {
-  if (column != nullptr) columns_.push_back(column);
+  if (column == nullptr) return;
+  if (first_ == nullptr && !positions_) {
+    first_ = column;
+  } else {
+    Spread().push_back(column);
+  }
 }
 
 bool LcWorkbookKeyList::InsertKeyColumn(LcWorkbookColumn* column, int position) {
   if (column == nullptr || position < 0 || position > kLastKeyPosition) return false;
+  if (position == 0 && first_ == nullptr && !positions_) {
+    first_ = column;
+    return true;
+  }
+  Positions& positions = Spread();
   const auto at = static_cast<std::size_t>(position);
-  if (at >= columns_.size()) {
-    columns_.resize(at + 1);
-    columns_[at] = column;
-  } else if (columns_[at] == nullptr) {
-    columns_[at] = column;
+  if (at >= positions.size()) {
+    positions.resize(at + 1);
+    positions[at] = column;
+  } else if (positions[at] == nullptr) {
+    positions[at] = column;
   } else {
-    columns_.insert(columns_.begin() + position, column);
+    positions.insert(positions.begin() + position, column);
   }
   return true;
 }
 
 int LcWorkbookKeyList::GetCount() const {
-  int count = 0;
-  for (const LcWorkbookColumn* column : columns_) count += column != nullptr ? 1 : 0;
-  return count;
+  if (!positions_) return first_ != nullptr ? 1 : 0;
+  return static_cast<int>(std::count_if(positions_->begin(), positions_->end(),
+                                        [](const auto* column) { return column != nullptr; }));
 }
 
 std::vector<LcWorkbookColumn*> LcWorkbookKeyList::GetColumns() const {
-  std::vector<LcWorkbookColumn*> present;
-  present.reserve(columns_.size());
-  for (LcWorkbookColumn* column : columns_) {
-    if (column != nullptr) present.push_back(column);
-  }
+  if (!positions_) return first_ != nullptr ? Positions{first_} : Positions();
+  Positions present;
+  present.reserve(positions_->size());
+  std::copy_if(positions_->begin(), positions_->end(), std::back_inserter(present),
+               [](const auto* column) { return column != nullptr; });
   return present;
 }
 

@@ -5,15 +5,26 @@
 #include <cstddef>
 #include <iosfwd>
 #include <memory>
+#include <new>
 #include <utility>
 #include <vector>
 
 #include "importer/workbook/export.h"
+#include "importer/workbook/pool.h"
 
 class LcArchive;  // a host's own storage; the module never makes one
 
 class LC_WORKBOOK_EXPORT LcObject {
  public:
+  LC_POOLED
+  // A class that asks for a wider alignment than the pool has is the heap's.
+  static void* operator new(std::size_t size, std::align_val_t alignment) {
+    return ::operator new(size, alignment);
+  }
+  static void operator delete(void* memory, std::size_t size, std::align_val_t alignment) {
+    ::operator delete(memory, size, alignment);
+  }
+
   // The class's name, for a host that tells objects apart at run time.
   virtual const char* GetRuntimeClass() const;
   virtual ~LcObject();

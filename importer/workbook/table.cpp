@@ -80,7 +80,7 @@ bool LcWorkbookTable::WalksColumns() const {
 LcWorkbookColumn* LcWorkbookTable::FindColumn(const std::u16string& name) const {
   if (WalksColumns()) {
     for (const auto& column : columns_) {
-      if (column->name_ == name) return column.get();
+      if (column->GetName() == name) return column.get();
     }
     return nullptr;
   }
@@ -90,7 +90,7 @@ LcWorkbookColumn* LcWorkbookTable::FindColumn(const std::u16string& name) const 
     return columns_[at].get();
   };
   column_index_->by_name.TakeIn(columns_.size(), entry_at, [](const LcWorkbookColumn& column) {
-    return TextKey{{}, column.name_};
+    return TextKey{{}, column.GetName()};
   });
   return column_index_->by_name.Find({{}, name});
 }

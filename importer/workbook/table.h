@@ -14,6 +14,7 @@
 #include "importer/workbook/details.h"
 #include "importer/workbook/enums.h"
 #include "importer/workbook/info.h"
+#include "importer/workbook/name.h"
 #include "importer/workbook/object.h"
 
 class LcWorkbookTable;
@@ -28,7 +29,8 @@ class LC_WORKBOOK_EXPORT LcWorkbookColumn : public LcObject {
   const char* GetRuntimeClass() const override;
 
   void SetName(const std::u16string& name);
-  const std::u16string& GetName() const { return name_; }
+  void SetName(const LcName& name);  // whose characters it then shares
+  const std::u16string& GetName() const { return name_.Text(); }
   // Both record the table that the column belongs to; AddColumn does so as well.
   void SetTable(LcWorkbookTable* table);
   void SetParentTable(LcWorkbookTable* table);
@@ -76,7 +78,7 @@ class LC_WORKBOOK_EXPORT LcWorkbookColumn : public LcObject {
  private:
   friend class LcWorkbookTable;
 
-  std::u16string name_;
+  LcName name_;
   LcWorkbookTable* table_ = nullptr;
   std::unique_ptr<LcWorkbookDatatype> type_;
   std::unique_ptr<std::u16string> extended_type_name_;  // null for the many without one
@@ -102,8 +104,8 @@ class LC_WORKBOOK_EXPORT LcWorkbookColumn : public LcObject {
 class LC_WORKBOOK_EXPORT LcWorkbookKeyList : public LcObject {
  public:
   LcWorkbookKeyList();
-  LcWorkbookKeyList(const LcWorkbookKeyList&) = default;
-  LcWorkbookKeyList& operator=(const LcWorkbookKeyList&) = default;
+  LcWorkbookKeyList(const LcWorkbookKeyList& other);
+  LcWorkbookKeyList& operator=(const LcWorkbookKeyList& other);
   ~LcWorkbookKeyList() override;
   const char* GetRuntimeClass() const override;
 
@@ -117,7 +119,11 @@ class LC_WORKBOOK_EXPORT LcWorkbookKeyList : public LcObject {
   std::vector<LcWorkbookColumn*> GetColumns() const;
 
  private:
-  std::vector<LcWorkbookColumn*> columns_;  // null: an empty position
+  using Positions = std::vector<LcWorkbookColumn*>;  // null: an empty one
+  Positions& Spread();
+  // Most keys have one column, which lies here; the columns of other keys are all in the list.
+  LcWorkbookColumn* first_ = nullptr;
+  std::unique_ptr<Positions> positions_;
 };
 
 enum LeForeignKeyRole : std::uint8_t {
@@ -190,6 +196,8 @@ class LC_WORKBOOK_EXPORT LcWorkbookTable : public LcObject {
 
   // The table owns the column.
   void AddColumn(LcWorkbookColumn* column);
+  // Room for so many columns, where their number is known before.
+  void ReserveColumns(std::size_t count) { columns_.reserve(count); }
   int GetColumnCount() const;
   // Null when there is none. Positions are 0-based; names in exact case; first match.
   LcWorkbookColumn* GetColumn(int position) const;

@@ -5,15 +5,20 @@
 #include <cstring>
 #include <new>
 
+#include "importer/workbook/pool.h"
+
 // The characters follow the block.
 struct LcText::Block {
+  static std::size_t BytesFor(std::size_t characters) {
+    return sizeof(Block) + characters * sizeof(char16_t);
+  }
   std::atomic<std::uint32_t> users{1};
   std::uint32_t size = 0;
   char16_t* characters() { return reinterpret_cast<char16_t*>(this + 1); }
 };
 
 LcText::LcText(std::u16string_view text) {
-  void* memory = ::operator new(sizeof(Block) + text.size() * sizeof(char16_t));
+  void* memory = LcAllocate(Block::BytesFor(text.size()));
   block_ = new (memory) Block;
   block_->size = static_cast<std::uint32_t>(text.size());
   if (!text.empty()) std::memcpy(block_->characters(), text.data(), text.size() * sizeof(char16_t));
@@ -25,8 +30,9 @@ LcText::LcText(const LcText& other) noexcept : block_(other.block_) {
 
 LcText::~LcText() {
   if (block_ == nullptr || block_->users.fetch_sub(1, std::memory_order_acq_rel) != 1) return;
+  const std::size_t bytes = Block::BytesFor(block_->size);
   block_->~Block();
-  ::operator delete(block_);
+  LcFree(block_, bytes);
 }
 
 std::u16string_view LcText::View() const {

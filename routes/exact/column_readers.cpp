@@ -36,7 +36,7 @@ void ColumnReader::Read(const Row& row) {
   column.key_position = static_cast<std::int32_t>(row.Number(Field::kKeyPosition));
   column.collation_id = row.Number(Field::kCollationId);
   column.type = model_.types.Find(row);
-  column.column->SetName(model_.catalog.texts().Wide(row.Text(Field::kColumn)));
+  column.column->SetName(model_.catalog.texts().Name(row.Text(Field::kColumn)));
   column.column->SetColumnId(column.position);
   column.column->SetRequired(row.Has(Field::kNullable) ? !row.Flag(Field::kNullable)
                                                        : row.Flag(Field::kNotNull));
@@ -139,6 +139,10 @@ void FinishColumns(Model& model, bool whole, LcWorkbookTableList* list) {
   std::vector<bool> kept(model.tables.size(), true);
   for (std::size_t i = 0; i < model.tables.size(); ++i) kept[i] = whole || IsWhole(model, i);
   model.OrderColumns();
+  for (std::size_t i = 0; i < model.tables.size(); ++i) {
+    const TableEntry& entry = model.tables[i];
+    if (kept[i] && entry.table != nullptr) entry.table->ReserveColumns(entry.columns);
+  }
   for (ColumnEntry& entry : model.columns) {
     SetType(model, entry);
     if (kept[entry.table]) model.tables[entry.table].table->AddColumn(entry.made.release());

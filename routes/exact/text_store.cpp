@@ -23,4 +23,9 @@ LcText TextStore::Get(std::string_view utf8) {
   return shared_.emplace(utf8, LcText(std::u16string_view(Wide(utf8)))).first->second;
 }
 
+LcName TextStore::Name(std::string_view utf8) {
+  if (const auto found = names_.find(utf8); found != names_.end()) return found->second;
+  return names_.emplace(utf8, LcName(Wide(utf8))).first->second;
+}
+
 }  // namespace odbcimport::exact

@@ -1,11 +1,12 @@
 // Texts of a catalog on their way into the workbook: UTF-8 in, UTF-16 out, and what repeats
-// ("now()", a type's spelling, a collation) shares its characters.
+// ("now()", a type's spelling, a column's name) shares its characters.
 #pragma once
 
 #include <string>
 #include <string_view>
 #include <unordered_map>
 
+#include "importer/workbook/name.h"
 #include "importer/workbook/text.h"
 
 namespace odbcimport::exact {
@@ -14,6 +15,8 @@ class TextStore {
  public:
   // Absent for a view without data.
   LcText Get(std::string_view utf8);
+  // The name of a column; empty for a view without data.
+  LcName Name(std::string_view utf8);
   // The same characters, valid until the next call.
   const std::u16string& Wide(std::string_view utf8);
 
@@ -24,7 +27,10 @@ class TextStore {
       return std::hash<std::string_view>()(text);
     }
   };
-  std::unordered_map<std::string, LcText, Hash, std::equal_to<>> shared_;
+  template <class Shared>
+  using ByText = std::unordered_map<std::string, Shared, Hash, std::equal_to<>>;
+  ByText<LcText> shared_;
+  ByText<LcName> names_;
   std::u16string wide_;
 };
 

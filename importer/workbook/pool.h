@@ -1,0 +1,24 @@
+// Memory for the many small objects of a workbook: columns, types, keys, their details and texts.
+//
+// They are all of a few sizes and live as long as the workbook, while an import makes and drops far
+// more beside them. Apart from the heap, an object takes its size and nothing more, what is dropped
+// leaves no holes between what stays, and the memory of a workbook goes back when it goes.
+#pragma once
+
+#include <cstddef>
+
+#include "importer/workbook/export.h"
+
+// Memory for an object of that size in bytes, aligned for any type that needs no more than
+// alignof(std::max_align_t) / 2; the heap's, where it is larger than what the pool keeps. Throws
+// std::bad_alloc. Any thread may allocate, and free what another has allocated.
+[[nodiscard]] LC_WORKBOOK_EXPORT void* LcAllocate(std::size_t size);
+// Gives it back; `size` is what was asked for. Null is let pass.
+LC_WORKBOOK_EXPORT void LcFree(void* memory, std::size_t size) noexcept;
+
+// The operators of a class that is allocated in the pool; an array of it is not.
+#define LC_POOLED                                                                       \
+  static void* operator new(std::size_t size) { return LcAllocate(size); }              \
+  static void* operator new(std::size_t, void* place) noexcept { return place; }        \
+  static void operator delete(void* memory, std::size_t size) { LcFree(memory, size); } \
+  static void operator delete(void*, void*) noexcept {}
