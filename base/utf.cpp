@@ -25,9 +25,14 @@ char32_t NextCodePoint(std::u16string_view text, std::size_t& at) {
          (static_cast<char32_t>(trail) - 0xDC00U);
 }
 
-void AppendUtf8(char32_t code_point, std::string& out) {
+char* PutUtf8(char32_t code_point, char* to) {
   const bool valid = code_point <= 0x10FFFF && !(code_point >= 0xD800 && code_point <= 0xDFFF);
-  utf8::unchecked::append(valid ? code_point : kReplacement, std::back_inserter(out));
+  return utf8::unchecked::append(valid ? code_point : kReplacement, to);
+}
+
+void AppendUtf8(char32_t code_point, std::string& out) {
+  char bytes[4];
+  out.append(bytes, PutUtf8(code_point, bytes));
 }
 
 std::string ToUtf8(std::u16string_view text) {

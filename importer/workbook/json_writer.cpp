@@ -2,37 +2,50 @@
 
 #include "base/utf.h"
 
-void JsonWriter::Text(std::u16string_view text) {
+namespace {
+
+// The longest that a code unit becomes: \u001f.
+constexpr std::size_t kLongest = 6;
+
+bool IsPlain(char16_t c) { return c >= 0x20 && c < 0x80 && c != u'"' && c != u'\\'; }
+
+char* PutEscaped(char16_t c, char* to) {
   static constexpr char kHex[] = "0123456789abcdef";
+  *to++ = '\\';
+  if (c == u'"' || c == u'\\') {
+    *to++ = static_cast<char>(c);
+  } else if (c == u'\n' || c == u'\t') {
+    *to++ = c == u'\n' ? 'n' : 't';
+  } else {
+    for (const char digit : {'u', '0', '0', kHex[c >> 4], kHex[c & 15]}) *to++ = digit;
+  }
+  return to;
+}
+
+}  // namespace
+
+void JsonWriter::Text(std::u16string_view text) {
   if (text.empty() && Dropped()) return;
   Separate();
-  buffer_ += '"';
+  char* to = Reserve(text.size() * kLongest + 2);
+  *to++ = '"';
   for (std::size_t at = 0; at < text.size();) {
     const char16_t c = text[at];
-    if (c >= 0x80) {
-      base::AppendUtf8(base::NextCodePoint(text, at), buffer_);
-      continue;
-    }
-    ++at;
-    if (c == u'"' || c == u'\\') {
-      buffer_ += '\\';
-      buffer_ += static_cast<char>(c);
-    } else if (c >= 0x20) {
-      buffer_ += static_cast<char>(c);
-    } else if (c == u'\n') {
-      buffer_ += "\\n";
-    } else if (c == u'\t') {
-      buffer_ += "\\t";
+    if (IsPlain(c)) {
+      *to++ = static_cast<char>(c);
+      ++at;
+    } else if (c >= 0x80) {
+      to = base::PutUtf8(base::NextCodePoint(text, at), to);
     } else {
-      buffer_ += "\\u00";
-      buffer_ += kHex[c >> 4];
-      buffer_ += kHex[c & 15];
+      to = PutEscaped(c, to);
+      ++at;
     }
   }
-  buffer_ += '"';
+  *to++ = '"';
+  size_ = static_cast<std::size_t>(to - buffer_.data());
 }
 
 void JsonWriter::Flush() {
-  out_.write(buffer_.data(), static_cast<std::streamsize>(buffer_.size()));
-  buffer_.clear();
+  out_.write(buffer_.data(), static_cast<std::streamsize>(size_));
+  size_ = 0;
 }

@@ -7,6 +7,7 @@
 
 #include <charconv>
 #include <cstdint>
+#include <cstring>
 #include <ostream>
 #include <string>
 #include <string_view>
@@ -15,7 +16,7 @@
 class JsonWriter {
  public:
   explicit JsonWriter(std::ostream& out, bool compact = false) : out_(out), compact_(compact) {
-    buffer_.reserve(kFlushAt + kSlack);
+    buffer_.resize(kFlushAt + kSlack);
   }
   ~JsonWriter() { Flush(); }
   JsonWriter(const JsonWriter&) = delete;
@@ -36,46 +37,51 @@ class JsonWriter {
   // `key` is written as it stands: plain ASCII letters.
   void Key(std::string_view key) {
     FlushWhenFull();
-    key_ = {buffer_.size(), first_};
+    key_ = {size_, first_};
     KeptKey(key);
     droppable_ = compact_;
   }
   // The key of a member that the compact form has whatever its value.
   void KeptKey(std::string_view key) {
     Separate();
-    buffer_ += '"';
-    buffer_ += key;
-    buffer_ += compact_ ? "\":" : "\": ";
+    Put('"');
+    Put(key);
+    Put(compact_ ? "\":" : "\": ");
     first_ = true;
   }
   // A key that is a name from a server; kept.
   void TextKey(std::u16string_view key) {
     Text(key);
-    buffer_ += compact_ ? ":" : ": ";
+    Put(compact_ ? ":" : ": ");
     first_ = true;
   }
   void Text(std::u16string_view text);
   // A value that is JSON already.
   void Raw(std::string_view json) {
     Separate();
-    buffer_ += json;
+    Put(json);
+  }
+  // The same for an object, which the compact form leaves out where it is empty.
+  void RawObject(std::string_view json) {
+    if (json == "{}" && Dropped()) return;
+    Raw(json);
   }
   void Bool(bool value) {
     if (!value && Dropped()) return;
     Separate();
-    buffer_ += value ? "true" : "false";
+    Put(value ? "true" : "false");
   }
   void Null() {
     if (Dropped()) return;
     Separate();
-    buffer_ += "null";
+    Put("null");
   }
   template <class Integer>
   void Number(Integer value) {
     if (value == 0 && Dropped()) return;
     Separate();
     char digits[24];
-    buffer_.append(digits, std::to_chars(digits, digits + sizeof digits, value).ptr);
+    Put({digits, std::to_chars(digits, digits + sizeof digits, value).ptr});
   }
 
   void Member(std::string_view key, const std::u16string& text) {
@@ -115,21 +121,38 @@ class JsonWriter {
     bool droppable = true;
   };
 
+  // Room for so many more bytes; where the next one goes.
+  char* Reserve(std::size_t bytes) {
+    if (size_ + bytes > buffer_.size()) buffer_.resize((size_ + bytes) * 2);
+    return buffer_.data() + size_;
+  }
+  void Put(char c) {
+    *Reserve(1) = c;
+    ++size_;
+  }
+  void Put(std::string_view text) {
+    std::memcpy(Reserve(text.size()), text.data(), text.size());
+    size_ += text.size();
+  }
+
   void FlushWhenFull() {
-    if (!first_ && buffer_.size() >= kFlushAt) Flush();
+    if (!first_ && size_ >= kFlushAt) Flush();
   }
   // Before every value and key: the buffer when it is full, the comma and the line break. Not
   // between a key and its value, nor behind a bracket: what may be taken back stays in the buffer.
   void Separate() {
     FlushWhenFull();
     droppable_ = false;
-    if (!first_) buffer_ += indent_ >= 0 || compact_ ? "," : ", ";
+    if (!first_) Put(indent_ >= 0 || compact_ ? "," : ", ");
     first_ = false;
     if (indent_ >= 0) BreakLine();
   }
   void BreakLine() {
-    buffer_ += '\n';
-    buffer_.append(static_cast<std::size_t>(indent_), ' ');
+    const auto blanks = static_cast<std::size_t>(indent_);
+    char* to = Reserve(blanks + 1);
+    *to = '\n';
+    std::memset(to + 1, ' ', blanks);
+    size_ += blanks + 1;
     indent_ = -1;
   }
   // Takes back the key just written, where its value is one that the compact form leaves out.
@@ -139,14 +162,14 @@ class JsonWriter {
     return true;
   }
   void TakeBack(const Place& place) {
-    buffer_.resize(place.at);
+    size_ = place.at;
     first_ = place.first;
     droppable_ = false;
   }
   void Open(char bracket) {
     if (compact_) open_.push_back({key_.at, key_.first, droppable_});
     Separate();
-    buffer_ += bracket;
+    Put(bracket);
     first_ = true;
   }
   void Close(char bracket) {
@@ -157,12 +180,13 @@ class JsonWriter {
       if (place.droppable && first_) return TakeBack(place);
     }
     if (indent_ >= 0) BreakLine();
-    buffer_ += bracket;
+    Put(bracket);
     first_ = false;
   }
 
   std::ostream& out_;
-  std::string buffer_;
+  std::string buffer_;  // all of it room; what is written is the first `size_` bytes
+  std::size_t size_ = 0;
   const bool compact_;
   std::vector<Place> open_;  // of the objects and lists that are open, in the compact form
   Place key_;                // the last key

@@ -1,7 +1,12 @@
 // Writes the workbook file. Keys stand in the order that the file promises; the lists at the top,
 // the columns and the keys of a table have a line for each entry, so that two files can be
 // compared.
+#include <cstdint>
+#include <sstream>
+#include <string>
+#include <tuple>
 #include <unordered_map>
+#include <utility>
 
 #include "importer/workbook/json_writer.h"
 #include "importer/workbook/workbook_file_details.h"
@@ -80,6 +85,43 @@ void WriteDatatype(JsonWriter& json, const LcWorkbookDatatype* type, int depth =
   json.EndObject();
 }
 
+// The types of columns are written once each: those that share their contents and have the same
+// sizes read the same.
+class DatatypeTexts {
+ public:
+  explicit DatatypeTexts(bool compact) : compact_(compact) {}
+
+  void Write(JsonWriter& json, const LcWorkbookDatatype* type) {
+    if (type == nullptr) return json.Null();
+    const Key key = {type->GetContentsId(), type->GetLength(), type->GetPrecision(),
+                     type->GetScale(),      type->IsLong(),    type->IsSizeModifiable()};
+    const auto known = texts_.find(key);
+    if (known != texts_.end()) return json.RawObject(known->second);
+    // More are made for a column each, and seen once.
+    if (texts_.size() >= kMost) return WriteDatatype(json, type);
+    std::ostringstream out;
+    {
+      JsonWriter one(out, compact_);
+      WriteDatatype(one, type);
+    }
+    json.RawObject(texts_.emplace(key, std::move(out).str()).first->second);
+  }
+
+ private:
+  using Key = std::tuple<const void*, unsigned long, unsigned, unsigned, bool, bool>;
+  static constexpr std::size_t kMost = 4096;
+  struct Hash {
+    std::size_t operator()(const Key& key) const {
+      constexpr std::size_t kSpread = 0x9E3779B97F4A7C15U;
+      const auto place = reinterpret_cast<std::uintptr_t>(std::get<0>(key)) >> 4U;
+      return ((place * kSpread + std::get<1>(key)) * kSpread + std::get<2>(key)) * kSpread +
+             std::get<3>(key);
+    }
+  };
+  const bool compact_;
+  std::unordered_map<Key, std::string, Hash> texts_;
+};
+
 void WriteSynonymMembers(JsonWriter& json, const LcSynonymDetails& synonym) {
   json.Member("synonymId", synonym.synonym_id);
   json.Member("baseTableId", synonym.base_table_id);
@@ -89,12 +131,12 @@ void WriteSynonymMembers(JsonWriter& json, const LcSynonymDetails& synonym) {
   json.Member("baseTableName", synonym.base_table_name);
 }
 
-void WriteColumn(JsonWriter& json, const LcWorkbookColumn& column) {
+void WriteColumn(JsonWriter& json, const LcWorkbookColumn& column, DatatypeTexts& types) {
   json.BeginObject();
   json.KeptMember("name", column.GetName());
   json.Member("columnId", column.GetColumnId());
   json.Key("dataType");
-  WriteDatatype(json, column.GetDataType());
+  types.Write(json, column.GetDataType());
   json.Member("physicalCode", column.GetPhysicalCode());
   json.Member("width", column.GetWidth());
   json.Member("precision", column.GetPrecision());
@@ -130,7 +172,8 @@ void WriteKeySide(JsonWriter& json, const char* key, const LcWorkbookKeyList* si
   json.EndArray();
 }
 
-void WriteTable(JsonWriter& json, const LcWorkbookTable& table, const TablePositions& positions) {
+void WriteTable(JsonWriter& json, const LcWorkbookTable& table, const TablePositions& positions,
+                DatatypeTexts& types) {
   json.BeginObject();
   json.Member("owner", table.GetOwner(false));
   json.KeptMember("name", table.GetName());
@@ -145,7 +188,7 @@ void WriteTable(JsonWriter& json, const LcWorkbookTable& table, const TablePosit
   json.BeginArray();
   for (int i = 0; i < table.GetColumnCount(); ++i) {
     json.NewLine(8);
-    WriteColumn(json, *table.GetColumn(i));
+    WriteColumn(json, *table.GetColumn(i), types);
   }
   json.EndArray();
   json.NewLine(6);
@@ -267,6 +310,7 @@ void WriteFile(const LcWorkbook& workbook, const LcWorkbookFileInfo& info, std::
   TablePositions positions;
   for (const LcWorkbookTable* table : workbook.tables.Present())
     positions.emplace(table, positions.size());
+  DatatypeTexts types(compact);
   {
     JsonWriter json(out, compact);
     json.BeginObject();
@@ -277,7 +321,7 @@ void WriteFile(const LcWorkbook& workbook, const LcWorkbookFileInfo& info, std::
               [&](const LcWorkbookDatatype& type) { WriteDatatype(json, &type); });
     json.NewLine(2);
     WriteList(json, "tables", workbook.tables, 2,
-              [&](const LcWorkbookTable& table) { WriteTable(json, table, positions); });
+              [&](const LcWorkbookTable& table) { WriteTable(json, table, positions, types); });
     WriteRoutines(json, workbook);
     workbookfile::WriteWorkbookDetails(json, workbook.details);
     if (info.incomplete) {
