@@ -64,6 +64,7 @@ class ExactRoute {
   bool IsHere(const LcSynonymDetails& synonym) const;
   void FillSynonyms();
   void NarrowToTables(Model& model, const Selection& selection);
+  void NarrowToNumbers(const Model& model, bool narrow);
   // False where the import was stopped meanwhile, or the connection lost.
   bool Read(Kind kind, RowReader& reader);
   bool GoesOn();
@@ -277,18 +278,22 @@ bool ExactRoute::ReadTableList() {
 
 // From here on statements are narrowed to the tables that were found, where the host chose some.
 void ExactRoute::NarrowToTables(Model& model, const Selection& selection) {
-  MarkValues& values = catalog_.values;
   catalog_.each_table.clear();
-  values.table_ids.clear();
-  bool has_ids = false;
   for (const TableEntry& entry : model.tables) {
-    if (!entry.wanted) continue;
-    catalog_.each_table.push_back({entry.schema, entry.name, entry.kind});
-    if (!entry.has_id) continue;
-    has_ids = true;
-    if (!selection.IsEmpty()) values.table_ids.push_back(std::to_string(entry.id));
+    if (entry.wanted) catalog_.each_table.push_back({entry.schema, entry.name, entry.kind});
   }
-  values.by_ids = has_ids && !selection.IsEmpty() && !catalog_.dialect().each_schema;
+  NarrowToNumbers(model, !selection.IsEmpty() && !catalog_.dialect().each_schema);
+}
+
+void ExactRoute::NarrowToNumbers(const Model& model, bool narrow) {
+  MarkValues& values = catalog_.values;
+  values.table_ids.clear();
+  values.by_ids = false;
+  for (const TableEntry& entry : model.tables) {
+    if (!narrow || !entry.wanted || !entry.has_id) continue;
+    values.by_ids = true;
+    values.table_ids.push_back(std::to_string(entry.id));
+  }
 }
 
 bool ExactRoute::ReadColumns() {
@@ -461,6 +466,7 @@ void ExactRoute::ReadOutsideTables() {
   ColumnReader columns(outside_, false);
   if (!Read(Kind::kSchemas, schemas) || !Read(Kind::kTables, tables)) return;
   outside_.IndexTables();
+  NarrowToNumbers(outside_, true);
   const bool whole = Read(Kind::kColumns, columns);
   FinishColumns(outside_, whole, nullptr);
   Constraints::PrimaryKeysFromColumns(outside_);

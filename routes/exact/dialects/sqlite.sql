@@ -37,9 +37,11 @@
 -- row: version, sample, option:encoding
 SELECT sqlite_version(), 'ä€', encoding FROM pragma_encoding;
 
+-- The row of a table in sqlite_master is its number: by it what belongs to a chosen table is found without a walk
+-- through the whole catalog, of which SQLite keeps no index.
 -- @tables
--- row: table, kind, definition
-SELECT m.name, CASE WHEN m.name LIKE 'sqlite\_%' ESCAPE '\' THEN 'system table' ELSE m.type END, m.sql
+-- row: table_id, table, kind, definition
+SELECT m.rowid, m.name, CASE WHEN m.name LIKE 'sqlite\_%' ESCAPE '\' THEN 'system table' ELSE m.type END, m.sql
 FROM sqlite_master m
 WHERE m.type IN ('table', 'view')
   AND (m.name NOT LIKE 'sqlite\_%' ESCAPE '\' /*@system OR m.type = 'table' */)
@@ -61,7 +63,7 @@ SELECT m.name,
 FROM sqlite_master m CROSS JOIN pragma_table_xinfo(m.name, 'main') p
 WHERE m.type = 'table'
   AND (m.name NOT LIKE 'sqlite\_%' ESCAPE '\' /*@system OR TRUE */)
-  /*@tables AND m.name COLLATE NOCASE IN (?list(table)) */;
+  /*@ids AND m.rowid IN (?list(table_id)) */;
 
 -- Apart from the tables: a view that does not resolve fails the statement, which is then asked view by view.
 -- @view_columns
@@ -70,7 +72,7 @@ SELECT m.name, p.cid + 1, p.name, p.type,
        CASE instr(p.type, '(') WHEN 0 THEN p.type ELSE rtrim(substr(p.type, 1, instr(p.type, '(') - 1)) END
 FROM sqlite_master m CROSS JOIN pragma_table_xinfo(m.name, 'main') p
 WHERE m.type = 'view'
-  /*@tables AND m.name COLLATE NOCASE IN (?list(table)) */;
+  /*@ids AND m.rowid IN (?list(table_id)) */;
 
 -- @view_columns fallback for each view
 -- row: table, position, column, type, base_type
@@ -85,9 +87,9 @@ WHERE m.type = 'view' /*@each AND m.name = ?(table) */;
 SELECT t.name,
        CASE WHEN t.strict THEN 1 ELSE '' END || '|' || CASE WHEN t.wr THEN 1 ELSE '' END || '|' ||
          CASE t.type WHEN 'shadow' THEN 1 ELSE '' END
-FROM pragma_table_list t
+FROM /*@ids sqlite_master m CROSS JOIN pragma_table_list(m.name) t @else*/ pragma_table_list t /*@end*/
 WHERE t.schema = 'main' AND (t.strict OR t.wr OR t.type = 'shadow')
-  /*@tables AND t.name IN (?list(table)) */;
+  /*@ids AND m.rowid IN (?list(table_id)) */;
 
 -- A key has an index, but for the key that is the row's number itself, which comes with the columns alone.
 -- @indexes
@@ -98,10 +100,12 @@ SELECT m.name, i.name, i."unique" || '|' || i.origin || '|' || x.seqno || '|' ||
 FROM sqlite_master m
 CROSS JOIN pragma_index_list(m.name, 'main') i
 CROSS JOIN pragma_index_xinfo(i.name, 'main') x
-LEFT JOIN sqlite_master d ON d.type = 'index' AND d.name = i.name
+LEFT JOIN /*@ids (SELECT e.name, e.sql FROM sqlite_master e WHERE e.type = 'index' AND e.tbl_name IN
+  (SELECT n.name FROM sqlite_master n WHERE n.rowid IN (?list(table_id))) LIMIT -1) d ON d.name = i.name
+  @else*/ sqlite_master d ON d.type = 'index' AND d.name = i.name /*@end*/
 WHERE m.type = 'table' AND x.key = 1
   AND (m.name NOT LIKE 'sqlite\_%' ESCAPE '\' /*@system OR TRUE */)
-  /*@tables AND m.name COLLATE NOCASE IN (?list(table)) */;
+  /*@ids AND m.rowid IN (?list(table_id)) */;
 
 -- A key without target columns refers to the primary key. What is written behind MATCH is not kept by the database.
 -- @foreign_keys
@@ -110,11 +114,11 @@ WHERE m.type = 'table' AND x.key = 1
 SELECT m.name, NULL, f.id || '|' || f.seq, f."from", f."table", f."to", lower(f.on_update), lower(f.on_delete), f.match
 FROM sqlite_master m CROSS JOIN pragma_foreign_key_list(m.name, 'main') f
 WHERE m.type = 'table'
-  /*@tables AND m.name COLLATE NOCASE IN (?list(table)) */;
+  /*@ids AND m.rowid IN (?list(table_id)) */;
 
 -- @triggers
 -- row: table, name, definition
 SELECT m.tbl_name, m.name, m.sql
 FROM sqlite_master m
 WHERE m.type = 'trigger'
-  /*@tables AND m.tbl_name IN (?list(table)) */;
+  /*@ids AND m.tbl_name IN (SELECT n.name FROM sqlite_master n WHERE n.rowid IN (?list(table_id))) */;
