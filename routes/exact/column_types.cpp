@@ -62,9 +62,11 @@ std::uint32_t ColumnTypes::FindByText(const Row& row) {
     key_ += row.Text(field);
     key_ += '\0';
   }
-  const auto [found, is_new] = by_text_.emplace(key_, static_cast<std::uint32_t>(entries_.size()));
-  if (is_new) Fill(row, entries_.emplace_back());
-  return found->second;
+  if (const auto known = by_text_.find(key_); known != by_text_.end()) return known->second;
+  const auto at = static_cast<std::uint32_t>(entries_.size());
+  by_text_.emplace(key_, at);
+  Fill(row, entries_.emplace_back());
+  return at;
 }
 
 void ColumnTypes::Tell(const Row& row) {

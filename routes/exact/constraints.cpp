@@ -7,6 +7,8 @@
 #include <tuple>
 #include <utility>
 
+#include "routes/exact/sort_once.h"
+
 namespace odbcimport::exact {
 namespace {
 
@@ -108,7 +110,7 @@ void Constraints::FinishKeys() {
     std::sort(constraint.parts.begin(), constraint.parts.end(),
               [](const auto& a, const auto& b) { return a.order < b.order; });
   }
-  std::stable_sort(all_.begin(), all_.end(), [](const Constraint& a, const Constraint& b) {
+  SortOnce(all_, [](const Constraint& a, const Constraint& b) {
     return std::tie(a.table, a.sort, a.name) < std::tie(b.table, b.sort, b.name);
   });
   places_.clear();
@@ -252,7 +254,10 @@ LcForeignKeyDetails Constraints::DetailsOf(Constraint& constraint) const {
 bool Constraints::IsUnique(const LcWorkbookTable& table,
                            std::vector<LcWorkbookColumn*> columns) const {
   columns = AsSet(std::move(columns));
-  if (columns == AsSet(table.GetPrimaryKey().GetColumns())) return true;
+  const auto number = static_cast<int>(columns.size());
+  if (table.GetPrimaryKey().GetCount() == number &&
+      columns == AsSet(table.GetPrimaryKey().GetColumns()))
+    return true;
   const LcTableDetails* details = table.GetDetails();
   return details != nullptr &&
          std::any_of(details->unique_keys.begin(), details->unique_keys.end(),

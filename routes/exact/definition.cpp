@@ -133,6 +133,7 @@ class DefinedTableReader {
 
   // "replace" of ON CONFLICT REPLACE; empty where it is not there.
   std::string ReadConflict() {
+    if (!tokens_.IsWord("ON")) return {};
     const DefinitionTokens here = tokens_;
     if (tokens_.TakeWord("ON") && tokens_.TakeWord("CONFLICT")) {
       return LowerCase(tokens_.TakeName());
@@ -156,7 +157,8 @@ class DefinedTableReader {
       if (tokens_.TakeWord("CONSTRAINT")) {
         name = tokens_.TakeName();
         in_type = false;
-      } else if (ReadColumnConstraint(column, name)) {
+      } else if (tokens_.kind() == DefinitionTokens::Kind::kWord &&
+                 ReadColumnConstraint(column, name)) {
         in_type = false;
       } else if (tokens_.Is('(')) {
         tokens_.TakeParentheses();
@@ -216,6 +218,7 @@ class DefinedTableReader {
   }
 
   bool ReadGenerated() {
+    if (!tokens_.IsWord("GENERATED")) return false;
     const DefinitionTokens here = tokens_;
     if (tokens_.TakeWord("GENERATED") && tokens_.TakeWord("ALWAYS")) return true;
     tokens_ = here;
@@ -285,6 +288,7 @@ class DefinedTableReader {
   }
 
   bool ReadDeferrable(DefinedForeignKey& key) {
+    if (!tokens_.IsWord("NOT") && !tokens_.IsWord("DEFERRABLE")) return false;
     const DefinitionTokens here = tokens_;
     const bool is_not = tokens_.TakeWord("NOT");
     if (!tokens_.TakeWord("DEFERRABLE")) {

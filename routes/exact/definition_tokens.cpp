@@ -26,10 +26,14 @@ char UpperCase(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a'
 
 void DefinitionTokens::SkipBlanks() {
   while (end_ < text_.size()) {
-    const std::string_view rest = text_.substr(end_);
-    if (IsBlank(rest.front())) {
+    const char c = text_[end_];
+    if (IsBlank(c)) {
       ++end_;
-    } else if (rest.starts_with("--")) {
+      continue;
+    }
+    if (c != '-' && c != '/') return;
+    const std::string_view rest = text_.substr(end_);
+    if (rest.starts_with("--")) {
       const std::size_t line = rest.find('\n');
       end_ = line == std::string_view::npos ? text_.size() : end_ + line + 1;
     } else if (rest.starts_with("/*")) {
@@ -84,8 +88,7 @@ void DefinitionTokens::Next() {
   }
 }
 
-bool DefinitionTokens::IsWord(std::string_view upper) const {
-  if (kind_ != Kind::kWord || end_ - begin_ != upper.size()) return false;
+bool DefinitionTokens::IsSpelled(std::string_view upper) const {
   for (std::size_t i = 0; i < upper.size(); ++i) {
     if (UpperCase(text_[begin_ + i]) != upper[i]) return false;
   }
@@ -94,12 +97,6 @@ bool DefinitionTokens::IsWord(std::string_view upper) const {
 
 bool DefinitionTokens::Take(char c) {
   if (!Is(c)) return false;
-  Next();
-  return true;
-}
-
-bool DefinitionTokens::TakeWord(std::string_view upper) {
-  if (!IsWord(upper)) return false;
   Next();
   return true;
 }

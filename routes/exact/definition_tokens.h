@@ -30,10 +30,16 @@ class DefinitionTokens {
   void Next();
   bool Is(char c) const { return kind_ == Kind::kOther && text_[begin_] == c; }
   // A word without quotes, whatever its case; `upper` in upper case.
-  bool IsWord(std::string_view upper) const;
+  bool IsWord(std::string_view upper) const {
+    return kind_ == Kind::kWord && end_ - begin_ == upper.size() && IsSpelled(upper);
+  }
   // Passes the token where it is that one.
   bool Take(char c);
-  bool TakeWord(std::string_view upper);
+  bool TakeWord(std::string_view upper) {
+    if (!IsWord(upper)) return false;
+    Next();
+    return true;
+  }
   // A word or a quoted name, without its quotes; empty, and nothing is passed, for anything else.
   std::string TakeName();
   // Passes what stands between the parenthesis here and the one that closes it; without blanks
@@ -41,6 +47,7 @@ class DefinitionTokens {
   std::string_view TakeParentheses();
 
  private:
+  bool IsSpelled(std::string_view upper) const;
   void SkipBlanks();
   void ScanQuoted(char quote);
 

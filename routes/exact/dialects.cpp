@@ -1,6 +1,9 @@
 #include "routes/exact/dialects.h"
 
 #include <array>
+#include <map>
+#include <mutex>
+#include <utility>
 
 #include "embedded_odbcimport_objects.h"
 
@@ -20,14 +23,32 @@ std::span<const BuiltInDialect> BuiltInDialects() {
   return kDialects;
 }
 
-std::vector<std::string_view> FindBuiltInDialects(std::string_view product) {
-  std::vector<std::string_view> made_for_it;
-  std::vector<std::string_view> for_any;
+namespace {
+
+// What is built in is right; a test reads every one of them.
+std::shared_ptr<const Dialect> Parsed(const BuiltInDialect& built_in) {
+  static std::mutex mutex;
+  static std::map<std::string_view, std::shared_ptr<const Dialect>> parsed;
+  const std::lock_guard lock(mutex);
+  std::shared_ptr<const Dialect>& known = parsed[built_in.name];
+  if (known == nullptr) {
+    auto dialect = std::make_shared<Dialect>();
+    static_cast<void>(ParseDialect(built_in.file, *dialect));
+    known = std::move(dialect);
+  }
+  return known;
+}
+
+}  // namespace
+
+std::vector<std::shared_ptr<const Dialect>> FindBuiltInDialects(std::string_view product) {
+  std::vector<std::shared_ptr<const Dialect>> made_for_it;
+  std::vector<std::shared_ptr<const Dialect>> for_any;
   for (const BuiltInDialect& candidate : BuiltInDialects()) {
     Dialect head;
     ReadDialectHead(candidate.file, head);
     if (!head.IsFor(product)) continue;
-    (head.IsForAnyProduct() ? for_any : made_for_it).push_back(candidate.file);
+    (head.IsForAnyProduct() ? for_any : made_for_it).push_back(Parsed(candidate));
   }
   made_for_it.insert(made_for_it.end(), for_any.begin(), for_any.end());
   return made_for_it;

@@ -1,6 +1,7 @@
 // The dialects that are built into the module.
 #pragma once
 
+#include <memory>
 #include <span>
 #include <string>
 #include <string_view>
@@ -16,8 +17,8 @@ struct BuiltInDialect {
 };
 std::span<const BuiltInDialect> BuiltInDialects();
 
-// The files of the built-in dialects that may fit a product (SQL_DBMS_NAME, UTF-8): those made for
-// it, then those for any product.
-std::vector<std::string_view> FindBuiltInDialects(std::string_view product);
+// The built-in dialects that may fit a product (SQL_DBMS_NAME, UTF-8): those made for it, then
+// those for any product. Each is taken apart once in a process. Any thread may ask.
+std::vector<std::shared_ptr<const Dialect>> FindBuiltInDialects(std::string_view product);
 
 }  // namespace odbcimport::exact

@@ -31,17 +31,19 @@ std::string FindDialectFor(void* henv, void* hdbc, const LcImportChoices& choice
   server.finding = nullptr;
   why.clear();
   const std::string product = base::ToUtf8(server.dbms_name);
-  const std::vector<std::string_view> files = choices.dialect.empty()
-                                                  ? FindBuiltInDialects(product)
-                                                  : std::vector<std::string_view>{choices.dialect};
-  for (const std::string_view file : files) {
-    auto dialect = std::make_shared<Dialect>();
-    // What is built in is right; a test reads every one of them.
-    if (const auto problems = ParseDialect(file, *dialect); !problems.empty()) {
+  std::vector<std::shared_ptr<const Dialect>> dialects;
+  if (choices.dialect.empty()) {
+    dialects = FindBuiltInDialects(product);
+  } else {
+    auto own = std::make_shared<Dialect>();
+    if (const auto problems = ParseDialect(choices.dialect, *own); !problems.empty()) {
       why = "the dialect file, line " + std::to_string(problems.front().line) + ": " +
             problems.front().text;
       return {};
     }
+    dialects.push_back(std::move(own));
+  }
+  for (const std::shared_ptr<const Dialect>& dialect : dialects) {
     auto found = std::make_shared<Server>();
     std::string answer;
     if (AskServer(henv, hdbc, dialect, *found, answer)) {

@@ -4,6 +4,8 @@
 #include <tuple>
 #include <utility>
 
+#include "routes/exact/sort_once.h"
+
 namespace odbcimport::exact {
 namespace {
 
@@ -203,7 +205,7 @@ void IndexReader::Define(Index& index) {
 }
 
 void IndexReader::Finish() {
-  std::sort(all_.begin(), all_.end(), [](const Index& a, const Index& b) {
+  SortOnce(all_, [](const Index& a, const Index& b) {
     return std::tie(a.table, a.name) < std::tie(b.table, b.name);
   });
   for (Index& index : all_) {

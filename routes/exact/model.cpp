@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <tuple>
 
+#include "routes/exact/sort_once.h"
+
 namespace odbcimport::exact {
 namespace {
 
@@ -52,7 +54,7 @@ const KnownNames::Name* KnownNames::Find(std::string_view of, std::int64_t id) c
 }
 
 void Model::IndexTables() {
-  std::sort(tables.begin(), tables.end(), [](const TableEntry& a, const TableEntry& b) {
+  SortOnce(tables, [](const TableEntry& a, const TableEntry& b) {
     return std::tie(a.schema, a.name) < std::tie(b.schema, b.name);
   });
   tables_by_name_.reserve(tables.size());
@@ -101,12 +103,9 @@ LcWorkbookTable* Model::FindWanted(const Row& row) {
 }
 
 void Model::OrderColumns() {
-  const auto before = [](const ColumnEntry& a, const ColumnEntry& b) {
+  SortOnce(columns, [](const ColumnEntry& a, const ColumnEntry& b) {
     return a.table != b.table ? a.table < b.table : a.position < b.position;
-  };
-  if (!std::is_sorted(columns.begin(), columns.end(), before)) {
-    std::stable_sort(columns.begin(), columns.end(), before);
-  }
+  });
   for (std::uint32_t i = 0; i < columns.size(); ++i) {
     TableEntry& entry = tables[columns[i].table];
     if (entry.columns == 0) entry.first_column = i;

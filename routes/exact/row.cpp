@@ -1,11 +1,37 @@
 // From result cells to columns by name.
 #include "routes/exact/row.h"
 
+#include <algorithm>
 #include <charconv>
 
 #include "odbc/query.h"
 
 namespace odbcimport::exact {
+
+namespace {
+
+// The parts between the bars of a packed cell, which are as many as there are places.
+bool Unpack(std::string_view packed, std::string_view* values, std::size_t count) {
+  if (packed.data() == nullptr) {
+    std::fill_n(values, count, std::string_view());
+    return true;
+  }
+  const char* at = packed.data();
+  const char* const end = at + packed.size();
+  for (std::size_t i = 0; i < count; ++i) {
+    const char* const begin = at;
+    while (at != end && *at != '|') ++at;  // a few characters at most
+    // Nothing between two bars is nothing known: numbers and letters have no empty text.
+    values[i] = at == begin ? std::string_view()
+                            : std::string_view(begin, static_cast<std::size_t>(at - begin));
+    const bool last = i + 1 == count;
+    if (last != (at == end)) return false;
+    if (!last) ++at;
+  }
+  return true;
+}
+
+}  // namespace
 
 Row::Row(const Section& section) {
   slot_of_.fill(kNoSlot);
@@ -27,21 +53,12 @@ Row::Row(const Section& section) {
 bool Row::Take(const odbc::Query& query) {
   for (std::size_t i = 0; i < cells_.size(); ++i) {
     const Cell cell = cells_[i];
-    std::string_view text = query.Cell(i);
+    const std::string_view text = query.Cell(i);
     if (cell.slots == 1) {
       values_[cell.first_slot] = text;
       continue;
     }
-    for (std::size_t slot = cell.first_slot; slot < std::size_t{cell.first_slot} + cell.slots;
-         ++slot) {
-      const std::size_t bar = text.find('|');
-      const bool last = slot + 1 == std::size_t{cell.first_slot} + cell.slots;
-      if (text.data() != nullptr && last != (bar == std::string_view::npos)) return false;
-      // Nothing between two bars is nothing known: numbers and letters have no empty text.
-      const std::string_view part = text.substr(0, bar);
-      values_[slot] = part.empty() ? std::string_view() : part;
-      text = last ? text : text.substr(bar == std::string_view::npos ? text.size() : bar + 1);
-    }
+    if (!Unpack(text, &values_[cell.first_slot], cell.slots)) return false;
   }
   if (!translates_) return true;
   for (std::size_t slot = 0; slot < values_.size(); ++slot) {

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
 
 namespace odbcimport::exact {
 namespace {
@@ -85,13 +86,39 @@ bool HasForeignQuotes(std::string_view sql) {
   return false;
 }
 
+bool IsSpelled(std::string_view word, std::string_view upper) {
+  return word.size() == upper.size() &&
+         std::equal(word.begin(), word.end(), upper.begin(),
+                    [](char c, char wanted) { return UpperCase(c) == wanted; });
+}
+
+// Hands over the words outside quotes and comments, as they are written, until `take` wants no
+// more.
+template <class Take>
+void ForEachWord(std::string_view sql, bool backslashes, Take take) {
+  for (std::size_t at = 0; at < sql.size();) {
+    const SqlSpan span = FindSpan(sql, at, backslashes);
+    while (span.part == SqlPart::kText && at < span.end) {
+      const std::size_t begin = at;
+      while (at < span.end && IsWordCharacter(sql[at])) ++at;
+      if (at > begin && !take(sql.substr(begin, at - begin))) return;
+      while (at < span.end && !IsWordCharacter(sql[at])) ++at;
+    }
+    at = span.end;
+  }
+}
+
 // What a statement that reads has nowhere, taken apart one way or the other.
 std::string WhyNotPlain(std::string_view sql, bool shows, bool backslashes) {
-  const std::vector<std::string> words = WordsOf(sql, backslashes);
-  for (const std::string_view word : kWritingWords) {
-    if (!shows && std::find(words.begin(), words.end(), word) != words.end()) {
-      return "a statement only reads; outside quotes it has no " + std::string(word);
+  std::string_view written;
+  ForEachWord(sql, backslashes, [&](std::string_view word) {
+    for (const std::string_view writing : kWritingWords) {
+      if (IsSpelled(word, writing)) written = writing;
     }
+    return written.empty();
+  });
+  if (!shows && !written.empty()) {
+    return "a statement only reads; outside quotes it has no " + std::string(written);
   }
   if (HasExecutableComment(sql, backslashes)) {
     return "a comment that the server executes hides what is read";
@@ -124,17 +151,10 @@ SqlSpan FindSpan(std::string_view sql, std::size_t begin, bool backslashes) {
 
 std::vector<std::string> WordsOf(std::string_view sql, bool backslashes) {
   std::vector<std::string> words;
-  for (std::size_t at = 0; at < sql.size();) {
-    const SqlSpan span = FindSpan(sql, at, backslashes);
-    bool in_word = false;
-    for (; span.part == SqlPart::kText && at < span.end; ++at) {
-      const bool word = IsWordCharacter(sql[at]);
-      if (word && !in_word) words.emplace_back();
-      if (word) words.back() += UpperCase(sql[at]);
-      in_word = word;
-    }
-    at = span.end;
-  }
+  ForEachWord(sql, backslashes, [&](std::string_view word) {
+    std::transform(word.begin(), word.end(), std::back_inserter(words.emplace_back()), UpperCase);
+    return true;
+  });
   return words;
 }
 
@@ -151,22 +171,24 @@ std::size_t FindStatementEnd(std::string_view sql, std::size_t begin, bool backs
 }
 
 std::string WhyNotReading(std::string_view sql, const std::vector<std::string>& first_words) {
-  const std::vector<std::string> words = WordsOf(sql);
-  if (words.empty()) return "there is no statement";
-  const bool begins_well =
-      std::find(kReadingWords.begin(), kReadingWords.end(), words.front()) != kReadingWords.end() ||
-      std::find(first_words.begin(), first_words.end(), words.front()) != first_words.end();
-  if (!begins_well) {
-    return "a statement begins with SELECT, WITH or VALUES, or as the head allows, not with " +
-           words.front();
-  }
+  std::string first;
+  ForEachWord(sql, false, [&](std::string_view word) {
+    std::transform(word.begin(), word.end(), std::back_inserter(first), UpperCase);
+    return false;
+  });
+  if (first.empty()) return "there is no statement";
   // SHOW CREATE TABLE and the like are the dialect's own affair.
-  const bool shows =
-      std::find(first_words.begin(), first_words.end(), words.front()) != first_words.end();
+  const bool shows = std::find(first_words.begin(), first_words.end(), first) != first_words.end();
+  if (!shows &&
+      std::find(kReadingWords.begin(), kReadingWords.end(), first) == kReadingWords.end()) {
+    return "a statement begins with SELECT, WITH or VALUES, or as the head allows, not with " +
+           first;
+  }
   if (HasForeignQuotes(sql)) return "quotes are '', \"\" and ``, comments -- and /* */";
   // Whether a backslash takes a quote out of its meaning is the server's affair.
   std::string why = WhyNotPlain(sql, shows, false);
-  return why.empty() ? WhyNotPlain(sql, shows, true) : why;
+  if (!why.empty() || sql.find('\\') == std::string_view::npos) return why;
+  return WhyNotPlain(sql, shows, true);
 }
 
 }  // namespace odbcimport::exact
