@@ -4,6 +4,8 @@
 #include <unistd.h>
 
 #include <filesystem>
+#include <memory>
+#include <utility>
 
 #include "export/writer.h"
 #include "host/commands.h"
@@ -148,6 +150,12 @@ void SayWhyNotExact(Run& run, const Choices& choices, const ImportResult& result
   run.screen.Say("the exact reading is not possible: " + result.why_not_exact);
 }
 
+// The process ends soon, and its memory with it: faster than a workbook piece by piece.
+void KeepToTheEnd(std::unique_ptr<LcWorkbook> workbook) {
+  static std::unique_ptr<LcWorkbook>& kept = *new std::unique_ptr<LcWorkbook>;
+  kept = std::move(workbook);
+}
+
 }  // namespace
 
 void RunImport(Run& run, Outcome& outcome) {
@@ -193,6 +201,7 @@ void RunImport(Run& run, Outcome& outcome) {
   if (outcome.IsOk() && session.SaysTheEnd(to_file)) {
     run.screen.Say(Summary(result) + (to_file ? ", wrote " + wanted.file : ""));
   }
+  KeepToTheEnd(std::move(result.workbook));
 }
 
 void RunRender(Run& run) {

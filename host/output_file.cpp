@@ -18,6 +18,7 @@
 #include <string_view>
 #include <vector>
 
+#include "host/file_stream.h"
 #include "host/interrupt.h"
 #include "host/outcome.h"
 
@@ -229,10 +230,9 @@ void OutputFile::WriteText(const std::string& text) const {
 bool OutputFile::WriteWhole(const std::function<bool(std::ostream&)>& write) const {
   TemporaryFile file(path_);
   if (!file.IsThere()) Fail(name_, errno);
-  std::ofstream out(file.path(), std::ios::binary);
+  FileStream out(file.path());
   if (!write(out)) return false;
-  out.close();
-  if (!out) Fail(name_, errno);
+  if (!out.Close()) Fail(name_, errno);
   if (!file.MoveTo(path_)) Fail(name_, errno);
   return true;
 }
