@@ -48,7 +48,9 @@ set(WB_PUBLIC_HEADERS
   importer/workbook/functions.h
   importer/workbook/import.h
   importer/workbook/info.h
+  importer/workbook/name.h
   importer/workbook/object.h
+  importer/workbook/pool.h
   importer/workbook/table.h
   importer/workbook/type_text.h
   importer/workbook/text.h

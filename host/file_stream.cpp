@@ -28,7 +28,7 @@ bool FileStream::Close() {
 }
 
 FileStream::Blocks::Blocks(const std::string& path)
-    : fd_(open(path.c_str(), O_WRONLY | O_TRUNC | O_CLOEXEC)) {
+    : fd_(::open(path.c_str(), O_WRONLY | O_TRUNC | O_CLOEXEC)) {
   if (fd_ < 0) error_ = errno;
 }
 
@@ -46,7 +46,7 @@ bool FileStream::Blocks::Close() {
   if (fd_ >= 0) {
     if (error_ == 0) WriteAll(filling_);
     filling_.clear();
-    if (close(fd_) != 0 && error_ == 0) error_ = errno;
+    if (::close(fd_) != 0 && error_ == 0) error_ = errno;
     fd_ = -1;
   }
   errno = error_;
@@ -109,7 +109,7 @@ void FileStream::Blocks::WriteBlocks() {
 bool FileStream::Blocks::WriteAll(const std::string& block) {
   int error = 0;
   for (std::size_t at = 0; at < block.size() && error == 0;) {
-    const ssize_t count = write(fd_, block.data() + at, block.size() - at);
+    const ssize_t count = ::write(fd_, block.data() + at, block.size() - at);
     if (count >= 0) {
       at += static_cast<std::size_t>(count);
     } else if (errno != EINTR) {

@@ -88,7 +88,7 @@ bool LcFindByName(std::u16string_view name, LeRoutineKind& value) {
 }
 
 LcOptions::LcOptions(const LcOptions& other)
-    : options_(other.options_ ? std::make_unique<std::vector<Option>>(*other.options_) : nullptr) {}
+    : options_(other.options_ ? std::make_unique<List>(*other.options_) : nullptr) {}
 
 LcOptions& LcOptions::operator=(LcOptions other) noexcept {
   options_ = std::move(other.options_);
@@ -96,7 +96,7 @@ LcOptions& LcOptions::operator=(LcOptions other) noexcept {
 }
 
 void LcOptions::Set(const LcText& name, const LcText& value) {
-  if (options_ == nullptr) options_ = std::make_unique<std::vector<Option>>();
+  if (options_ == nullptr) options_ = std::make_unique<List>();
   const auto at = std::lower_bound(options_->begin(), options_->end(), name,
                                    [](const Option& option, const LcText& wanted) {
                                      return option.name.View() < wanted.View();
@@ -115,7 +115,7 @@ LcText LcOptions::Find(std::u16string_view name) const {
   return {};
 }
 
-const std::vector<LcOptions::Option>& LcOptions::All() const {
-  static const std::vector<Option> none;
+const LcOptions::List& LcOptions::All() const {
+  static const List none;
   return options_ != nullptr ? *options_ : none;
 }

@@ -66,6 +66,9 @@ class LC_WORKBOOK_EXPORT LcOptions {
     LcText value;
     friend bool operator==(const Option&, const Option&) = default;
   };
+  struct List : std::vector<Option, LcPoolAllocator<Option>> {
+    LC_POOLED
+  };
   LcOptions() = default;
   LcOptions(const LcOptions& other);
   LcOptions(LcOptions&&) noexcept = default;
@@ -74,12 +77,12 @@ class LC_WORKBOOK_EXPORT LcOptions {
   // Replaces the value of an option that is there already.
   void Set(const LcText& name, const LcText& value);
   LcText Find(std::u16string_view name) const;  // absent where there is no such option
-  const std::vector<Option>& All() const;
+  const List& All() const;
   bool IsEmpty() const { return options_ == nullptr; }
   friend bool operator==(const LcOptions& a, const LcOptions& b) { return a.All() == b.All(); }
 
  private:
-  std::unique_ptr<std::vector<Option>> options_;  // never an empty list
+  std::unique_ptr<List> options_;  // never an empty list
 };
 
 // The type of a column as the server spells it is the database type of its data type object.

@@ -42,7 +42,7 @@ void JsonWriter::Text(std::u16string_view text) {
     }
   }
   *to++ = '"';
-  size_ = static_cast<std::size_t>(to - buffer_.data());
+  Took(to);
 }
 
 void JsonWriter::Flush() {

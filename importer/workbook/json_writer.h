@@ -44,9 +44,14 @@ class JsonWriter {
   // The key of a member that the compact form has whatever its value.
   void KeptKey(std::string_view key) {
     Separate();
-    Put('"');
-    Put(key);
-    Put(compact_ ? "\":" : "\": ");
+    char* to = Reserve(key.size() + 4);
+    *to++ = '"';
+    std::memcpy(to, key.data(), key.size());
+    to += key.size();
+    *to++ = '"';
+    *to++ = ':';
+    if (!compact_) *to++ = ' ';
+    Took(to);
     first_ = true;
   }
   // A key that is a name from a server; kept.
@@ -80,8 +85,9 @@ class JsonWriter {
   void Number(Integer value) {
     if (value == 0 && Dropped()) return;
     Separate();
-    char digits[24];
-    Put({digits, std::to_chars(digits, digits + sizeof digits, value).ptr});
+    constexpr std::size_t kDigits = 24;
+    char* const to = Reserve(kDigits);
+    Took(std::to_chars(to, to + kDigits, value).ptr);
   }
 
   void Member(std::string_view key, const std::u16string& text) {
@@ -126,6 +132,8 @@ class JsonWriter {
     if (size_ + bytes > buffer_.size()) buffer_.resize((size_ + bytes) * 2);
     return buffer_.data() + size_;
   }
+  // What was reserved is written up to there.
+  void Took(const char* end) { size_ = static_cast<std::size_t>(end - buffer_.data()); }
   void Put(char c) {
     *Reserve(1) = c;
     ++size_;

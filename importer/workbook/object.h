@@ -56,7 +56,8 @@ class LcObjectList {
   // Takes ownership of `entry`, which may be null (an empty entry), and returns it.
   T* Append(std::unique_ptr<T> entry) {
     T* raw = entry.get();
-    entries_.push_back(std::move(entry));
+    std::shared_ptr<T> shared(entry.release(), std::default_delete<T>(), LcPoolAllocator<T>());
+    entries_.push_back(std::move(shared));
     OnAppended(raw);
     return raw;
   }

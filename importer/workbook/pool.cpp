@@ -6,13 +6,15 @@
 #include <mutex>
 #include <new>
 
-// A sanitizer watches each object for itself.
+// A sanitizer watches each object for itself; the pool's own test is compiled without that.
+#ifndef LC_NO_POOL
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
 #define LC_NO_POOL 1
 #elif defined(__has_feature)
 #if __has_feature(address_sanitizer) || __has_feature(thread_sanitizer) || \
     __has_feature(memory_sanitizer)
 #define LC_NO_POOL 1
+#endif
 #endif
 #endif
 #ifndef LC_NO_POOL

@@ -16,6 +16,21 @@
 // Gives it back; `size` is what was asked for. Null is let pass.
 LC_WORKBOOK_EXPORT void LcFree(void* memory, std::size_t size) noexcept;
 
+// For the standard containers of such objects.
+template <class T>
+struct LcPoolAllocator {
+  using value_type = T;
+  LcPoolAllocator() = default;
+  template <class Other>
+  LcPoolAllocator(const LcPoolAllocator<Other>& /*other*/) {
+  }  // NOLINT(google-explicit-constructor)
+  T* allocate(std::size_t count) { return static_cast<T*>(LcAllocate(count * sizeof(T))); }
+  void deallocate(T* memory, std::size_t count) { LcFree(memory, count * sizeof(T)); }
+  friend bool operator==(const LcPoolAllocator& /*a*/, const LcPoolAllocator& /*b*/) {
+    return true;
+  }
+};
+
 // The operators of a class that is allocated in the pool; an array of it is not.
 #define LC_POOLED                                                                       \
   static void* operator new(std::size_t size) { return LcAllocate(size); }              \

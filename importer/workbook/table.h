@@ -211,9 +211,9 @@ class LC_WORKBOOK_EXPORT LcWorkbookTable : public LcObject {
   void AddForeignKey(LcWorkbookForeignKey* key);
   // Takes the key out of the table and gives it back; null when the table does not hold it.
   std::unique_ptr<LcWorkbookForeignKey> RemoveForeignKey(LcWorkbookForeignKey* key);
-  const std::vector<std::unique_ptr<LcWorkbookForeignKey>>& GetForeignKeys() const {
-    return foreign_keys_;
-  }
+  using ForeignKeys = std::vector<std::unique_ptr<LcWorkbookForeignKey>,
+                                  LcPoolAllocator<std::unique_ptr<LcWorkbookForeignKey>>>;
+  const ForeignKeys& GetForeignKeys() const { return foreign_keys_; }
 
   // What a synonym stands for. For SQL Server tables the synonym id is the catalog's object id.
   void SetSynonymDetails(const LcSynonymDetails& details);
@@ -235,9 +235,10 @@ class LC_WORKBOOK_EXPORT LcWorkbookTable : public LcObject {
 
   std::u16string owner_;
   std::u16string name_;
-  std::vector<std::unique_ptr<LcWorkbookColumn>> columns_;
+  std::vector<std::unique_ptr<LcWorkbookColumn>, LcPoolAllocator<std::unique_ptr<LcWorkbookColumn>>>
+      columns_;
   LcWorkbookKeyList primary_key_;
-  std::vector<std::unique_ptr<LcWorkbookForeignKey>> foreign_keys_;
+  ForeignKeys foreign_keys_;
   std::unique_ptr<LcSynonymDetails> synonym_;  // null for the many that are no synonym
   std::unique_ptr<LcTableDetails> details_;
   mutable std::unique_ptr<ColumnIndex> column_index_;

@@ -286,7 +286,8 @@ void Constraints::FinishForeignKey(Constraint& constraint) {
   mirror->SetKey(ListOf(columns).release());
   mirror->SetForeignKey(ListOf(target_columns).release());
   LcWorkbookForeignKey::Pair(forward.get(), mirror.get());
-  const auto details = std::make_shared<const LcForeignKeyDetails>(DetailsOf(constraint));
+  const auto details = std::allocate_shared<LcForeignKeyDetails>(
+      LcPoolAllocator<LcForeignKeyDetails>(), DetailsOf(constraint));
   forward->SetDetails(details);
   mirror->SetDetails(details);
   // A row that refers meets one row that is referred to; the other way round only where the
