@@ -1,6 +1,9 @@
 #include "importer/workbook/name.h"
 
-const std::u16string LcName::kEmpty;
+const std::u16string& LcName::Empty() {
+  static const std::u16string empty;
+  return empty;
+}
 
 LcName::LcName(const std::u16string& text) : block_(text.empty() ? nullptr : new Block(text)) {}
 

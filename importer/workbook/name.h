@@ -25,7 +25,7 @@ class LC_WORKBOOK_EXPORT LcName {
   ~LcName();
 
   // Valid as long as any copy of the name is.
-  const std::u16string& Text() const { return block_ != nullptr ? block_->text : kEmpty; }
+  const std::u16string& Text() const { return block_ != nullptr ? block_->text : Empty(); }
 
  private:
   struct Block {
@@ -34,6 +34,6 @@ class LC_WORKBOOK_EXPORT LcName {
     std::atomic<std::uint32_t> users{1};
     const std::u16string text;
   };
-  static const std::u16string kEmpty;
+  static const std::u16string& Empty();
   Block* block_ = nullptr;
 };

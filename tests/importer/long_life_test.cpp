@@ -91,6 +91,7 @@ TEST_P(LongLife, OneImporterLeavesNothingBehind) {
     workbook.functions.EmptyList();
     workbook.aggregates.EmptyList();
     workbook.procedures.EmptyList();
+    workbook.details = {};
     unsigned short status = 0;
     importer.ImportItems(status);
     ASSERT_GT(workbook.tables.GetCount(), 10U);

@@ -29,6 +29,12 @@ void* Allocate(std::size_t bytes) {
 }  // namespace
 
 void* operator new(std::size_t bytes) { return Allocate(bytes); }
+// Asked for buffers that a sort can do without.
+void* operator new(std::size_t bytes, const std::nothrow_t& /*tag*/) noexcept {
+  if (watching && ++seen == failing) return nullptr;
+  return std::malloc(bytes > 0 ? bytes : 1);
+}
+void operator delete(void* memory, const std::nothrow_t& /*tag*/) noexcept { std::free(memory); }
 void operator delete(void* memory) noexcept { std::free(memory); }
 void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
 
