@@ -2,6 +2,7 @@
 #include "importer/workbook/datatype.h"
 
 #include <memory>
+#include <utility>
 
 #include "importer/workbook/datatype_state.h"
 
@@ -141,7 +142,8 @@ int LcWorkbookDatatype::GetExtendedTypeNameCount() const {
 }
 
 void LcWorkbookDatatype::AddComponent(LcWorkbookDatatype* component) {
-  if (component != nullptr) Change().components.emplace_back(component);
+  std::shared_ptr<const LcWorkbookDatatype> owned(component);  // also where there is no room
+  if (owned != nullptr) Change().components.push_back(std::move(owned));
 }
 
 int LcWorkbookDatatype::GetComponentCount() const {

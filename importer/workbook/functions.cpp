@@ -37,7 +37,8 @@ void LcWorkbookFunction::SetOwner(const std::u16string& owner) {
 }
 
 void LcWorkbookFunction::AddFunctionOverload(LcWorkbookFunctionOverload* overload) {
-  if (overload != nullptr) overloads_.emplace_back(overload);
+  std::unique_ptr<LcWorkbookFunctionOverload> owned(overload);  // also where there is no room
+  if (owned != nullptr) overloads_.push_back(std::move(owned));
 }
 
 struct LcWorkbookFunctionList::Index {

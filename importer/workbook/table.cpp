@@ -61,7 +61,8 @@ const std::u16string& LcWorkbookTable::GetOwner(bool /*display*/) const { return
 
 void LcWorkbookTable::AddColumn(LcWorkbookColumn* column) {
   if (column == nullptr) return;
-  columns_.emplace_back(column);
+  std::unique_ptr<LcWorkbookColumn> owned(column);  // also where there is no room for it
+  columns_.push_back(std::move(owned));
   column->SetTable(this);
 }
 
@@ -123,7 +124,8 @@ void LcWorkbookTable::OnColumnIdChanged() {
 void LcWorkbookTable::AddForeignKey(LcWorkbookForeignKey* key) {
   if (key == nullptr || key->table_ == this) return;
   if (key->table_ != nullptr) static_cast<void>(key->table_->RemoveForeignKey(key).release());
-  foreign_keys_.emplace_back(key);
+  std::unique_ptr<LcWorkbookForeignKey> owned(key);  // also where there is no room for it
+  foreign_keys_.push_back(std::move(owned));
   key->table_ = this;
 }
 

@@ -2,6 +2,7 @@
 // the columns and the keys of a table have a line for each entry, so that two files can be
 // compared.
 #include <cstdint>
+#include <new>
 #include <sstream>
 #include <string>
 #include <tuple>
@@ -104,6 +105,7 @@ class DatatypeTexts {
       JsonWriter one(out, compact_);
       WriteDatatype(one, type);
     }
+    if (!out) throw std::bad_alloc();  // which the stream keeps to itself
     json.RawObject(texts_.emplace(key, std::move(out).str()).first->second);
   }
 
