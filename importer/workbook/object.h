@@ -21,8 +21,8 @@ class LC_WORKBOOK_EXPORT LcObject {
   static void* operator new(std::size_t size, std::align_val_t alignment) {
     return ::operator new(size, alignment);
   }
-  static void operator delete(void* memory, std::size_t size, std::align_val_t alignment) {
-    ::operator delete(memory, size, alignment);
+  static void operator delete(void* memory, std::align_val_t alignment) {
+    ::operator delete(memory, alignment);
   }
 
   // The class's name, for a host that tells objects apart at run time.
