@@ -83,7 +83,8 @@ LcODBCWorkbookImport::RouteDecision LcODBCWorkbookImport::DecideRoute() const {
 }
 
 // The runtime hands over a null reference where a thread ends, which nobody looks at.
-[[gnu::no_sanitize("null")]] bool LcODBCWorkbookImport::ImportItems(unsigned short& status) try {
+__attribute__((no_sanitize("null"))) bool LcODBCWorkbookImport::ImportItems(
+    unsigned short& status) try {
   const odbcimport::ModuleUse use(importing_);
   if (!use.IsFirst()) return false;
   route_taken_ = nullptr;

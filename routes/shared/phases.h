@@ -37,9 +37,9 @@ void NoteEarlyEnd(ImportSession& session, const char16_t* reason) noexcept;
 // no exception out, but for a callback's that ends its thread: that goes on to the thread's end.
 // The runtime hands over a null reference where a thread ends, which nobody looks at.
 template <class Route, std::size_t kCount>
-[[nodiscard, gnu::no_sanitize("null")]] bool RunRoute(ImportSession& session, Route& route,
-                                                      const Phase<Route> (&phases)[kCount],
-                                                      unsigned short& status) {
+[[nodiscard]] __attribute__((no_sanitize("null"))) bool RunRoute(
+    ImportSession& session, Route& route, const Phase<Route> (&phases)[kCount],
+    unsigned short& status) {
   session.progress.BeginRoute();
   try {
     session.progress.StatusDialog(inImportStart);
