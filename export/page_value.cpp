@@ -3,11 +3,10 @@
 
 namespace wbexport {
 
-PageValue::PageValue(std::string_view utf8) : kind_(kScalar) {
+PageValue::PageValue(std::string_view utf8) : text_(1, '"'), kind_(kScalar) {
   constexpr std::string_view kHex = "0123456789abcdef";
   constexpr std::string_view kShort = "\b\f\n\r\t\"\\";
   constexpr std::string_view kLetters = "bfnrt\"\\";
-  text_ = '"';
   for (const char c : utf8) {
     const auto code = static_cast<unsigned char>(c);
     if (const std::size_t at = kShort.find(c); at != std::string_view::npos) {

@@ -44,9 +44,10 @@ struct ComplexTypes::Part {
         length(base::ParseInteger(rows.View(row, 4))),
         sub_id(base::ParseInteger(rows.View(row, 5))),
         owner(base::TrimRightSpace(rows.View(row, 7))),
-        extended_name(base::TrimRightSpace(rows.View(row, 8))) {
+        extended_name(base::TrimRightSpace(rows.View(row, 8))),
+        type_name(
+            ConvertIUSTypeCodeToTypeName(static_cast<int>(number)).value_or(kUnknownTypeName)) {
     const int type = static_cast<int>(type_number);
-    type_name = ConvertIUSTypeCodeToTypeName(type).value_or(kUnknownTypeName);
     generic_code = ConvertIUSPhyCodeToGenericCode(type, extended_name.c_str());
     group = ConvertIUSPhyCodeToTypeGroup(type, extended_name.c_str());
   }
