@@ -6,8 +6,12 @@
 #include <algorithm>
 #include <cstddef>
 #include <iterator>
+#include <map>
+#include <string>
 #include <string_view>
 #include <unordered_map>
+#include <unordered_set>
+#include <utility>
 
 #include "host/text.h"
 
@@ -47,36 +51,90 @@ bool Fits(std::u16string_view pattern, std::u16string_view name) {
   return at == pattern.size();
 }
 
+// Owner and name as one text. No name has the character between them, so that a pattern fits both
+// or neither.
+std::u16string Whole(const LcWorkbookTable& table) {
+  return table.GetOwner(true) + u'\0' + table.GetName();
+}
+
+// The text with _ at each of the places, which begin at 0 and ascend.
+std::u16string Masked(std::u16string text, const std::vector<std::size_t>& places) {
+  for (const std::size_t place : places) text[place] = u'_';
+  return text;
+}
+
+std::vector<std::size_t> PlacesOfUnderscores(std::u16string_view text) {
+  std::vector<std::size_t> places;
+  for (std::size_t at = text.find(u'_'); at != std::u16string_view::npos;
+       at = text.find(u'_', at + 1)) {
+    places.push_back(at);
+  }
+  return places;
+}
+
+// The tables whose names, taken for patterns, fit another table's as well. A name with _ fits the
+// names of its length that are the same once its places of _ are masked in both: those that have _
+// in the same places (table_1, table_2 and so on) are looked for in one pass over the names.
 class Finder {
  public:
   explicit Finder(const LcWorkbook& workbook) {
     for (const LcWorkbookTable* table : workbook.tables.Present()) {
-      by_length_[table->GetName().size()].push_back(table);
+      std::u16string whole = Whole(*table);
+      if (HasAny(whole, u"%")) {
+        anywhere_.push_back({table, whole});
+      } else if (std::vector<std::size_t> places = PlacesOfUnderscores(whole); !places.empty()) {
+        of_shape_[{whole.size(), std::move(places)}].push_back({table, whole});
+      }
+      by_length_[whole.size()].push_back(std::move(whole));
     }
+    for (const auto& [shape, patterns] : of_shape_) FindOfShape(shape, patterns);
+    for (const Pattern& pattern : anywhere_) FindAnywhere(pattern);
   }
 
   // Whether the driver can have taken the table's names for another's.
-  bool FitsAnother(const LcWorkbookTable& table) {
-    if (!HasAny(table.GetName(), u"%")) {
-      return FitsOneOf(by_length_[table.GetName().size()], table);
-    }
-    return std::any_of(by_length_.begin(), by_length_.end(),
-                       [&](const auto& tables) { return FitsOneOf(tables.second, table); });
-  }
+  bool FitsAnother(const LcWorkbookTable& table) const { return found_.count(&table) > 0; }
 
  private:
-  bool FitsOneOf(const std::vector<const LcWorkbookTable*>& others, const LcWorkbookTable& table) {
-    for (const LcWorkbookTable* other : others) {
-      if (++comparisons_ > kMostComparisons) return true;
-      if (other != &table && Fits(table.GetName(), other->GetName()) &&
-          Fits(table.GetOwner(true), other->GetOwner(true))) {
-        return true;
+  struct Pattern {
+    const LcWorkbookTable* table;
+    std::u16string text;
+  };
+  using Shape = std::pair<std::size_t, std::vector<std::size_t>>;  // length, places of _
+
+  void FindOfShape(const Shape& shape, const std::vector<Pattern>& patterns) {
+    const std::vector<std::u16string>& names = by_length_[shape.first];
+    comparisons_ += names.size();
+    std::unordered_map<std::u16string_view, std::size_t> fitting;  // names by pattern
+    for (const Pattern& pattern : patterns) fitting.emplace(pattern.text, 0);
+    if (comparisons_ <= kMostComparisons) {
+      for (const std::u16string& name : names) {
+        const auto at = fitting.find(Masked(name, shape.second));
+        if (at != fitting.end()) ++at->second;
       }
     }
-    return false;
+    for (const Pattern& pattern : patterns) {
+      // Itself is one of them.
+      if (comparisons_ > kMostComparisons || fitting[pattern.text] > 1)
+        found_.insert(pattern.table);
+    }
   }
 
-  std::unordered_map<std::size_t, std::vector<const LcWorkbookTable*>> by_length_;
+  void FindAnywhere(const Pattern& pattern) {
+    std::size_t fitting = 0;
+    for (const auto& [length, names] : by_length_) {
+      for (const std::u16string& name : names) {
+        if (++comparisons_ > kMostComparisons || (Fits(pattern.text, name) && ++fitting > 1)) {
+          found_.insert(pattern.table);
+          return;
+        }
+      }
+    }
+  }
+
+  std::unordered_map<std::size_t, std::vector<std::u16string>> by_length_;
+  std::map<Shape, std::vector<Pattern>> of_shape_;
+  std::vector<Pattern> anywhere_;
+  std::unordered_set<const LcWorkbookTable*> found_;
   std::size_t comparisons_ = 0;
 };
 
@@ -115,7 +173,7 @@ class Named {
 }  // namespace
 
 std::vector<LcNotRead> FindInexactNames(const LcWorkbook& workbook, bool is_part) {
-  Finder finder(workbook);
+  const Finder finder(workbook);
   Named patterns(
       u"exact columns",
       u"the driver takes _ and % in a name for wildcards, so that it may have columns of "
