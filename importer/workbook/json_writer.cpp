@@ -1,11 +1,15 @@
 #include "importer/workbook/json_writer.h"
 
+#include <algorithm>
+
 #include "base/utf.h"
 
 namespace {
 
 // The longest that a code unit becomes: \u001f.
 constexpr std::size_t kLongest = 6;
+// Code units of a text that room is made for at a time.
+constexpr std::size_t kPiece = 4096;
 
 bool IsPlain(char16_t c) { return c >= 0x20 && c < 0x80 && c != u'"' && c != u'\\'; }
 
@@ -27,22 +31,26 @@ char* PutEscaped(char16_t c, char* to) {
 void JsonWriter::Text(std::u16string_view text) {
   if (text.empty() && Dropped()) return;
   Separate();
-  char* to = Reserve(text.size() * kLongest + 2);
-  *to++ = '"';
+  Put('"');
   for (std::size_t at = 0; at < text.size();) {
-    const char16_t c = text[at];
-    if (IsPlain(c)) {
-      *to++ = static_cast<char>(c);
-      ++at;
-    } else if (c >= 0x80) {
-      to = base::PutUtf8(base::NextCodePoint(text, at), to);
-    } else {
-      to = PutEscaped(c, to);
-      ++at;
+    const std::size_t end = std::min(text.size(), at + kPiece);
+    char* to = Reserve((end - at) * kLongest);
+    while (at < end) {
+      const char16_t c = text[at];
+      if (IsPlain(c)) {
+        *to++ = static_cast<char>(c);
+        ++at;
+      } else if (c >= 0x80) {
+        to = base::PutUtf8(base::NextCodePoint(text, at), to);
+      } else {
+        to = PutEscaped(c, to);
+        ++at;
+      }
     }
+    Took(to);
+    if (size_ >= kFlushAt) Flush();
   }
-  *to++ = '"';
-  Took(to);
+  Put('"');
 }
 
 void JsonWriter::Flush() {
