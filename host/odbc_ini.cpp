@@ -10,24 +10,19 @@
 #include <unordered_set>
 
 #include "base/ascii.h"
+#include "base/text.h"
 #include "host/limits.h"
 
 namespace wbhost {
 namespace {
-
-std::string_view Trimmed(std::string_view text) {
-  constexpr std::string_view kBlanks = " \t\r";
-  const std::size_t begin = text.find_first_not_of(kBlanks);
-  if (begin == std::string_view::npos) return {};
-  return text.substr(begin, text.find_last_not_of(kBlanks) + 1 - begin);
-}
 
 std::string Variable(const char* name) {
   const char* const value = std::getenv(name);
   return value != nullptr ? value : "";
 }
 
-// Where the driver manager of a distribution has its files, unless a variable says otherwise.
+// Where the driver manager of a distribution has its files, unless a variable says otherwise. (What
+// it was built with it tells nobody but its own tools.)
 std::string SystemFolder() {
   const std::string folder = Variable("ODBCSYSINI");
   return folder.empty() ? "/etc" : folder;
@@ -58,19 +53,19 @@ std::vector<IniSection> ParseIni(const std::string& text) {
   std::vector<IniSection> sections;
   std::istringstream lines(text);
   for (std::string whole; std::getline(lines, whole);) {
-    const std::string_view line = Trimmed(whole);
+    const std::string_view line = base::TrimSpace(whole);
     if (line.empty() || line.front() == '#' || line.front() == ';') continue;
     if (line.front() == '[') {
       const std::size_t end = line.find(']');
       if (end != std::string_view::npos) {
-        sections.push_back({std::string(Trimmed(line.substr(1, end - 1))), {}});
+        sections.push_back({std::string(base::TrimSpace(line.substr(1, end - 1))), {}});
       }
       continue;
     }
     const std::size_t equals = line.find('=');
     if (equals == std::string_view::npos || sections.empty()) continue;
-    sections.back().entries.emplace_back(Trimmed(line.substr(0, equals)),
-                                         Trimmed(line.substr(equals + 1)));
+    sections.back().entries.emplace_back(base::TrimSpace(line.substr(0, equals)),
+                                         base::TrimSpace(line.substr(equals + 1)));
   }
   return sections;
 }
