@@ -23,8 +23,6 @@ std::span<const BuiltInDialect> BuiltInDialects() {
   return kDialects;
 }
 
-namespace {
-
 // What is built in is right; a test reads every one of them.
 std::shared_ptr<const Dialect> Parsed(const BuiltInDialect& built_in) {
   static std::mutex mutex;
@@ -39,16 +37,14 @@ std::shared_ptr<const Dialect> Parsed(const BuiltInDialect& built_in) {
   return known;
 }
 
-}  // namespace
-
-std::vector<std::shared_ptr<const Dialect>> FindBuiltInDialects(std::string_view product) {
-  std::vector<std::shared_ptr<const Dialect>> made_for_it;
-  std::vector<std::shared_ptr<const Dialect>> for_any;
+std::vector<const BuiltInDialect*> FindBuiltInDialects(std::string_view product) {
+  std::vector<const BuiltInDialect*> made_for_it;
+  std::vector<const BuiltInDialect*> for_any;
   for (const BuiltInDialect& candidate : BuiltInDialects()) {
     Dialect head;
     ReadDialectHead(candidate.file, head);
     if (!head.IsFor(product)) continue;
-    (head.IsForAnyProduct() ? for_any : made_for_it).push_back(Parsed(candidate));
+    (head.IsForAnyProduct() ? for_any : made_for_it).push_back(&candidate);
   }
   made_for_it.insert(made_for_it.end(), for_any.begin(), for_any.end());
   return made_for_it;

@@ -18,7 +18,9 @@ struct BuiltInDialect {
 std::span<const BuiltInDialect> BuiltInDialects();
 
 // The built-in dialects that may fit a product (SQL_DBMS_NAME, UTF-8): those made for it, then
-// those for any product. Each is taken apart once in a process. Any thread may ask.
-std::vector<std::shared_ptr<const Dialect>> FindBuiltInDialects(std::string_view product);
+// those for any product.
+std::vector<const BuiltInDialect*> FindBuiltInDialects(std::string_view product);
+// What it says. It is taken apart once in a process; any thread may ask.
+std::shared_ptr<const Dialect> Parsed(const BuiltInDialect& built_in);
 
 }  // namespace odbcimport::exact

@@ -4,7 +4,6 @@
 #include <string>
 #include <string_view>
 #include <utility>
-#include <vector>
 
 #include "base/utf.h"
 #include "routes/exact/catalog.h"
@@ -31,27 +30,30 @@ std::string FindDialectFor(void* henv, void* hdbc, const LcImportChoices& choice
   server.finding = nullptr;
   why.clear();
   const std::string product = base::ToUtf8(server.dbms_name);
-  std::vector<std::shared_ptr<const Dialect>> dialects;
-  if (choices.dialect.empty()) {
-    dialects = FindBuiltInDialects(product);
-  } else {
-    auto own = std::make_shared<Dialect>();
-    if (const auto problems = ParseDialect(choices.dialect, *own); !problems.empty()) {
-      why = "the dialect file, line " + std::to_string(problems.front().line) + ": " +
-            problems.front().text;
-      return {};
-    }
-    dialects.push_back(std::move(own));
-  }
-  for (const std::shared_ptr<const Dialect>& dialect : dialects) {
+  // Says why not of the first one that does not fit.
+  const auto fits = [&](const std::shared_ptr<const Dialect>& dialect) {
     auto found = std::make_shared<Server>();
     std::string answer;
     if (AskServer(henv, hdbc, dialect, *found, answer)) {
       server.finding = std::move(found);
       why.clear();
-      return dialect->name;
+      return true;
     }
     if (why.empty()) why = WhyNot(*dialect, product, answer);
+    return false;
+  };
+  if (!choices.dialect.empty()) {
+    const auto own = std::make_shared<Dialect>();
+    if (const auto problems = ParseDialect(choices.dialect, *own); !problems.empty()) {
+      why = "the dialect file, line " + std::to_string(problems.front().line) + ": " +
+            problems.front().text;
+      return {};
+    }
+    return fits(own) ? own->name : std::string();
+  }
+  for (const BuiltInDialect* built_in : FindBuiltInDialects(product)) {
+    const std::shared_ptr<const Dialect> dialect = Parsed(*built_in);
+    if (fits(dialect)) return dialect->name;
   }
   return {};
 }
