@@ -2,7 +2,6 @@
 #include "host/call_watch.h"
 
 #include <fmt/format.h>
-#include <pthread.h>
 #include <unistd.h>
 
 #include <csignal>
@@ -13,6 +12,7 @@
 #include <utility>
 
 #include "host/connection.h"
+#include "host/signals_held.h"
 
 namespace wbhost {
 
@@ -43,13 +43,8 @@ struct CallWatch::Seen {
 
 CallWatch::CallWatch(Timeouts limits, std::shared_ptr<platform::CallLog> behind, Abandon abandon)
     : limits_(limits), behind_(std::move(behind)), abandon_(std::move(abandon)) {
-  // Signals are for the thread that imports.
-  sigset_t all;
-  sigset_t before;
-  sigfillset(&all);
-  pthread_sigmask(SIG_SETMASK, &all, &before);
+  const SignalsHeld held;
   thread_ = std::thread(&CallWatch::Watch, this);
-  pthread_sigmask(SIG_SETMASK, &before, nullptr);
 }
 
 CallWatch::~CallWatch() {

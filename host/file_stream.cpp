@@ -2,12 +2,12 @@
 #include "host/file_stream.h"
 
 #include <fcntl.h>
-#include <pthread.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <cerrno>
-#include <csignal>
+#include <system_error>
+
+#include "host/signals_held.h"
 
 namespace wbhost {
 namespace {
@@ -29,7 +29,13 @@ bool FileStream::Close() {
 
 FileStream::Blocks::Blocks(const std::string& path)
     : fd_(::open(path.c_str(), O_WRONLY | O_TRUNC | O_CLOEXEC)) {
-  if (fd_ < 0) error_ = errno;
+  if (fd_ < 0) {
+    error_ = errno;
+    return;
+  }
+  filling_ = std::make_unique_for_overwrite<char[]>(kBlockBytes);
+  waiting_ = std::make_unique_for_overwrite<char[]>(kBlockBytes);
+  setp(filling_.get(), filling_.get() + kBlockBytes);
 }
 
 FileStream::Blocks::~Blocks() { Close(); }
@@ -44,8 +50,8 @@ bool FileStream::Blocks::Close() {
     writer_.join();
   }
   if (fd_ >= 0) {
-    if (error_ == 0) WriteAll(filling_);
-    filling_.clear();
+    if (error_ == 0) error_ = Write(filling_.get(), Filled());
+    setp(nullptr, nullptr);
     if (::close(fd_) != 0 && error_ == 0) error_ = errno;
     fd_ = -1;
   }
@@ -53,79 +59,73 @@ bool FileStream::Blocks::Close() {
   return error_ == 0;
 }
 
-std::streamsize FileStream::Blocks::xsputn(const char* text, std::streamsize size) {
-  std::streamsize taken = 0;
-  while (taken < size) {
-    if (filling_.size() >= kBlockBytes && !HandOver()) return taken;
-    const auto room = static_cast<std::streamsize>(kBlockBytes - filling_.size());
-    const std::streamsize piece = std::min(size - taken, room);
-    filling_.append(text + taken, static_cast<std::size_t>(piece));
-    taken += piece;
+FileStream::Blocks::int_type FileStream::Blocks::overflow(int_type character) {
+  if (fd_ < 0 || !HandOver()) return traits_type::eof();
+  setp(filling_.get(), filling_.get() + kBlockBytes);
+  if (!traits_type::eq_int_type(character, traits_type::eof())) {
+    *pptr() = traits_type::to_char_type(character);
+    pbump(1);
   }
-  return taken;
+  return traits_type::not_eof(character);
 }
 
-FileStream::Blocks::int_type FileStream::Blocks::overflow(int_type character) {
-  const char c = traits_type::to_char_type(character);
-  return xsputn(&c, 1) == 1 ? character : traits_type::eof();
+bool FileStream::Blocks::StartWriter() {
+  if (writer_.joinable()) return true;
+  try {
+    const SignalsHeld held;
+    writer_ = std::thread(&Blocks::WriteBlocks, this);
+    return true;
+  } catch (const std::system_error&) {
+    return false;
+  }
 }
 
 bool FileStream::Blocks::HandOver() {
-  if (fd_ < 0) return false;
-  if (!writer_.joinable()) {
-    // Signals are for the thread that makes what is written.
-    sigset_t all;
-    sigset_t before;
-    sigfillset(&all);
-    pthread_sigmask(SIG_SETMASK, &all, &before);
-    writer_ = std::thread(&Blocks::WriteBlocks, this);
-    pthread_sigmask(SIG_SETMASK, &before, nullptr);
+  if (!StartWriter()) {
+    if (error_ == 0) error_ = Write(filling_.get(), Filled());
+    return error_ == 0;
   }
-  std::unique_lock lock(mutex_);
-  changed_.wait(lock, [this] { return waiting_.empty(); });
-  if (error_ != 0) return false;
-  waiting_.swap(filling_);
-  filling_.clear();
-  lock.unlock();
+  {
+    std::unique_lock lock(mutex_);
+    changed_.wait(lock, [this] { return waiting_bytes_ == 0; });
+    if (error_ != 0) return false;
+    waiting_.swap(filling_);
+    waiting_bytes_ = Filled();
+  }
   changed_.notify_all();
   return true;
 }
 
 void FileStream::Blocks::WriteBlocks() {
-  std::string block;
+  std::unique_lock lock(mutex_);
   for (;;) {
-    {
-      std::unique_lock lock(mutex_);
-      changed_.wait(lock, [this] { return ends_ || !waiting_.empty(); });
-      if (waiting_.empty()) return;
-      block.swap(waiting_);
-      waiting_.clear();
-    }
+    changed_.wait(lock, [this] { return ends_ || waiting_bytes_ > 0; });
+    if (waiting_bytes_ == 0) return;
+    const std::size_t count = waiting_bytes_;
+    // The block is this thread's until it says that it is written.
+    lock.unlock();
+    const int error = Write(waiting_.get(), count);
+    lock.lock();
+    if (error_ == 0) error_ = error;
+    waiting_bytes_ = 0;
     changed_.notify_all();
-    WriteAll(block);
   }
 }
 
-bool FileStream::Blocks::WriteAll(const std::string& block) {
-  int error = 0;
-  for (std::size_t at = 0; at < block.size() && error == 0;) {
-    const ssize_t count = ::write(fd_, block.data() + at, block.size() - at);
-    if (count >= 0) {
-      at += static_cast<std::size_t>(count);
+int FileStream::Blocks::Write(const char* bytes, std::size_t count) {
+  for (std::size_t at = 0; at < count;) {
+    const ssize_t written = ::write(fd_, bytes + at, count - at);
+    if (written >= 0) {
+      at += static_cast<std::size_t>(written);
     } else if (errno != EINTR) {
-      error = errno;
+      return errno;
     }
   }
   // The disk may begin: what waits for the whole file later waits for less.
-  if (error == 0) {
-    sync_file_range(fd_, static_cast<off64_t>(written_), static_cast<off64_t>(block.size()),
-                    SYNC_FILE_RANGE_WRITE);
-    written_ += block.size();
-    return true;
-  }
-  const std::lock_guard lock(mutex_);
-  if (error_ == 0) error_ = error;
-  return false;
+  sync_file_range(fd_, static_cast<off64_t>(written_), static_cast<off64_t>(count),
+                  SYNC_FILE_RANGE_WRITE);
+  written_ += count;
+  return 0;
 }
 
 }  // namespace wbhost

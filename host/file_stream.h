@@ -4,6 +4,7 @@
 
 #include <condition_variable>
 #include <cstddef>
+#include <memory>
 #include <mutex>
 #include <ostream>
 #include <streambuf>
@@ -14,7 +15,8 @@ namespace wbhost {
 
 class FileStream : public std::ostream {
  public:
-  // The file is there, and written over from its beginning.
+  // The file is there, and written over from its beginning. One that cannot be opened takes
+  // nothing, which Close() tells.
   explicit FileStream(const std::string& path);
   ~FileStream() override;
   FileStream(const FileStream&) = delete;
@@ -25,7 +27,7 @@ class FileStream : public std::ostream {
   [[nodiscard]] bool Close();
 
  private:
-  // Two blocks: one fills while the other is written.
+  // Two blocks: one fills while the other is written, by this thread where no other can be had.
   class Blocks : public std::streambuf {
    public:
     explicit Blocks(const std::string& path);
@@ -35,21 +37,27 @@ class FileStream : public std::ostream {
     bool Close();
 
    protected:
-    std::streamsize xsputn(const char* text, std::streamsize size) override;
     int_type overflow(int_type character) override;
 
    private:
+    using Block = std::unique_ptr<char[]>;
+
+    [[nodiscard]] std::size_t Filled() const { return static_cast<std::size_t>(pptr() - pbase()); }
+    bool StartWriter();
+    // Has the block that fills written, and makes room for another one. False once a write failed.
     bool HandOver();
     void WriteBlocks();
-    bool WriteAll(const std::string& block);
+    // 0, or the reason in errno's terms.
+    int Write(const char* bytes, std::size_t count);
 
     int fd_;
-    std::string filling_;
+    Block filling_;
     std::size_t written_ = 0;  // bytes of the file that are with the system
     std::thread writer_;       // runs once the first block is full
     std::mutex mutex_;
     std::condition_variable changed_;
-    std::string waiting_;  // empty: the writer has taken it
+    Block waiting_;
+    std::size_t waiting_bytes_ = 0;  // 0: all of it is written
     bool ends_ = false;
     int error_ = 0;  // of the first write that failed
   };
