@@ -42,7 +42,8 @@ struct Slab {
   std::uint32_t fresh = sizeof(Slab);  // where the first cell that was never used starts
   std::uint32_t used = 0;              // cells
 };
-static_assert(sizeof(Slab) % kStep == 0);
+// The cells begin behind it: those of 16 bytes and multiples are aligned to 16.
+static_assert(sizeof(Slab) % 16 == 0);
 
 Slab* SlabOf(void* memory) {
   return reinterpret_cast<Slab*>(reinterpret_cast<std::uintptr_t>(memory) & ~(kSlabBytes - 1));

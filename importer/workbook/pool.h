@@ -9,9 +9,10 @@
 
 #include "importer/workbook/export.h"
 
-// Memory for an object of that size in bytes, aligned for any type that needs no more than
-// alignof(std::max_align_t) / 2; the heap's, where it is larger than what the pool keeps. Throws
-// std::bad_alloc. Any thread may allocate, and free what another has allocated.
+// Memory for an object of that size in bytes; the heap's, where it is larger than what the pool
+// keeps. Aligned to 8 bytes, and to 16 where the size is a multiple of 16, as it is of every type
+// that asks for 16; a type that asks for more does not belong here. Throws std::bad_alloc. Any
+// thread may allocate, and free what another has allocated.
 [[nodiscard]] LC_WORKBOOK_EXPORT void* LcAllocate(std::size_t size);
 // Gives it back; `size` is what was asked for. Null is let pass.
 LC_WORKBOOK_EXPORT void LcFree(void* memory, std::size_t size) noexcept;
@@ -22,8 +23,8 @@ struct LcPoolAllocator {
   using value_type = T;
   LcPoolAllocator() = default;
   template <class Other>
-  LcPoolAllocator(const LcPoolAllocator<Other>& /*other*/) {
-  }  // NOLINT(google-explicit-constructor)
+  // NOLINTNEXTLINE(google-explicit-constructor)
+  LcPoolAllocator(const LcPoolAllocator<Other>& /*other*/) {}
   T* allocate(std::size_t count) { return static_cast<T*>(LcAllocate(count * sizeof(T))); }
   void deallocate(T* memory, std::size_t count) { LcFree(memory, count * sizeof(T)); }
   friend bool operator==(const LcPoolAllocator& /*a*/, const LcPoolAllocator& /*b*/) {

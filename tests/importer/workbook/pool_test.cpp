@@ -22,7 +22,8 @@ struct Piece {
 
 Piece Make(std::size_t size, unsigned char mark) {
   auto* memory = static_cast<unsigned char*>(LcAllocate(size));
-  EXPECT_EQ(reinterpret_cast<std::uintptr_t>(memory) % 8, 0U);
+  const std::size_t alignment = size % 16 == 0 ? 16 : 8;
+  EXPECT_EQ(reinterpret_cast<std::uintptr_t>(memory) % alignment, 0U) << size;
   std::memset(memory, mark, size);
   return {memory, size, mark};
 }
