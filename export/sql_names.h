@@ -17,7 +17,7 @@ namespace wbexport::sql {
 class Names {
  public:
   // The tables' names first, then those of each table's columns; a table that stands in front in
-  // the workbook keeps its own. `shown` gives the name that a table is wanted under.
+  // the workbook keeps its own. `wanted` gives the name that a table is wanted under.
   Names(const Target& target, const LcWorkbook& workbook,
         const std::function<std::u16string(const LcWorkbookTable&)>& wanted);
   // Nothing is renamed: the script is for the server that the names are of.

@@ -196,8 +196,8 @@ void RunImport(Run& run, Outcome& outcome) {
   session.runner().Judge(result, outcome);
   session.Finish(outcome);
   sheet.Write(*result.workbook, result.info, choices.importer.include_system, run.screen);
-  if (!sheet.output().IsStandardOutput()) outcome.SetWritten(wanted.file);
   const bool to_file = !sheet.output().IsStandardOutput();
+  if (to_file) outcome.SetWritten(wanted.file);
   if (outcome.IsOk() && session.SaysTheEnd(to_file)) {
     run.screen.Say(Summary(result) + (to_file ? ", wrote " + wanted.file : ""));
   }

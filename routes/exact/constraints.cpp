@@ -256,8 +256,9 @@ bool Constraints::IsUnique(const LcWorkbookTable& table,
   columns = AsSet(std::move(columns));
   const auto number = static_cast<int>(columns.size());
   if (table.GetPrimaryKey().GetCount() == number &&
-      columns == AsSet(table.GetPrimaryKey().GetColumns()))
+      columns == AsSet(table.GetPrimaryKey().GetColumns())) {
     return true;
+  }
   const LcTableDetails* details = table.GetDetails();
   return details != nullptr &&
          std::any_of(details->unique_keys.begin(), details->unique_keys.end(),

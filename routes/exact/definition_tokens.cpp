@@ -3,6 +3,8 @@
 
 #include <array>
 
+#include "base/letters.h"
+
 namespace odbcimport::exact {
 namespace {
 
@@ -11,16 +13,13 @@ bool IsBlank(char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
 constexpr std::array<bool, 256> WordCharacters() {
   std::array<bool, 256> is{};
   for (unsigned c = 0; c < is.size(); ++c) {
-    is[c] = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') ||
-            c == '_' || c == '$' || c >= 0x80;
+    is[c] = base::IsLetterOrDigit(c) || c == '_' || c == '$' || c >= 0x80;
   }
   return is;
 }
 constexpr std::array<bool, 256> kIsWordCharacter = WordCharacters();
 
 bool IsWordCharacter(char c) { return kIsWordCharacter[static_cast<unsigned char>(c)]; }
-
-char UpperCase(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
 
 }  // namespace
 
@@ -75,7 +74,8 @@ void DefinitionTokens::Next() {
     kind_ = Kind::kWord;
     while (end_ < text_.size() && IsWordCharacter(text_[end_])) ++end_;
     // A literal of bytes is one token with the letter in front.
-    if (end_ - begin_ == 1 && UpperCase(c) == 'X' && end_ < text_.size() && text_[end_] == '\'') {
+    if (end_ - begin_ == 1 && base::UpperAscii(c) == 'X' && end_ < text_.size() &&
+        text_[end_] == '\'') {
       ScanQuoted('\'');
     }
   } else if (c == '"' || c == '`' || c == '\'') {
@@ -90,7 +90,7 @@ void DefinitionTokens::Next() {
 
 bool DefinitionTokens::IsSpelled(std::string_view upper) const {
   for (std::size_t i = 0; i < upper.size(); ++i) {
-    if (UpperCase(text_[begin_ + i]) != upper[i]) return false;
+    if (base::UpperAscii(text_[begin_ + i]) != upper[i]) return false;
   }
   return true;
 }

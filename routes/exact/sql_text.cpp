@@ -5,6 +5,8 @@
 #include <array>
 #include <iterator>
 
+#include "base/letters.h"
+
 namespace odbcimport::exact {
 namespace {
 
@@ -14,11 +16,8 @@ constexpr std::array<std::string_view, 10> kWritingWords = {
 constexpr std::array<std::string_view, 3> kReadingWords = {"SELECT", "WITH", "VALUES"};
 
 bool IsWordCharacter(char c) {
-  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_' ||
-         static_cast<unsigned char>(c) >= 0x80;
+  return base::IsLetterOrDigit(c) || c == '_' || static_cast<unsigned char>(c) >= 0x80;
 }
-
-char UpperCase(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
 
 std::size_t EndOfQuoted(std::string_view sql, std::size_t begin, bool backslashes) {
   const char quote = sql[begin];
@@ -89,7 +88,7 @@ bool HasForeignQuotes(std::string_view sql) {
 bool IsSpelled(std::string_view word, std::string_view upper) {
   return word.size() == upper.size() &&
          std::equal(word.begin(), word.end(), upper.begin(),
-                    [](char c, char wanted) { return UpperCase(c) == wanted; });
+                    [](char c, char wanted) { return base::UpperAscii(c) == wanted; });
 }
 
 // Hands over the words outside quotes and comments, as they are written, until `take` wants no
@@ -152,7 +151,8 @@ SqlSpan FindSpan(std::string_view sql, std::size_t begin, bool backslashes) {
 std::vector<std::string> WordsOf(std::string_view sql, bool backslashes) {
   std::vector<std::string> words;
   ForEachWord(sql, backslashes, [&](std::string_view word) {
-    std::transform(word.begin(), word.end(), std::back_inserter(words.emplace_back()), UpperCase);
+    std::transform(word.begin(), word.end(), std::back_inserter(words.emplace_back()),
+                   base::UpperAscii<char>);
     return true;
   });
   return words;
@@ -173,7 +173,7 @@ std::size_t FindStatementEnd(std::string_view sql, std::size_t begin, bool backs
 std::string WhyNotReading(std::string_view sql, const std::vector<std::string>& first_words) {
   std::string first;
   ForEachWord(sql, false, [&](std::string_view word) {
-    std::transform(word.begin(), word.end(), std::back_inserter(first), UpperCase);
+    std::transform(word.begin(), word.end(), std::back_inserter(first), base::UpperAscii<char>);
     return false;
   });
   if (first.empty()) return "there is no statement";
