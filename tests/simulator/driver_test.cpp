@@ -204,7 +204,8 @@ TEST(Driver, GeneratesTablesOfEveryServerWithAnOwnCatalog) {
   std::filesystem::create_directories(caches);
   std::filesystem::permissions(caches, std::filesystem::perms::all);
   for (const char* const server :
-       {"informix", "informix-7", "sqlserver", "oracle", "oracle-7", "db2", "redbrick"}) {
+       {"informix", "informix-7", "informix-14", "sqlserver", "sqlserver-2019", "oracle",
+        "oracle-7", "oracle-19", "db2", "db2-11", "redbrick"}) {
     SCOPED_TRACE(server);
     const auto names = [&](const char* keywords, const char* view) {
       const auto connection = Connection::OpenSimulator(server, keywords);
