@@ -24,9 +24,13 @@ namespace {
 // What is written, and where to.
 class Sheet {
  public:
-  // Throws a Failure for options that the format has no use for.
-  explicit Sheet(const OutputOptions& options)
-      : options_(options), format_(Choose(options)), output_(options.file, format_.write_folder) {
+  // Throws a Failure for options that the format has no use for. With `keeps` a workbook that the
+  // format cannot show is written as a workbook file of another name: a server gave it once.
+  Sheet(const OutputOptions& options, bool keeps)
+      : options_(options),
+        format_(Choose(options)),
+        output_(options.file, format_.write_folder),
+        keeps_(keeps) {
     if (options.compact && !format_.compacts) {
       throw Failure(ExitCode::kUsage,
                     fmt::format("--compact: {} has no compact form, {} has", format_.name,
@@ -72,8 +76,11 @@ class Sheet {
                                return format_.write({workbook, info}, options, out, notes);
                              });
     if (!written) {
-      throw Failure(options.is_cancelled() ? ExitCode::kCancelled : ExitCode::kOutput,
-                    notes.empty() ? "nothing could be written" : notes.back());
+      const ExitCode code = options.is_cancelled() ? ExitCode::kCancelled : ExitCode::kOutput;
+      const std::string why = notes.empty() ? "nothing could be written" : notes.back();
+      if (!keeps_) throw Failure(code, why);
+      screen.SayError(why);
+      throw Failure(code, Keep(workbook, info));
     }
     for (const std::string& note : notes) screen.Say(note);
     const bool has_extension = !std::filesystem::path(options_.file).extension().empty();
@@ -84,6 +91,25 @@ class Sheet {
   }
 
  private:
+  // Says where the workbook is now: in a file that was not there before.
+  std::string Keep(const LcWorkbook& workbook, const LcWorkbookFileInfo& info) const {
+    const std::string start = output_.IsStandardOutput() ? "wbimport-kept" : options_.file;
+    std::string file = start + ".json";
+    for (int number = 2; std::filesystem::exists(std::filesystem::symlink_status(file)); ++number) {
+      file = fmt::format("{}-{}.json", start, number);
+    }
+    try {
+      std::vector<std::string> notes;
+      const bool written = OutputFile(file).Write([&](std::ostream& out) {
+        return wbexport::FindFormat("json")->write({workbook, info}, {}, out, notes);
+      });
+      if (written) return fmt::format("what was read is kept in {}, for wbimport render", file);
+    } catch (const Failure& failure) {
+      return fmt::format("what was read is lost: {}", failure.what());
+    }
+    return "what was read is lost";
+  }
+
   static std::string FormatsWith(bool wbexport::Format::*feature) {
     std::string names;
     for (const wbexport::Format& format : wbexport::AllFormats()) {
@@ -120,6 +146,7 @@ class Sheet {
   const OutputOptions& options_;
   const wbexport::Format& format_;
   const OutputFile output_;
+  const bool keeps_;
 };
 
 // What was read, for the line at the end.
@@ -167,7 +194,7 @@ void RunImport(Run& run, Outcome& outcome) {
                   "column-names needs a single table: --table [OWNER.]NAME, or singleTable in the "
                   "request file");
   }
-  const Sheet sheet(wanted);
+  const Sheet sheet(wanted, true);
   const std::u16string stamp = wanted.stamp ? TimeStamp() : u"";
   HostSession session(run, choices, sheet.output());
   const std::uint32_t items = choices.ItemMask();
@@ -206,7 +233,7 @@ void RunImport(Run& run, Outcome& outcome) {
 
 void RunRender(Run& run) {
   const std::string& file = run.options.render_file;
-  const Sheet sheet(run.options.output);
+  const Sheet sheet(run.options.output, false);
   sheet.output().Check();
   Schema schema = file == "-" ? ReadSchemaFromStandardInput() : ReadSchema(file);
   if (run.options.output.title) schema.info.title = ToUtf16(*run.options.output.title);

@@ -10,6 +10,7 @@
 #include <sstream>
 
 #include "base/utf.h"
+#include "export/picture.h"
 #include "export/writer.h"
 #include "tests/importer/workbook/every_kind.h"
 
@@ -222,6 +223,33 @@ TEST(Svg, CanBeCancelledInItsLayout) {
   std::vector<std::string> notes;
   EXPECT_EQ(Write("svg", workbook, options, &notes), "refused");
   EXPECT_THAT(notes, ElementsAre(HasSubstr("cancelled")));
+}
+
+TEST(Pictures, AreNotTriedBeyondWhatAnyComputerLaysOut) {
+  const auto too_much = [](std::size_t tables, std::size_t rows, bool is_chain) {
+    LcWorkbook workbook;
+    LcWorkbookTable* last = nullptr;
+    for (std::size_t i = 0; i < tables; ++i) {
+      LcWorkbookTable* table = AddTable(workbook, u"", u"t" + base::ToUtf16(std::to_string(i)));
+      for (std::size_t row = 0; row < rows; ++row) AddColumn(table, u"c");
+      if (is_chain && last != nullptr) AddReference(table, {u"c"}, last, {u"c"});
+      last = table;
+    }
+    Options options;
+    options.whole = true;
+    options.detail = rows == 0 ? Detail::kNames : Detail::kFull;
+    Diagram diagram;
+    std::vector<std::string> notes;
+    EXPECT_TRUE(SelectDiagram({workbook, {}}, options, diagram, notes));
+    return BeyondLayout(diagram);
+  };
+  EXPECT_EQ(too_much(kMostUnrelated, 0, false), "");
+  EXPECT_EQ(too_much(kMostUnrelated + 1, 0, false), "3001 tables that nothing relates");
+  EXPECT_EQ(too_much(1, kMostRowsOfTable, false), "");
+  EXPECT_EQ(too_much(1, kMostRowsOfTable + 1, false), "a table of 50001 columns");
+  EXPECT_EQ(too_much(kMostUnrelated + 1, 10, true), "");
+  EXPECT_EQ(too_much(kMostRowsOfAll / 1000, 999, true), "");
+  EXPECT_EQ(too_much(kMostRowsOfAll / 1000, 1000, true), "500500 rows");
 }
 
 TEST(EveryFormat, IsLabelledWhenTheImportWasCutShort) {

@@ -5,6 +5,7 @@ import os
 import resource
 import signal
 import subprocess
+import time
 
 from program import WBIMPORT, Case, main, server
 
@@ -171,6 +172,52 @@ class Output(Case):
                 self.assertIn(result.returncode, (1, 6), (option, most, result.stderr))
                 self.assertTrue(result.stderr)
         self.assertEqual([name for name in os.listdir(self.folder) if name.startswith(".wbimport")], [])
+
+class Pictures(Case):
+    """What cannot be drawn is told within ten seconds, and the import is not lost with the picture."""
+    def tables(self, count):
+        return self.database(f"{count}.db", "begin;" + "".join(f"create table t{i}(a);" for i in range(count)) + "commit")
+
+    def check(self, result, code, kept, count):
+        self.assertEqual(result.returncode, code, result.stderr)
+        if code == 6:
+            self.assertIn("Draw less of it: no --whole, --around TABLE", result.stderr)
+        self.assertIn(f"kept in {kept}", result.stderr)
+        self.assertEqual(len(json.loads((self.folder / kept).read_text())["tables"]), count)
+
+    def test_a_size_that_is_hopeless_is_told_at_once(self):
+        large = self.tables(3001)
+        self.file("a.svg", "before")
+        self.file("a.svg.json", "mine")
+        for name, kept in (("svg", "a.svg-2.json"), ("png", "a.svg-3.json")):
+            self.check(self.run_program("import", "--sqlite", large, "--whole", "--format", name, "-o", "a.svg"), 6, kept, 3001)
+        self.assertEqual([(self.folder / name).read_text() for name in ("a.svg", "a.svg.json")], ["before", "mine"])
+        self.check(self.run_program("import", "--sqlite", large, "--whole", "--format", "svg"), 6, "wbimport-kept.json", 3001)
+        result = self.run_program("render", "a.svg-2.json", "--whole", "-o", "b.svg")
+        self.assertEqual(result.returncode, 6)
+        self.assertIn("3001 tables that nothing relates", result.stderr)
+        self.assertFalse((self.folder / "b.svg").exists())
+        # Nowhere to keep it: told, too.
+        result = self.run_program("import", "--sqlite", large, "--whole", "--format", "svg", cwd="/proc")
+        self.assertIn("what was read is lost", result.stderr)
+
+    def test_any_other_is_told_in_time_and_a_layout_can_be_cancelled(self):
+        large = self.tables(2990)
+        words = ("import", "--sqlite", large, "--whole", "-o", "a.svg")
+        begin = time.monotonic()
+        self.assertEqual(self.run_program("import", "--sqlite", large, "-o", "a.txt").returncode, 0)
+        reading = time.monotonic() - begin
+        begin = time.monotonic()
+        self.check(self.run_program(*words), 6, "a.svg.json", 2990)
+        # Reading is part of both, and writing the workbook too.
+        self.assertLess(time.monotonic() - begin, 10 + 2 * reading)
+        process = self.start(*words)
+        time.sleep(2 + 2 * reading)
+        process.terminate()
+        begin = time.monotonic()
+        _, told = process.communicate(timeout=20)
+        self.assertLess(time.monotonic() - begin, 1 + reading)
+        self.check(subprocess.CompletedProcess(words, process.returncode, "", told), 4, "a.svg-2.json", 2990)
 
 class Inputs(Case):
     def deep(self, what):
