@@ -22,7 +22,7 @@ struct Piece {
 
 Piece Make(std::size_t size, unsigned char mark) {
   auto* memory = static_cast<unsigned char*>(LcAllocate(size));
-  const std::size_t alignment = size % 16 == 0 ? 16 : 8;
+  const std::size_t alignment = size != 0 && size % 16 == 0 ? 16 : 8;
   EXPECT_EQ(reinterpret_cast<std::uintptr_t>(memory) % alignment, 0U) << size;
   std::memset(memory, mark, size);
   return {memory, size, mark};
