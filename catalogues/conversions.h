@@ -14,7 +14,9 @@
 namespace odbcimport {
 
 // The low 16 bits of a number, as an unsigned one.
-constexpr std::uint16_t CutTo16Bits(long value) { return static_cast<std::uint16_t>(value); }
+[[nodiscard]] constexpr std::uint16_t CutTo16Bits(long value) {
+  return static_cast<std::uint16_t>(value);
+}
 
 // ODBC SQL type code to physical code; 0 (CHAR) for a code that is not mapped.
 [[nodiscard]] std::uint16_t MapDataType(const ServerFacts& server, long odbc_type);

@@ -28,7 +28,7 @@ struct FunctionGroup {
   std::span<const ResultException> exceptions = {};
 };
 
-constexpr bool EveryGroup(const FunctionGroup&) { return true; }
+[[nodiscard]] constexpr bool EveryGroup(const FunctionGroup&) { return true; }
 
 // The rows, `kRows`, of those groups of the array `kGroups` that `kTaken` says yes to.
 template <const auto& kGroups, auto kTaken = EveryGroup>
@@ -53,8 +53,8 @@ class FunctionExpansion {
       }
     }
   }
-  static constexpr std::u16string_view Result(const FunctionGroup& group,
-                                              std::u16string_view type) {
+  [[nodiscard]] static constexpr std::u16string_view Result(const FunctionGroup& group,
+                                                            std::u16string_view type) {
     for (const ResultException& exception : group.exceptions) {
       if (exception.type == type) return exception.result;
     }
@@ -65,7 +65,7 @@ class FunctionExpansion {
     std::size_t rows = 0;
     std::size_t characters = 0;
   };
-  static constexpr Size Measure() {
+  [[nodiscard]] static constexpr Size Measure() {
     Size size;
     ForEachRow([&](const FunctionGroup& group, std::u16string_view type) {
       ++size.rows;
@@ -75,7 +75,7 @@ class FunctionExpansion {
   }
   static constexpr Size kSize = Measure();
 
-  static constexpr std::array<char16_t, kSize.characters> WriteSignatures() {
+  [[nodiscard]] static constexpr std::array<char16_t, kSize.characters> WriteSignatures() {
     std::array<char16_t, kSize.characters> text{};
     std::size_t at = 0;
     ForEachRow([&](const FunctionGroup& group, std::u16string_view type) {
@@ -86,7 +86,7 @@ class FunctionExpansion {
   // The signatures of all rows, one behind the other.
   static constexpr std::array<char16_t, kSize.characters> kSignatures = WriteSignatures();
 
-  static constexpr std::array<FunctionRow, kSize.rows> MakeRows() {
+  [[nodiscard]] static constexpr std::array<FunctionRow, kSize.rows> MakeRows() {
     std::array<FunctionRow, kSize.rows> rows{};
     std::size_t row = 0;
     std::size_t begin = 0;

@@ -23,7 +23,7 @@ class LC_EXPORT LcODBCDatatypeList : public LcWorkbookDatatypeList {
   // The width in characters that a field of the physical code needs; `length` in the type's unit.
   unsigned long CalculateFieldWidth(int physical_code, unsigned long length) const;
   // The physical code that stands for a generic code.
-  int GetPhysicalCode(enumDataType generic_code) const;
+  [[nodiscard]] int GetPhysicalCode(enumDataType generic_code) const;
 
   // Each appends a list to `target`, or to this list when it is null. Types that are there already
   // are not looked at, so a second call appends them again.

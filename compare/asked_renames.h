@@ -22,8 +22,8 @@ struct AskedRenames {
   // names nothing that is there, or more than one thing.
   [[nodiscard]] bool Resolve(Context& context, std::string& why);
   // The columns of a pair of tables, by their positions.
-  std::vector<std::pair<int, int>> ColumnsIn(const LcWorkbookTable& before,
-                                             const LcWorkbookTable& after) const;
+  [[nodiscard]] std::vector<std::pair<int, int>> ColumnsIn(const LcWorkbookTable& before,
+                                                           const LcWorkbookTable& after) const;
 
  private:
   [[nodiscard]] bool ResolveOne(Context& context, const Options::Rename& rename, std::string& why);

@@ -176,7 +176,7 @@ struct Comparison {
   std::vector<std::string> lead;   // of two readings: sentences that say it in short
   std::size_t tables = 0;          // that have changes
 
-  std::size_t Count(Severity severity) const;
+  [[nodiscard]] std::size_t Count(Severity severity) const;
   // Whether there is a change of this severity or a worse one.
   [[nodiscard]] bool HasAtLeast(Severity severity) const;
 };

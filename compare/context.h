@@ -34,7 +34,8 @@ class Context {
   [[nodiscard]] bool Compares(Object object, Property property = Property::kNone) const;
 
   // All that is compared but the name and the comment, for finding what is alike.
-  std::string DefinitionOf(Object object, const ObjectRef& ref, const Names& names) const;
+  [[nodiscard]] std::string DefinitionOf(Object object, const ObjectRef& ref,
+                                         const Names& names) const;
 
   // Settles the severity and appends the change, unless it is to be ignored.
   void Add(Change change);

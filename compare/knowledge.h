@@ -15,23 +15,27 @@ class Knowledge {
  public:
   explicit Knowledge(const Side& side);
 
-  bool IsExact() const { return exact_; }
+  [[nodiscard]] bool IsExact() const { return exact_; }
   // Why this side may have an object that it does not show; null: it has none. `owner` and `name`
   // are those of the object, or those of the table that it is part of; with a property, an object
   // is there and that property of it is missing.
-  const std::string* WhyMissing(Object object, std::u16string_view owner, std::u16string_view name,
-                                Property property = Property::kNone) const;
+  [[nodiscard]] const std::string* WhyMissing(Object object, std::u16string_view owner,
+                                              std::u16string_view name,
+                                              Property property = Property::kNone) const;
   // The same for a table, view or synonym of which the other side has this much.
-  const std::string* WhyMissing(const LcWorkbookTable& table, bool other_reads_system) const;
-  bool ReadsSystem() const { return reads_system_; }
+  [[nodiscard]] const std::string* WhyMissing(const LcWorkbookTable& table,
+                                              bool other_reads_system) const;
+  [[nodiscard]] bool ReadsSystem() const { return reads_system_; }
 
  private:
   void ReadChoices(const std::string& json);
   void ReadNotRead(const LcWorkbookDetails& details);
-  bool IsWanted(const char* item) const { return items_.empty() || items_.count(item) != 0; }
-  const std::string* FindNotRead(std::string_view kind, std::u16string_view owner,
-                                 std::u16string_view name) const;
-  const std::string* WhyNotChosen(Object object) const;
+  [[nodiscard]] bool IsWanted(const char* item) const {
+    return items_.empty() || items_.count(item) != 0;
+  }
+  [[nodiscard]] const std::string* FindNotRead(std::string_view kind, std::u16string_view owner,
+                                               std::u16string_view name) const;
+  [[nodiscard]] const std::string* WhyNotChosen(Object object) const;
 
   bool exact_ = false;
   bool complete_ = false;

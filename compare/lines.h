@@ -27,12 +27,12 @@ struct Line {
 // Makes the lines of one comparison; keeps what the next change of the same table needs again.
 class Lines {
  public:
-  Line Describe(const Change& change);
+  [[nodiscard]] Line Describe(const Change& change);
 
  private:
   using Places = std::unordered_map<const LcWorkbookColumn*, int>;
-  static std::string PlaceOf(const LcWorkbookColumn& column, const LcWorkbookTable*& table,
-                             Places& places);
+  [[nodiscard]] static std::string PlaceOf(const LcWorkbookColumn& column,
+                                           const LcWorkbookTable*& table, Places& places);
 
   const LcWorkbookTable* old_table_ = nullptr;
   const LcWorkbookTable* new_table_ = nullptr;

@@ -23,30 +23,31 @@ class Names {
   Names(bool ignore_case, bool with_owners)
       : comparing_(true), ignore_case_(ignore_case), with_owners_(with_owners) {}
 
-  bool ignores_case() const { return ignore_case_; }
+  [[nodiscard]] bool ignores_case() const { return ignore_case_; }
   void RenameOwner(const std::string& from, const std::string& to) { owners_[from] = to; }
   void RenameTable(const LcWorkbookTable& from, const LcWorkbookTable& to);
   void RenameColumn(const LcWorkbookColumn& from, const LcWorkbookColumn& to);
 
-  std::string Name(std::u16string_view name) const;
-  std::string Owner(std::u16string_view owner) const;
-  std::string Column(const LcWorkbookColumn& column) const;
+  [[nodiscard]] std::string Name(std::u16string_view name) const;
+  [[nodiscard]] std::string Owner(std::u16string_view owner) const;
+  [[nodiscard]] std::string Column(const LcWorkbookColumn& column) const;
   // "owner.name"; no two names give the same text where they are compared.
-  std::string Table(std::u16string_view owner, std::u16string_view name) const;
-  std::string Table(const LcWorkbookTable& table) const {
+  [[nodiscard]] std::string Table(std::u16string_view owner, std::u16string_view name) const;
+  [[nodiscard]] std::string Table(const LcWorkbookTable& table) const {
     return Table(table.GetOwner(false), table.GetName());
   }
   // An expression over the columns of the table in hand, with the names that they have now.
-  std::string Expression(std::u16string_view text) const;
+  [[nodiscard]] std::string Expression(std::u16string_view text) const;
   void TakeInHand(const LcWorkbookTable* table);
   // A statement with the names that owners have now.
-  std::string Statement(std::u16string_view text) const;
+  [[nodiscard]] std::string Statement(std::u16string_view text) const;
 
  private:
   using ByName = std::unordered_map<std::string, std::string>;
-  std::string Key(std::string_view owner, std::string_view name) const;
-  std::string Rewrite(const std::string& text, const ByName& renamed, bool before_dot) const;
-  std::string PlainOwner(std::u16string_view owner) const;
+  [[nodiscard]] std::string Key(std::string_view owner, std::string_view name) const;
+  [[nodiscard]] std::string Rewrite(const std::string& text, const ByName& renamed,
+                                    bool before_dot) const;
+  [[nodiscard]] std::string PlainOwner(std::u16string_view owner) const;
 
   bool comparing_ = false;
   bool ignore_case_ = false;

@@ -16,7 +16,7 @@ namespace wbcompare {
 using Fact = std::optional<std::string>;
 
 // The properties of a kind of object that are compared, in the order in which they are told.
-std::span<const Property> PropertiesOf(Object object);
+[[nodiscard]] std::span<const Property> PropertiesOf(Object object);
 [[nodiscard]] Fact FactOf(const ObjectRef& ref, Property property, const Names& names);
 // Null for an object that has none.
 [[nodiscard]] const LcOptions* OptionsOf(const ObjectRef& ref);

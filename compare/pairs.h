@@ -59,7 +59,7 @@ class PairComparison {
   explicit PairComparison(Context& context);
 
   // False where one side read no keys at all and the other is read another way.
-  bool ComparesKeys() const { return keys_known_; }
+  [[nodiscard]] bool ComparesKeys() const { return keys_known_; }
   void Compare(const TablePair& pair);
 
  private:

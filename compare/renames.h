@@ -34,6 +34,6 @@ struct LooseColumn {
                                                     const std::vector<LooseColumn>& after);
 
 // How much two names resemble one another, from 0 to 1; the same either way round.
-double Resemblance(const std::string& a, const std::string& b);
+[[nodiscard]] double Resemblance(const std::string& a, const std::string& b);
 
 }  // namespace wbcompare

@@ -16,7 +16,7 @@ struct Spelling {
   const char* reason;
   bool views_only = false;
 };
-std::span<const Spelling> AllSpellings();
+[[nodiscard]] std::span<const Spelling> AllSpellings();
 
 // Whether both are one thing, spelled differently.
 [[nodiscard]] bool AreSpellingsOfOne(Product product, Object object, Property property,

@@ -28,42 +28,46 @@ class Facts {
 
   // "default now()", "identity by default", "stored upper(name)", "collation de_DE": what stands
   // beside a column's type, nullability and key.
-  static std::vector<std::string> OfColumn(const LcWorkbookColumn& column);
+  [[nodiscard]] static std::vector<std::string> OfColumn(const LcWorkbookColumn& column);
   // Keys, indexes, checks, triggers and the server's own options, in this order. A primary key is
   // among them where it says more than the marks of its columns.
-  std::vector<Fact> OfTable(const LcWorkbookTable& table) const;
+  [[nodiscard]] std::vector<Fact> OfTable(const LcWorkbookTable& table) const;
   // ", on delete cascade, deferrable": how a foreign key acts; empty for the ordinary.
-  static std::string OfReference(const LcForeignKeyDetails* details);
+  [[nodiscard]] static std::string OfReference(const LcForeignKeyDetails* details);
   // The name of a foreign key, empty where the server made it.
-  std::string NameOfReference(const Relationship& relationship) const;
+  [[nodiscard]] std::string NameOfReference(const Relationship& relationship) const;
   // The foreign keys to tables that the workbook does not hold: "(a) -> other.table (b)".
-  std::vector<Fact> OutsideKeys(const LcWorkbookTable& table) const;
+  [[nodiscard]] std::vector<Fact> OutsideKeys(const LcWorkbookTable& table) const;
 
-  static Fact OfType(const LcTypeDetails& type);
-  static Fact OfSequence(const LcSequenceDetails& sequence);
-  static Fact OfRoutine(const LcRoutineDetails& routine);
+  [[nodiscard]] static Fact OfType(const LcTypeDetails& type);
+  [[nodiscard]] static Fact OfSequence(const LcSequenceDetails& sequence);
+  [[nodiscard]] static Fact OfRoutine(const LcRoutineDetails& routine);
   // "triggers: permission denied", "view sales.hidden: ... (by design)"
-  static std::string OfNotRead(const LcNotRead& missing);
+  [[nodiscard]] static std::string OfNotRead(const LcNotRead& missing);
 
   // Partitions stand under their table where the workbook has it, and nowhere else.
-  bool IsFolded(const LcWorkbookTable& table) const { return folded_.count(&table) != 0; }
+  [[nodiscard]] bool IsFolded(const LcWorkbookTable& table) const {
+    return folded_.count(&table) != 0;
+  }
   // The table that a folded one is part of; null for any other.
-  const LcWorkbookTable* WholeOf(const LcWorkbookTable& table) const {
+  [[nodiscard]] const LcWorkbookTable* WholeOf(const LcWorkbookTable& table) const {
     const auto found = folded_.find(&table);
     return found == folded_.end() ? nullptr : found->second;
   }
   // The partitions of a table with those of its partitions behind each.
-  std::vector<const LcWorkbookTable*> PartsOf(const LcWorkbookTable& table) const;
+  [[nodiscard]] std::vector<const LcWorkbookTable*> PartsOf(const LcWorkbookTable& table) const;
   // "orders_2024: FOR VALUES FROM ... TO ..., of orders_recent"
-  std::string OfPart(const LcWorkbookTable& part, const LcWorkbookTable& of) const;
+  [[nodiscard]] std::string OfPart(const LcWorkbookTable& part, const LcWorkbookTable& of) const;
   // Whether a relationship only repeats, for a partition, what its table has.
-  bool IsRepeated(const Relationship& relationship) const { return IsFolded(*relationship.from); }
+  [[nodiscard]] bool IsRepeated(const Relationship& relationship) const {
+    return IsFolded(*relationship.from);
+  }
 
  private:
   [[nodiscard]] bool IsMade(base::NamedKind kind, const LcText& name, const LcWorkbookTable& table,
                             const std::vector<const LcWorkbookColumn*>& columns) const;
-  Fact OfKey(const LcKeyDetails& key, const LcWorkbookTable& table) const;
-  Fact OfIndex(const LcIndexDetails& index, const LcWorkbookTable& table) const;
+  [[nodiscard]] Fact OfKey(const LcKeyDetails& key, const LcWorkbookTable& table) const;
+  [[nodiscard]] Fact OfIndex(const LcIndexDetails& index, const LcWorkbookTable& table) const;
 
   const base::Product product_;
   std::unordered_map<const LcWorkbookTable*, std::vector<const LcWorkbookTable*>> parts_;

@@ -29,13 +29,13 @@ class MarkdownPages {
   void WriteMark(std::ostream& out) const;
 
   // The tables with a section or page: all but partitions whose table is there.
-  const std::vector<const LcWorkbookTable*>& tables() const { return tables_; }
+  [[nodiscard]] const std::vector<const LcWorkbookTable*>& tables() const { return tables_; }
 
   // Text that shows as it is, in a table's cell too.
-  static std::string Escape(const std::string& text);
+  [[nodiscard]] static std::string Escape(const std::string& text);
 
  private:
-  std::string Link(const LcWorkbookTable& table) const;
+  [[nodiscard]] std::string Link(const LcWorkbookTable& table) const;
   void WriteKind(std::ostream& out, const LcWorkbookTable& table) const;
   void WriteColumns(std::ostream& out, const LcWorkbookTable& table) const;
   void WriteReferences(std::ostream& out, const LcWorkbookTable& table) const;

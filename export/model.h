@@ -72,10 +72,10 @@ struct Relationship {
 class Relationships {
  public:
   explicit Relationships(const LcWorkbook& workbook);
-  const std::vector<Relationship>& All() const { return all_; }
+  [[nodiscard]] const std::vector<Relationship>& All() const { return all_; }
   // Positions in All().
-  const std::vector<std::size_t>& From(const LcWorkbookTable& table) const;
-  const std::vector<std::size_t>& To(const LcWorkbookTable& table) const;
+  [[nodiscard]] const std::vector<std::size_t>& From(const LcWorkbookTable& table) const;
+  [[nodiscard]] const std::vector<std::size_t>& To(const LcWorkbookTable& table) const;
 
  private:
   using ByTable = std::unordered_map<const LcWorkbookTable*, std::vector<std::size_t>>;

@@ -29,14 +29,15 @@ class PageValue {
   PageValue(std::initializer_list<PageValue> elements) : PageValue(Array()) {
     for (const PageValue& element : elements) Add(element);
   }
-  static PageValue Array() { return PageValue(kArray); }
-  static PageValue Array(const std::vector<std::string>& texts) {
+  [[nodiscard]] static PageValue Array() { return PageValue(kArray); }
+  [[nodiscard]] static PageValue Array(const std::vector<std::string>& texts) {
     PageValue list = Array();
     for (const std::string& text : texts) list.Add(text);
     return list;
   }
-  static PageValue Object() { return PageValue(kObject); }
-  static PageValue Object(std::initializer_list<std::pair<const char*, PageValue>> members) {
+  [[nodiscard]] static PageValue Object() { return PageValue(kObject); }
+  [[nodiscard]] static PageValue Object(
+      std::initializer_list<std::pair<const char*, PageValue>> members) {
     PageValue object = Object();
     for (const auto& [key, value] : members) object.Set(key, value);
     return object;
@@ -53,8 +54,8 @@ class PageValue {
     value.AppendTo(text_);
   }
 
-  bool IsNull() const { return kind_ == kNull; }
-  bool IsEmpty() const { return text_.empty(); }
+  [[nodiscard]] bool IsNull() const { return kind_ == kNull; }
+  [[nodiscard]] bool IsEmpty() const { return text_.empty(); }
   void AppendTo(std::string& out) const;
 
  private:

@@ -35,34 +35,40 @@ class Context {
 
   // The name of a thing in its schema, as the target needs it: the schema stands before it where
   // the target has schemas, or where it is not the one that the script is loaded into.
-  std::string Name(std::u16string_view schema, std::u16string_view name) const;
-  std::string Name(const LcWorkbookTable& table) const;
+  [[nodiscard]] std::string Name(std::u16string_view schema, std::u16string_view name) const;
+  [[nodiscard]] std::string Name(const LcWorkbookTable& table) const;
   // A schema with the dot behind it; empty where names go without.
-  std::string Schema(std::u16string_view schema) const;
-  std::string Quote(const LcWorkbookColumn& column) const { return target.Quote(names.In(column)); }
-  std::string Quote(const std::vector<LcWorkbookColumn*>& columns) const;  // "a", "b"
+  [[nodiscard]] std::string Schema(std::u16string_view schema) const;
+  [[nodiscard]] std::string Quote(const LcWorkbookColumn& column) const {
+    return target.Quote(names.In(column));
+  }
+  [[nodiscard]] std::string Quote(const std::vector<LcWorkbookColumn*>& columns) const;  // "a", "b"
   // Says which names of a table are others here.
   void SayRenamed(const LcWorkbookTable& table);
-  bool IsDefaultSchema(const std::u16string& schema) const { return schema == default_schema_; }
-  std::string Literal(const LcText& text) const { return target.Literal(text.View()); }
+  [[nodiscard]] bool IsDefaultSchema(const std::u16string& schema) const {
+    return schema == default_schema_;
+  }
+  [[nodiscard]] std::string Literal(const LcText& text) const {
+    return target.Literal(text.View());
+  }
   // An expression or a query in the server's own words.
-  std::string Expression(const LcText& text) const;
+  [[nodiscard]] std::string Expression(const LcText& text) const;
   // The names that mean the default schema when nothing stands before them, for targets that look
   // for names along a path.
   void WriteSearchPath();
 
   // The sequence that is a column's own; null where there is none.
-  const LcSequenceDetails* SequenceOf(const LcWorkbookColumn& column) const;
+  [[nodiscard]] const LcSequenceDetails* SequenceOf(const LcWorkbookColumn& column) const;
   // Whether a key, an index or a foreign key is on the column.
   [[nodiscard]] bool IsInKey(const LcWorkbookColumn& column);
   // The name of a key, an index or a foreign key. In a translation it is another one where the
   // target has had it already, since servers differ in what names have to be unique in; empty for a
   // primary key that has no name of its own.
-  std::string UniqueName(const LcWorkbookTable& table, std::u16string_view name);
+  [[nodiscard]] std::string UniqueName(const LcWorkbookTable& table, std::u16string_view name);
 
   // The name under which a key or an index was written; nothing where it was not.
-  std::optional<std::u16string> GivenName(const LcWorkbookTable& table,
-                                          std::u16string_view name) const;
+  [[nodiscard]] std::optional<std::u16string> GivenName(const LcWorkbookTable& table,
+                                                        std::u16string_view name) const;
 
   // Writes a statement whose text may hold semicolons.
   void WriteBody(const std::string& statement);
@@ -70,9 +76,9 @@ class Context {
   // Writes a comment of one line for what the script leaves out, and counts it.
   void LeaveOut(const std::string& what, const char* kind);
   // "3 checks, 1 views": what was left out, for a note; empty for nothing.
-  std::string LeftOut() const;
+  [[nodiscard]] std::string LeftOut() const;
 
-  RoutineTime TimeOf(const LcRoutineDetails& routine) const;
+  [[nodiscard]] RoutineTime TimeOf(const LcRoutineDetails& routine) const;
   // Whether the script makes this table: it has columns, and is no view, no synonym, no table of
   // the server's own; one of another server only on the kind of server it was read from.
   [[nodiscard]] bool Makes(const LcWorkbookTable& table) const;
@@ -88,7 +94,7 @@ class Context {
 
  private:
   // What a table is called in the script, if the server takes it.
-  std::u16string Wanted(std::u16string_view schema, std::u16string_view name) const;
+  [[nodiscard]] std::u16string Wanted(std::u16string_view schema, std::u16string_view name) const;
 
   std::u16string default_schema_;
 

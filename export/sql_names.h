@@ -24,25 +24,29 @@ class Names {
   explicit Names(const Target& target) : target_(target) {}
 
   // Null where the thing keeps the name that is wanted for it.
-  const std::u16string* Of(const LcWorkbookTable& table) const { return Find(tables_, &table); }
-  const std::u16string* Of(const LcWorkbookColumn& column) const { return Find(columns_, &column); }
+  [[nodiscard]] const std::u16string* Of(const LcWorkbookTable& table) const {
+    return Find(tables_, &table);
+  }
+  [[nodiscard]] const std::u16string* Of(const LcWorkbookColumn& column) const {
+    return Find(columns_, &column);
+  }
   // The column's name in the script.
-  const std::u16string& In(const LcWorkbookColumn& column) const {
+  [[nodiscard]] const std::u16string& In(const LcWorkbookColumn& column) const {
     const std::u16string* name = Of(column);
     return name != nullptr ? *name : column.GetName();
   }
 
   // The name as the server takes it, with `end` behind it, which is never cut off.
-  std::u16string Fit(std::u16string_view name, std::u16string_view end = {}) const;
+  [[nodiscard]] std::u16string Fit(std::u16string_view name, std::u16string_view end = {}) const;
   // The same that is none of `taken`, to which it is added: names as the server compares them.
-  std::u16string FitBeside(std::u16string_view name, std::set<std::u16string>& taken,
-                           Sameness sameness) const;
+  [[nodiscard]] std::u16string FitBeside(std::u16string_view name, std::set<std::u16string>& taken,
+                                         Sameness sameness) const;
 
  private:
   template <typename T>
   using Map = std::unordered_map<const T*, std::u16string>;
   template <typename T>
-  static const std::u16string* Find(const Map<T>& map, const T* thing) {
+  [[nodiscard]] static const std::u16string* Find(const Map<T>& map, const T* thing) {
     const auto found = map.find(thing);
     return found == map.end() ? nullptr : &found->second;
   }

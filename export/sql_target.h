@@ -107,22 +107,24 @@ class Target {
   std::span<const OptionClause> view_options{};           // before AS
   std::span<const OptionClause> view_suffixes{};          // behind the text
 
-  std::string Quote(std::u16string_view name) const;
-  std::string Literal(std::u16string_view text) const;
+  [[nodiscard]] std::string Quote(std::u16string_view name) const;
+  [[nodiscard]] std::string Literal(std::u16string_view text) const;
   // An expression where a column's name is usual: in parentheses where it has none.
-  std::string Expression(std::u16string_view text) const;
+  [[nodiscard]] std::string Expression(std::u16string_view text) const;
   // The type that stands for a column of another server's; empty where there is no counterpart.
-  std::string TypeFor(const LcWorkbookColumn& column) const;
+  [[nodiscard]] std::string TypeFor(const LcWorkbookColumn& column) const;
   // The clauses of the options that are there, each with a blank before it, in the table's order.
-  std::string Clauses(const LcOptions& options, std::span<const OptionClause> table) const;
+  [[nodiscard]] std::string Clauses(const LcOptions& options,
+                                    std::span<const OptionClause> table) const;
   // A list of settings in PostgreSQL's form, with that sign between names and values.
-  std::string Settings(std::string_view list, std::string_view sign) const;
+  [[nodiscard]] std::string Settings(std::string_view list, std::string_view sign) const;
   // A name that stands with its schema, both in quotes, is itself; any other is quoted.
-  std::string QuoteLoose(std::u16string_view text) const;
+  [[nodiscard]] std::string QuoteLoose(std::u16string_view text) const;
 
  private:
-  std::string SizedNumber(std::string_view type_name, const LcWorkbookDatatype& type) const;
-  std::string QuoteEach(std::u16string_view names) const;
+  [[nodiscard]] std::string SizedNumber(std::string_view type_name,
+                                        const LcWorkbookDatatype& type) const;
+  [[nodiscard]] std::string QuoteEach(std::u16string_view names) const;
 };
 
 // `{a,"b c"}` as its elements: PostgreSQL's form of a list of texts.

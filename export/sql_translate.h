@@ -28,6 +28,7 @@ namespace wbexport::sql {
 
 // The columns that have to be texts of any length because the table's rows would be too long for
 // the server: the longest ones that are in no key. What the context has pending is lost.
-std::set<const LcWorkbookColumn*> TooLongColumns(Context& context, const LcWorkbookTable& table);
+[[nodiscard]] std::set<const LcWorkbookColumn*> TooLongColumns(Context& context,
+                                                               const LcWorkbookTable& table);
 
 }  // namespace wbexport::sql

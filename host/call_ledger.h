@@ -30,7 +30,7 @@ class CallLedger {
     std::u16string owner;
     std::u16string name;
   };
-  Asked AskedBy(const platform::DriverCall& call) const;
+  [[nodiscard]] Asked AskedBy(const platform::DriverCall& call) const;
   void Lose(const Asked& asked, const std::string& reason);
 
   enumImpItemType phase_ = iiNone;

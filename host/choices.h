@@ -21,7 +21,7 @@ struct Item {
   LeItemBit bit;
 };
 // The kinds of items by the names that the command line and the request file use.
-const std::vector<Item>& AllItems();
+[[nodiscard]] const std::vector<Item>& AllItems();
 // Empty when there is no item of that name.
 [[nodiscard]] std::optional<LeItemBit> FindItem(std::string_view name);
 
@@ -59,7 +59,7 @@ struct Choices {
   [[nodiscard]] bool HasSingleTable() const;
   // The items to import: those chosen, or the first nine kinds, of which synonyms are left out when
   // something is selected and no synonym is.
-  std::uint32_t ItemMask() const;
+  [[nodiscard]] std::uint32_t ItemMask() const;
 };
 
 [[nodiscard]] const char* NameOf(Choices::Reading reading);

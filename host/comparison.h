@@ -12,14 +12,14 @@
 namespace wbhost {
 
 // Throws a Failure for words that nobody knows.
-wbcompare::Options ComparisonOptions(const Options& given);
+[[nodiscard]] wbcompare::Options ComparisonOptions(const Options& given);
 
 // Where a comparison goes.
 class ComparisonSheet {
  public:
   // Throws a Failure where the file cannot be written.
   explicit ComparisonSheet(const OutputOptions& options);
-  const OutputFile& output() const { return output_; }
+  [[nodiscard]] const OutputFile& output() const { return output_; }
   // Compares and writes. Differences of `fails_from` and worse count for the outcome. Throws a
   // Failure.
   void Write(const Schema& before, const Schema& after, const wbcompare::Options& options,

@@ -48,12 +48,12 @@ class Connection {
   Connection(const Connection&) = delete;
   Connection& operator=(const Connection&) = delete;
 
-  void* henv() const;
-  void* hdbc() const;
+  [[nodiscard]] void* henv() const;
+  [[nodiscard]] void* hdbc() const;
   // The connection string without its password.
-  const std::string& connect_text() const { return connect_text_; }
+  [[nodiscard]] const std::string& connect_text() const { return connect_text_; }
 
-  const DriverCalls& calls() const;
+  [[nodiscard]] const DriverCalls& calls() const;
 
   // Has the server refuse to write, where it knows a statement for that.
   void MakeReadOnly() const;
@@ -62,10 +62,10 @@ class Connection {
   // Whether statements may name an owner in front of a table.
   [[nodiscard]] bool SupportsOwners() const;
   // The catalog that the connection is in, where catalogs mean something to the driver; else empty.
-  std::u16string CurrentCatalog() const { return KnownCatalog().value_or(u""); }
+  [[nodiscard]] std::u16string CurrentCatalog() const { return KnownCatalog().value_or(u""); }
   // The name of the database that the connection is in; of one that is a file the file's name
   // without its folder. Empty where the driver does not tell.
-  std::u16string DatabaseName() const;
+  [[nodiscard]] std::u16string DatabaseName() const;
   // Whether the connection is in no catalog although the server has catalogs instead of owners.
   [[nodiscard]] bool LacksCatalog() const;
   // The catalogs of the server, as its driver lists them; nothing where it does not.
@@ -76,15 +76,15 @@ class Connection {
     bool offered;
   };
   // The catalog functions, and the others that decide how an import reads.
-  std::vector<FunctionOffer> OfferedFunctions() const;
+  [[nodiscard]] std::vector<FunctionOffer> OfferedFunctions() const;
   // Of a played recording: how many questions it did not hold so far, and why for the first.
-  std::pair<std::uint32_t, std::string> QuestionsNotHeld() const;
-  std::string DbmsVersionText() const;
-  std::string DriverText() const;  // the driver's name and version
+  [[nodiscard]] std::pair<std::uint32_t, std::string> QuestionsNotHeld() const;
+  [[nodiscard]] std::string DbmsVersionText() const;
+  [[nodiscard]] std::string DriverText() const;  // the driver's name and version
 
  private:
   // Nothing where catalogs mean nothing or the driver does not tell.
-  const std::optional<std::u16string>& KnownCatalog() const;
+  [[nodiscard]] const std::optional<std::u16string>& KnownCatalog() const;
   [[nodiscard]] std::optional<std::u16string> AskCurrentCatalog() const;
 
   struct Handles;

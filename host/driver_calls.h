@@ -52,7 +52,7 @@ class DriverCalls {
   // The names of the server's catalogs; empty where the driver does not list them.
   [[nodiscard]] std::optional<std::vector<std::u16string>> Catalogs() const;
   // Of a played recording: how many questions it did not hold so far, and why for the first, UTF-8.
-  std::pair<SQLUINTEGER, std::string> QuestionsNotHeld() const;
+  [[nodiscard]] std::pair<SQLUINTEGER, std::string> QuestionsNotHeld() const;
   // Asks for the whole table of functions, so that a log has it.
   void AskFunctions() const;
 

@@ -27,7 +27,7 @@ class FileRoles {
     std::optional<std::pair<dev_t, ino_t>> identity;  // of one that is there
     std::string path;                                 // with links resolved
   };
-  static File Make(const std::string& name, const std::string& role);
+  [[nodiscard]] static File Make(const std::string& name, const std::string& role);
   void Reads(const std::string& name, const std::string& role);
   void ReadsDatabase(const std::string& name);
   void Writes(const std::string& name, const std::string& role);

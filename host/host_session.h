@@ -16,7 +16,7 @@
 namespace wbhost {
 
 // Whether nothing says where to connect to.
-bool IsSampleByDefault(const ConnectionOptions& options);
+[[nodiscard]] bool IsSampleByDefault(const ConnectionOptions& options);
 
 class HostSession {
  public:
@@ -25,15 +25,15 @@ class HostSession {
   // `choices` become those of the recording where one is played and the user chose nothing.
   HostSession(Run& run, Choices& choices, const OutputFile& output);
 
-  ImportRunner& runner() { return runner_; }
-  const Connection& connection() const { return connection_; }
+  [[nodiscard]] ImportRunner& runner() { return runner_; }
+  [[nodiscard]] const Connection& connection() const { return connection_; }
   // Whether imports from now on go by the catalog functions on every server.
   void ReadGenerically(bool generic) { services_.ReadGenerically(generic); }
   // Keeps the choices with a recording, once the names in them are the server's.
   void NoteChoices(const Choices& choices) { recording_.NoteChoices(choices); }
   // The choices are those of the recording that is played: their names were resolved when it was
   // made.
-  bool RepeatsChoices() const { return repeats_choices_; }
+  [[nodiscard]] bool RepeatsChoices() const { return repeats_choices_; }
   // Adds what the end of the run shows: a report that could not be written, and what a recording
   // did not hold.
   void Finish(Outcome& outcome);
@@ -42,13 +42,13 @@ class HostSession {
   void SetRest(std::function<void(Outcome& outcome)> rest) { rest_ = std::move(rest); }
   // Whether an import that ended well is told of in one line at its end. A bar that goes away
   // leaves nothing of an import into a file.
-  bool SaysTheEnd(bool to_file) const {
+  [[nodiscard]] bool SaysTheEnd(bool to_file) const {
     return progress_ == ProgressMode::kEnd || (to_file && progress_ == ProgressMode::kBar);
   }
 
  private:
   void CheckReplay(Outcome& outcome);
-  int Abandon(ExitCode code, const std::string& why);
+  [[nodiscard]] int Abandon(ExitCode code, const std::string& why);
 
   Run& run_;
   const ProgressMode progress_;

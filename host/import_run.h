@@ -21,7 +21,7 @@ class StartedModule {
   explicit StartedModule(const std::optional<std::string>& message_folder);
   ~StartedModule();
   // What was left out at the start: settings that cannot be read. Empty: nothing.
-  const std::string& note() const { return note_; }
+  [[nodiscard]] const std::string& note() const { return note_; }
 
   StartedModule(const StartedModule&) = delete;
   StartedModule& operator=(const StartedModule&) = delete;
@@ -53,18 +53,19 @@ class ImportRunner {
   // Imports the items of the mask. Throws a Failure before any statement that would have such a
   // name in it. `traced` false keeps a run that only prepares another one out of the notification
   // trace. Interrupts take effect at the notifications.
-  ImportResult Run(const LcImportChoices& choices, std::uint32_t item_mask, bool traced = true);
+  [[nodiscard]] ImportResult Run(const LcImportChoices& choices, std::uint32_t item_mask,
+                                 bool traced = true);
   // The route that a run would take, with what is known of the server then.
-  LcODBCWorkbookImport::RouteDecision DecideRoute(const LcImportChoices& choices);
+  [[nodiscard]] LcODBCWorkbookImport::RouteDecision DecideRoute(const LcImportChoices& choices);
 
   // What the run in hand has read, where its thread is inside of a call that never comes back: the
   // workbook is null where there is nothing to keep.
-  ImportResult TakeRest();
+  [[nodiscard]] ImportResult TakeRest();
 
   // Adds what a result means for the exit code, with what is to be said of it.
   void Judge(const ImportResult& result, Outcome& outcome) const;
 
-  const Connection& connection() const { return connection_; }
+  [[nodiscard]] const Connection& connection() const { return connection_; }
 
  private:
   class Importer;

@@ -11,6 +11,6 @@ namespace wbhost {
 // where another table has a name that it fits (with a part of the tables read, `is_part`, any
 // pattern character: the others are not known), a backslash, which drivers take for an escape, and
 // a name so long that it may have been cut. What is whole costs no failure: all are withheld.
-std::vector<LcNotRead> FindInexactNames(const LcWorkbook& workbook, bool is_part);
+[[nodiscard]] std::vector<LcNotRead> FindInexactNames(const LcWorkbook& workbook, bool is_part);
 
 }  // namespace wbhost

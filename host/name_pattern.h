@@ -11,21 +11,21 @@ class NamePattern {
  public:
   // Parts the text at the first dot outside of double quotes; a part in quotes is literal.
   // `option` is for the message of the Failure that a text without a name throws.
-  static NamePattern OfTable(const std::string& text, const char* option);
+  [[nodiscard]] static NamePattern OfTable(const std::string& text, const char* option);
   // A name of one part.
-  static NamePattern OfName(const std::string& text, const char* option);
+  [[nodiscard]] static NamePattern OfName(const std::string& text, const char* option);
 
   // Whether a name fits; without an owner in the pattern any owner does. What is in quotes never
   // ignores case.
   [[nodiscard]] bool Matches(std::u16string_view owner, std::u16string_view name,
                              bool ignoring_case) const;
-  bool HasWildcards() const { return owner_.wild || name_.wild; }
-  bool HasOwner() const { return has_owner_; }
+  [[nodiscard]] bool HasWildcards() const { return owner_.wild || name_.wild; }
+  [[nodiscard]] bool HasOwner() const { return has_owner_; }
   // As they stand, for a pattern without wildcards.
-  const std::u16string& owner() const { return owner_.plain; }
-  const std::u16string& name() const { return name_.plain; }
-  const std::string& text() const { return text_; }  // as the user wrote it
-  const char* option() const { return option_; }
+  [[nodiscard]] const std::u16string& owner() const { return owner_.plain; }
+  [[nodiscard]] const std::u16string& name() const { return name_.plain; }
+  [[nodiscard]] const std::string& text() const { return text_; }  // as the user wrote it
+  [[nodiscard]] const char* option() const { return option_; }
 
  private:
   struct Part {
@@ -34,7 +34,7 @@ class NamePattern {
     bool wild = false;
     bool quoted = false;
   };
-  static Part ReadPart(std::u16string plain, bool quoted);
+  [[nodiscard]] static Part ReadPart(std::u16string plain, bool quoted);
   [[nodiscard]] static bool Fits(const Part& part, std::u16string_view name, bool ignoring_case);
 
   std::string text_;

@@ -19,7 +19,7 @@ class Environment {
   ~Environment();
   Environment(const Environment&) = delete;
   Environment& operator=(const Environment&) = delete;
-  SQLHENV Get() const { return handle_; }
+  [[nodiscard]] SQLHENV Get() const { return handle_; }
 
  private:
   SQLHENV handle_ = SQL_NULL_HENV;

@@ -17,10 +17,10 @@ struct IniSection {
 };
 
 // The user's sections of odbc.ini, then the system's of other names.
-std::vector<IniSection> ReadOdbcIni();
+[[nodiscard]] std::vector<IniSection> ReadOdbcIni();
 // The sections of odbcinst.ini.
-std::vector<IniSection> ReadOdbcInstIni();
+[[nodiscard]] std::vector<IniSection> ReadOdbcInstIni();
 // Of a file's text; a line that is neither a section nor an entry is passed over.
-std::vector<IniSection> ParseIni(const std::string& text);
+[[nodiscard]] std::vector<IniSection> ParseIni(const std::string& text);
 
 }  // namespace wbhost

@@ -35,12 +35,12 @@ class Outcome {
   void Add(ExitCode code, const std::string& what = {}, const std::string& where = {});
   // The file that holds what was read, as the user wrote it.
   void SetWritten(const std::string& file) { written_ = file; }
-  bool Has(ExitCode code) const { return reasons_.count(code) != 0; }
-  bool IsOk() const { return reasons_.empty(); }
+  [[nodiscard]] bool Has(ExitCode code) const { return reasons_.count(code) != 0; }
+  [[nodiscard]] bool IsOk() const { return reasons_.empty(); }
   // The code to end with: of several the first of 5, 6, 2, 4, 9, 1, 3, 10.
-  ExitCode Code() const;
+  [[nodiscard]] ExitCode Code() const;
   // The line about that code; empty where there is nothing to say.
-  std::string Line() const;
+  [[nodiscard]] std::string Line() const;
 
  private:
   struct Reason {
@@ -58,7 +58,7 @@ class Failure : public std::runtime_error {
  public:
   Failure(ExitCode code, const std::string& message)
       : std::runtime_error(OneLine(message)), code_(code) {}
-  ExitCode code() const { return code_; }
+  [[nodiscard]] ExitCode code() const { return code_; }
 
  private:
   ExitCode code_;

@@ -31,9 +31,9 @@ class OutputFile {
   [[nodiscard]] bool WriteFolder(const std::function<bool(const std::string& folder)>& write) const;
   // The same for a text.
   void WriteText(const std::string& text) const;
-  bool IsStandardOutput() const { return path_.empty(); }
-  bool IsFolder() const { return folder_; }
-  const std::string& name() const { return name_; }  // as the user wrote it
+  [[nodiscard]] bool IsStandardOutput() const { return path_.empty(); }
+  [[nodiscard]] bool IsFolder() const { return folder_; }
+  [[nodiscard]] const std::string& name() const { return name_; }  // as the user wrote it
 
  private:
   [[nodiscard]] bool WriteWhole(const std::function<bool(std::ostream&)>& write) const;

@@ -42,14 +42,14 @@ class ProgressCount {
   ProgressCount(bool keys, bool foreign_keys) : keys_(keys), foreign_keys_(foreign_keys) {}
   // `record` is what the callback got.
   void Notify(enumImpNotify notify, const void* record, double now);
-  ProgressState State(double now) const;
+  [[nodiscard]] ProgressState State(double now) const;
 
  private:
   void Begin(enumImpItemType phase, double now);
   void EndLoop(double now);
   void CountItem(const LcImpItemInfo& item);
-  std::uint32_t Done() const;
-  int PhasesAhead() const;
+  [[nodiscard]] std::uint32_t Done() const;
+  [[nodiscard]] int PhasesAhead() const;
 
   const bool keys_;
   const bool foreign_keys_;
@@ -81,7 +81,7 @@ class Progress {
 
  private:
   using Clock = std::chrono::steady_clock;
-  double Seconds() const;
+  [[nodiscard]] double Seconds() const;
 
   const ProgressMode mode_;
   Screen& screen_;

@@ -18,7 +18,7 @@ struct ReplayNotes {
   [[nodiscard]] static std::optional<ReplayNotes> Read(const std::string& file);
 
   // What was wanted when the n-th notification of an import of the run came; both count from 1.
-  InterruptWish WishAt(unsigned import_number, unsigned notification) const;
+  [[nodiscard]] InterruptWish WishAt(unsigned import_number, unsigned notification) const;
 
   struct Interrupt {
     InterruptWish wish;

@@ -19,14 +19,14 @@ class ReportFile {
   // Does nothing where no file is wanted. One that is wanted stays as it was until Open.
   ReportFile(const std::optional<std::string>& file, const Secrets& secrets);
   void Open();
-  bool IsOpen() const { return out_.has_value(); }
+  [[nodiscard]] bool IsOpen() const { return out_.has_value(); }
   void WriteLine(const std::string& line);
   // Both scrub secrets first; the second writes the text as one JSON string.
   void WriteScrubbed(const std::string& line);
   void WriteJsonString(const std::string& text);
   // False once something could not be written.
-  bool IsGood() const { return !out_ || out_->good(); }
-  const std::string& name() const { return name_; }
+  [[nodiscard]] bool IsGood() const { return !out_ || out_->good(); }
+  [[nodiscard]] const std::string& name() const { return name_; }
 
  private:
   std::string name_;  // empty: none is wanted

@@ -26,7 +26,7 @@ class RunRecording {
   RunRecording& operator=(const RunRecording&) = delete;
 
   // Hears of every driver call; null where nothing is recorded.
-  const std::shared_ptr<recording::Recorder>& recorder() const { return recorder_; }
+  [[nodiscard]] const std::shared_ptr<recording::Recorder>& recorder() const { return recorder_; }
   // Asks the driver what a replay wants to know of it, and begins the file with its name.
   void Begin(const Connection& connection);
   // What the user chose, and what the module asked of the host: a replay does the same.

@@ -14,7 +14,7 @@ struct Sample {
   const char* simulated_server;
   const char* description;
 };
-const std::vector<Sample>& AllSamples();
+[[nodiscard]] const std::vector<Sample>& AllSamples();
 [[nodiscard]] const Sample* FindSample(std::string_view name);  // null when there is none
 
 // The path of the simulator, a driver that lies beside the import module.
@@ -29,7 +29,7 @@ class SampleDatabase {
   SampleDatabase(const SampleDatabase&) = delete;
   SampleDatabase& operator=(const SampleDatabase&) = delete;
   // The file name under which SQLite opens it.
-  static const char* FileName();
+  [[nodiscard]] static const char* FileName();
 
  private:
   struct Handle;

@@ -29,8 +29,8 @@ class Screen {
   // Draws the bar in place of the last one; it is not a line of its own.
   void ShowBar(std::string_view text);
   void ClearBar();
-  bool IsTerminal() const { return terminal_; }
-  int Width() const;  // in columns
+  [[nodiscard]] bool IsTerminal() const { return terminal_; }
+  [[nodiscard]] int Width() const;  // in columns
 
  private:
   void WriteLine(std::string_view text, bool error);

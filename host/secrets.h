@@ -24,7 +24,7 @@ class Secrets {
   bool AddFrom(std::string_view connection_string);
   // The text for people, without any secret: MaskSecrets. A driver's message may quote the whole
   // connection string.
-  std::string Scrub(std::string_view text) const;
+  [[nodiscard]] std::string Scrub(std::string_view text) const;
 
  private:
   std::vector<std::string> secrets_;

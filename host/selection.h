@@ -20,7 +20,7 @@ class Selection {
       if (table != nullptr) tables_.emplace(table->owner, table->name);
     }
   }
-  bool IsEmpty() const { return owners_.empty() && tables_.empty(); }
+  [[nodiscard]] bool IsEmpty() const { return owners_.empty() && tables_.empty(); }
   [[nodiscard]] bool Holds(const LcTableInfo& table) const {
     return owners_.count(table.owner) != 0 || tables_.count({table.owner, table.name}) != 0 ||
            tables_.count({u"", table.name}) != 0;

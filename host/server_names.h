@@ -23,8 +23,8 @@ class ServerNames {
       : choices_(choices), runner_(runner) {}
 
   // Each gives nothing where an error, an interrupt or the driver kept the names from being read.
-  const std::optional<Entries>& TablesAndViews();
-  const std::optional<Entries>& Synonyms();
+  [[nodiscard]] const std::optional<Entries>& TablesAndViews();
+  [[nodiscard]] const std::optional<Entries>& Synonyms();
   // All owners, whatever the choices say.
   [[nodiscard]] std::optional<Texts> Owners();
   std::optional<Texts> Catalogs() const { return runner_.connection().Catalogs(); }

@@ -31,13 +31,13 @@ class InstalledServices {
   void ReadGenerically(bool generic);
 
   // What was lost unseen on the way.
-  CallLedger& ledger() const;
+  [[nodiscard]] CallLedger& ledger() const;
   // Message boxes shown so far.
-  std::uint32_t ErrorsShown() const;
+  [[nodiscard]] std::uint32_t ErrorsShown() const;
   // How many of the driver's calls failed so far.
-  std::size_t Failures() const;
+  [[nodiscard]] std::size_t Failures() const;
   // The last of them with its diagnostics; empty while none did.
-  const std::string& LastFailure() const;
+  [[nodiscard]] const std::string& LastFailure() const;
 
  private:
   class Box;

@@ -31,16 +31,16 @@ class LC_EXPORT LcODBCWorkbookImport : public LcWorkbookImport {
   // that moves to another connection resets choices.dbms_type to dbmsUnknown. It works on choices,
   // targets and handles as they are when it is called. False, with nothing done, while this
   // importer imports already, in a callback or on another thread.
-  bool ImportItems(unsigned short& status) override;
+  [[nodiscard]] bool ImportItems(unsigned short& status) override;
 
   // Lend and withdraw the ODBC handles, which stay the host's. Always true.
   bool SyncLogin(void* henv, void* hdbc) override;
   bool SyncLogin(LcWorkbookDatabase* database) override;
   bool UnSyncLogin() override;
 
-  int GetDBMSVersion() const;                 // major version, 0 until known
-  LeDBMSType GetDBMSType() const;             // what the last import settled on
-  const std::u16string& GetDBMSName() const;  // empty until known
+  [[nodiscard]] int GetDBMSVersion() const;                 // major version, 0 until known
+  [[nodiscard]] LeDBMSType GetDBMSType() const;             // what the last import settled on
+  [[nodiscard]] const std::u16string& GetDBMSName() const;  // empty until known
 
   // The ways of reading a catalog, and what a host may want to know of each.
   enum class RouteKind { kODBC, kInformix, kNative, kExact };
@@ -68,7 +68,7 @@ class LC_EXPORT LcODBCWorkbookImport : public LcWorkbookImport {
   // exact reading is wanted, as ImportItems does, and changes nothing.
   [[nodiscard]] RouteDecision DecideRoute() const;
   // The route that the last ImportItems took; null before the first.
-  const RouteDecision* GetRouteTaken() const { return route_taken_.get(); }
+  [[nodiscard]] const RouteDecision* GetRouteTaken() const { return route_taken_.get(); }
 
  protected:
   virtual bool IsIUS();

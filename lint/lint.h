@@ -30,7 +30,7 @@ struct RuleInfo {
   const char* what;  // what is found, as a phrase: "a foreign key whose columns begin no index"
 };
 // In the order of their ids.
-std::span<const RuleInfo> AllRules();
+[[nodiscard]] std::span<const RuleInfo> AllRules();
 // By id, upper and lower case alike, or by name. Null where there is none.
 [[nodiscard]] const RuleInfo* FindRule(std::string_view id_or_name);
 
@@ -54,7 +54,7 @@ struct Report {
   std::vector<const RuleInfo*> checked;
   std::size_t tables = 0;  // and views that were looked at
 
-  std::size_t Count(Severity severity) const;
+  [[nodiscard]] std::size_t Count(Severity severity) const;
   [[nodiscard]] bool HasAtLeast(Severity severity) const;
 };
 

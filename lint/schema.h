@@ -56,8 +56,8 @@ struct Schema {
   std::vector<const LcWorkbookTable*> named;                       // tables and views, for names
   unsigned known = 0;
 
-  const Table* Find(const LcWorkbookTable* table) const;
-  bool IsDialect(std::u16string_view name) const { return info.dialect == name; }
+  [[nodiscard]] const Table* Find(const LcWorkbookTable* table) const;
+  [[nodiscard]] bool IsDialect(std::u16string_view name) const { return info.dialect == name; }
 };
 
 // A name for people: control characters as their pictures, on one line.

@@ -37,7 +37,7 @@ void WriteJson(const Document& document, const WriteOptions& options, std::ostre
 void WriteMarkdown(const Document& document, const WriteOptions& options, std::ostream& out);
 
 // What people call the database: its title, else its name; empty where neither is known.
-std::string DatabaseTitle(const LcWorkbookFileInfo& info);
+[[nodiscard]] std::string DatabaseTitle(const LcWorkbookFileInfo& info);
 // "3 findings in 2 of 40 tables: 1 error, 2 warnings"
 [[nodiscard]] std::string Summary(const Report& report);
 // Their names with their owners; of a finding about the whole schema its owner, or "schema".

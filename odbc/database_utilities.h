@@ -8,8 +8,8 @@
 
 namespace odbc {
 
-std::shared_ptr<platform::DatabaseUtilities> MakeDatabaseUtilities();
+[[nodiscard]] std::shared_ptr<platform::DatabaseUtilities> MakeDatabaseUtilities();
 // Those in force: the host's, or the module's own while the services have none.
-platform::DatabaseUtilities& GetDatabaseUtilities();
+[[nodiscard]] platform::DatabaseUtilities& GetDatabaseUtilities();
 
 }  // namespace odbc

@@ -81,8 +81,8 @@ class Statement {
 
   // Drops a statement that is there already.
   SQLRETURN Allocate(SQLHDBC hdbc);
-  bool IsAllocated() const { return handle_ != SQL_NULL_HSTMT; }
-  SQLHSTMT Get() const { return handle_; }
+  [[nodiscard]] bool IsAllocated() const { return handle_ != SQL_NULL_HSTMT; }
+  [[nodiscard]] SQLHSTMT Get() const { return handle_; }
 
   SQLRETURN SetOption(SQLUSMALLINT option, SQLULEN value);
   // `heading`: the names of the result columns that the program expects, for those who listen to

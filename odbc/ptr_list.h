@@ -30,16 +30,16 @@ class TPtrList {
   }
   ~TPtrList() = default;
 
-  std::size_t GetCount() const { return count_; }
-  bool IsEmpty() const { return count_ == 0; }
-  Position GetHeadPosition() const { return head_; }
-  Position GetTailPosition() const { return tail_; }
+  [[nodiscard]] std::size_t GetCount() const { return count_; }
+  [[nodiscard]] bool IsEmpty() const { return count_ == 0; }
+  [[nodiscard]] Position GetHeadPosition() const { return head_; }
+  [[nodiscard]] Position GetTailPosition() const { return tail_; }
   // The neighbours of a position of this list, null at the ends; and the pointer that it holds.
   static Position After(Position position) { return position->next; }
   static Position Before(Position position) { return position->previous; }
-  static T* GetAt(Position position) { return position->item; }
+  [[nodiscard]] static T* GetAt(Position position) { return position->item; }
   // The first position that holds the pointer, or null.
-  Position Find(const T* item) const;
+  [[nodiscard]] Position Find(const T* item) const;
 
   Position AddTail(T* item);
   Position AddHead(T* item);
@@ -80,8 +80,8 @@ class TIterator {
   virtual Position Next() = 0;
   [[nodiscard]] virtual bool IsDone() const = 0;
   // The pointer at the current position, or null. Item forwards to CurrentItem.
-  virtual T* CurrentItem() const = 0;
-  virtual T* Item() const = 0;
+  [[nodiscard]] virtual T* CurrentItem() const = 0;
+  [[nodiscard]] virtual T* Item() const = 0;
   // Moves to the tail; returns the position.
   virtual Position Last() = 0;
   // Returns the current position and moves back to the one before it.

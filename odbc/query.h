@@ -23,7 +23,7 @@ struct QueryFailure {
   std::vector<Diagnostic> diagnostics;  // all that the driver had; none where it was silent
 
   // One line for people: the first message, behind its state and number. UTF-16.
-  std::u16string Text() const;
+  [[nodiscard]] std::u16string Text() const;
   // The driver says that the connection itself is gone.
   [[nodiscard]] bool IsConnectionLost() const;
 };
@@ -46,20 +46,20 @@ class Query {
   // Texts arrive as UTF-8 in narrow cells, which costs less on some drivers; in wide ones where the
   // driver would take narrow ones in another encoding. Wide at first.
   void UseNarrowCells(bool narrow) { narrow_ = narrow; }
-  bool UsesNarrowCells() const { return narrow_; }
+  [[nodiscard]] bool UsesNarrowCells() const { return narrow_; }
 
   // Runs a statement that gives `columns` result columns, 0 for one without a result. Texts are
   // UTF-8. Ends the statement before. kRow when it was executed. `heading` names the columns for
   // those who listen to the driver's calls.
-  QueryState Execute(std::string_view sql, const std::vector<std::string>& parameters,
-                     std::size_t columns, std::u16string_view heading = {});
-  QueryState Fetch();
+  [[nodiscard]] QueryState Execute(std::string_view sql, const std::vector<std::string>& parameters,
+                                   std::size_t columns, std::u16string_view heading = {});
+  [[nodiscard]] QueryState Fetch();
   // A cell of the row, 0-based, valid until the next call; a view without data for NULL, which an
   // empty text is not.
-  std::string_view Cell(std::size_t column) const { return cells_[column]; }
+  [[nodiscard]] std::string_view Cell(std::size_t column) const { return cells_[column]; }
   // How many columns the statement gives, as the driver says.
-  std::size_t ColumnsGiven() const { return columns_given_; }
-  const QueryFailure& Failure() const { return failure_; }
+  [[nodiscard]] std::size_t ColumnsGiven() const { return columns_given_; }
+  [[nodiscard]] const QueryFailure& Failure() const { return failure_; }
   // Ends the statement; nothing of it stays open on the connection.
   void Close();
 

@@ -17,9 +17,9 @@ class LC_EXPORT LcODBCColumn : public LcObject {
   LcODBCColumn(const char16_t* name, short sql_type);
   ~LcODBCColumn() override;
   const char* GetRuntimeClass() const override;
-  const std::u16string& GetName() const { return name_; }  // at most 29 characters
+  [[nodiscard]] const std::u16string& GetName() const { return name_; }  // at most 29 characters
   // 1 for SQL_LONGVARBINARY and SQL_LONGVARCHAR, else 0 (also for SQL_WLONGVARCHAR).
-  int IsLong() const;
+  [[nodiscard]] int IsLong() const;
 
  private:
   std::u16string name_;
@@ -36,15 +36,15 @@ class LC_EXPORT LcODBCRecordList : public LcObject {
   LcODBCRecordList& operator=(const LcODBCRecordList&) = delete;
   const char* GetRuntimeClass() const override;
 
-  int GetRowCount() const;     // of rows or column descriptions
-  int GetColumnCount() const;  // of the first row; 0 without rows
+  [[nodiscard]] int GetRowCount() const;     // of rows or column descriptions
+  [[nodiscard]] int GetColumnCount() const;  // of the first row; 0 without rows
   // A copy of the cell; none for numbers out of range. A NULL reads as empty.
   [[nodiscard]] std::optional<std::u16string> WholeCell(int row, int column) const;
   // The same for hosts: sets `out`, and gives false with `out` empty where there is no cell.
-  bool GetData(int row, int column, std::u16string& out) const;
+  [[nodiscard]] bool GetData(int row, int column, std::u16string& out) const;
   // The cell without its trailing blanks and without a copy, empty out of range; valid as long as
   // the list is.
-  std::u16string_view View(int row, int column) const;
+  [[nodiscard]] std::u16string_view View(int row, int column) const;
 
   // For the fetch layer: appends a row with copies of the cells. Memory that runs out throws
   // std::bad_alloc and leaves the list as it was.
@@ -52,7 +52,8 @@ class LC_EXPORT LcODBCRecordList : public LcObject {
 
   // For column descriptions.
   void AppendColumn(std::unique_ptr<LcODBCColumn> column);
-  const LcODBCColumn* GetColumn(int position) const;  // 0-based; null when there is none
+  [[nodiscard]] const LcODBCColumn* GetColumn(
+      int position) const;  // 0-based; null when there is none
 
  private:
   struct Storage;

@@ -10,6 +10,6 @@ namespace platform {
 
 // dbmsOther for a server that is known to have an ODBC driver and needs no handling of its own,
 // dbmsUnknown for every other name.
-LeDBMSType ClassifyDBMSName(std::u16string_view name);
+[[nodiscard]] LeDBMSType ClassifyDBMSName(std::u16string_view name);
 
 }  // namespace platform

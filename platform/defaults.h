@@ -14,18 +14,18 @@ namespace platform {
 // value. A file that is missing, cannot be read, is no TOML or is larger or deeper than a file of
 // settings gets has no values, and `why`, where it is not null, tells so in words; else it is
 // empty.
-std::shared_ptr<SettingsStore> MakeTomlSettingsStore(const std::string& path,
-                                                     std::string* why = nullptr);
+[[nodiscard]] std::shared_ptr<SettingsStore> MakeTomlSettingsStore(const std::string& path,
+                                                                   std::string* why = nullptr);
 // What was wrong with the settings file in force; empty where nothing was.
-const std::string& SettingsProblem();
+[[nodiscard]] const std::string& SettingsProblem();
 // The settings file in force: the one that WBIMPORT_SETTINGS names, else the first
 // wbimport/settings.toml that exists in the user's and the system's configuration folders
 // (XDG_CONFIG_HOME, XDG_CONFIG_DIRS and their defaults). Empty when there is none.
-std::string FindSettingsFile();
+[[nodiscard]] std::string FindSettingsFile();
 
 // Writes each text to standard error, as a paragraph of its own.
-std::shared_ptr<MessageBox> MakeStandardErrorMessageBox();
+[[nodiscard]] std::shared_ptr<MessageBox> MakeStandardErrorMessageBox();
 // Shows nothing: a command line has no pointer.
-std::shared_ptr<BusyCursor> MakeNoBusyCursor();
+[[nodiscard]] std::shared_ptr<BusyCursor> MakeNoBusyCursor();
 
 }  // namespace platform

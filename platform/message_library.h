@@ -13,7 +13,8 @@ constexpr const char* kMessageLibraryFile = "msgtext.dll";
 
 // Loads the library `file_name` from `folder`. Null on failure; `why` then says which file was
 // looked for, where, and what was wrong with it. The library is given back with the last copy.
-std::shared_ptr<MessageLibrary> LoadResourceDLL(const std::string& folder, const char* file_name,
-                                                std::string& why);
+[[nodiscard]] std::shared_ptr<MessageLibrary> LoadResourceDLL(const std::string& folder,
+                                                              const char* file_name,
+                                                              std::string& why);
 
 }  // namespace platform

@@ -9,6 +9,6 @@ namespace platform {
 
 // The folder of what the module loads at run time, without a slash at the end: `odbcimport` beside
 // the module where there is one (an installation), else the module's own folder (a build tree).
-LC_EXPORT std::string GetModuleFolder();
+[[nodiscard]] LC_EXPORT std::string GetModuleFolder();
 
 }  // namespace platform

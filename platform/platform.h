@@ -23,8 +23,8 @@ class LC_EXPORT SettingsStore {
  public:
   virtual ~SettingsStore() = default;
   // The value as 32 bits. Empty when key or value are missing, or when the value is no number.
-  virtual std::optional<std::uint32_t> ReadDWORD(const std::u16string& key,
-                                                 const std::u16string& value) = 0;
+  [[nodiscard]] virtual std::optional<std::uint32_t> ReadDWORD(const std::u16string& key,
+                                                               const std::u16string& value) = 0;
 };
 
 // Modal messages to the user.
@@ -40,7 +40,7 @@ class LC_EXPORT MessageLibrary {
  public:
   virtual ~MessageLibrary() = default;
   // The text with the number; empty when the library has none.
-  virtual std::u16string GetText(unsigned id) = 0;
+  [[nodiscard]] virtual std::u16string GetText(unsigned id) = 0;
 };
 
 // The host's wait cursor, shown while a route runs.
@@ -56,7 +56,7 @@ class LC_EXPORT DatabaseUtilities {
  public:
   virtual ~DatabaseUtilities() = default;
   // Classifies the text of SQL_DBMS_NAME; dbmsUnknown for a name that is not known.
-  virtual LeDBMSType DeterineDBMSTypeByName(const char16_t* dbms_name) = 0;
+  [[nodiscard]] virtual LeDBMSType DeterineDBMSTypeByName(const char16_t* dbms_name) = 0;
   // Fills the five parameters of the current log-in; an unknown one stays as it was. The fourth is
   // the name of the data source.
   virtual void RecoverLoginParameters(void* hdbc, const char16_t* connect_text,
@@ -65,7 +65,8 @@ class LC_EXPORT DatabaseUtilities {
                                       std::u16string& server) = 0;
   // The DB2 CLI catalog schema that is configured for the data source. False, with an empty schema,
   // when there is none.
-  virtual bool GetDB2CLISchema(const char16_t* data_source, std::u16string& schema) = 0;
+  [[nodiscard]] virtual bool GetDB2CLISchema(const char16_t* data_source,
+                                             std::u16string& schema) = 0;
 };
 
 // Watches every call that the module makes of the driver.
@@ -99,6 +100,6 @@ struct LC_EXPORT Services {
 
 // The services in force, with the defaults where a host has installed nothing. Never null, but for
 // `messages` and `database` before the module was started and `call_log`.
-LC_EXPORT Services& GetServices();
+[[nodiscard]] LC_EXPORT Services& GetServices();
 
 }  // namespace platform

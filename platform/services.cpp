@@ -22,7 +22,7 @@ Services MakeDefaults() {
 }  // namespace
 
 const std::string& SettingsProblem() {
-  GetServices();
+  static_cast<void>(GetServices());  // which read the file
   return Problem();
 }
 

@@ -54,7 +54,7 @@ struct Cell {
 class CallReader {
  public:
   explicit CallReader(std::string_view bytes) : rest_(bytes) {}
-  bool AtEnd() const { return rest_.empty(); }
+  [[nodiscard]] bool AtEnd() const { return rest_.empty(); }
 
   template <class Value>
   Value Take() {

@@ -9,7 +9,7 @@
 namespace recording {
 
 // Appends the text as UTF-8. False when it is not well formed; `out` then holds no sensible end.
-bool AppendUtf8(std::u16string_view text, std::string& out);
+[[nodiscard]] bool AppendUtf8(std::u16string_view text, std::string& out);
 [[nodiscard]] bool IsUtf8(std::string_view text);
 
 void AppendNumber(std::int64_t number, std::string& line);

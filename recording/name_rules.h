@@ -35,9 +35,9 @@ class NameRules {
   void NoteNumber(std::string_view field, std::int64_t number);
   void NoteText(std::string_view field, std::string_view text);
 
-  Role RoleOfField(std::string_view field) const;
-  Role RoleOfCell(int column) const;  // of a result, from 1
-  Role RoleOfPiece() const;           // of the column that the call named
+  [[nodiscard]] Role RoleOfField(std::string_view field) const;
+  [[nodiscard]] Role RoleOfCell(int column) const;  // of a result, from 1
+  [[nodiscard]] Role RoleOfPiece() const;           // of the column that the call named
 
   // Begins a row of a result; `owner` is told every owner's name in it before its texts are asked
   // for.
@@ -45,7 +45,7 @@ class NameRules {
   void SeeOwner(std::string_view owner);
 
   // The text in its role, UTF-8; valid until the next call.
-  std::string_view Apply(Role role, std::string_view text);
+  [[nodiscard]] std::string_view Apply(Role role, std::string_view text);
 
  private:
   struct State;

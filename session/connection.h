@@ -10,10 +10,10 @@ class Connection {
  public:
   Connection(const LcWorkbookImport& base, ServerFacts& server) : base_(base), server_(server) {}
 
-  void* henv() const { return base_.henv; }
-  void* hdbc() const { return base_.hdbc; }
-  ServerFacts& server() { return server_; }
-  const ServerFacts& server() const { return server_; }
+  [[nodiscard]] void* henv() const { return base_.henv; }
+  [[nodiscard]] void* hdbc() const { return base_.hdbc; }
+  [[nodiscard]] ServerFacts& server() { return server_; }
+  [[nodiscard]] const ServerFacts& server() const { return server_; }
 
  private:
   const LcWorkbookImport& base_;

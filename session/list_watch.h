@@ -40,7 +40,7 @@ class ListWatch {
   // A derived class may name the entries; they are shared pointers of the list's own kind.
   template <class T>
   struct EntriesOf : LcObjectList<T> {
-    static const std::vector<std::shared_ptr<T>>& Of(const LcObjectList<T>& list) {
+    [[nodiscard]] static const std::vector<std::shared_ptr<T>>& Of(const LcObjectList<T>& list) {
       return list.*(&EntriesOf::entries_);
     }
   };

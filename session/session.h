@@ -31,12 +31,14 @@ class ImportSession {
   Progress progress;
   Connection connection;
 
-  ServerFacts& server() { return connection.server(); }
-  const ServerFacts& server() const { return connection.server(); }
+  [[nodiscard]] ServerFacts& server() { return connection.server(); }
+  [[nodiscard]] const ServerFacts& server() const { return connection.server(); }
   bool IsIUS() const { return server().is_ius; }
-  bool HasItem(std::uint32_t bits) const { return (choices.item_mask & bits) != 0; }
+  [[nodiscard]] bool HasItem(std::uint32_t bits) const { return (choices.item_mask & bits) != 0; }
 
-  QueryResult RunQuery(const std::u16string& sql) const { return QueryResult(connection, sql); }
+  [[nodiscard]] QueryResult RunQuery(const std::u16string& sql) const {
+    return QueryResult(connection, sql);
+  }
 };
 
 }  // namespace odbcimport

@@ -20,27 +20,27 @@ class Sink {
         own_types_(std::move(own_types)) {}
 
   // Null: the routes with own SQL refuse to run.
-  LcWorkbook* workbook() { return workbook_; }
+  [[nodiscard]] LcWorkbook* workbook() { return workbook_; }
   // Null: the host does not want that kind.
-  LcOwnerInfoList* owner_names() { return targets_.owner_names; }
-  LcTableInfoList* table_names() { return targets_.table_names; }
-  LcWBColumnInfoList* column_names() { return targets_.column_names; }
-  LcWorkbookTableList* tables() { return targets_.tables; }
-  LcWorkbookDatatypeList* data_types() { return targets_.data_types; }
-  const LcWorkbookDatatypeList* data_types() const { return targets_.data_types; }
+  [[nodiscard]] LcOwnerInfoList* owner_names() { return targets_.owner_names; }
+  [[nodiscard]] LcTableInfoList* table_names() { return targets_.table_names; }
+  [[nodiscard]] LcWBColumnInfoList* column_names() { return targets_.column_names; }
+  [[nodiscard]] LcWorkbookTableList* tables() { return targets_.tables; }
+  [[nodiscard]] LcWorkbookDatatypeList* data_types() { return targets_.data_types; }
+  [[nodiscard]] const LcWorkbookDatatypeList* data_types() const { return targets_.data_types; }
   LcWorkbookOperatorList* operators() { return targets_.operators; }
-  LcWorkbookFunctionList* boolean_functions() { return targets_.boolean_functions; }
-  LcWorkbookFunctionList* functions() { return targets_.functions; }
-  LcWorkbookAggregateList* aggregates() { return targets_.aggregates; }
-  LcWorkbookProcedureList* procedures() { return targets_.procedures; }
+  [[nodiscard]] LcWorkbookFunctionList* boolean_functions() { return targets_.boolean_functions; }
+  [[nodiscard]] LcWorkbookFunctionList* functions() { return targets_.functions; }
+  [[nodiscard]] LcWorkbookAggregateList* aggregates() { return targets_.aggregates; }
+  [[nodiscard]] LcWorkbookProcedureList* procedures() { return targets_.procedures; }
 
   // The importer's own list of built-in types.
-  LcWorkbookDatatypeList& own_types() { return *own_types_; }
+  [[nodiscard]] LcWorkbookDatatypeList& own_types() { return *own_types_; }
   // The list that types are created from: the host's target list or, failing that, the own list.
-  LcWorkbookDatatypeList& TypesInForce() {
+  [[nodiscard]] LcWorkbookDatatypeList& TypesInForce() {
     return targets_.data_types != nullptr ? *targets_.data_types : *own_types_;
   }
-  const LcWorkbookDatatypeList& TypesInForce() const {
+  [[nodiscard]] const LcWorkbookDatatypeList& TypesInForce() const {
     return targets_.data_types != nullptr ? *targets_.data_types : *own_types_;
   }
   void SetKeyType(LcWorkbookForeignKey* key) const { base_.SetKeyType(key); }

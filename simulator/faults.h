@@ -17,7 +17,7 @@ namespace catalogsim {
 struct Range {
   std::uint64_t first = 1;
   std::uint64_t last = UINT64_MAX;
-  bool Has(std::uint64_t number) const { return number >= first && number <= last; }
+  [[nodiscard]] bool Has(std::uint64_t number) const { return number >= first && number <= last; }
 };
 
 struct FunctionFault {
@@ -59,8 +59,8 @@ struct FaultPlan {
 class CallGate {
  public:
   // Empty, or what is wrong with the plan (a log that cannot be written).
-  std::string Install(FaultPlan plan);
-  const FaultPlan& plan() const { return plan_; }
+  [[nodiscard]] std::string Install(FaultPlan plan);
+  [[nodiscard]] const FaultPlan& plan() const { return plan_; }
 
   // Begins to count all calls; what went before belongs to opening the connection.
   void StartCounting() { counting_ = true; }
@@ -72,9 +72,9 @@ class CallGate {
   void FailCallFromNow(std::uint64_t n) { plan_.fail_call = n == 0 ? 0 : calls_ + n; }
   void DropCallFromNow(std::uint64_t n);
 
-  bool IsDropped() const { return dropped_; }
-  std::uint64_t calls() const { return calls_; }
-  std::uint64_t faults() const { return faults_; }
+  [[nodiscard]] bool IsDropped() const { return dropped_; }
+  [[nodiscard]] std::uint64_t calls() const { return calls_; }
+  [[nodiscard]] std::uint64_t faults() const { return faults_; }
   std::uint64_t NextResult() { return ++results_; }
   void CountFault() { ++faults_; }
 

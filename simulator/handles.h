@@ -32,7 +32,7 @@ struct Diagnostic {
 class Handle {
  public:
   void ClearDiagnostics() { diagnostics_.clear(); }
-  const std::vector<Diagnostic>& diagnostics() const { return diagnostics_; }
+  [[nodiscard]] const std::vector<Diagnostic>& diagnostics() const { return diagnostics_; }
   // Each adds a diagnostic and returns the code that goes with it.
   SQLRETURN Fail(std::string state, std::string message);
   SQLRETURN Warn(std::string state, std::string message);
@@ -57,18 +57,22 @@ class Connection : public Handle {
   SQLRETURN Open(const std::string& connection_string);
   void Close();
 
-  SQLULEN odbc_version() const { return environment_.odbc_version; }
-  const ServerTraits& traits() const { return *traits_; }  // of an open connection
-  const std::string& version() const { return version_; }  // that the server tells of itself
-  bool IsOpen() const { return traits_ != nullptr; }
-  sqlite3* database() const { return database_.get(); }
-  CallGate& gate() { return gate_; }
-  Recording* recording() const { return recording_.get(); }  // null: the server is a script
+  [[nodiscard]] SQLULEN odbc_version() const { return environment_.odbc_version; }
+  [[nodiscard]] const ServerTraits& traits() const { return *traits_; }  // of an open connection
+  [[nodiscard]] const std::string& version() const {
+    return version_;
+  }  // that the server tells of itself
+  [[nodiscard]] bool IsOpen() const { return traits_ != nullptr; }
+  [[nodiscard]] sqlite3* database() const { return database_.get(); }
+  [[nodiscard]] CallGate& gate() { return gate_; }
+  [[nodiscard]] Recording* recording() const {
+    return recording_.get();
+  }  // null: the server is a script
   [[nodiscard]] bool HasFunction(FunctionId function) const;
 
   Statement* AddStatement();
   void RemoveStatement(Statement* statement);
-  std::size_t open_statements() const { return statements_.size(); }
+  [[nodiscard]] std::size_t open_statements() const { return statements_.size(); }
 
  private:
   SQLRETURN OpenRecording(const ServerTraits& traits, const std::string& file);
@@ -115,7 +119,7 @@ class Statement : public Handle {
  public:
   explicit Statement(Connection& connection);
 
-  Connection& connection() { return connection_; }
+  [[nodiscard]] Connection& connection() { return connection_; }
   StatementOptions options;
   std::unique_ptr<Replay> replay;   // null: the server is a script
   std::vector<Binding> bindings;    // by column, from 0
@@ -132,8 +136,9 @@ class Statement : public Handle {
 
  private:
   SQLRETURN Run(const std::string& sql, DescribeColumn describe);
-  std::vector<std::optional<std::string>> ParameterValues() const;
-  std::vector<Column> DescribeColumns(sqlite3_stmt* rows, DescribeColumn describe) const;
+  [[nodiscard]] std::vector<std::optional<std::string>> ParameterValues() const;
+  [[nodiscard]] std::vector<Column> DescribeColumns(sqlite3_stmt* rows,
+                                                    DescribeColumn describe) const;
 
   Connection& connection_;
   int results_ = 0;  // opened on this statement

@@ -26,7 +26,7 @@ class Question {
   Question& Add(std::int64_t number);
   // The values of a statement's parameters; nothing where there are none.
   Question& AddList(const std::vector<std::optional<std::string>>& values);
-  std::string Text() const { return text_ + ')'; }
+  [[nodiscard]] std::string Text() const { return text_ + ')'; }
 
  private:
   std::string& Next();
@@ -45,22 +45,22 @@ class Recording {
 
   // The line that answers the question. A question that was asked more than once has its answers
   // in their order, and the last one for ever after. kNone where it was never asked.
-  Line FindAnswer(const std::string& question);
+  [[nodiscard]] Line FindAnswer(const std::string& question);
   // Begins with the first answers again.
   void Rewind();
   // Why a question has no answer; counts it.
-  std::string NotHeld(const std::string& question);
+  [[nodiscard]] std::string NotHeld(const std::string& question);
 
-  std::string_view TextOf(Line line) const;
+  [[nodiscard]] std::string_view TextOf(Line line) const;
   // Room behind the text that a reader may touch.
-  std::size_t CapacityOf(Line line) const;
-  FunctionId FunctionOf(Line line) const { return lines_[line].function; }
+  [[nodiscard]] std::size_t CapacityOf(Line line) const;
+  [[nodiscard]] FunctionId FunctionOf(Line line) const { return lines_[line].function; }
   // The next call on the same statement; kNone at its next question or end.
   Line Next(Line line) const;
 
   [[nodiscard]] bool HasFunction(FunctionId function) const;
   std::uint32_t not_held() const { return not_held_; }
-  const std::string& first_not_held() const { return first_not_held_; }
+  [[nodiscard]] const std::string& first_not_held() const { return first_not_held_; }
 
  private:
   struct Entry {
@@ -80,7 +80,7 @@ class Recording {
   void ReadLine(Line number, std::unordered_map<std::uint64_t, Line>& last_on_statement);
   void ReadQuestion(Line number);
   void ReadFunctions(Line number);
-  const std::string* FindNearest(const std::string& question) const;
+  [[nodiscard]] const std::string* FindNearest(const std::string& question) const;
 
   std::string text_;
   std::vector<Entry> lines_;

@@ -46,12 +46,12 @@ class Replay {
 
  private:
   // The next line of that function behind `line`, up to the next question.
-  Recording::Line FindNext(Recording::Line line, FunctionId function) const;
-  Recording::Line FindColumn(Recording::Line line, FunctionId function, SQLUSMALLINT column,
-                             FunctionId until) const;
+  [[nodiscard]] Recording::Line FindNext(Recording::Line line, FunctionId function) const;
+  [[nodiscard]] Recording::Line FindColumn(Recording::Line line, FunctionId function,
+                                           SQLUSMALLINT column, FunctionId until) const;
   // The line about a column of the open result; `last` is where the one before was found.
-  Recording::Line FindColumnOfResult(Recording::Line& last, FunctionId function,
-                                     SQLUSMALLINT column) const;
+  [[nodiscard]] Recording::Line FindColumnOfResult(Recording::Line& last, FunctionId function,
+                                                   SQLUSMALLINT column) const;
   SQLRETURN Missing(FunctionId function);
   SQLRETURN GiveRows(Recording::Line line, SQLULEN rows, SQLUSMALLINT* row_status,
                      SQLULEN* rows_fetched);

@@ -12,20 +12,20 @@ class RowPlace {
   RowPlace(const Statement& statement, std::size_t row_distance, SQLULEN row)
       : row_(row), by_row_(statement.options.row_bind_type), distance_(row_distance) {}
 
-  void* Buffer(const Binding& binding) const {
+  [[nodiscard]] void* Buffer(const Binding& binding) const {
     std::size_t stride = by_row_;
     if (stride == 0) stride = SizeOfCType(binding.c_type);
     if (stride == 0) stride = distance_ != 0 ? distance_ : static_cast<std::size_t>(binding.bytes);
     return Offset(static_cast<char*>(binding.buffer), row_ * stride);
   }
-  SQLLEN* Indicator(const Binding& binding) const {
+  [[nodiscard]] SQLLEN* Indicator(const Binding& binding) const {
     if (binding.indicator == nullptr) return nullptr;
     return Offset(binding.indicator, row_ * (by_row_ != 0 ? by_row_ : sizeof(SQLLEN)));
   }
 
  private:
   template <class Value>
-  static Value* Offset(Value* base, std::size_t bytes) {
+  [[nodiscard]] static Value* Offset(Value* base, std::size_t bytes) {
     return reinterpret_cast<Value*>(reinterpret_cast<char*>(base) + bytes);
   }
 

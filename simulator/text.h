@@ -31,6 +31,6 @@ namespace catalogsim {
 // ASCII letters only; the names of keywords and functions have no others.
 [[nodiscard]] std::string Upper(std::string_view text);
 using base::EqualIgnoringCase;
-inline std::string_view Trim(std::string_view text) { return base::TrimSpace(text); }
+[[nodiscard]] inline std::string_view Trim(std::string_view text) { return base::TrimSpace(text); }
 
 }  // namespace catalogsim

@@ -23,26 +23,26 @@ class LC_WORKBOOK_EXPORT LcWorkbookDatatype : public LcObject {
   const char* GetRuntimeClass() const override;
 
   // A new independent object; the caller owns it.
-  LcWorkbookDatatype* Copy() const;
+  [[nodiscard]] LcWorkbookDatatype* Copy() const;
 
   void SetName(const std::u16string& name);  // of a field of a row type
-  const std::u16string& GetName() const;
+  [[nodiscard]] const std::u16string& GetName() const;
   void SetTypeName(const std::u16string& name);
-  const std::u16string& GetTypeName() const;
+  [[nodiscard]] const std::u16string& GetTypeName() const;
   void SetOtherTypeName(const std::u16string& name);
-  const std::u16string& GetOtherTypeName() const;
+  [[nodiscard]] const std::u16string& GetOtherTypeName() const;
   void SetOwner(const std::u16string& owner);
-  const std::u16string& GetOwner() const;
+  [[nodiscard]] const std::u16string& GetOwner() const;
   // The type as the server spells it, sizes included: "numeric(10,2)". Absent: not read.
   void SetDatabaseType(const LcText& type);
-  const LcText& GetDatabaseType() const;
+  [[nodiscard]] const LcText& GetDatabaseType() const;
 
   void SetPhysicalCode(int code);
-  int GetPhysicalCode() const;
+  [[nodiscard]] int GetPhysicalCode() const;
   void SetGenericCode(enumDataType code);
-  enumDataType GetGenericCode() const;
+  [[nodiscard]] enumDataType GetGenericCode() const;
   void SetTypeGroup(enumDataTypeGroup group);
-  enumDataTypeGroup GetTypeGroup() const;
+  [[nodiscard]] enumDataTypeGroup GetTypeGroup() const;
 
   // Sizes in the server's own unit (characters, digits or bytes).
   void SetLength(unsigned long length) { length_ = length; }
@@ -52,41 +52,42 @@ class LC_WORKBOOK_EXPORT LcWorkbookDatatype : public LcObject {
   void SetScale(unsigned short scale) { scale_ = scale; }
   unsigned short GetScale() const { return scale_; }
   void SetLong(bool is_long) { long_ = is_long; }
-  bool IsLong() const { return long_; }
+  [[nodiscard]] bool IsLong() const { return long_; }
   void SetSizeModifiable(bool modifiable) { size_modifiable_ = modifiable; }
-  bool IsSizeModifiable() const { return size_modifiable_; }
+  [[nodiscard]] bool IsSizeModifiable() const { return size_modifiable_; }
 
   // Copies that share their contents have the same id: they differ in what stands above at most.
   // It says nothing of types whose ids differ, nor of a type that was changed since.
-  const void* GetContentsId() const { return state_; }
+  [[nodiscard]] const void* GetContentsId() const { return state_; }
 
   // The base of a distinct type, or the element of a collection.
   void SetBaseCode(int code);
-  int GetBaseCode() const;
+  [[nodiscard]] int GetBaseCode() const;
   void SetBaseOwner(const std::u16string& owner);
-  const std::u16string& GetBaseOwner() const;
+  [[nodiscard]] const std::u16string& GetBaseOwner() const;
   void SetBaseExtendedTypeName(const std::u16string& name);
-  const std::u16string& GetBaseExtendedTypeName() const;
+  [[nodiscard]] const std::u16string& GetBaseExtendedTypeName() const;
   void SetGenericBaseCode(enumDataType code);
-  enumDataType GetGenericBaseCode() const;
+  [[nodiscard]] enumDataType GetGenericBaseCode() const;
   void SetBaseTypeGroup(enumDataTypeGroup group);
-  enumDataTypeGroup GetBaseTypeGroup() const;
+  [[nodiscard]] enumDataTypeGroup GetBaseTypeGroup() const;
   void SetDistinct(bool distinct);
-  bool IsDistinct() const;
+  [[nodiscard]] bool IsDistinct() const;
 
   // Named, row and collection types.
   void SetExtendedId(long id);  // the server's id of the type; 0 for a built-in type
-  long GetExtendedId() const;
+  [[nodiscard]] long GetExtendedId() const;
   // Sets the name at `position`, adding empty names before it when there are fewer.
   void SetExtendedTypeName(const std::u16string& name, unsigned position);
   void AddExtendedTypeName(const std::u16string& name);
   // Empty when there is no such name.
-  const std::u16string& GetExtendedTypeName(int position) const;
-  int GetExtendedTypeNameCount() const;
+  [[nodiscard]] const std::u16string& GetExtendedTypeName(int position) const;
+  [[nodiscard]] int GetExtendedTypeNameCount() const;
   // The type owns the component, and its copies share it: it is complete when it is added.
   void AddComponent(LcWorkbookDatatype* component);
-  int GetComponentCount() const;
-  const LcWorkbookDatatype* GetComponent(int position) const;  // null when there is none
+  [[nodiscard]] int GetComponentCount() const;
+  [[nodiscard]] const LcWorkbookDatatype* GetComponent(
+      int position) const;  // null when there is none
 
  private:
   friend class LcWorkbookDatatypeList;
@@ -125,12 +126,14 @@ class LC_WORKBOOK_EXPORT LcWorkbookDatatypeList : public LcObjectList<LcWorkbook
   // The list owns the type.
   void AddDataType(LcWorkbookDatatype* type);
   // `kind` tells which name is compared; exact case.
-  LcWorkbookDatatype* GetDataTypeByName(const std::u16string& name, enumTypeNameType kind) const;
+  [[nodiscard]] LcWorkbookDatatype* GetDataTypeByName(const std::u16string& name,
+                                                      enumTypeNameType kind) const;
   // With a name, the type name must be equal too (ignoring case).
-  LcWorkbookDatatype* GetDataTypeByPhysicalCode(int code, const char16_t* name = nullptr) const;
+  [[nodiscard]] LcWorkbookDatatype* GetDataTypeByPhysicalCode(int code,
+                                                              const char16_t* name = nullptr) const;
   // Compares the type name, ignoring case.
-  LcWorkbookDatatype* GetDataTypeByPhysicalName(const std::u16string& name) const;
-  LcWorkbookDatatype* GetDataTypeByExtendedId(long id) const;
+  [[nodiscard]] LcWorkbookDatatype* GetDataTypeByPhysicalName(const std::u16string& name) const;
+  [[nodiscard]] LcWorkbookDatatype* GetDataTypeByExtendedId(long id) const;
 
  protected:
   void OnChanged() override;

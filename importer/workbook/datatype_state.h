@@ -23,7 +23,7 @@ enum LeDatatypeLookup : unsigned {
   kByExtendedId,
   kLookupCount,
 };
-constexpr unsigned LookupBit(LeDatatypeLookup lookup) { return 1U << lookup; }
+[[nodiscard]] constexpr unsigned LookupBit(LeDatatypeLookup lookup) { return 1U << lookup; }
 
 // Counts the changes that made an index stale, for a list and its copies, which share their types.
 struct LcDatatypeChanges {

@@ -41,13 +41,13 @@ enum LeRoutineKind : std::uint8_t { rkFunction = 0, rkProcedure, rkAggregate, rk
 
 // The names that the workbook file and the dialects of the exact reading use for these values:
 // "materialized view", "by default", ... Null for a value that has none.
-LC_WORKBOOK_EXPORT const char16_t* LcNameOf(LeTableKind kind);
-LC_WORKBOOK_EXPORT const char16_t* LcNameOf(LeGenerated generated);
-LC_WORKBOOK_EXPORT const char16_t* LcNameOf(LeIdentity identity);
-LC_WORKBOOK_EXPORT const char16_t* LcNameOf(LeKeyKind kind);
-LC_WORKBOOK_EXPORT const char16_t* LcNameOf(LeDeferrable deferrable);
-LC_WORKBOOK_EXPORT const char16_t* LcNameOf(LeTypeKind kind);
-LC_WORKBOOK_EXPORT const char16_t* LcNameOf(LeRoutineKind kind);
+[[nodiscard]] LC_WORKBOOK_EXPORT const char16_t* LcNameOf(LeTableKind kind);
+[[nodiscard]] LC_WORKBOOK_EXPORT const char16_t* LcNameOf(LeGenerated generated);
+[[nodiscard]] LC_WORKBOOK_EXPORT const char16_t* LcNameOf(LeIdentity identity);
+[[nodiscard]] LC_WORKBOOK_EXPORT const char16_t* LcNameOf(LeKeyKind kind);
+[[nodiscard]] LC_WORKBOOK_EXPORT const char16_t* LcNameOf(LeDeferrable deferrable);
+[[nodiscard]] LC_WORKBOOK_EXPORT const char16_t* LcNameOf(LeTypeKind kind);
+[[nodiscard]] LC_WORKBOOK_EXPORT const char16_t* LcNameOf(LeRoutineKind kind);
 // The value of that name. False, with `value` as it was, where there is none.
 LC_WORKBOOK_EXPORT bool LcFindByName(std::u16string_view name, LeTableKind& value);
 LC_WORKBOOK_EXPORT bool LcFindByName(std::u16string_view name, LeGenerated& value);
@@ -76,9 +76,10 @@ class LC_WORKBOOK_EXPORT LcOptions {
 
   // Replaces the value of an option that is there already.
   void Set(const LcText& name, const LcText& value);
-  LcText Find(std::u16string_view name) const;  // absent where there is no such option
-  const List& All() const;
-  bool IsEmpty() const { return options_ == nullptr; }
+  [[nodiscard]] LcText Find(
+      std::u16string_view name) const;  // absent where there is no such option
+  [[nodiscard]] const List& All() const;
+  [[nodiscard]] bool IsEmpty() const { return options_ == nullptr; }
   friend bool operator==(const LcOptions& a, const LcOptions& b) { return a.All() == b.All(); }
 
  private:

@@ -27,7 +27,7 @@ class IndexSlots {
 
   // The slot that holds the key, or the free one where it belongs; null while there are no slots.
   template <class Matches>
-  const Slot* Find(std::uint64_t hash, Matches matches) const {
+  [[nodiscard]] const Slot* Find(std::uint64_t hash, Matches matches) const {
     if (slots_.empty()) return nullptr;
     const std::size_t mask = slots_.size() - 1;
     std::size_t at = (hash * kSpread) >> (64 - std::bit_width(mask));
@@ -83,7 +83,7 @@ class NumberIndex {
     }
   }
 
-  T* Find(std::int64_t number) const {
+  [[nodiscard]] T* Find(std::int64_t number) const {
     const Slot* slot = slots_.Find(Unsigned(number), Matches(Unsigned(number)));
     return slot == nullptr ? nullptr : slot->entry;
   }
@@ -93,8 +93,10 @@ class NumberIndex {
     std::uint64_t hash = 0;  // the number itself
     T* entry = nullptr;
   };
-  static std::uint64_t Unsigned(std::int64_t number) { return static_cast<std::uint64_t>(number); }
-  static auto Matches(std::uint64_t number) {
+  [[nodiscard]] static std::uint64_t Unsigned(std::int64_t number) {
+    return static_cast<std::uint64_t>(number);
+  }
+  [[nodiscard]] static auto Matches(std::uint64_t number) {
     return [number](const Slot& slot) { return slot.hash == number; };
   }
 
@@ -134,7 +136,7 @@ class TextIndex {
     }
   }
 
-  T* Find(const TextKey& key) {
+  [[nodiscard]] T* Find(const TextKey& key) {
     Encode(key);
     const std::uint32_t hash = Hash(encoded_);
     const Slot* slot = slots_.Find(hash, Matches(hash));
@@ -148,7 +150,7 @@ class TextIndex {
     T* entry = nullptr;
   };
 
-  static std::uint32_t Hash(std::string_view encoded) {
+  [[nodiscard]] static std::uint32_t Hash(std::string_view encoded) {
     const std::uint64_t hash = std::hash<std::string_view>()(encoded);
     return static_cast<std::uint32_t>(hash ^ (hash >> 32));
   }
@@ -185,7 +187,7 @@ class TextIndex {
   }
 
   // The slot of the key in encoded_. Its lengths come first, so no other key starts like it.
-  auto Matches(std::uint32_t hash) const {
+  [[nodiscard]] auto Matches(std::uint32_t hash) const {
     return [this, hash](const Slot& slot) {
       return slot.hash == hash && texts_.compare(slot.text, encoded_.size(), encoded_) == 0;
     };

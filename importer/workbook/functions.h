@@ -15,13 +15,13 @@ class LC_WORKBOOK_EXPORT LcWorkbookProcedure : public LcObject {
   const char* GetRuntimeClass() const override;
 
   void SetName(const std::u16string& name) { name_ = name; }
-  const std::u16string& GetName() const { return name_; }
+  [[nodiscard]] const std::u16string& GetName() const { return name_; }
   void SetOwner(const std::u16string& owner) { owner_ = owner; }
-  const std::u16string& GetOwner() const { return owner_; }
+  [[nodiscard]] const std::u16string& GetOwner() const { return owner_; }
   void SetQualifier(const std::u16string& qualifier) { qualifier_ = qualifier; }
-  const std::u16string& GetQualifier() const { return qualifier_; }
+  [[nodiscard]] const std::u16string& GetQualifier() const { return qualifier_; }
   void SetServer(const std::u16string& server) { server_ = server; }
-  const std::u16string& GetServer() const { return server_; }
+  [[nodiscard]] const std::u16string& GetServer() const { return server_; }
 
  private:
   std::u16string owner_;
@@ -39,8 +39,8 @@ class LC_WORKBOOK_EXPORT LcWorkbookFunctionOverload : public LcObject {
   const char* GetRuntimeClass() const override;
 
   void SetText(const std::u16string& signature) { signature_ = signature; }
-  const std::u16string& GetText() const { return signature_; }
-  const std::u16string& GetResultType() const { return result_; }  // empty: not known
+  [[nodiscard]] const std::u16string& GetText() const { return signature_; }
+  [[nodiscard]] const std::u16string& GetResultType() const { return result_; }  // empty: not known
 
  private:
   std::u16string signature_;
@@ -57,12 +57,13 @@ class LC_WORKBOOK_EXPORT LcWorkbookFunction : public LcObject {
   const char* GetRuntimeClass() const override;
 
   void SetName(const std::u16string& name);
-  const std::u16string& GetName() const { return name_; }
+  [[nodiscard]] const std::u16string& GetName() const { return name_; }
   void SetOwner(const std::u16string& owner);
-  const std::u16string& GetOwner() const { return owner_; }
+  [[nodiscard]] const std::u16string& GetOwner() const { return owner_; }
   // The function owns the overload.
   void AddFunctionOverload(LcWorkbookFunctionOverload* overload);
-  const std::vector<std::unique_ptr<LcWorkbookFunctionOverload>>& GetOverloads() const {
+  [[nodiscard]] const std::vector<std::unique_ptr<LcWorkbookFunctionOverload>>& GetOverloads()
+      const {
     return overloads_;
   }
 
@@ -82,7 +83,8 @@ class LC_WORKBOOK_EXPORT LcWorkbookFunctionList : public LcObjectList<LcWorkbook
   LcWorkbookFunctionList& operator=(const LcWorkbookFunctionList&) = delete;
   ~LcWorkbookFunctionList() override;
   // The first function of that owner and name (exact case), null when there is none. Constant time.
-  LcWorkbookFunction* FindFunction(const std::u16string& owner, const std::u16string& name) const;
+  [[nodiscard]] LcWorkbookFunction* FindFunction(const std::u16string& owner,
+                                                 const std::u16string& name) const;
 
  protected:
   void OnChanged() override;
@@ -99,8 +101,8 @@ class LC_WORKBOOK_EXPORT LcWorkbookOperator : public LcObject {
   LcWorkbookOperator(const std::u16string& name, const std::u16string& description);
   ~LcWorkbookOperator() override;
   const char* GetRuntimeClass() const override;
-  const std::u16string& GetName() const { return name_; }
-  const std::u16string& GetDescription() const { return description_; }
+  [[nodiscard]] const std::u16string& GetName() const { return name_; }
+  [[nodiscard]] const std::u16string& GetDescription() const { return description_; }
 
  private:
   std::u16string name_;
@@ -112,8 +114,8 @@ class LC_WORKBOOK_EXPORT LcWorkbookAggregate : public LcObject {
   LcWorkbookAggregate(const std::u16string& name, const std::u16string& description);
   ~LcWorkbookAggregate() override;
   const char* GetRuntimeClass() const override;
-  const std::u16string& GetName() const { return name_; }
-  const std::u16string& GetDescription() const { return description_; }
+  [[nodiscard]] const std::u16string& GetName() const { return name_; }
+  [[nodiscard]] const std::u16string& GetDescription() const { return description_; }
 
  private:
   std::u16string name_;

@@ -54,13 +54,13 @@ class LC_WORKBOOK_EXPORT LcWorkbookImport : public LcObject {
   ~LcWorkbookImport() override;
 
   // `status` becomes 4 when the import was cancelled, 9 when it was stopped, else stays as it was.
-  virtual bool ImportItems(unsigned short& status) = 0;
+  [[nodiscard]] virtual bool ImportItems(unsigned short& status) = 0;
   virtual bool SyncLogin(void* henv, void* hdbc) = 0;
   virtual bool SyncLogin(LcWorkbookDatabase* database) = 0;
   virtual bool UnSyncLogin() = 0;
 
   // True once the host has stopped or cancelled the import. The routes poll it between items.
-  bool WasImportStoppedOrCancelled() const { return cancelled || !running; }
+  [[nodiscard]] bool WasImportStoppedOrCancelled() const { return cancelled || !running; }
   // Settles whether a completed key is one-to-one: it is when the columns of its foreign side are
   // exactly the primary key of their table, so that a row on the key side meets one row at most.
   void SetKeyType(LcWorkbookForeignKey* key) const;

@@ -25,25 +25,25 @@ class JsonField {
   [[noreturn]] void Refuse(const std::string& reason) const {
     throw JsonRefusal{Path() + ": " + reason};
   }
-  std::string Path() const {
+  [[nodiscard]] std::string Path() const {
     if (key_.empty()) return (parent_ ? parent_->Path() : "") + "[" + std::to_string(index_) + "]";
     return (parent_ ? parent_->Path() + "." : "") + std::string(key_);
   }
 
-  bool IsNull() const { return value_->is_null(); }
+  [[nodiscard]] bool IsNull() const { return value_->is_null(); }
   void ExpectObject() const {
     if (!value_->is_object()) Refuse("expected an object");
   }
-  std::u16string Text() const {
+  [[nodiscard]] std::u16string Text() const {
     if (!value_->is_string()) Refuse("expected a text");
     return base::ToUtf16(value_->get_ref<const std::string&>());
   }
-  bool Flag() const {
+  [[nodiscard]] bool Flag() const {
     if (!value_->is_boolean()) Refuse("expected true or false");
     return value_->get<bool>();
   }
   template <class Integer>
-  Integer Number() const {
+  [[nodiscard]] Integer Number() const {
     constexpr Integer kMin = std::numeric_limits<Integer>::min();
     constexpr Integer kMax = std::numeric_limits<Integer>::max();
     if (value_->is_number_unsigned()) {
@@ -80,26 +80,26 @@ class JsonField {
     for (const auto& [name, value] : value_->items()) read(name, JsonField(value, this, name));
   }
   // The value as JSON text.
-  std::string Raw() const { return value_->dump(); }
+  [[nodiscard]] std::string Raw() const { return value_->dump(); }
 
   // The member's value; empty, false or 0 when it is left out.
-  std::u16string Text(std::string_view key) const {
+  [[nodiscard]] std::u16string Text(std::string_view key) const {
     std::u16string text;
     IfGiven(key, [&](const JsonField& field) { text = field.Text(); });
     return text;
   }
-  std::u16string RequiredText(std::string_view key) const {
+  [[nodiscard]] std::u16string RequiredText(std::string_view key) const {
     ExpectObject();
     if (!value_->contains(key)) Refuse("has no field \"" + std::string(key) + "\"");
     return Text(key);
   }
-  bool Flag(std::string_view key) const {
+  [[nodiscard]] bool Flag(std::string_view key) const {
     bool flag = false;
     IfGiven(key, [&](const JsonField& field) { flag = field.Flag(); });
     return flag;
   }
   template <class Integer>
-  Integer Number(std::string_view key) const {
+  [[nodiscard]] Integer Number(std::string_view key) const {
     Integer number = 0;
     IfGiven(key, [&](const JsonField& field) { number = field.Number<Integer>(); });
     return number;

@@ -25,7 +25,9 @@ class LC_WORKBOOK_EXPORT LcName {
   ~LcName();
 
   // Valid as long as any copy of the name is.
-  const std::u16string& Text() const { return block_ != nullptr ? block_->text : Empty(); }
+  [[nodiscard]] const std::u16string& Text() const {
+    return block_ != nullptr ? block_->text : Empty();
+  }
 
  private:
   struct Block {

@@ -61,10 +61,10 @@ class LcObjectList {
     OnAppended(raw);
     return raw;
   }
-  std::size_t GetCount() const { return entries_.size(); }
-  bool IsEmpty() const { return entries_.empty(); }
+  [[nodiscard]] std::size_t GetCount() const { return entries_.size(); }
+  [[nodiscard]] bool IsEmpty() const { return entries_.empty(); }
   // Null when the entry is empty or there is no such position.
-  T* GetAt(std::size_t position) const {
+  [[nodiscard]] T* GetAt(std::size_t position) const {
     return position < entries_.size() ? entries_[position].get() : nullptr;
   }
   // Removes all entries and deletes those that no other list shares.

@@ -30,49 +30,55 @@ class LC_WORKBOOK_EXPORT LcWorkbookColumn : public LcObject {
 
   void SetName(const std::u16string& name);
   void SetName(const LcName& name);  // whose characters it then shares
-  const std::u16string& GetName() const { return name_.Text(); }
+  [[nodiscard]] const std::u16string& GetName() const { return name_.Text(); }
   // Both record the table that the column belongs to; AddColumn does so as well.
   void SetTable(LcWorkbookTable* table);
   void SetParentTable(LcWorkbookTable* table);
-  LcWorkbookTable* GetParentTable() const { return table_; }
+  [[nodiscard]] LcWorkbookTable* GetParentTable() const { return table_; }
 
   // Gives the column its own type object, which it owns (null: none). `assign` is always true;
   // `from_list` is false for a complex type that was put together for this column alone.
   void SetDataType(LcWorkbookDatatype* type, bool assign, bool from_list);
-  LcWorkbookDatatype* GetDataType() const { return type_.get(); }  // null when not known
+  [[nodiscard]] LcWorkbookDatatype* GetDataType() const {
+    return type_.get();
+  }  // null when not known
 
   void SetPhysicalCode(int code) { physical_code_ = code; }
-  int GetPhysicalCode() const { return physical_code_; }
+  [[nodiscard]] int GetPhysicalCode() const { return physical_code_; }
   void SetWidth(int width) { width_ = width; }  // in the server's own unit
-  int GetWidth() const { return width_; }
+  [[nodiscard]] int GetWidth() const { return width_; }
   void SetPrecision(unsigned long precision);  // kept in 32 bits
   unsigned long GetPrecision() const { return precision_; }
   void SetScale(unsigned short scale) { scale_ = scale; }
   unsigned short GetScale() const { return scale_; }
 
   void SetRequired(bool required) { required_ = required; }
-  bool IsRequired() const { return required_; }
+  [[nodiscard]] bool IsRequired() const { return required_; }
   void SetReadOnly(bool read_only) { read_only_ = read_only; }
-  bool IsReadOnly() const { return read_only_; }
+  [[nodiscard]] bool IsReadOnly() const { return read_only_; }
   void SetGeneratedKey(bool generated) { generated_key_ = generated; }
-  bool IsGeneratedKey() const { return generated_key_; }
+  [[nodiscard]] bool IsGeneratedKey() const { return generated_key_; }
   void SetPrimaryKey(bool key) { primary_key_ = key; }
-  bool IsPrimaryKey() const { return primary_key_; }
+  [[nodiscard]] bool IsPrimaryKey() const { return primary_key_; }
 
   // The smallest and the largest unit of an interval qualifier.
   void SetIntervalMin(enumIntervalPart part) { interval_min_ = static_cast<std::uint8_t>(part); }
-  enumIntervalPart GetIntervalMin() const { return static_cast<enumIntervalPart>(interval_min_); }
+  [[nodiscard]] enumIntervalPart GetIntervalMin() const {
+    return static_cast<enumIntervalPart>(interval_min_);
+  }
   void SetIntervalMax(enumIntervalPart part) { interval_max_ = static_cast<std::uint8_t>(part); }
-  enumIntervalPart GetIntervalMax() const { return static_cast<enumIntervalPart>(interval_max_); }
+  [[nodiscard]] enumIntervalPart GetIntervalMax() const {
+    return static_cast<enumIntervalPart>(interval_max_);
+  }
   void SetExtendedTypeName(const std::u16string& name);
-  const std::u16string& GetExtendedTypeName() const;
+  [[nodiscard]] const std::u16string& GetExtendedTypeName() const;
 
   // The server's number of the column, which FindColumnById searches; 0 when not read.
   void SetColumnId(std::int32_t id);
-  std::int32_t GetColumnId() const { return column_id_; }
+  [[nodiscard]] std::int32_t GetColumnId() const { return column_id_; }
 
   // What only the exact reading knows; null where there is nothing. The column owns it.
-  const LcColumnDetails* GetDetails() const { return details_.get(); }
+  [[nodiscard]] const LcColumnDetails* GetDetails() const { return details_.get(); }
   LcColumnDetails& ChangeDetails();  // makes them where there are none
 
  private:
@@ -113,10 +119,10 @@ class LC_WORKBOOK_EXPORT LcWorkbookKeyList : public LcObject {
   // Puts the column at the 0-based position, in front of one that is there already. False, with
   // nothing inserted, for a position below 0 or above 32767.
   bool InsertKeyColumn(LcWorkbookColumn* column, int position);
-  int GetCount() const;  // without the empty positions
-  bool IsEmpty() const { return GetCount() == 0; }
+  [[nodiscard]] int GetCount() const;  // without the empty positions
+  [[nodiscard]] bool IsEmpty() const { return GetCount() == 0; }
   // The columns in key order, empty positions left out.
-  std::vector<LcWorkbookColumn*> GetColumns() const;
+  [[nodiscard]] std::vector<LcWorkbookColumn*> GetColumns() const;
 
  private:
   using Positions = std::vector<LcWorkbookColumn*>;  // null: an empty one
@@ -146,26 +152,30 @@ class LC_WORKBOOK_EXPORT LcWorkbookForeignKey : public LcObject {
   // The foreign side: the columns of the other table.
   void SetForeignKey(LcWorkbookColumn* column);
   void SetForeignKey(LcWorkbookKeyList* columns);
-  const LcWorkbookKeyList* GetKey() const { return key_.get(); }                 // may be null
+  [[nodiscard]] const LcWorkbookKeyList* GetKey() const { return key_.get(); }   // may be null
   const LcWorkbookKeyList* GetForeignKey() const { return foreign_key_.get(); }  // may be null
 
   void SetOneToOne(bool one_to_one) { one_to_one_ = one_to_one; }
-  bool IsOneToOne() const { return one_to_one_; }
+  [[nodiscard]] bool IsOneToOne() const { return one_to_one_; }
 
   void SetRole(LeForeignKeyRole role) { role_ = role; }
-  LeForeignKeyRole GetRole() const { return role_; }
+  [[nodiscard]] LeForeignKeyRole GetRole() const { return role_; }
   // Makes `forward` and `mirror` the two keys of one relationship: sets roles and partners.
   static void Pair(LcWorkbookForeignKey* forward, LcWorkbookForeignKey* mirror);
-  LcWorkbookForeignKey* GetPartner() const { return partner_; }  // null when it has none
+  [[nodiscard]] LcWorkbookForeignKey* GetPartner() const {
+    return partner_;
+  }  // null when it has none
   // The table that holds the key, null before AddForeignKey.
-  LcWorkbookTable* GetTable() const { return table_; }
+  [[nodiscard]] LcWorkbookTable* GetTable() const { return table_; }
 
   // What only the exact reading knows; null where there is nothing. Partners share it.
-  const LcForeignKeyDetails* GetDetails() const { return details_.get(); }
+  [[nodiscard]] const LcForeignKeyDetails* GetDetails() const { return details_.get(); }
   void SetDetails(std::shared_ptr<const LcForeignKeyDetails> details) {
     details_ = std::move(details);
   }
-  const std::shared_ptr<const LcForeignKeyDetails>& ShareDetails() const { return details_; }
+  [[nodiscard]] const std::shared_ptr<const LcForeignKeyDetails>& ShareDetails() const {
+    return details_;
+  }
 
  private:
   friend class LcWorkbookTable;
@@ -187,25 +197,25 @@ class LC_WORKBOOK_EXPORT LcWorkbookTable : public LcObject {
   const char* GetRuntimeClass() const override;
 
   void SetName(const std::u16string& name);
-  const std::u16string& GetName() const { return name_; }
+  [[nodiscard]] const std::u16string& GetName() const { return name_; }
   void SetOwner(const std::u16string& owner);
   // `display` asks for the form shown to a user, which here is the same.
-  const std::u16string& GetOwner(bool display) const;
+  [[nodiscard]] const std::u16string& GetOwner(bool display) const;
   void SetType(enumTableType type) { type_ = type; }
-  enumTableType GetType() const { return type_; }
+  [[nodiscard]] enumTableType GetType() const { return type_; }
 
   // The table owns the column.
   void AddColumn(LcWorkbookColumn* column);
   // Room for so many columns, where their number is known before.
   void ReserveColumns(std::size_t count) { columns_.reserve(count); }
-  int GetColumnCount() const;
+  [[nodiscard]] int GetColumnCount() const;
   // Null when there is none. Positions are 0-based; names in exact case; first match.
-  LcWorkbookColumn* GetColumn(int position) const;
-  LcWorkbookColumn* FindColumn(const std::u16string& name) const;
-  LcWorkbookColumn* FindColumnById(int id) const;
+  [[nodiscard]] LcWorkbookColumn* GetColumn(int position) const;
+  [[nodiscard]] LcWorkbookColumn* FindColumn(const std::u16string& name) const;
+  [[nodiscard]] LcWorkbookColumn* FindColumnById(int id) const;
 
-  LcWorkbookKeyList& GetPrimaryKey() { return primary_key_; }
-  const LcWorkbookKeyList& GetPrimaryKey() const { return primary_key_; }
+  [[nodiscard]] LcWorkbookKeyList& GetPrimaryKey() { return primary_key_; }
+  [[nodiscard]] const LcWorkbookKeyList& GetPrimaryKey() const { return primary_key_; }
 
   // The table owns the key.
   void AddForeignKey(LcWorkbookForeignKey* key);
@@ -213,23 +223,23 @@ class LC_WORKBOOK_EXPORT LcWorkbookTable : public LcObject {
   std::unique_ptr<LcWorkbookForeignKey> RemoveForeignKey(LcWorkbookForeignKey* key);
   using ForeignKeys = std::vector<std::unique_ptr<LcWorkbookForeignKey>,
                                   LcPoolAllocator<std::unique_ptr<LcWorkbookForeignKey>>>;
-  const ForeignKeys& GetForeignKeys() const { return foreign_keys_; }
+  [[nodiscard]] const ForeignKeys& GetForeignKeys() const { return foreign_keys_; }
 
   // What a synonym stands for. For SQL Server tables the synonym id is the catalog's object id.
   void SetSynonymDetails(const LcSynonymDetails& details);
-  LcSynonymDetails GetSynonymDetails() const;
+  [[nodiscard]] LcSynonymDetails GetSynonymDetails() const;
   void SetSynonymId(std::int32_t id);
-  std::int32_t GetSynonymId() const { return synonym_id_; }
+  [[nodiscard]] std::int32_t GetSynonymId() const { return synonym_id_; }
 
   // What only the exact reading knows; null where there is nothing. The table owns it.
-  const LcTableDetails* GetDetails() const { return details_.get(); }
+  [[nodiscard]] const LcTableDetails* GetDetails() const { return details_.get(); }
   LcTableDetails& ChangeDetails();  // makes them where there are none
 
  private:
   friend class LcWorkbookColumn;
   friend class LcWorkbookTableList;
   struct ColumnIndex;
-  bool WalksColumns() const;
+  [[nodiscard]] bool WalksColumns() const;
   void OnColumnRenamed();
   void OnColumnIdChanged();
 
@@ -258,9 +268,10 @@ class LC_WORKBOOK_EXPORT LcWorkbookTableList : public LcObjectList<LcWorkbookTab
   LcWorkbookTableList(const LcWorkbookTableList&) = delete;
   LcWorkbookTableList& operator=(const LcWorkbookTableList&) = delete;
 
-  LcWorkbookTable* FindTable(const std::u16string& owner, const std::u16string& name) const;
-  LcWorkbookTable* FindTableNoOwner(const std::u16string& name) const;
-  LcWorkbookTable* FindTableById(int id) const;  // the integer in the synonym id
+  [[nodiscard]] LcWorkbookTable* FindTable(const std::u16string& owner,
+                                           const std::u16string& name) const;
+  [[nodiscard]] LcWorkbookTable* FindTableNoOwner(const std::u16string& name) const;
+  [[nodiscard]] LcWorkbookTable* FindTableById(int id) const;  // the integer in the synonym id
   // Removes and deletes, in one pass, every table from position `first` on up to the next empty
   // entry or the end. Keys of other tables that refer to a deleted table go with it.
   void RemoveTablesFrom(std::size_t first);

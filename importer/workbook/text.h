@@ -25,11 +25,11 @@ class LC_WORKBOOK_EXPORT LcText {
   }
   ~LcText();
 
-  bool IsPresent() const { return block_ != nullptr; }
+  [[nodiscard]] bool IsPresent() const { return block_ != nullptr; }
   explicit operator bool() const { return IsPresent(); }
   // Empty where the text is absent. Valid as long as any copy of the text is.
-  std::u16string_view View() const;
-  std::u16string Text() const { return std::u16string(View()); }
+  [[nodiscard]] std::u16string_view View() const;
+  [[nodiscard]] std::u16string Text() const { return std::u16string(View()); }
 
   // Absent texts are equal to one another and to no other, the empty one included.
   friend bool operator==(const LcText& a, const LcText& b) {

@@ -6,8 +6,8 @@
 #include "importer/workbook/table.h"
 
 // The server's name of a type: that of a named type, where it is one.
-LC_WORKBOOK_EXPORT std::u16string LcTypeName(const LcWorkbookDatatype& type);
+[[nodiscard]] LC_WORKBOOK_EXPORT std::u16string LcTypeName(const LcWorkbookDatatype& type);
 
 // "DECIMAL(12,2)", "interval year to month": put together from the column's type and sizes. Empty
 // where the type is not known.
-LC_WORKBOOK_EXPORT std::u16string LcTypeText(const LcWorkbookColumn& column);
+[[nodiscard]] LC_WORKBOOK_EXPORT std::u16string LcTypeText(const LcWorkbookColumn& column);

@@ -7,5 +7,5 @@
 
 #include "importer/workbook/export.h"
 
-LC_WORKBOOK_EXPORT std::string LcToUtf8(std::u16string_view text);
-LC_WORKBOOK_EXPORT std::u16string LcToUtf16(std::string_view text);
+[[nodiscard]] LC_WORKBOOK_EXPORT std::string LcToUtf8(std::u16string_view text);
+[[nodiscard]] LC_WORKBOOK_EXPORT std::u16string LcToUtf16(std::string_view text);

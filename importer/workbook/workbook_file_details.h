@@ -23,11 +23,11 @@ void ReadTableDetails(const JsonField& field,
                       LcWorkbookTable& table);  // once its columns are there
 void ReadColumnDetails(const JsonField& field, LcWorkbookColumn& column);
 void ReadForeignKeyDetails(const JsonField& field, LcWorkbookForeignKey& key);
-LcOptions ReadOptions(const JsonField& options);
-LcSchemaDetails ReadSchema(const JsonField& field);
-LcTypeDetails ReadType(const JsonField& field);
-LcSequenceDetails ReadSequence(const JsonField& field);
-LcRoutineDetails ReadRoutine(const JsonField& field);
-LcNotRead ReadNotRead(const JsonField& field);
+[[nodiscard]] LcOptions ReadOptions(const JsonField& options);
+[[nodiscard]] LcSchemaDetails ReadSchema(const JsonField& field);
+[[nodiscard]] LcTypeDetails ReadType(const JsonField& field);
+[[nodiscard]] LcSequenceDetails ReadSequence(const JsonField& field);
+[[nodiscard]] LcRoutineDetails ReadRoutine(const JsonField& field);
+[[nodiscard]] LcNotRead ReadNotRead(const JsonField& field);
 
 }  // namespace workbookfile

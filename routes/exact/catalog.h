@@ -29,8 +29,8 @@ struct Server : RouteFinding {
 
 // Asks the server behind the borrowed handles. False, with one English sentence part in `why`, when
 // the dialect is not for it.
-bool AskServer(void* henv, void* hdbc, std::shared_ptr<const Dialect> dialect, Server& server,
-               std::string& why);
+[[nodiscard]] bool AskServer(void* henv, void* hdbc, std::shared_ptr<const Dialect> dialect,
+                             Server& server, std::string& why);
 
 // Takes the rows of a kind. What a statement gave before it failed is dropped by Undo, back to the
 // last Mark.
@@ -67,21 +67,21 @@ class Catalog {
   void Begin();
   void End();
 
-  ReadResult Read(Kind kind, RowReader& reader);
-  bool Has(Kind kind) const { return !dialect_.Find(kind, server_.version).empty(); }
+  [[nodiscard]] ReadResult Read(Kind kind, RowReader& reader);
+  [[nodiscard]] bool Has(Kind kind) const { return !dialect_.Find(kind, server_.version).empty(); }
 
   // The schema that a row stands in: its own, else the one in hand.
-  std::string_view SchemaOf(const Row& row) const;
+  [[nodiscard]] std::string_view SchemaOf(const Row& row) const;
 
   // Keeps what was not read. Texts are UTF-8; empty ones are left out.
   void AddNotRead(std::string_view kind, std::string_view owner, std::string_view name,
                   const LcText& reason, bool withheld);
 
-  const Dialect& dialect() const { return dialect_; }
-  const Server& server() const { return server_; }
-  ImportSession& session() const { return session_; }
-  TextStore& texts() { return texts_; }
-  bool IsConnectionLost() const { return lost_; }
+  [[nodiscard]] const Dialect& dialect() const { return dialect_; }
+  [[nodiscard]] const Server& server() const { return server_; }
+  [[nodiscard]] ImportSession& session() const { return session_; }
+  [[nodiscard]] TextStore& texts() { return texts_; }
+  [[nodiscard]] bool IsConnectionLost() const { return lost_; }
 
   MarkValues values;
   // With `each_schema`: the schemas in turn.
@@ -96,9 +96,10 @@ class Catalog {
   std::vector<EachTable> each_sequence;
 
  private:
-  ReadResult ReadOnce(Kind kind, const std::vector<const Section*>& sections, RowReader& reader);
-  ReadResult ReadEach(Kind kind, const Section& section, RowReader& reader);
-  ReadResult RunSection(const Section& section, RowReader& reader);
+  [[nodiscard]] ReadResult ReadOnce(Kind kind, const std::vector<const Section*>& sections,
+                                    RowReader& reader);
+  [[nodiscard]] ReadResult ReadEach(Kind kind, const Section& section, RowReader& reader);
+  [[nodiscard]] ReadResult RunSection(const Section& section, RowReader& reader);
   void SetFailure(const std::string& why);
   ReadResult Failed(Kind kind, std::string_view owner, std::string_view name);
   bool RunPlain(const std::string& sql);

@@ -39,31 +39,34 @@ class ColumnTypes {
   explicit ColumnTypes(Catalog& catalog) : catalog_(catalog) {}
 
   // The type of a row of `columns`: by number, to be told by `column_types`, or made from the row.
-  std::uint32_t Find(const Row& row);
+  [[nodiscard]] std::uint32_t Find(const Row& row);
   // Takes a row of `column_types`.
   void Tell(const Row& row);
   // Settles what domains and arrays inherit from what they are made of. After the last row.
   void Settle();
 
-  const Entry& At(std::uint32_t type) const { return entries_[type]; }
-  const std::vector<Entry>& All() const { return entries_; }
+  [[nodiscard]] const Entry& At(std::uint32_t type) const { return entries_[type]; }
+  [[nodiscard]] const std::vector<Entry>& All() const { return entries_; }
   // The numbers in use, for the mark `types`.
   void ListNumbers(std::vector<std::string>& ids, std::vector<std::string>& modifiers) const;
   // The type of that number without a modifier; null where it was not told.
-  const LcWorkbookDatatype* Find(std::int64_t id) const;
+  [[nodiscard]] const LcWorkbookDatatype* Find(std::int64_t id) const;
 
   // A type object from a row with `type`, `base_type` and sizes, for lists of types too.
-  std::unique_ptr<LcWorkbookDatatype> Make(std::string_view spelling, std::string_view base_type,
-                                           std::string_view schema, std::string_view category);
+  [[nodiscard]] std::unique_ptr<LcWorkbookDatatype> Make(std::string_view spelling,
+                                                         std::string_view base_type,
+                                                         std::string_view schema,
+                                                         std::string_view category);
 
  private:
-  std::uint32_t FindByNumber(std::int64_t id, std::int64_t modifier, std::int64_t dimensions);
-  std::uint32_t FindByText(const Row& row);
-  const TypeKind& KindOf(std::string_view spelling, std::string_view base_type,
-                         std::string_view category, bool& known);
+  std::uint32_t FindByNumber(std::int64_t id, std::int64_t modifier,
+                                           std::int64_t dimensions);
+  [[nodiscard]] std::uint32_t FindByText(const Row& row);
+  [[nodiscard]] const TypeKind& KindOf(std::string_view spelling, std::string_view base_type,
+                                       std::string_view category, bool& known);
   void Fill(const Row& row, Entry& entry);
   void Inherit(Entry& entry, int depth);
-  const Entry* FindTold(std::int64_t id, std::int64_t modifier) const;
+  [[nodiscard]] const Entry* FindTold(std::int64_t id, std::int64_t modifier) const;
 
   Catalog& catalog_;
   std::vector<Entry> entries_;

@@ -48,11 +48,11 @@ class Constraints {
  public:
   explicit Constraints(Model& model) : model_(model) {}
 
-  std::vector<Constraint>& all() { return all_; }
+  [[nodiscard]] std::vector<Constraint>& all() { return all_; }
   // The constraint that a row belongs to, made where the row is its first one.
-  Constraint& Find(Constraint::Sort sort, std::uint32_t table, std::string_view name,
-                   std::string_view id);
-  Constraint* FindForeignKey(std::uint32_t table, std::string_view name);
+  [[nodiscard]] Constraint& Find(Constraint::Sort sort, std::uint32_t table, std::string_view name,
+                                 std::string_view id);
+  [[nodiscard]] Constraint* FindForeignKey(std::uint32_t table, std::string_view name);
 
   // Primary and unique keys into tables and details; what columns said of a primary key counts
   // where no row told of one.
@@ -69,12 +69,12 @@ class Constraints {
     std::vector<std::string> ids;
     std::vector<std::pair<std::string, std::string>> names;
   };
-  OutsideTargets ListOutsideTargets() const;
+  [[nodiscard]] OutsideTargets ListOutsideTargets() const;
 
   // What was read of tables outside of the workbook, for their names.
   void SetOutside(Model* outside) { outside_ = outside; }
   // The checks of a domain.
-  std::vector<LcCheckDetails> ChecksOf(std::int64_t type_id) const;
+  [[nodiscard]] std::vector<LcCheckDetails> ChecksOf(std::int64_t type_id) const;
   void Forget(std::size_t size);
 
  private:
@@ -82,14 +82,16 @@ class Constraints {
   void FinishForeignKey(Constraint& constraint);
   void AddOutsideKey(Constraint& constraint, const std::vector<LcWorkbookColumn*>& columns);
   void NameOutsideTarget(const Constraint& constraint, LcOutsideKey& key);
-  LcForeignKeyDetails DetailsOf(Constraint& constraint) const;
-  LcCheckDetails CheckOf(const Constraint& constraint) const;
-  std::vector<LcWorkbookColumn*> ColumnsOf(const Constraint& constraint);
-  static std::vector<LcWorkbookColumn*> TargetColumnsOf(Model& model, const Constraint& constraint,
-                                                        std::uint32_t target);
-  bool IsUnique(const LcWorkbookTable& table, std::vector<LcWorkbookColumn*> columns) const;
-  std::string KeyOf(Constraint::Sort sort, std::uint32_t table, std::string_view name,
-                    std::string_view id) const;
+  [[nodiscard]] LcForeignKeyDetails DetailsOf(Constraint& constraint) const;
+  [[nodiscard]] LcCheckDetails CheckOf(const Constraint& constraint) const;
+  [[nodiscard]] std::vector<LcWorkbookColumn*> ColumnsOf(const Constraint& constraint);
+  [[nodiscard]] static std::vector<LcWorkbookColumn*> TargetColumnsOf(Model& model,
+                                                                      const Constraint& constraint,
+                                                                      std::uint32_t target);
+  [[nodiscard]] bool IsUnique(const LcWorkbookTable& table,
+                              std::vector<LcWorkbookColumn*> columns) const;
+  [[nodiscard]] std::string KeyOf(Constraint::Sort sort, std::uint32_t table, std::string_view name,
+                                  std::string_view id) const;
 
   Model& model_;
   Model* outside_ = nullptr;
@@ -107,7 +109,7 @@ class ConstraintReader : public RowReader {
   void Read(const Row& row) override;
 
  private:
-  bool SortOf(const Row& row, Constraint::Sort& sort) const;
+  [[nodiscard]] bool SortOf(const Row& row, Constraint::Sort& sort) const;
   void ReadFacts(const Row& row, Constraint& constraint);
   void ReadTarget(const Row& row, Constraint& constraint);
   void ReadParts(const Row& row, Constraint& constraint);

@@ -75,10 +75,11 @@ struct TriggerDefinition {
 // A text that is none of a table (an index, a trigger) gives what is there of it: as a rule
 // nothing.
 // `backslash_escapes`: in quotes a backslash takes the next character out of its meaning.
-TableDefinition ReadTableDefinition(std::string_view text, bool backslash_escapes = false);
-IndexDefinition ReadIndexDefinition(std::string_view text);
-TriggerDefinition ReadTriggerDefinition(std::string_view text);
+[[nodiscard]] TableDefinition ReadTableDefinition(std::string_view text,
+                                                  bool backslash_escapes = false);
+[[nodiscard]] IndexDefinition ReadIndexDefinition(std::string_view text);
+[[nodiscard]] TriggerDefinition ReadTriggerDefinition(std::string_view text);
 // The query of a view, as it is written.
-std::string_view ReadViewQuery(std::string_view text);
+[[nodiscard]] std::string_view ReadViewQuery(std::string_view text);
 
 }  // namespace odbcimport::exact

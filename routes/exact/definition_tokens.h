@@ -17,20 +17,20 @@ class DefinitionTokens {
     Next();
   }
 
-  Kind kind() const { return kind_; }
-  bool AtEnd() const { return kind_ == Kind::kEnd; }
+  [[nodiscard]] Kind kind() const { return kind_; }
+  [[nodiscard]] bool AtEnd() const { return kind_ == Kind::kEnd; }
   // The token as it is written.
-  std::string_view Written() const { return text_.substr(begin_, end_ - begin_); }
+  [[nodiscard]] std::string_view Written() const { return text_.substr(begin_, end_ - begin_); }
   std::size_t begin() const { return begin_; }
-  std::size_t last_end() const { return last_end_; }  // of the token before
-  std::string_view Text(std::size_t begin, std::size_t end) const {
+  [[nodiscard]] std::size_t last_end() const { return last_end_; }  // of the token before
+  [[nodiscard]] std::string_view Text(std::size_t begin, std::size_t end) const {
     return text_.substr(begin, end - begin);
   }
 
   void Next();
-  bool Is(char c) const { return kind_ == Kind::kOther && text_[begin_] == c; }
+  [[nodiscard]] bool Is(char c) const { return kind_ == Kind::kOther && text_[begin_] == c; }
   // A word without quotes, whatever its case; `upper` in upper case.
-  bool IsWord(std::string_view upper) const {
+  [[nodiscard]] bool IsWord(std::string_view upper) const {
     return kind_ == Kind::kWord && end_ - begin_ == upper.size() && IsSpelled(upper);
   }
   // Passes the token where it is that one.
@@ -47,7 +47,7 @@ class DefinitionTokens {
   std::string_view TakeParentheses();
 
  private:
-  bool IsSpelled(std::string_view upper) const;
+  [[nodiscard]] bool IsSpelled(std::string_view upper) const;
   void SkipBlanks();
   void ScanQuoted(char quote);
 

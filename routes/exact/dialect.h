@@ -61,11 +61,11 @@ struct Dialect {
   std::string end;
   std::vector<Section> sections;
 
-  bool IsFor(std::string_view product) const;  // UTF-8
-  bool IsForAnyProduct() const;
+  [[nodiscard]] bool IsFor(std::string_view product) const;  // UTF-8
+  [[nodiscard]] bool IsForAnyProduct() const;
   // The sections of a kind that a server of that version is asked, in turn: the first, and the
   // fallbacks behind it. Empty where the server has no such kind.
-  std::vector<const Section*> Find(Kind kind, const Version& version) const;
+  [[nodiscard]] std::vector<const Section*> Find(Kind kind, const Version& version) const;
 };
 
 struct DialectProblem {
@@ -76,9 +76,9 @@ struct DialectProblem {
 // The head of a file alone, without a word on what is wrong with it: for whom the dialect is.
 void ReadDialectHead(std::string_view file, Dialect& dialect);
 // All that is wrong with the file; none: `dialect` is what it says.
-std::vector<DialectProblem> ParseDialect(std::string_view file, Dialect& dialect);
+[[nodiscard]] std::vector<DialectProblem> ParseDialect(std::string_view file, Dialect& dialect);
 
 // True when the text is what the pattern describes: case ignored, `*` for any text.
-bool MatchesPattern(std::string_view pattern, std::string_view text);
+[[nodiscard]] bool MatchesPattern(std::string_view pattern, std::string_view text);
 
 }  // namespace odbcimport::exact

@@ -18,7 +18,7 @@ struct SectionCheck {
 };
 
 // False, with the reason in `why`, where the dialect is not for the server.
-bool TryDialect(void* henv, void* hdbc, const std::shared_ptr<const Dialect>& dialect,
-                std::vector<SectionCheck>& checks, std::string& why);
+[[nodiscard]] bool TryDialect(void* henv, void* hdbc, const std::shared_ptr<const Dialect>& dialect,
+                              std::vector<SectionCheck>& checks, std::string& why);
 
 }  // namespace odbcimport::exact

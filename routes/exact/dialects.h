@@ -15,12 +15,12 @@ struct BuiltInDialect {
   std::string_view name;
   std::string_view file;  // its text
 };
-std::span<const BuiltInDialect> BuiltInDialects();
+[[nodiscard]] std::span<const BuiltInDialect> BuiltInDialects();
 
 // The built-in dialects that may fit a product (SQL_DBMS_NAME, UTF-8): those made for it, then
 // those for any product.
-std::vector<const BuiltInDialect*> FindBuiltInDialects(std::string_view product);
+[[nodiscard]] std::vector<const BuiltInDialect*> FindBuiltInDialects(std::string_view product);
 // What it says. It is taken apart once in a process; any thread may ask.
-std::shared_ptr<const Dialect> Parsed(const BuiltInDialect& built_in);
+[[nodiscard]] std::shared_ptr<const Dialect> Parsed(const BuiltInDialect& built_in);
 
 }  // namespace odbcimport::exact

@@ -10,11 +10,11 @@ namespace odbcimport::exact {
 // Asks the server in the dialect that the host gave, or in the built-in one for its product, and
 // keeps what it answered in `server.finding`. The dialect's name; empty, with one English sentence
 // part in `why`, where none fits. The handles are borrowed.
-std::string FindDialectFor(void* henv, void* hdbc, const LcImportChoices& choices,
-                           ServerFacts& server, std::string& why);
+[[nodiscard]] std::string FindDialectFor(void* henv, void* hdbc, const LcImportChoices& choices,
+                                         ServerFacts& server, std::string& why);
 
 // Reads the catalog of the server that was found and fills the workbook. `status` as in
 // LcODBCWorkbookImport::ImportItems. Lets no exception out.
-bool ImportExactItems(ImportSession& session, unsigned short& status);
+[[nodiscard]] bool ImportExactItems(ImportSession& session, unsigned short& status);
 
 }  // namespace odbcimport::exact

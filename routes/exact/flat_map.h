@@ -21,10 +21,10 @@ class NumberMap {
     ++count_;
   }
   // kNone for a number that was not added.
-  std::uint32_t Get(std::int64_t number) const {
+  [[nodiscard]] std::uint32_t Get(std::int64_t number) const {
     return places_.empty() ? kNone : const_cast<NumberMap*>(this)->Find(number).position;
   }
-  bool IsEmpty() const { return count_ == 0; }
+  [[nodiscard]] bool IsEmpty() const { return count_ == 0; }
   void Clear() {
     places_.clear();
     count_ = 0;
@@ -36,7 +36,7 @@ class NumberMap {
     std::uint32_t position = kNone;
   };
 
-  Place& Find(std::int64_t number) {
+  [[nodiscard]] Place& Find(std::int64_t number) {
     constexpr std::uint64_t kGoldenRatio = 0x9E3779B97F4A7C15;
     const std::size_t mask = places_.size() - 1;
     auto at = static_cast<std::size_t>((static_cast<std::uint64_t>(number) * kGoldenRatio) >> 32);

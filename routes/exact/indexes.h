@@ -34,13 +34,13 @@ class IndexReader : public RowReader {
     bool is_key = false;
   };
 
-  Index& Find(std::uint32_t table, std::string_view name, bool& is_new);
+  [[nodiscard]] Index& Find(std::uint32_t table, std::string_view name, bool& is_new);
   void ReadFacts(const Row& row, Index& index);
   void ReadKey(const Row& row, Index& index);
   void ReadPart(const Row& row, Index& index);
   void ReadParts(const Row& row, Index& index);
   void Define(Index& index);
-  bool IsOwnCollation(const LcWorkbookColumn* column, std::string_view collation);
+  [[nodiscard]] bool IsOwnCollation(const LcWorkbookColumn* column, std::string_view collation);
   void SetOrder(std::int64_t order, LcIndexPart& part) const;
   void SetNames(std::size_t place, const ColumnEntry* column, LcIndexPart& part);
 

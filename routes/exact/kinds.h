@@ -149,10 +149,10 @@ enum class Field : std::uint8_t {
 inline constexpr std::size_t kFields = static_cast<std::size_t>(Field::kVersion) + 1;
 
 // The names that dialect files use.
-std::string_view NameOf(Kind kind);
-std::string_view NameOf(Field field);
-std::optional<Kind> FindKind(std::string_view name);
-std::optional<Field> FindField(std::string_view name);
+[[nodiscard]] std::string_view NameOf(Kind kind);
+[[nodiscard]] std::string_view NameOf(Field field);
+[[nodiscard]] std::optional<Kind> FindKind(std::string_view name);
+[[nodiscard]] std::optional<Field> FindField(std::string_view name);
 
 // The columns of a kind. Every alternative of a need is a list of columns; one alternative has to
 // be there whole.
@@ -166,12 +166,12 @@ struct RowShape {
   std::vector<Field> fields;
   std::vector<Need> needs;
 
-  bool Has(Field field) const;
+  [[nodiscard]] bool Has(Field field) const;
 };
 // `owners` false: the server has no owners, so that no row needs a schema.
-RowShape ShapeOf(Kind kind, bool owners);
+[[nodiscard]] RowShape ShapeOf(Kind kind, bool owners);
 
 // "table_id, or schema and table": a need as a text for messages.
-std::string Describe(const RowShape::Need& need);
+[[nodiscard]] std::string Describe(const RowShape::Need& need);
 
 }  // namespace odbcimport::exact

@@ -55,10 +55,10 @@ class Comments {
   enum class Of : std::uint8_t { kSchema, kRelation, kType, kRoutine, kConstraint, kTrigger };
 
   void Add(Of of, std::int64_t id, std::int64_t position, LcText text);
-  LcText Find(Of of, std::int64_t id, std::int64_t position = 0) const;
+  [[nodiscard]] LcText Find(Of of, std::int64_t id, std::int64_t position = 0) const;
 
  private:
-  static std::int64_t KeyOf(std::int64_t id, std::int64_t position);
+  [[nodiscard]] static std::int64_t KeyOf(std::int64_t id, std::int64_t position);
   static constexpr std::size_t kSorts = 6;
   std::array<NumberMap, kSorts> places_;
   std::vector<LcText> texts_;
@@ -73,7 +73,7 @@ class KnownNames {
   };
   void Add(std::string_view of, std::int64_t id, Name name);
   // Null for a number that was not told.
-  const Name* Find(std::string_view of, std::int64_t id) const;
+  [[nodiscard]] const Name* Find(std::string_view of, std::int64_t id) const;
 
  private:
   std::unordered_map<std::string, std::unordered_map<std::int64_t, Name>> names_;
@@ -95,25 +95,26 @@ class Model {
   // Makes the tables findable; they stay where they are from now on.
   void IndexTables();
   // The table that a row is about, by number or by names; kNoTable for one that was not read.
-  std::uint32_t FindTable(const Row& row);
-  std::uint32_t FindTable(std::int64_t id) const { return tables_by_id_.Get(id); }
-  std::uint32_t FindTable(std::string_view schema, std::string_view name) const;
+  [[nodiscard]] std::uint32_t FindTable(const Row& row);
+  [[nodiscard]] std::uint32_t FindTable(std::int64_t id) const { return tables_by_id_.Get(id); }
+  [[nodiscard]] std::uint32_t FindTable(std::string_view schema, std::string_view name) const;
   // FindTable, but only for tables of the workbook; null elsewhere.
-  LcWorkbookTable* FindWanted(const Row& row);
+  [[nodiscard]] LcWorkbookTable* FindWanted(const Row& row);
 
   // Puts the columns in order and makes them findable. `whole` false: reading them ended early, and
   // tables of which some may be missing are left out.
   void OrderColumns();
   // Null for a column that was not read.
-  LcWorkbookColumn* FindColumn(std::uint32_t table, std::int64_t position) const;
-  const ColumnEntry* FindEntry(std::uint32_t table, std::int64_t position) const;
-  LcWorkbookColumn* FindColumn(std::uint32_t table, std::string_view name);
+  [[nodiscard]] LcWorkbookColumn* FindColumn(std::uint32_t table, std::int64_t position) const;
+  [[nodiscard]] const ColumnEntry* FindEntry(std::uint32_t table, std::int64_t position) const;
+  [[nodiscard]] LcWorkbookColumn* FindColumn(std::uint32_t table, std::string_view name);
 
   // The text of a column that may be given by number: `collation` or `collation_id`.
-  LcText NameOf(const Row& row, Field text_field, Field id_field, std::string_view of);
+  [[nodiscard]] LcText NameOf(const Row& row, Field text_field, Field id_field,
+                              std::string_view of);
   void TakeOptions(const Row& row, LcOptions& options);
   // The schema of a row that may give it by number. False for a number that is not known.
-  bool FindSchema(const Row& row, std::string_view& schema) const;
+  [[nodiscard]] bool FindSchema(const Row& row, std::string_view& schema) const;
 
  private:
   NumberMap tables_by_id_;
@@ -125,6 +126,6 @@ class Model {
 };
 
 // The text in lower case, as far as it is ASCII.
-std::string FoldCase(std::string_view text);
+[[nodiscard]] std::string FoldCase(std::string_view text);
 
 }  // namespace odbcimport::exact

@@ -51,9 +51,9 @@ class TypeReader : public RowReader {
     std::vector<std::pair<std::int64_t, LcTypeAttribute>> attributes;
     LcTypeDetails details;
   };
-  Type& Find(const Row& row, std::string_view schema, bool& is_new);
+  [[nodiscard]] Type& Find(const Row& row, std::string_view schema, bool& is_new);
   void ReadFacts(const Row& row, Type& type);
-  std::unique_ptr<LcWorkbookDatatype> ListEntry(const Type& type);
+  [[nodiscard]] std::unique_ptr<LcWorkbookDatatype> ListEntry(const Type& type);
   static void TakeParts(Type& type);
 
   Model& model_;
@@ -96,7 +96,7 @@ class RoutineReader : public RowReader {
     LcText arguments;  // as the server spells them; absent: put together from the parameters
     std::vector<std::pair<std::int64_t, LcParameterDetails>> parameters;
   };
-  std::u16string SignatureOf(const Routine& routine) const;
+  [[nodiscard]] std::u16string SignatureOf(const Routine& routine) const;
 
   Model& model_;
   const Selection& selection_;

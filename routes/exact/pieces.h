@@ -21,7 +21,7 @@ class Pieces {
   explicit Pieces(Row& row);
 
   // Whether the heading names `part`.
-  bool IsNeeded() const { return part_ != kNone; }
+  [[nodiscard]] bool IsNeeded() const { return part_ != kNone; }
   // Takes the row that stands in the row; a whole one before it goes to the reader.
   void Add(RowReader& reader);
   // The last one goes to the reader.
@@ -31,7 +31,7 @@ class Pieces {
   using Value = std::optional<std::string>;
   static constexpr std::size_t kNone = std::numeric_limits<std::size_t>::max();
 
-  bool IsSameObject() const;
+  [[nodiscard]] bool IsSameObject() const;
   void Join();
 
   Row& row_;

@@ -9,6 +9,7 @@ namespace odbcimport::exact {
 // Reads what the host asked for from that server. `status` as in
 // LcODBCWorkbookImport::ImportItems. False where the connection was lost or memory ran out; what
 // could not be read is in the workbook's details.
-bool ReadExactly(ImportSession& session, const Server& server, unsigned short& status);
+[[nodiscard]] bool ReadExactly(ImportSession& session, const Server& server,
+                               unsigned short& status);
 
 }  // namespace odbcimport::exact

@@ -28,16 +28,18 @@ class Row {
   bool Take(const odbc::Query& query);
 
   // False for a column that the heading does not name, and for NULL.
-  bool Has(Field field) const { return Text(field).data() != nullptr; }
+  [[nodiscard]] bool Has(Field field) const { return Text(field).data() != nullptr; }
   // UTF-8, valid until the next row. Without data where it has none, which an empty text is not.
-  std::string_view Text(Field field) const {
+  [[nodiscard]] std::string_view Text(Field field) const {
     const std::uint8_t slot = slot_of_[static_cast<std::size_t>(field)];
     return slot != kNoSlot ? values_[slot] : std::string_view();
   }
   // `fallback` where there is none, or no number.
-  std::int64_t Number(Field field, std::int64_t fallback = 0) const;
-  bool Flag(Field field) const { return Text(field) == "1"; }
-  bool Names(Field field) const { return slot_of_[static_cast<std::size_t>(field)] != kNoSlot; }
+  [[nodiscard]] std::int64_t Number(Field field, std::int64_t fallback = 0) const;
+  [[nodiscard]] bool Flag(Field field) const { return Text(field) == "1"; }
+  [[nodiscard]] bool Names(Field field) const {
+    return slot_of_[static_cast<std::size_t>(field)] != kNoSlot;
+  }
 
   // What only this server has: names and values, those without a value left out.
   struct Option {
@@ -45,14 +47,14 @@ class Row {
     std::string_view value;
   };
   // The values as they stand, for who puts rows together (pieces.h).
-  std::vector<std::string_view>& values() { return values_; }
+  [[nodiscard]] std::vector<std::string_view>& values() { return values_; }
   static constexpr std::size_t kNoPlace = static_cast<std::size_t>(-1);
-  std::size_t PlaceOf(Field field) const {
+  [[nodiscard]] std::size_t PlaceOf(Field field) const {
     const std::uint8_t slot = slot_of_[static_cast<std::size_t>(field)];
     return slot != kNoSlot ? slot : kNoPlace;
   }
 
-  bool HasOptions() const { return !option_slots_.empty(); }
+  [[nodiscard]] bool HasOptions() const { return !option_slots_.empty(); }
   template <class Function>
   void ForEachOption(Function function) const {
     for (const std::uint8_t slot : option_slots_) {
@@ -80,8 +82,8 @@ class Row {
 // The numbers in a text, whatever parts them: "1 2", "{1,2}", "[3]".
 void ReadNumbers(std::string_view text, std::vector<std::int64_t>& numbers);
 // A decimal number with a sign or without; `fallback` for anything else.
-std::int64_t ReadNumber(std::string_view text, std::int64_t fallback);
+[[nodiscard]] std::int64_t ReadNumber(std::string_view text, std::int64_t fallback);
 // The texts of a list `{"a",b}` or `["a","b"]`.
-std::vector<std::string> ReadTexts(std::string_view text);
+[[nodiscard]] std::vector<std::string> ReadTexts(std::string_view text);
 
 }  // namespace odbcimport::exact

@@ -21,20 +21,20 @@ class Selection {
   Selection(std::string owner, std::string table);
   // Tables by owner and name.
   explicit Selection(std::vector<std::pair<std::string, std::string>> tables);
-  static Selection OfOwner(const std::string& owner);
-  static Selection OfEverything() { return {}; }
+  [[nodiscard]] static Selection OfOwner(const std::string& owner);
+  [[nodiscard]] static Selection OfEverything() { return {}; }
 
-  bool IsEmpty() const { return owners_.empty() && tables_.empty(); }
-  bool HasTables() const { return !tables_.empty(); }
-  bool Wants(std::string_view schema, std::string_view table) const;
-  bool WantsSchema(std::string_view schema) const;
+  [[nodiscard]] bool IsEmpty() const { return owners_.empty() && tables_.empty(); }
+  [[nodiscard]] bool HasTables() const { return !tables_.empty(); }
+  [[nodiscard]] bool Wants(std::string_view schema, std::string_view table) const;
+  [[nodiscard]] bool WantsSchema(std::string_view schema) const;
 
   // Fills the marks of a statement. `schema`: narrowed to that one, for dialects that read schema
   // by schema; null: all.
   void FillMarks(const std::string* schema, MarkValues& values) const;
   // The schemas that the choice names, for dialects that read schema by schema; none where it
   // names none.
-  std::vector<std::string> Schemas() const;
+  [[nodiscard]] std::vector<std::string> Schemas() const;
 
  private:
   struct Table {
@@ -42,7 +42,7 @@ class Selection {
     std::string name;
   };
   Selection() = default;
-  static std::string KeyOf(std::string_view owner, std::string_view name);
+  [[nodiscard]] static std::string KeyOf(std::string_view owner, std::string_view name);
 
   std::vector<std::string> owners_;
   std::vector<Table> tables_;

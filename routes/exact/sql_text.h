@@ -20,16 +20,18 @@ struct SqlSpan {
   SqlPart part = SqlPart::kText;
   std::size_t end = 0;
 };
-SqlSpan FindSpan(std::string_view sql, std::size_t begin, bool backslashes = false);
+[[nodiscard]] SqlSpan FindSpan(std::string_view sql, std::size_t begin, bool backslashes = false);
 
 // The words outside quotes and comments, in upper case.
-std::vector<std::string> WordsOf(std::string_view sql, bool backslashes = false);
+[[nodiscard]] std::vector<std::string> WordsOf(std::string_view sql, bool backslashes = false);
 
 // Where the statement that begins at `begin` ends: at its semicolon or at the end of the text.
-std::size_t FindStatementEnd(std::string_view sql, std::size_t begin, bool backslashes = false);
+[[nodiscard]] std::size_t FindStatementEnd(std::string_view sql, std::size_t begin,
+                                           bool backslashes = false);
 
 // Why a module that only reads does not run this statement; empty for one that it does.
 // `first_words` are those that the dialect allows besides SELECT, WITH and VALUES, in upper case.
-std::string WhyNotReading(std::string_view sql, const std::vector<std::string>& first_words);
+[[nodiscard]] std::string WhyNotReading(std::string_view sql,
+                                        const std::vector<std::string>& first_words);
 
 }  // namespace odbcimport::exact

@@ -38,7 +38,7 @@ struct MarkValues {
 struct NameQuotes {
   std::string open;
   std::string close;
-  bool IsKnown() const { return !open.empty(); }
+  [[nodiscard]] bool IsKnown() const { return !open.empty(); }
 };
 
 struct FilledStatement {
@@ -52,14 +52,14 @@ class StatementText {
  public:
   // Takes the statement apart. False, with the reason in `why` and the offset of what is wrong in
   // `where`, when a mark cannot be understood.
-  bool Parse(std::string_view sql, std::string& why, std::size_t& where);
+  [[nodiscard]] bool Parse(std::string_view sql, std::string& why, std::size_t& where);
 
   // `list_limit` 0: lists may have any length.
-  FilledStatement Fill(const MarkValues& values, const NameQuotes& quotes,
-                       std::size_t list_limit) const;
+  [[nodiscard]] FilledStatement Fill(const MarkValues& values, const NameQuotes& quotes,
+                                     std::size_t list_limit) const;
   // The statement as a shell sees it: every mark is a comment.
-  const std::string& Source() const { return source_; }
-  bool UsesNames() const { return uses_names_; }
+  [[nodiscard]] const std::string& Source() const { return source_; }
+  [[nodiscard]] bool UsesNames() const { return uses_names_; }
 
  private:
   enum class Condition : std::uint8_t {
@@ -91,11 +91,13 @@ class StatementText {
   };
   class Parser;
 
-  static bool Holds(const Node& node, const MarkValues& values);
-  static const MarkValues::Texts* ListOf(Condition condition, Value value,
-                                         const MarkValues& values);
-  static const std::string& OneOf(Condition condition, Value value, const MarkValues& values);
-  static bool IsTooLong(const Node& node, const MarkValues& values, std::size_t list_limit);
+  [[nodiscard]] static bool Holds(const Node& node, const MarkValues& values);
+  [[nodiscard]] static const MarkValues::Texts* ListOf(Condition condition, Value value,
+                                                       const MarkValues& values);
+  [[nodiscard]] static const std::string& OneOf(Condition condition, Value value,
+                                                const MarkValues& values);
+  [[nodiscard]] static bool IsTooLong(const Node& node, const MarkValues& values,
+                                      std::size_t list_limit);
   static void FillNodes(const std::vector<Node>& nodes, const MarkValues& values,
                         const NameQuotes& quotes, std::size_t list_limit, FilledStatement& out);
   static void FillPiece(Condition condition, const Piece& piece, const MarkValues& values,
@@ -107,6 +109,6 @@ class StatementText {
 };
 
 // `name` between the quotes, with a closing quote inside doubled.
-std::string QuoteName(std::string_view name, const NameQuotes& quotes);
+[[nodiscard]] std::string QuoteName(std::string_view name, const NameQuotes& quotes);
 
 }  // namespace odbcimport::exact

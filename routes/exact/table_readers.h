@@ -26,7 +26,7 @@ class TableReader : public RowReader {
     std::int64_t table_id = 0;
     std::vector<std::int64_t> ids;
   };
-  bool IsWanted(LeTableKind kind, const TableEntry& entry) const;
+  [[nodiscard]] bool IsWanted(LeTableKind kind, const TableEntry& entry) const;
   void AddSequence(const Row& row, std::string_view schema);
   void ReadDetails(const Row& row, LeTableKind kind, TableEntry& entry);
   static void ReadSynonym(const Row& row, TextStore& texts, LcWorkbookTable& table);

@@ -14,11 +14,11 @@ namespace odbcimport::exact {
 class TextStore {
  public:
   // Absent for a view without data.
-  LcText Get(std::string_view utf8);
+  [[nodiscard]] LcText Get(std::string_view utf8);
   // The name of a column; empty for a view without data.
-  LcName Name(std::string_view utf8);
+  [[nodiscard]] LcName Name(std::string_view utf8);
   // The same characters, valid until the next call.
-  const std::u16string& Wide(std::string_view utf8);
+  [[nodiscard]] const std::u16string& Wide(std::string_view utf8);
 
  private:
   struct Hash {

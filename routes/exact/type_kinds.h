@@ -19,7 +19,7 @@ struct TypeKind {
 };
 
 // Null where there is no such kind.
-const TypeKind* FindTypeKind(std::string_view name);
+[[nodiscard]] const TypeKind* FindTypeKind(std::string_view name);
 
 // What a type without a counterpart is: something only its server knows, under the server's name.
 extern const TypeKind kOpaqueKind;

@@ -14,9 +14,9 @@ class Version {
   Version() = default;
   explicit Version(std::string_view text);
 
-  bool IsKnown() const { return !numbers_.empty(); }
+  [[nodiscard]] bool IsKnown() const { return !numbers_.empty(); }
   // Compared number by number; one that is missing counts as 0, so that 12 is 12.0.
-  bool IsBefore(const Version& other) const;
+  [[nodiscard]] bool IsBefore(const Version& other) const;
 
  private:
   std::vector<long> numbers_;
@@ -26,7 +26,7 @@ struct VersionBounds {
   std::optional<Version> since;
   std::optional<Version> before;
 
-  bool Fit(const Version& version) const {
+  [[nodiscard]] bool Fit(const Version& version) const {
     return (!since || !version.IsBefore(*since)) && (!before || version.IsBefore(*before));
   }
 };

@@ -40,15 +40,15 @@ class BoundText {
     for (std::size_t i = 0; i < text.size() && end + 1 < kCharacters; ++i) text_[end++] = text[i];
     text_[end] = 0;
   }
-  bool IsEmpty() const { return text_[0] == 0; }
+  [[nodiscard]] bool IsEmpty() const { return text_[0] == 0; }
   // Empty for NULL. Ends with a zero; valid until the next row.
-  std::u16string_view Read() {
+  [[nodiscard]] std::u16string_view Read() {
     if (IsNull(indicator_)) text_[0] = 0;
     text_[kMaxCharacters] = 0;
     return text_;
   }
   // The text as an argument of a catalog function; null when it is empty.
-  const char16_t* ArgumentOrNull() const { return IsEmpty() ? nullptr : text_; }
+  [[nodiscard]] const char16_t* ArgumentOrNull() const { return IsEmpty() ? nullptr : text_; }
 
  private:
   static constexpr std::size_t kCharacters = 129;
@@ -67,7 +67,9 @@ class BoundNumber {
     value_ = 0;
     indicator_ = 0;
   }
-  long ReadOr(long when_null) const { return IsNull(indicator_) ? when_null : value_; }
+  [[nodiscard]] long ReadOr(long when_null) const {
+    return IsNull(indicator_) ? when_null : value_;
+  }
 
  private:
   Integer value_ = 0;

@@ -12,8 +12,8 @@ class CatalogStatement {
   CatalogStatement(const CatalogStatement&) = delete;
   CatalogStatement& operator=(const CatalogStatement&) = delete;
 
-  bool IsAllocated() const { return statement_.IsAllocated(); }
-  SQLHSTMT Get() const { return statement_.Get(); }
+  [[nodiscard]] bool IsAllocated() const { return statement_.IsAllocated(); }
+  [[nodiscard]] SQLHSTMT Get() const { return statement_.Get(); }
 
   // Runs `call`, which makes one catalog call on the statement it is given, and has `bind` bind the
   // result columns unless they are bound. Returns what the call returned. `call` runs twice when

@@ -43,7 +43,8 @@ class PrimaryKeyReader {
   // this order.
   void TakeColumnDiagnostic();
   // Null when the table has no such column.
-  LcWorkbookColumn* FindColumn(const LcWorkbookTable& table, std::u16string_view name);
+  [[nodiscard]] LcWorkbookColumn* FindColumn(const LcWorkbookTable& table,
+                                             std::u16string_view name);
 
   ImportSession& session_;
   CatalogStatement& column_statement_;

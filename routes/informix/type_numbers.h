@@ -12,7 +12,7 @@
 namespace odbcimport::informix {
 
 // Physical codes below that of SERIAL belong to plain built-in types.
-constexpr bool IsRegularDataType(int physical_code) { return physical_code < 19; }
+[[nodiscard]] constexpr bool IsRegularDataType(int physical_code) { return physical_code < 19; }
 
 // What a number that stands for no type is called.
 inline constexpr std::u16string_view kUnknownTypeName = u"UNKNOWN";

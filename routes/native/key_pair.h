@@ -21,7 +21,7 @@ class KeyPair {
   // Takes both keys out of their tables and deletes them.
   void TakeBack();
 
-  LcWorkbookForeignKey* forward() const { return keys_.forward; }
+  [[nodiscard]] LcWorkbookForeignKey* forward() const { return keys_.forward; }
   // Lets go of the forward key only; the mirror key stays in hand.
   void ForgetForward() { keys_.forward = nullptr; }
   // Takes a forward key that no table holds, which stays the caller's.

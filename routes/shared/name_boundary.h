@@ -22,8 +22,8 @@ class NameBoundary {
     name_.assign(name);
     return true;
   }
-  const std::u16string& owner() const { return owner_; }
-  const std::u16string& name() const { return name_; }
+  [[nodiscard]] const std::u16string& owner() const { return owner_; }
+  [[nodiscard]] const std::u16string& name() const { return name_; }
 
  private:
   bool nothing_yet_;

@@ -72,7 +72,7 @@ TEST_P(LongLife, FreshImportersLeaveNothingBehind) {
     LcODBCWorkbookImport importer(nullptr, &workbook);
     Choose(importer, *connection);
     unsigned short status = 0;
-    importer.ImportItems(status);
+    static_cast<void>(importer.ImportItems(status));  // some of these servers refuse a phase
     ASSERT_GT(workbook.tables.GetCount(), 10U);
   });
 }
