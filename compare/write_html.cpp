@@ -3,6 +3,7 @@
 #include <unordered_map>
 #include <unordered_set>
 
+#include "base/markup.h"
 #include "base/utf.h"
 #include "compare/lines.h"
 #include "compare/objects.h"
@@ -14,28 +15,7 @@ namespace wbcompare {
 
 namespace {
 
-std::string Escape(const std::string& text) {
-  std::string escaped;
-  for (const char c : Shown(text)) {
-    switch (c) {
-      case '&':
-        escaped += "&amp;";
-        break;
-      case '<':
-        escaped += "&lt;";
-        break;
-      case '>':
-        escaped += "&gt;";
-        break;
-      case '"':
-        escaped += "&quot;";
-        break;
-      default:
-        escaped += c;
-    }
-  }
-  return escaped;
-}
+std::string Escape(const std::string& text) { return base::EscapeMarkup(Shown(text)); }
 
 // Two readings are not rated.
 std::string Badge(Severity severity, const Comparison& comparison) {

@@ -6,6 +6,7 @@
 
 #include <unordered_map>
 
+#include "base/markup.h"
 #include "export/writers.h"
 
 namespace wbexport {
@@ -38,8 +39,8 @@ std::string Heading(const LcWorkbookTable& table, const Diagram& diagram) {
   const bool names = diagram.detail == Detail::kNames;
   return fmt::format("<tr><td colspan=\"3\" bgcolor=\"{}\"><b>{}</b>{}{}</td></tr>",
                      table.GetType() == ttTable ? "#dbe7f5" : "#ececec",
-                     EscapeXml(DisplayName(table)),
-                     kind == "table" ? "" : fmt::format(" <i>({})</i>", EscapeXml(kind)),
+                     base::EscapeMarkup(DisplayName(table)),
+                     kind == "table" ? "" : fmt::format(" <i>({})</i>", base::EscapeMarkup(kind)),
                      names && diagram.looping_tables.count(&table) ? kLoop : "");
 }
 
@@ -49,11 +50,11 @@ std::string Box(const LcWorkbookTable& table, const Diagram& diagram) {
   const std::vector<const LcWorkbookColumn*> shown = ShownColumns(table, diagram);
   for (std::size_t i = 0; i < shown.size(); ++i) {
     const LcWorkbookColumn& column = *shown[i];
-    const std::string name = EscapeXml(Display(column.GetName()));
+    const std::string name = base::EscapeMarkup(Display(column.GetName()));
     box += fmt::format(
         "<tr><td align=\"left\" port=\"l{0}\">{1}</td><td align=\"left\">{2}</td>"
         "<td align=\"left\" port=\"r{0}\">{3}</td></tr>",
-        i, column.IsRequired() ? "<b>" + name + "</b>" : name, EscapeXml(TypeText(column)),
+        i, column.IsRequired() ? "<b>" + name + "</b>" : name, base::EscapeMarkup(TypeText(column)),
         std::string(KeyMark(column, diagram)) + (diagram.looping.count(&column) ? kLoop : ""));
   }
   const std::string rest = RestOf(table, diagram, shown.size());
@@ -70,9 +71,9 @@ std::string Port(const Ports& ports, const LcWorkbookColumn* column, char side) 
 
 // What stands above the picture: what it is of, and what is not in it.
 std::string Label(const Diagram& diagram) {
-  std::string label = EscapeXml(diagram.title);
+  std::string label = base::EscapeMarkup(diagram.title);
   for (const std::string& caption : diagram.captions) {
-    label += "<br/><b>" + EscapeXml(caption) + "</b>";
+    label += "<br/><b>" + base::EscapeMarkup(caption) + "</b>";
   }
   return label;
 }
@@ -105,28 +106,6 @@ std::string Edge(const Diagram& diagram, const DiagramLine& line, const LineCour
 }
 
 }  // namespace
-
-std::string EscapeXml(const std::string& text) {
-  std::string escaped;
-  for (std::size_t at = 0; at < text.size(); ++at) {
-    const std::string_view rest = std::string_view(text).substr(at, 3);
-    if (rest == "\uFFFE" || rest == "\uFFFF") {  // which no XML text may hold
-      escaped += "\uFFFD";
-      at += 2;
-    } else if (text[at] == '&') {
-      escaped += "&amp;";
-    } else if (text[at] == '<') {
-      escaped += "&lt;";
-    } else if (text[at] == '>') {
-      escaped += "&gt;";
-    } else if (text[at] == '"') {
-      escaped += "&quot;";
-    } else {
-      escaped += text[at];
-    }
-  }
-  return escaped;
-}
 
 std::string DotText(const Diagram& diagram) {
   std::vector<DiagramLine> lines = Lines(diagram);

@@ -9,7 +9,4 @@ namespace wbexport {
 
 [[nodiscard]] std::string DotText(const Diagram& diagram);
 
-// Text between tags or in an attribute; what no XML text may hold becomes U+FFFD.
-[[nodiscard]] std::string EscapeXml(const std::string& text);
-
 }  // namespace wbexport

@@ -2,6 +2,7 @@
 // compact JSON that the scripts make into pages when a reader asks for them. Needs no network.
 #include <string>
 
+#include "base/markup.h"
 #include "embedded_wbexport.h"
 #include "export/diagram.h"
 #include "export/model.h"
@@ -9,31 +10,6 @@
 #include "export/writers.h"
 
 namespace wbexport {
-
-namespace {
-
-// Text between tags.
-std::string EscapeHtml(const std::string& text) {
-  std::string escaped;
-  for (const char c : text) {
-    switch (c) {
-      case '&':
-        escaped += "&amp;";
-        break;
-      case '<':
-        escaped += "&lt;";
-        break;
-      case '>':
-        escaped += "&gt;";
-        break;
-      default:
-        escaped += c;
-    }
-  }
-  return escaped;
-}
-
-}  // namespace
 
 bool WriteHtml(const Document& document, const Options& options, std::ostream& out, Notes& notes) {
   const LcWorkbookTable* around = nullptr;
@@ -59,7 +35,7 @@ bool WriteHtml(const Document& document, const Options& options, std::ostream& o
     const std::string_view place = rest.substr(open + 2, close - open - 2);
     rest.remove_prefix(close + 2);
     if (place == "title") {
-      out << EscapeHtml(title);
+      out << base::EscapeMarkup(title);
     } else if (place == "style") {
       out << embedded::kStyle;
     } else if (place == "data") {

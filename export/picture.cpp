@@ -22,6 +22,7 @@
 #include <thread>
 #include <vector>
 
+#include "base/markup.h"
 #include "export/dot.h"
 #include "export/writers.h"
 
@@ -87,7 +88,7 @@ std::string NameTitles(const std::string& svg, const Diagram& diagram) {
     named.append(svg, done, at - done);
     done = end + std::string_view("</title>").size();
     if (stopped == last && error == std::errc() && number < diagram.tables.size()) {
-      named += "<title>" + EscapeXml(DisplayName(*diagram.tables[number])) + "</title>";
+      named += "<title>" + base::EscapeMarkup(DisplayName(*diagram.tables[number])) + "</title>";
     }
   }
   return named.append(svg, done);
