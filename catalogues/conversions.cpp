@@ -37,7 +37,7 @@ struct TableKind {
 
 // By the numbers of syscolumns.coltype. Required: some types go to a code of another type although the
 // Informix list has one of their own (smallfloat, byte, text, nchar, nvarchar). The smallfloat is in
-// conversions_test, the others are in the outlines of informix_route_test.
+// conversions_test, the others are in the outlines of the Informix route_test.
 constexpr NumberedType kInformixTypes[] = {
     { 0, pcChar},          // char
     { 1, pcSmallInt},      // smallint

@@ -33,18 +33,18 @@ class LC_EXPORT LcODBCFetch : public LcObject {
   int DescribeResults();
   // Appends rows; `max_rows` 0 means all. Executes and describes where that was not done. Non-zero
   // when more rows may follow; 0 at the end or after a failure. The number of fetch calls for a
-  // given `max_rows` is uneven, as required: with rowsets of 10, 25 rows allow 2 calls and 20 rows
-  // allow 3. Hosts page with these numbers.
+  // given `max_rows` is uneven, as required (fetch_test): with rowsets of 10, 25 rows allow 2 calls
+  // and 20 rows allow 3. Hosts page with these numbers.
   int FetchData(LcODBCRecordList& rows, unsigned long max_rows);
   // The descriptions read so far; they belong to this object.
-  const LcODBCRecordList& GetColumns() const;
+  [[nodiscard]] const LcODBCRecordList& GetColumns() const;
   // 1 once the text could not be executed, or a result not be read to its end, as far as it was
   // asked for. The user has been shown why, but for a driver that fails a hundred fetches in a row.
-  int HasFailed() const;
-  int IsExtendedFetchSupported() const;
-  int AreMultipleResultSetsSupported() const;
+  [[nodiscard]] int HasFailed() const;
+  [[nodiscard]] int IsExtendedFetchSupported() const;
+  [[nodiscard]] int AreMultipleResultSetsSupported() const;
   // 1 when the driver can update the row that a cursor stands on through SQLSetPos.
-  int IsPositionalUpdateThruAPISupported() const;
+  [[nodiscard]] int IsPositionalUpdateThruAPISupported() const;
 
  private:
   struct State;

@@ -136,7 +136,7 @@ std::vector<std::u16string> BuildForeignKeyQueries(const LcImportChoices& choice
 
 void AddSpecificOnesRedBrickFK(const LcImportChoices& choices, std::u16string& sql) {
   if (choices.selected_tables.IsEmpty()) return;
-  // Required (native query texts): no owners, since Red Brick's relationships record no creator.
+  // Required (query_texts_test): no owners, since Red Brick's relationships record no creator.
   sql += u" AND (";
   std::u16string_view separator;
   for (const LcTableInfo* entry : choices.selected_tables) {

@@ -21,7 +21,7 @@ constexpr std::u16string_view kOracleTablesBase =
     u"C.CONSTRAINT_NAME=P.CONSTRAINT_NAME";
 
 // Joins on a column that ALL_CATALOG does not have, so Oracle refuses it and views get no keys.
-// Required (native query texts): with a working join an import of views would read all keys again.
+// Required (query_texts_test): with a working join an import of views would read all keys again.
 constexpr std::u16string_view kOracleViewsBase =
     u"SELECT T.OWNER,P.TABLE_NAME,P.POSITION,P.COLUMN_NAME FROM ALL_CATALOG T, ALL_CONSTRAINTS C, "
     u"ALL_CONS_COLUMNS P WHERE T.OWNER=C.OWNER AND C.OWNER=P.OWNER AND T.VIEW_NAME=C.TABLE_NAME "
