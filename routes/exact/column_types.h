@@ -59,8 +59,7 @@ class ColumnTypes {
                                                          std::string_view category);
 
  private:
-  std::uint32_t FindByNumber(std::int64_t id, std::int64_t modifier,
-                                           std::int64_t dimensions);
+  std::uint32_t FindByNumber(std::int64_t id, std::int64_t modifier, std::int64_t dimensions);
   [[nodiscard]] std::uint32_t FindByText(const Row& row);
   [[nodiscard]] const TypeKind& KindOf(std::string_view spelling, std::string_view base_type,
                                        std::string_view category, bool& known);

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 
+#include "base/text.h"
 #include "base/utf.h"
 #include "routes/exact/sql_text.h"
 #include "routes/exact/type_kinds.h"
@@ -12,12 +13,6 @@ namespace odbcimport::exact {
 namespace {
 
 constexpr std::string_view kBlanks = " \t\r";
-
-std::string_view Trim(std::string_view text) {
-  const std::size_t begin = text.find_first_not_of(kBlanks);
-  if (begin == std::string_view::npos) return {};
-  return text.substr(begin, text.find_last_not_of(kBlanks) - begin + 1);
-}
 
 // The trimmed parts of a text between commas, or whatever parts them; none of an empty text.
 std::vector<std::string_view> List(std::string_view text, char separator) {
@@ -29,7 +24,7 @@ std::vector<std::string_view> List(std::string_view text, char separator) {
     if (c == '{') ++depth;
     if (c == '}') --depth;
     if (c != separator || (depth > 0 && i < text.size())) continue;
-    parts.push_back(Trim(text.substr(begin, i - begin)));
+    parts.push_back(base::TrimSpace(text.substr(begin, i - begin)));
     begin = i + 1;
   }
   if (parts.size() == 1 && parts.front().empty()) parts.clear();
@@ -39,7 +34,7 @@ std::vector<std::string_view> List(std::string_view text, char separator) {
 char LowerCase(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
 
 std::string_view TakeWord(std::string_view& text) {
-  text = Trim(text);
+  text = base::TrimSpace(text);
   const std::string_view word = text.substr(0, text.find_first_of(kBlanks));
   text.remove_prefix(word.size());
   return word;
@@ -71,7 +66,7 @@ class FileReader {
   FileReader(std::string_view file, Dialect& dialect) : file_(file), dialect_(dialect) {}
 
   void ReadHead() {
-    while (!AtEnd() && !IsSection(Trim(PeekLine()))) ReadHeadLine();
+    while (!AtEnd() && !IsSection(base::TrimSpace(PeekLine()))) ReadHeadLine();
   }
 
   std::vector<DialectProblem> Run() {
@@ -95,16 +90,16 @@ class FileReader {
     ++line_;
   }
   static bool IsSection(std::string_view line) {
-    return IsLineComment(line) && Trim(line.substr(2)).starts_with('@');
+    return IsLineComment(line) && base::TrimSpace(line.substr(2)).starts_with('@');
   }
   void Complain(int line, std::string text) { problems_.push_back({line, std::move(text)}); }
 
   void ReadHeadLine() {
-    const std::string_view line = Trim(PeekLine());
+    const std::string_view line = base::TrimSpace(PeekLine());
     if (!line.empty() && !IsLineComment(line)) {
       Complain(line_, "a statement stands before the first section");
     } else if (const std::size_t colon = line.find(':'); colon != std::string_view::npos) {
-      SetHead(Trim(line.substr(2, colon - 2)), Trim(line.substr(colon + 1)));
+      SetHead(base::TrimSpace(line.substr(2, colon - 2)), base::TrimSpace(line.substr(colon + 1)));
     }
     NextLine();
   }
@@ -185,7 +180,7 @@ class FileReader {
 
   void SetTypes(std::string_view value) {
     const std::size_t equals = value.find('=');
-    const std::string_view kind = Trim(value.substr(0, equals));
+    const std::string_view kind = base::TrimSpace(value.substr(0, equals));
     if (equals == std::string_view::npos || FindTypeKind(kind) == nullptr) {
       Complain(line_, "there is no kind of type " + std::string(kind));
       return;
@@ -218,7 +213,7 @@ class FileReader {
   }
 
   void ReadSection() {
-    const std::string_view heading = Trim(PeekLine());
+    const std::string_view heading = base::TrimSpace(PeekLine());
     if (!IsSection(heading)) {
       if (!heading.empty() && !IsLineComment(heading)) {
         Complain(line_, "what follows the first ; of a section belongs to none");
@@ -229,13 +224,14 @@ class FileReader {
     Section section;
     section.line = line_;
     section_line_ = line_;
-    const bool known = ReadSectionLine(Trim(heading.substr(2)).substr(1), section);
+    const bool known = ReadSectionLine(base::TrimSpace(heading.substr(2)).substr(1), section);
     NextLine();
     std::string row;
-    while (!AtEnd() && (Trim(PeekLine()).empty() || IsLineComment(Trim(PeekLine()))) &&
-           !IsSection(Trim(PeekLine()))) {
-      const std::string_view line = Trim(PeekLine());
-      const std::string_view comment = line.empty() ? line : Trim(line.substr(2));
+    while (!AtEnd() &&
+           (base::TrimSpace(PeekLine()).empty() || IsLineComment(base::TrimSpace(PeekLine()))) &&
+           !IsSection(base::TrimSpace(PeekLine()))) {
+      const std::string_view line = base::TrimSpace(PeekLine());
+      const std::string_view comment = line.empty() ? line : base::TrimSpace(line.substr(2));
       if (comment.starts_with("row:")) row.append(comment.substr(4)).append(" ");
       NextLine();
     }
@@ -275,12 +271,12 @@ class FileReader {
 
   void ReadEach(std::string_view& text, Section& section) {
     const std::string_view each = TakeWord(text);
-    if (each != "each" || Trim(text).empty()) {
+    if (each != "each" || base::TrimSpace(text).empty()) {
       Complain(line_,
                "a section is `for each table`, `view`, `sequence`, or another kind of tables");
       return;
     }
-    section.each = Trim(text);
+    section.each = base::TrimSpace(text);
     text = {};
   }
 
@@ -292,7 +288,7 @@ class FileReader {
       if (!names.empty()) names += u", ";
       for (const std::string_view slot : List(cell, '|')) {
         if (!slots.empty()) names += u'|';
-        names += base::ToUtf16(Trim(slot.substr(0, slot.find('{'))));
+        names += base::ToUtf16(base::TrimSpace(slot.substr(0, slot.find('{'))));
         slots.push_back(ReadSlot(slot));
       }
       section.heading.push_back(std::move(slots));
@@ -302,11 +298,11 @@ class FileReader {
   Slot ReadSlot(std::string_view text) {
     Slot slot;
     const std::size_t open = text.find('{');
-    const std::string_view name = Trim(text.substr(0, open));
+    const std::string_view name = base::TrimSpace(text.substr(0, open));
     if (open != std::string_view::npos) ReadValues(text.substr(open + 1), slot);
     constexpr std::string_view kOption = "option:";
     if (name.starts_with(kOption)) {
-      slot.option = Trim(name.substr(kOption.size()));
+      slot.option = base::TrimSpace(name.substr(kOption.size()));
       if (slot.option.empty()) Complain(section_line_, section_ + ": option: needs a name");
     } else if (name != "-") {
       slot.field = FindField(name);
@@ -329,7 +325,8 @@ class FileReader {
                  section_ + ": between { and } stands what=meaning, not " + std::string(value));
         continue;
       }
-      slot.values.emplace_back(Trim(value.substr(0, equals)), Trim(value.substr(equals + 1)));
+      slot.values.emplace_back(base::TrimSpace(value.substr(0, equals)),
+                               base::TrimSpace(value.substr(equals + 1)));
     }
   }
 
@@ -338,7 +335,7 @@ class FileReader {
     const int first_line = line_;
     // A statement that is not closed ends where the next section begins.
     std::size_t next = begin;
-    while (!AtEnd() && !IsSection(Trim(PeekLine()))) NextLine();
+    while (!AtEnd() && !IsSection(base::TrimSpace(PeekLine()))) NextLine();
     next = at_;
     const std::string_view text = file_.substr(begin, next - begin);
     const std::size_t end = FindStatementEnd(text, 0);
@@ -346,7 +343,7 @@ class FileReader {
     if (end < text.size()) {
       at_ = begin + end + 1;
       line_ = first_line + static_cast<int>(std::count(sql.begin(), sql.end(), '\n'));
-      if (Trim(PeekLine()).empty()) NextLine();
+      if (base::TrimSpace(PeekLine()).empty()) NextLine();
     }
     std::string why = WhyNotReading(sql, dialect_.first_words);
     std::size_t where = 0;

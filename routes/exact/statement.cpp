@@ -4,6 +4,7 @@
 #include <array>
 #include <optional>
 
+#include "base/text.h"
 #include "routes/exact/sql_text.h"
 
 namespace odbcimport::exact {
@@ -13,15 +14,8 @@ constexpr std::string_view kMarkBegin = "/*@";
 constexpr std::string_view kElse = "@else";
 constexpr std::string_view kEnd = "/*@end*/";
 
-std::string_view Trim(std::string_view text) {
-  constexpr std::string_view kBlanks = " \t\r\n";
-  const std::size_t begin = text.find_first_not_of(kBlanks);
-  if (begin == std::string_view::npos) return {};
-  return text.substr(begin, text.find_last_not_of(kBlanks) - begin + 1);
-}
-
 std::string_view TakeWord(std::string_view& text) {
-  text = Trim(text);
+  text = base::TrimSpace(text);
   const std::size_t end = text.find_first_of(" \t\r\n");
   const std::string_view word = text.substr(0, end);
   text.remove_prefix(word.size());
@@ -152,9 +146,9 @@ class StatementText::Parser {
   bool ReadMark(std::string_view comment, std::size_t end, std::vector<Node>& nodes) {
     std::string_view text = comment.substr(kMarkBegin.size());
     if (!text.ends_with("*/")) return Fail("a mark is not closed");
-    text = Trim(text.substr(0, text.size() - 2));
+    text = base::TrimSpace(text.substr(0, text.size() - 2));
     const bool has_other = text.ends_with(kElse);
-    if (has_other) text = Trim(text.substr(0, text.size() - kElse.size()));
+    if (has_other) text = base::TrimSpace(text.substr(0, text.size() - kElse.size()));
 
     const std::string_view word = TakeWord(text);
     const ConditionName* condition = nullptr;
@@ -169,7 +163,7 @@ class StatementText::Parser {
       if (!bound.IsKnown()) return Fail("@" + std::string(word) + " needs a version");
       (word == "since" ? node.bounds.since : node.bounds.before) = bound;
     }
-    if (!ReadPieces(Trim(text), *condition, node)) return false;
+    if (!ReadPieces(base::TrimSpace(text), *condition, node)) return false;
     at_ = end;
     if (has_other && !ReadNodes(node.other, true)) return false;
     nodes.push_back(std::move(node));
@@ -213,7 +207,7 @@ class StatementText::Parser {
           "name(value)");
     }
     const std::string_view form = text.substr(0, open);
-    const std::string_view name = Trim(text.substr(open + 1, close - open - 1));
+    const std::string_view name = base::TrimSpace(text.substr(open + 1, close - open - 1));
     std::optional<Form> found;
     for (const FormName& candidate : kForms) {
       if (candidate.name == form) found = candidate.form;

@@ -7,6 +7,7 @@
 #include "catalogues/conversions.h"
 #include "catalogues/physical_codes.h"
 #include "odbc/record_list.h"
+#include "routes/informix/cell.h"
 #include "routes/informix/type_numbers.h"
 #include "routes/informix/type_queries.h"
 
@@ -40,11 +41,11 @@ struct ComplexTypes::Part {
   Part(const LcODBCRecordList& rows, int row, long number, int code)
       : type_number(number),
         physical_code(code & 0xFF),
-        field_name(base::TrimRightSpace(rows.View(row, 2))),
+        field_name(Cell(rows, row, 2)),
         length(base::ParseInteger(rows.View(row, 4))),
         sub_id(base::ParseInteger(rows.View(row, 5))),
-        owner(base::TrimRightSpace(rows.View(row, 7))),
-        extended_name(base::TrimRightSpace(rows.View(row, 8))),
+        owner(Cell(rows, row, 7)),
+        extended_name(Cell(rows, row, 8)),
         type_name(
             ConvertIUSTypeCodeToTypeName(static_cast<int>(number)).value_or(kUnknownTypeName)) {
     const int type = static_cast<int>(type_number);

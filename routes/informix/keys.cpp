@@ -10,6 +10,7 @@
 
 #include "base/text.h"
 #include "odbc/record_list.h"
+#include "routes/informix/cell.h"
 #include "routes/informix/index_keys.h"
 #include "routes/informix/key_queries.h"
 #include "routes/shared/lost_keys.h"
@@ -20,10 +21,6 @@ namespace {
 
 constexpr int kFirstPart = 3;  // of the sixteen part numbers in a foreign key's row
 constexpr int kLastPart = 18;
-
-std::u16string Trimmed(const LcODBCRecordList& rows, int row, int column) {
-  return std::u16string(base::TrimRightSpace(rows.View(row, column)));
-}
 
 // Null for a number (from 1) that names no column.
 LcWorkbookColumn* FindColumnByNumber(const LcWorkbookTable& table, long number) {
@@ -45,7 +42,7 @@ void ParseIUSForeignKeys(std::u16string_view index_keys, LcWorkbookKeyList* keys
 void ReadPartNumbers(const LcODBCRecordList& rows, int row, LcWorkbookKeyList* keys,
                      LcWorkbookTable* table) {
   for (int part = kFirstPart; part <= kLastPart; ++part) {
-    const long number = base::ParseInteger(base::TrimRightSpace(rows.View(row, part)));
+    const long number = base::ParseInteger(Cell(rows, row, part));
     if (number == 0) return;
     if (LcWorkbookColumn* column = FindColumnByNumber(*table, number)) {
       keys->AddKeyColumn(column);
@@ -60,11 +57,12 @@ void GetOnlineForeignKeys(const ImportSession& session, LostKeys& lost, LcWorkbo
   const LcODBCRecordList& rows = query.RowsEvenIfFailed();
   for (int row = 1; row <= rows.GetRowCount(); ++row) {
     if (session.progress.WasImportStoppedOrCancelled()) return;
-    LcWorkbookTable* child = tables.FindTable(Trimmed(rows, row, 2), Trimmed(rows, row, 1));
+    LcWorkbookTable* child =
+        tables.FindTable(std::u16string(Cell(rows, row, 2)), std::u16string(Cell(rows, row, 1)));
     if (child == nullptr) continue;
     LcWorkbookKeyList child_columns;
     if (session.IsIUS()) {
-      ParseIUSForeignKeys(base::TrimRightSpace(rows.View(row, 3)), &child_columns, child);
+      ParseIUSForeignKeys(Cell(rows, row, 3), &child_columns, child);
     } else {
       ReadPartNumbers(rows, row, &child_columns, child);
     }
@@ -106,15 +104,15 @@ bool GetOnlinePrimaryForeignKeys(ImportSession& session, LcWorkbookTableList& ta
       u"this reading has no key columns of Dynamic Server; the exact reading has them");
   for (int row = 1; row <= count; ++row) {
     if (session.progress.WasImportStoppedOrCancelled()) break;
-    const std::u16string name = Trimmed(rows, row, 1);
-    const std::u16string owner = Trimmed(rows, row, 2);
+    const std::u16string name(Cell(rows, row, 1));
+    const std::u16string owner(Cell(rows, row, 2));
     LcWorkbookTable* table = tables.FindTable(owner, name);
     if (table == nullptr) continue;
     session.progress.StatusDialog(inTableItem, iiNone, 0, owner.c_str(), name.c_str());
     // A unique constraint (column 5) counts as a primary key; a table with several has the columns
     // of all in its key, and meets each relationship once for every constraint.
     if (session.IsIUS()) {
-      SetOnlinePrimaryKey(*table, base::TrimRightSpace(rows.View(row, 6)));
+      SetOnlinePrimaryKey(*table, Cell(rows, row, 6));
     } else {
       unmarked.Add(owner, name);
     }

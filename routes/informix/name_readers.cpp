@@ -4,14 +4,11 @@
 #include "base/text.h"
 #include "catalogues/conversions.h"
 #include "odbc/record_list.h"
+#include "routes/informix/cell.h"
 #include "routes/shared/catalog_queries.h"
 
 namespace odbcimport::informix {
 namespace {
-
-std::u16string Trimmed(const LcODBCRecordList& rows, int row, int column) {
-  return std::u16string(base::TrimRightSpace(rows.View(row, column)));
-}
 
 template <class T>
 void AppendTo(LcObjectList<T>* target, std::unique_ptr<T> entry) {
@@ -20,40 +17,40 @@ void AppendTo(LcObjectList<T>* target, std::unique_ptr<T> entry) {
 
 void AppendOwner(ImportSession& session, const LcODBCRecordList& rows, int row) {
   auto info = std::make_unique<LcOwnerInfo>();
-  info->name = Trimmed(rows, row, 1);
+  info->name = Cell(rows, row, 1);
   if (!info->name.empty()) AppendTo(session.sink.owner_names(), std::move(info));
 }
 
 void AppendTableOrView(ImportSession& session, const LcODBCRecordList& rows, int row) {
   auto info = std::make_unique<LcTableInfo>();
-  info->name = Trimmed(rows, row, 2);
+  info->name = Cell(rows, row, 2);
   if (info->name.empty()) return;
-  info->owner = Trimmed(rows, row, 1);
-  const std::u16string_view type = base::TrimRightSpace(rows.View(row, 3));
+  info->owner = Cell(rows, row, 1);
+  const std::u16string_view type = Cell(rows, row, 3);
   if (!type.empty()) info->type = GetTableType(type, dbmsInformix);
   AppendTo(session.sink.table_names(), std::move(info));
 }
 
 void AppendSynonym(ImportSession& session, const LcODBCRecordList& rows, int row) {
   auto info = std::make_unique<LcTableInfo>();
-  info->name = Trimmed(rows, row, 7);
+  info->name = Cell(rows, row, 7);
   if (info->name.empty()) return;
-  info->owner = Trimmed(rows, row, 8);
+  info->owner = Cell(rows, row, 8);
   info->type = ttSynonym;
   info->synonym.synonym_id = static_cast<std::int32_t>(base::ParseInteger(rows.View(row, 1)));
   info->synonym.base_table_id = static_cast<std::int32_t>(base::ParseInteger(rows.View(row, 2)));
-  info->synonym.server_name = Trimmed(rows, row, 3);
-  info->synonym.database_name = Trimmed(rows, row, 4);
-  info->synonym.base_owner = Trimmed(rows, row, 5);
-  info->synonym.base_table_name = Trimmed(rows, row, 6);
+  info->synonym.server_name = Cell(rows, row, 3);
+  info->synonym.database_name = Cell(rows, row, 4);
+  info->synonym.base_owner = Cell(rows, row, 5);
+  info->synonym.base_table_name = Cell(rows, row, 6);
   AppendTo(session.sink.table_names(), std::move(info));
 }
 
 void AppendColumn(ImportSession& session, const LcODBCRecordList& rows, int row) {
   auto info = std::make_unique<LcWBColumnInfo>();
-  info->name = Trimmed(rows, row, 1);
+  info->name = Cell(rows, row, 1);
   if (info->name.empty()) return;
-  const std::u16string_view type = base::TrimRightSpace(rows.View(row, 2));
+  const std::u16string_view type = Cell(rows, row, 2);
   if (!type.empty()) {
     const int code = ConvertDatabaseTypeToODBC(type, dbmsInformix).value_or(pcChar);
     info->data_type = CreateDataType(session, code, false, 0);

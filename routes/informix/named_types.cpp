@@ -6,6 +6,7 @@
 #include "catalogues/physical_codes.h"
 #include "catalogues/type_lists.h"
 #include "odbc/record_list.h"
+#include "routes/informix/cell.h"
 #include "routes/informix/type_numbers.h"
 #include "routes/informix/type_queries.h"
 
@@ -21,11 +22,10 @@ void SetSizes(int type_number, long length, LcWorkbookDatatype& type) {
 void SetBaseOfDistinctType(const LcODBCRecordList& rows, int row, int type_number,
                            LcWorkbookDatatype& type) {
   if (base::ParseInteger(rows.View(row, 6)) != 0) {
-    const int base_number =
-        static_cast<int>(base::ParseInteger(base::TrimRightSpace(rows.View(row, 12))));
-    const std::u16string base_name(base::TrimRightSpace(rows.View(row, 11)));
+    const int base_number = static_cast<int>(base::ParseInteger(Cell(rows, row, 12)));
+    const std::u16string base_name(Cell(rows, row, 11));
     type.SetBaseCode(base_number & 0xFF);
-    type.SetBaseOwner(std::u16string(base::TrimRightSpace(rows.View(row, 10))));
+    type.SetBaseOwner(std::u16string(Cell(rows, row, 10)));
     if (!base_name.empty()) type.SetBaseExtendedTypeName(base_name);
     type.SetGenericBaseCode(ConvertIUSPhyCodeToGenericCode(base_number, base_name.c_str()));
     type.SetBaseTypeGroup(ConvertIUSPhyCodeToTypeGroup(base_number, base_name.c_str()));
@@ -41,17 +41,17 @@ void SetBaseOfDistinctType(const LcODBCRecordList& rows, int row, int type_numbe
 std::unique_ptr<LcWorkbookDatatype> NamedType(const LcODBCRecordList& rows, int row,
                                               char16_t& mode) {
   auto type = std::make_unique<LcWorkbookDatatype>();
-  const int number = static_cast<int>(base::ParseInteger(base::TrimRightSpace(rows.View(row, 5))));
+  const int number = static_cast<int>(base::ParseInteger(Cell(rows, row, 5)));
   type->SetPhysicalCode(
       ConvertDatabaseTypeToODBC(base::FormatInteger(number), dbmsInformix).value_or(pcChar));
   type->SetTypeName(
       std::u16string(ConvertIUSTypeCodeToTypeName(number).value_or(kUnknownTypeName)));
-  const std::u16string name(base::TrimRightSpace(rows.View(row, 4)));
+  const std::u16string name(Cell(rows, row, 4));
   if (!name.empty()) type->SetExtendedTypeName(name, 0);
   type->SetExtendedId(base::ParseInteger(rows.View(row, 1)));
-  type->SetOwner(std::u16string(base::TrimRightSpace(rows.View(row, 3))));
+  type->SetOwner(std::u16string(Cell(rows, row, 3)));
 
-  const std::u16string_view mode_cell = base::TrimRightSpace(rows.View(row, 2));
+  const std::u16string_view mode_cell = Cell(rows, row, 2);
   if (!mode_cell.empty()) mode = mode_cell.front();
 
   const enumDataTypeGroup group = ConvertIUSPhyCodeToTypeGroup(number, name.c_str());

@@ -7,6 +7,7 @@
 #include "base/text.h"
 #include "catalogues/conversions.h"
 #include "odbc/record_list.h"
+#include "routes/informix/cell.h"
 #include "routes/informix/column_types.h"
 #include "routes/informix/remote_databases.h"
 #include "routes/shared/catalog_queries.h"
@@ -43,10 +44,10 @@ class ColumnReader {
   void Read(int row, const std::u16string& owner, const std::u16string& name,
             LcWorkbookTable& table) const {
     auto column = std::make_unique<LcWorkbookColumn>();
-    column->SetName(std::u16string(base::TrimRightSpace(rows_.View(row, positions_.name))));
+    column->SetName(std::u16string(Cell(rows_, row, positions_.name)));
     session_.progress.StatusDialog(inTableItem, iiNone, 0, owner.c_str(), name.c_str(),
                                    column->GetName().c_str());
-    const std::u16string_view type = base::TrimRightSpace(rows_.View(row, positions_.coltype));
+    const std::u16string_view type = Cell(rows_, row, positions_.coltype);
     const int coltype = static_cast<int>(base::ParseInteger(type));
     const int physical_code = ConvertDatabaseTypeToODBC(type, dbmsInformix).value_or(pcChar);
     const long extended_id =
@@ -151,8 +152,8 @@ bool ReadTablesAndViews(ImportSession& session, ComplexTypes& complex_types,
   NameBoundary boundary(NameBoundary::Nameless::kBelongsToNothing);
   LcWorkbookTable* table = nullptr;
   for (int row = 1; row <= count; ++row) {
-    const std::u16string_view row_owner = base::TrimRightSpace(rows.View(row, 1));
-    const std::u16string_view row_name = base::TrimRightSpace(rows.View(row, 2));
+    const std::u16string_view row_owner = Cell(rows, row, 1);
+    const std::u16string_view row_name = Cell(rows, row, 2);
     if (boundary.Next(row_owner, row_name)) {
       auto made = std::make_unique<LcWorkbookTable>();
       // As it stands: a letter with blanks behind it is no view.
@@ -189,8 +190,8 @@ bool ReadLocalSynonyms(ImportSession& session, ComplexTypes& complex_types,
   NameBoundary boundary(NameBoundary::Nameless::kBelongsToNothing);
   LcWorkbookTable* table = nullptr;
   for (int row = 1; row <= count; ++row) {
-    const std::u16string_view row_name = base::TrimRightSpace(rows.View(row, 3));
-    const std::u16string_view row_owner = base::TrimRightSpace(rows.View(row, 4));
+    const std::u16string_view row_name = Cell(rows, row, 3);
+    const std::u16string_view row_owner = Cell(rows, row, 4);
     if (boundary.Next(row_owner, row_name)) {
       auto made = std::make_unique<LcWorkbookTable>();
       made->SetType(ttSynonym);

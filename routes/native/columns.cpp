@@ -52,11 +52,10 @@ void SetSQLServerType(ImportSession& session, LcWorkbookColumn& column,
 
 void SetDB2Type(ImportSession& session, LcWorkbookColumn& column, const LcODBCRecordList& rows,
                 int row, const ColumnPositions& positions, std::u16string_view type_name) {
-  if (base::EqualIgnoringCase(base::TrimRightBlanks(rows.View(row, positions.meta_type)), u"T")) {
+  if (base::EqualIgnoringCase(rows.View(row, positions.meta_type), u"T")) {
     // A distinct type: an unknown source type falls back to CHAR, the type's own id comes first.
-    const auto code = ConvertDatabaseTypeToODBC(
-        base::TrimRightBlanks(rows.View(row, positions.source_type)), dbmsDB2);
-    const long id = base::ParseInteger(base::TrimRightBlanks(rows.View(row, positions.type_id)));
+    const auto code = ConvertDatabaseTypeToODBC(rows.View(row, positions.source_type), dbmsDB2);
+    const long id = base::ParseInteger(rows.View(row, positions.type_id));
     NativeColumnDatatypeSetup(session, column, code.value_or(pcChar), static_cast<int>(id));
     return;
   }
@@ -142,7 +141,7 @@ const ColumnPositions& TableColumnPositions(int dbms_type) {
 }
 
 // The remote query of Oracle delivers six columns only, the precision last. Required
-// (native_route_test): its rows are read with the positions of the local query. The precision
+// (native route_test): its rows are read with the positions of the local query. The precision
 // arrives as the column's name and everything after it as empty. Workbooks of hosts refer to such
 // columns by these names, and naming them rightly would cut those references.
 const ColumnPositions& SynonymColumnPositions(int dbms_type) {
@@ -162,15 +161,14 @@ void AddNativeColumn(ImportSession& session, const LcODBCRecordList& rows, int r
   const int dbms_type = session.server().dbms_type;
   auto column = std::make_unique<LcWorkbookColumn>();
   if (positions.name != 0) {
-    const std::u16string name(base::TrimRightBlanks(rows.View(row, positions.name)));
+    const std::u16string name(rows.View(row, positions.name));
     column->SetName(name);
     session.progress.StatusDialog(inTableItem, iiNone, 0, owner.c_str(), table_name.c_str(),
                                   name.c_str());
-    const std::u16string_view type_name = base::TrimRightBlanks(rows.View(row, positions.type));
+    const std::u16string_view type_name = rows.View(row, positions.type);
     SetColumnType(session, *column, rows, row, positions, type_name);
     SetSizes(*column, rows, row, positions, type_name, dbms_type);
-    column->SetRequired(
-        !AreNullsAllowed(base::TrimRightBlanks(rows.View(row, positions.nulls)), dbms_type));
+    column->SetRequired(!AreNullsAllowed(rows.View(row, positions.nulls), dbms_type));
     if (positions.column_id != 0) {
       column->SetColumnId(
           static_cast<std::int32_t>(base::ParseInteger(rows.View(row, positions.column_id))));

@@ -38,10 +38,6 @@ constexpr int kRedBrickTable = 2;
 constexpr int kRedBrickColumn = 3;
 constexpr int kRedBrickSequence = 4;
 
-std::u16string_view Trimmed(const LcODBCRecordList& rows, int row, int position) {
-  return base::TrimRightBlanks(rows.View(row, position));
-}
-
 std::u16string_view Slice(std::u16string_view list, std::size_t number) {
   const std::size_t begin = number * kDB2NameWidth;
   if (begin >= list.size()) return {};
@@ -52,13 +48,14 @@ std::u16string_view Slice(std::u16string_view list, std::size_t number) {
 // columns, so a count that no list bears out costs nothing.
 void AddDB2Row(const LcODBCRecordList& rows, int row, LcFKInfoList& entries) {
   LcFKInfo entry;
-  entry.owner = Trimmed(rows, row, kDB2Owner);
-  entry.table = Trimmed(rows, row, kDB2Table);
-  entry.referenced_owner = Trimmed(rows, row, kDB2ReferencedOwner);
-  entry.referenced_table = Trimmed(rows, row, kDB2ReferencedTable);
+  entry.owner = rows.View(row, kDB2Owner);
+  entry.table = rows.View(row, kDB2Table);
+  entry.referenced_owner = rows.View(row, kDB2ReferencedOwner);
+  entry.referenced_table = rows.View(row, kDB2ReferencedTable);
   const long count = base::ParseInteger(rows.View(row, kDB2ColumnCount));
-  const std::u16string_view columns = base::TrimBlanks(rows.View(row, kDB2Columns));
-  const std::u16string_view referenced = base::TrimBlanks(rows.View(row, kDB2ReferencedColumns));
+  const std::u16string_view columns = base::TrimLeftBlanks(rows.View(row, kDB2Columns));
+  const std::u16string_view referenced =
+      base::TrimLeftBlanks(rows.View(row, kDB2ReferencedColumns));
   const std::size_t slices = std::max(columns.size(), referenced.size()) / kDB2NameWidth + 1;
   const std::size_t pairs = std::min(slices, static_cast<std::size_t>(std::max(count, 0L)));
   for (std::size_t i = 0; i < pairs; ++i) {
@@ -84,9 +81,9 @@ void AddOracleResult(ImportSession& session, const LcODBCRecordList& rows, LcFKI
   const std::size_t first = entries.size();
   for (int row = 1; row <= half && !session.progress.WasImportStoppedOrCancelled(); ++row) {
     LcFKInfo& entry = entries.emplace_back();
-    entry.owner = Trimmed(rows, row, kOracleOwner);
-    entry.table = Trimmed(rows, row, kOracleTable);
-    entry.column = Trimmed(rows, row, kOracleColumn);
+    entry.owner = rows.View(row, kOracleOwner);
+    entry.table = rows.View(row, kOracleTable);
+    entry.column = rows.View(row, kOracleColumn);
     // Some drivers deliver the position, a NUMBER, as 1.0.
     const std::u16string_view position = rows.View(row, kOraclePosition);
     entry.sequence = base::TrimRightBlanks(position.substr(0, position.find(u'.')));
@@ -95,9 +92,9 @@ void AddOracleResult(ImportSession& session, const LcODBCRecordList& rows, LcFKI
   for (std::size_t i = first; i < entries.size() && !session.progress.WasImportStoppedOrCancelled();
        ++i) {
     ++row;
-    entries[i].referenced_owner = Trimmed(rows, row, kOracleOwner);
-    entries[i].referenced_table = Trimmed(rows, row, kOracleTable);
-    entries[i].referenced_column = Trimmed(rows, row, kOracleColumn);
+    entries[i].referenced_owner = rows.View(row, kOracleOwner);
+    entries[i].referenced_table = rows.View(row, kOracleTable);
+    entries[i].referenced_column = rows.View(row, kOracleColumn);
   }
 }
 
@@ -167,15 +164,15 @@ void GetNativeForeignKeysRedBrick(ImportSession& session, LcWorkbookTableList& t
   for (int row = 1; row <= count; ++row) {
     if (session.progress.WasImportStoppedOrCancelled()) return;
     LcFKInfo& entry = entries.emplace_back();
-    entry.table = Trimmed(referencing, row, kRedBrickTable);
-    entry.column = Trimmed(referencing, row, kRedBrickColumn);
-    entry.sequence = Trimmed(referencing, row, kRedBrickSequence);
+    entry.table = referencing.View(row, kRedBrickTable);
+    entry.column = referencing.View(row, kRedBrickColumn);
+    entry.sequence = referencing.View(row, kRedBrickSequence);
   }
   for (int row = 1; row <= count; ++row) {
     if (session.progress.WasImportStoppedOrCancelled()) return;
     LcFKInfo& entry = entries[static_cast<std::size_t>(row) - 1];
-    entry.referenced_table = Trimmed(referenced, row, kRedBrickTable);
-    entry.referenced_column = Trimmed(referenced, row, kRedBrickColumn);
+    entry.referenced_table = referenced.View(row, kRedBrickTable);
+    entry.referenced_column = referenced.View(row, kRedBrickColumn);
   }
   AssembleForeignKeys(session, entries, tables);
   session.progress.StatusDialog(inLoopEnd);

@@ -6,7 +6,6 @@
 #include <string>
 #include <vector>
 
-#include "base/text.h"
 #include "catalogues/conversions.h"
 #include "catalogues/type_lists.h"
 #include "odbc/record_list.h"
@@ -33,17 +32,13 @@ constexpr int kOracleBaseOwner = 3;
 constexpr int kOracleBaseTable = 4;
 constexpr int kOracleDatabaseLink = 5;
 
-std::u16string Trimmed(const LcODBCRecordList& rows, int row, int position) {
-  return std::u16string(base::TrimRightBlanks(rows.View(row, position)));
-}
-
 // An entry of a name list. Null for a row without a name.
 std::unique_ptr<LcTableInfo> MakeNameEntry(const LcODBCRecordList& rows, int row) {
-  std::u16string name = Trimmed(rows, row, kName);
+  std::u16string name(rows.View(row, kName));
   if (name.empty()) return nullptr;
   auto entry = std::make_unique<LcTableInfo>();
   entry->name = std::move(name);
-  entry->owner = Trimmed(rows, row, kOwner);
+  entry->owner = rows.View(row, kOwner);
   return entry;
 }
 
@@ -56,11 +51,11 @@ std::unique_ptr<LcTableInfo> MakeSynonymEntry(const LcODBCRecordList& rows, int 
   if (entry == nullptr) return nullptr;
   entry->type = ttSynonym;
   if (dbms_type == dbmsRedBrick) {
-    entry->synonym.base_table_name = Trimmed(rows, row, kRedBrickBaseTable);
+    entry->synonym.base_table_name = rows.View(row, kRedBrickBaseTable);
   } else {
-    entry->synonym.base_owner = Trimmed(rows, row, kOracleBaseOwner);
-    entry->synonym.base_table_name = Trimmed(rows, row, kOracleBaseTable);
-    entry->synonym.database_name = Trimmed(rows, row, kOracleDatabaseLink);
+    entry->synonym.base_owner = rows.View(row, kOracleBaseOwner);
+    entry->synonym.base_table_name = rows.View(row, kOracleBaseTable);
+    entry->synonym.database_name = rows.View(row, kOracleDatabaseLink);
   }
   return entry;
 }
@@ -131,7 +126,7 @@ bool NativeRoute::ReadOwnerNames() {
   const LcODBCRecordList& rows = query.RowsEvenIfFailed();
   if (!GoesOn()) return false;
   for (int row = 1; row <= rows.GetRowCount(); ++row) {
-    std::u16string name = Trimmed(rows, row, kOwner);
+    std::u16string name(rows.View(row, kOwner));
     if (!name.empty() && session_.sink.owner_names() != nullptr) {
       auto entry = std::make_unique<LcOwnerInfo>();
       entry->name = std::move(name);
@@ -166,7 +161,7 @@ bool NativeRoute::ReadTableAndViewNames() {
   if (!GoesOn()) return false;
   for (int row = 1; row <= rows.GetRowCount(); ++row) {
     if (std::unique_ptr<LcTableInfo> entry = MakeNameEntry(rows, row); entry != nullptr) {
-      const std::u16string_view type = base::TrimRightBlanks(rows.View(row, kTableType));
+      const std::u16string_view type = rows.View(row, kTableType);
       if (!type.empty()) entry->type = GetTableType(type, dbms_type);
       if (session_.sink.table_names() != nullptr) {
         session_.sink.table_names()->Append(std::move(entry));

@@ -36,21 +36,17 @@ const TypePositions* FindTypePositions(int dbms_type) {
   return nullptr;
 }
 
-std::u16string Trimmed(const LcODBCRecordList& rows, int row, int position) {
-  return std::u16string(base::TrimRightBlanks(rows.View(row, position)));
-}
-
 // A type is classified by the name of its base type; an unknown one counts as CHAR.
 std::unique_ptr<LcWorkbookDatatype> MakeType(const LcODBCRecordList& rows, int row,
                                              const TypePositions& positions, int dbms_type) {
   const auto number = [&](int position) { return base::ParseInteger(rows.View(row, position)); };
   auto type = std::make_unique<LcWorkbookDatatype>();
-  if (positions.owner != 0) type->SetOwner(Trimmed(rows, row, positions.owner));
-  if (const std::u16string name = Trimmed(rows, row, positions.name); !name.empty()) {
+  if (positions.owner != 0) type->SetOwner(std::u16string(rows.View(row, positions.owner)));
+  if (const std::u16string name(rows.View(row, positions.name)); !name.empty()) {
     type->SetExtendedTypeName(name, 0);
   }
   type->SetExtendedId(number(positions.id));
-  const std::u16string base_name = Trimmed(rows, row, positions.base_name);
+  const std::u16string base_name(rows.View(row, positions.base_name));
   type->SetTypeName(base_name);
   type->SetPhysicalCode(ConvertDatabaseTypeToODBC(base_name, dbms_type).value_or(pcChar));
   type->SetGenericCode(MapInternalCodeToType(type->GetPhysicalCode()));

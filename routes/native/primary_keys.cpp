@@ -4,7 +4,6 @@
 #include <string_view>
 
 #include "base/ascii.h"
-#include "base/text.h"
 #include "catalogues/conversions.h"
 #include "odbc/record_list.h"
 
@@ -69,12 +68,12 @@ bool GetNativePrimaryKeys(const ImportSession& session, LcWorkbookTableList& tab
   std::u16string owner, table_name, column_name;
   for (int row = 1; row <= count && !session.progress.WasImportStoppedOrCancelled(); ++row) {
     if (!IsReadHere(session.server().dbms_type)) return false;
-    owner = base::TrimRightBlanks(rows.View(row, kOwner));
-    table_name = base::TrimRightBlanks(rows.View(row, kTable));
+    owner = rows.View(row, kOwner);
+    table_name = rows.View(row, kTable);
     LcWorkbookTable* table = current.Find(owner, table_name);
     if (table == nullptr) continue;
     session.progress.StatusDialog(inTableItem, iiNone, 0, owner.c_str(), table_name.c_str());
-    column_name = base::TrimRightBlanks(rows.View(row, kColumn));
+    column_name = rows.View(row, kColumn);
     if (LcWorkbookColumn* column = table->FindColumn(column_name)) {
       column->SetPrimaryKey(true);
       table->GetPrimaryKey().AddKeyColumn(column);

@@ -4,7 +4,6 @@
 #include <memory>
 
 #include "base/ascii.h"
-#include "base/text.h"
 #include "catalogues/conversions.h"
 #include "routes/native/columns.h"
 
@@ -53,8 +52,8 @@ bool LocalSynonymReader::Read(const LcODBCRecordList& rows) {
   const ColumnPositions& positions = SynonymColumnPositions(session_.server().dbms_type);
   const int count = rows.GetRowCount();
   for (int row = 1; row <= count; ++row) {
-    const std::u16string_view owner = base::TrimRightBlanks(rows.View(row, kOwner));
-    const std::u16string_view name = base::TrimRightBlanks(rows.View(row, kName));
+    const std::u16string_view owner = rows.View(row, kOwner);
+    const std::u16string_view name = rows.View(row, kName);
     if (boundary_.Next(owner, name)) StartSynonym();
     if (session_.progress.WasImportStoppedOrCancelled()) return false;
     AddNativeColumn(session_, rows, row, positions, boundary_.owner(), boundary_.name(), *synonym_);

@@ -22,7 +22,7 @@ void NativeTableReader::StartTable(const LcODBCRecordList& rows, int row) {
   auto table = std::make_unique<LcWorkbookTable>();
   table->SetOwner(boundary_.owner());
   table->SetName(boundary_.name());
-  table->SetType(GetTableType(base::TrimRightBlanks(rows.View(row, kTableType)), dbms_type));
+  table->SetType(GetTableType(rows.View(row, kTableType), dbms_type));
   // SQL Server's foreign keys name tables by number; the field is free in what is no synonym.
   if (const int position = TableColumnPositions(dbms_type).table_id; position != 0) {
     table->SetSynonymId(static_cast<std::int32_t>(base::ParseInteger(rows.View(row, position))));
@@ -35,8 +35,8 @@ bool NativeTableReader::Read(const LcODBCRecordList& rows) {
   const ColumnPositions& positions = TableColumnPositions(session_.server().dbms_type);
   const int count = rows.GetRowCount();
   for (int row = 1; row <= count; ++row) {
-    const std::u16string_view owner = base::TrimRightBlanks(rows.View(row, kOwner));
-    const std::u16string_view name = base::TrimRightBlanks(rows.View(row, kTable));
+    const std::u16string_view owner = rows.View(row, kOwner);
+    const std::u16string_view name = rows.View(row, kTable);
     if (owner.empty() || name.empty()) continue;
     if (boundary_.Next(owner, name)) StartTable(rows, row);
     // Required (AStopBeforeAColumnLeavesOutTheListOnly): after the new table, for this list alone.

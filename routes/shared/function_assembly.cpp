@@ -23,7 +23,7 @@ struct LcFunctionInfo : LcObject {
 using LcFunctionInfoList = std::vector<std::unique_ptr<LcFunctionInfo>>;
 
 std::u16string Cell(const LcODBCRecordList& rows, int row, int column) {
-  return std::u16string(base::TrimRightBlanks(rows.View(row, column)));
+  return std::u16string(rows.View(row, column));
 }
 
 bool SortsBefore(const std::unique_ptr<LcFunctionInfo>& a,
@@ -86,7 +86,7 @@ void AssembleFunctionsDB2(const ImportSession& session, const LcODBCRecordList& 
       parameters.clear();
       collected = 0;
     }
-    const std::u16string_view type = base::TrimRightBlanks(rows.View(row, 5));
+    const std::u16string_view type = rows.View(row, 5);
     if (function != nullptr && !type.empty()) {
       if (!parameters.empty()) parameters += u", ";
       parameters += type;

@@ -4,7 +4,6 @@
 #include <span>
 #include <string>
 
-#include "base/text.h"
 #include "odbc/record_list.h"
 #include "routes/shared/function_queries.h"
 #include "routes/shared/readers.h"
@@ -63,7 +62,7 @@ void GetAggregates(ImportSession& session) {
     const QueryResult query = session.RunQuery(*sql);
     const LcODBCRecordList& rows = query.RowsEvenIfFailed();
     for (int row = 1; row <= rows.GetRowCount(); ++row) {
-      const std::u16string name(base::TrimRightBlanks(rows.View(row, 1)));
+      const std::u16string name(rows.View(row, 1));
       aggregates->Append(std::make_unique<LcWorkbookAggregate>(name, name));
     }
   }

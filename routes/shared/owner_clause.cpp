@@ -2,7 +2,6 @@
 #include "routes/shared/owner_clause.h"
 
 #include "base/ascii.h"
-#include "base/text.h"
 
 namespace odbcimport {
 namespace {

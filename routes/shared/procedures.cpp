@@ -2,7 +2,6 @@
 #include <memory>
 #include <string>
 
-#include "base/text.h"
 #include "odbc/record_list.h"
 #include "routes/shared/function_queries.h"
 #include "routes/shared/readers.h"
@@ -21,8 +20,8 @@ bool GetProcedures(ImportSession& session, LcWorkbookProcedureList& procedures) 
   if (count > 0) {
     session.progress.StatusDialog(inLoopStart, iiProcedures, static_cast<unsigned long>(count));
     for (int row = 1; row <= count; ++row) {
-      const std::u16string owner(base::TrimRightBlanks(rows.View(row, 1)));
-      const std::u16string name(base::TrimRightBlanks(rows.View(row, 2)));
+      const std::u16string owner(rows.View(row, 1));
+      const std::u16string name(rows.View(row, 2));
       session.progress.StatusDialog(inProcedureItem, iiNone, 0, owner.c_str(), name.c_str());
       procedures.Append(std::make_unique<LcWorkbookProcedure>(owner, name));
     }
