@@ -14,26 +14,32 @@ using platform::DriverField;
 
 namespace {
 
+// In the place of a cell's size: there is none, or the indicator tells another one.
+constexpr std::uint32_t kNull = 0xFFFFFFFF;
+constexpr std::uint32_t kOdd = 0xFFFFFFFE;
+constexpr std::uint32_t kWithoutIndicator = 0xFFFFFFFD;
+
 class Writer {
  public:
-  explicit Writer(std::string& out) : out_(out) {}
+  explicit Writer(Bytes& out) : out_(out) {}
 
   template <class Value>
   void Put(Value value) {
-    const std::size_t at = out_.size();
-    out_.resize(at + sizeof value);
-    std::memcpy(out_.data() + at, &value, sizeof value);
+    out_.Put(value);
   }
   void PutFlag(bool flag) { Put(static_cast<std::uint8_t>(flag ? 1 : 0)); }
   void PutBytes(const void* bytes, std::size_t size) {
     Put(static_cast<std::uint32_t>(size));
+    PutRaw(bytes, size);
+  }
+  void PutRaw(const void* bytes, std::size_t size) {
     if (out_.size() % 2 != 0) out_ += '\0';  // texts of UTF-16 are read where they lie
-    out_.append(static_cast<const char*>(bytes), size);
+    out_.append(bytes, size);
   }
   void PutText(std::u16string_view text) { PutBytes(text.data(), text.size() * sizeof(char16_t)); }
 
  private:
-  std::string& out_;
+  Bytes& out_;
 };
 
 void PutField(const DriverField& field, Writer& writer) {
@@ -83,13 +89,26 @@ std::size_t ValueBytes(int c_type, const char* slot, std::int64_t slot_bytes,
       std::clamp<std::int64_t>(told, 0, std::max<std::int64_t>(slot_bytes, 0)));
 }
 
+void PutValue(int c_type, const char* slot, std::int64_t slot_bytes, const std::int64_t* indicator,
+              Writer& writer) {
+  if (indicator != nullptr && *indicator == SQL_NULL_DATA) return writer.Put(kNull);
+  const std::size_t size = slot != nullptr ? ValueBytes(c_type, slot, slot_bytes, indicator) : 0;
+  if (indicator == nullptr) {
+    writer.Put(kWithoutIndicator);
+  } else if (*indicator != static_cast<std::int64_t>(size) || size >= kWithoutIndicator) {
+    writer.Put(kOdd);
+    writer.Put(*indicator);
+  } else {
+    writer.Put(static_cast<std::uint32_t>(size));
+    return writer.PutRaw(slot, size);
+  }
+  writer.PutBytes(slot, size);
+}
+
 void PutCell(int c_type, const char* slot, std::int64_t slot_bytes, const std::int64_t* indicator,
              Writer& writer) {
   writer.Put(static_cast<std::int16_t>(c_type));
-  writer.PutFlag(indicator != nullptr);
-  if (indicator != nullptr) writer.Put(*indicator);
-  const bool empty = slot == nullptr || (indicator != nullptr && *indicator == SQL_NULL_DATA);
-  writer.PutBytes(slot, empty ? 0 : ValueBytes(c_type, slot, slot_bytes, indicator));
+  PutValue(c_type, slot, slot_bytes, indicator, writer);
 }
 
 // Some drivers put the rows of a rowset further apart than what was bound (Informix: 2048 bytes
@@ -113,11 +132,30 @@ std::int64_t RowDistance(const Bindings& columns, std::size_t rows) {
   // One column with texts in the right places decides for all.
   std::int64_t longest = 0;
   for (const DriverBuffer& column : columns) {
-    if (column.data == nullptr) continue;
     const std::int64_t distance = RowDistance(column, rows);
     if (distance != column.bytes) longest = std::max(longest, distance);
   }
   return longest;
+}
+
+// The columns, where they are not those of the fetch before.
+void PutColumns(const CallContext& context, Writer& writer) {
+  writer.PutFlag(context.same_columns);
+  if (context.same_columns) return;
+  writer.Put(static_cast<std::uint16_t>(context.columns->size()));
+  for (const DriverBuffer& column : *context.columns) {
+    writer.Put(ColumnCopied{static_cast<std::uint16_t>(column.number),
+                            static_cast<std::int16_t>(column.c_type)});
+  }
+}
+
+void PutStatus(const DriverCall& call, std::size_t rows, Writer& writer) {
+  const std::uint16_t* status = call.rows->status;
+  const bool told = status != nullptr && std::any_of(status, status + rows, [](int row) {
+                      return row != SQL_ROW_SUCCESS;
+                    });
+  writer.PutFlag(told);
+  if (told) writer.PutBytes(status, rows * sizeof *status);
 }
 
 void PutRows(const DriverCall& call, const CallContext& context, Writer& writer) {
@@ -127,27 +165,18 @@ void PutRows(const DriverCall& call, const CallContext& context, Writer& writer)
   writer.Put(call.rows->count);
   const std::size_t rows = std::min<std::uint64_t>(call.rows->count, context.rowset);
   writer.Put(static_cast<std::uint32_t>(rows));
-  for (std::size_t row = 0; row < rows; ++row) {
-    writer.Put(call.rows->status != nullptr ? call.rows->status[row]
-                                            : std::uint16_t{SQL_ROW_SUCCESS});
-  }
+  PutStatus(call, rows, writer);
   const std::int64_t distance = rows > 1 ? RowDistance(*context.columns, rows) : 0;
   writer.Put(distance);
-  std::uint16_t bound = 0;
-  for (const DriverBuffer& column : *context.columns) bound += column.data != nullptr ? 1 : 0;
-  writer.Put(bound);
-  for (const DriverBuffer& column : *context.columns) {
-    if (column.data != nullptr) writer.Put(static_cast<std::uint16_t>(column.number));
-  }
+  PutColumns(context, writer);
   for (std::size_t row = 0; row < rows; ++row) {
     for (const DriverBuffer& column : *context.columns) {
-      if (column.data == nullptr) continue;
       const std::size_t number_bytes = NumberBytes(column.c_type);
       const auto stride = number_bytes != 0
                               ? number_bytes
                               : static_cast<std::size_t>(distance != 0 ? distance : column.bytes);
-      PutCell(column.c_type, static_cast<const char*>(column.data) + row * stride, column.bytes,
-              column.indicator != nullptr ? column.indicator + row : nullptr, writer);
+      PutValue(column.c_type, static_cast<const char*>(column.data) + row * stride, column.bytes,
+               column.indicator != nullptr ? column.indicator + row : nullptr, writer);
     }
   }
 }
@@ -195,22 +224,37 @@ std::size_t NumberBytes(int c_type) {
   }
 }
 
-Cell CallReader::TakeCell() {
+Cell CallReader::TakeCell(int c_type) {
   Cell cell;
-  cell.c_type = Take<std::int16_t>();
-  cell.has_indicator = TakeFlag();
-  if (cell.has_indicator) cell.indicator = Take<std::int64_t>();
-  cell.bytes = TakeBytes();
+  cell.c_type = c_type;
+  cell.has_indicator = true;
+  const auto size = Take<std::uint32_t>();
+  switch (size) {
+    case kNull:
+      cell.indicator = SQL_NULL_DATA;
+      break;
+    case kOdd:
+      cell.indicator = Take<std::int64_t>();
+      cell.bytes = TakeBytes();
+      break;
+    case kWithoutIndicator:
+      cell.has_indicator = false;
+      cell.bytes = TakeBytes();
+      break;
+    default:
+      cell.indicator = size;
+      cell.bytes = TakeBytes(size);
+  }
   return cell;
 }
 
-void CopyNote(const char* what, std::span<const DriverField> fields, std::string& out) {
+void CopyNote(const char* what, std::span<const DriverField> fields, Bytes& out) {
   Writer writer(out);
   writer.Put(what);
   PutFields(fields, writer);
 }
 
-void CopyCall(const DriverCall& call, const CallContext& context, std::string& out) {
+void CopyCall(const DriverCall& call, const CallContext& context, Bytes& out) {
   Writer writer(out);
   writer.Put(call.function);
   writer.Put(context.statement);

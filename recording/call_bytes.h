@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "platform/driver_call.h"
+#include "recording/bytes.h"
 
 namespace recording {
 
@@ -30,16 +31,17 @@ struct CallContext {
   bool piece = false;           // the call's buffer holds a piece of a value
   std::uint64_t rowset = 1;     // rows that the bound memory has room for
   const Bindings* columns = nullptr;
+  bool same_columns = false;  // as the fetch that was copied last
   const Bindings* parameters = nullptr;  // of a call that sends them; null: none
   std::vector<Diagnostic> diagnostics;
 };
 
 // Appends the copy to `out`: every field, the rows and parameters in the bound memory, and the
 // piece that SQLGetData gave.
-void CopyCall(const platform::DriverCall& call, const CallContext& context, std::string& out);
+void CopyCall(const platform::DriverCall& call, const CallContext& context, Bytes& out);
 
 // The same for a note, which has a name and fields only.
-void CopyNote(const char* what, std::span<const platform::DriverField> fields, std::string& out);
+void CopyNote(const char* what, std::span<const platform::DriverField> fields, Bytes& out);
 
 // One value out of bound memory.
 struct Cell {
@@ -47,6 +49,12 @@ struct Cell {
   bool has_indicator = false;
   std::int64_t indicator = 0;
   std::string_view bytes;  // of a text up to its end, of anything else what its type has
+};
+
+// A column of the rows of a fetch.
+struct ColumnCopied {
+  std::uint16_t number = 0;
+  std::int16_t c_type = 0;
 };
 
 // Reads what CopyCall wrote, in the order in which it stands there. The bytes lie at an even
@@ -64,16 +72,17 @@ class CallReader {
     return value;
   }
   bool TakeFlag() { return Take<std::uint8_t>() != 0; }
-  std::string_view TakeBytes() {
-    const auto size = Take<std::uint32_t>();
+  std::string_view TakeBytes() { return TakeBytes(Take<std::uint32_t>()); }
+  Cell TakeCell() { return TakeCell(Take<std::int16_t>()); }
+  Cell TakeCell(int c_type);
+
+ private:
+  std::string_view TakeBytes(std::size_t size) {
     if (reinterpret_cast<std::uintptr_t>(rest_.data()) % 2 != 0) rest_.remove_prefix(1);
     const std::string_view bytes = rest_.substr(0, size);
     rest_.remove_prefix(size);
     return bytes;
   }
-  Cell TakeCell();
-
- private:
   std::string_view rest_;
 };
 

@@ -47,20 +47,20 @@ std::u16string_view AsWide(std::string_view bytes) {
   return {reinterpret_cast<const char16_t*>(bytes.data()), bytes.size() / sizeof(char16_t)};
 }
 
-void AppendKey(std::string_view key, std::string& out) {
+void AppendKey(std::string_view key, Bytes& out) {
   out += ",\"";
   out += key;
   out += "\":";
 }
 
-void AppendKeyNumber(std::string_view key, std::int64_t number, std::string& out) {
+void AppendKeyNumber(std::string_view key, std::int64_t number, Bytes& out) {
   AppendKey(key, out);
   AppendNumber(number, out);
 }
 
 // SQLFreeStmt's options share a field with the statements' own.
 void AppendOptionName(std::string_view function, std::string_view field, std::int64_t number,
-                      std::string& out) {
+                      Bytes& out) {
   if (function == "SQLFreeStmt") {
     constexpr std::array<std::string_view, 4> kOptions = {"SQL_CLOSE", "SQL_DROP", "SQL_UNBIND",
                                                           "SQL_RESET_PARAMS"};
@@ -82,7 +82,7 @@ bool IsSecret(std::string_view field, std::int64_t number) {
 }
 
 // The functions that a table names: an entry each, or a bit each.
-void AppendFunctions(std::string_view bytes, std::string& out) {
+void AppendFunctions(std::string_view bytes, Bytes& out) {
   std::vector<std::uint16_t> table(bytes.size() / sizeof(std::uint16_t));
   std::memcpy(table.data(), bytes.data(), table.size() * sizeof(std::uint16_t));
   constexpr std::size_t kBits = 16;
@@ -125,7 +125,7 @@ std::int64_t NumberOf(const Cell& cell) {
 
 }  // namespace
 
-void LineMaker::Append(CallReader& call, std::string& out) {
+void LineMaker::Append(CallReader& call, Bytes& out) {
   const std::string_view function = PlainName(call.Take<const char*>());
   const auto statement = call.Take<std::uint32_t>();
   const auto made = call.Take<std::uint32_t>();
@@ -152,7 +152,7 @@ void LineMaker::Append(CallReader& call, std::string& out) {
   out += "}\n";
 }
 
-void LineMaker::AppendNote(CallReader& note, std::string& out) {
+void LineMaker::AppendNote(CallReader& note, Bytes& out) {
   const std::string_view what = note.Take<const char*>();
   out += "{\"host\":";
   AppendString(what, out);
@@ -162,7 +162,7 @@ void LineMaker::AppendNote(CallReader& note, std::string& out) {
   out += "}\n";
 }
 
-void LineMaker::AppendFields(CallReader& call, std::string_view function, std::string& out) {
+void LineMaker::AppendFields(CallReader& call, std::string_view function, Bytes& out) {
   const auto count = call.Take<std::uint8_t>();
   for (int i = 0; i < count; ++i) {
     const std::string_view name = call.Take<const char*>();
@@ -199,7 +199,7 @@ void LineMaker::AppendFields(CallReader& call, std::string_view function, std::s
   }
 }
 
-void LineMaker::AppendBuffer(CallReader& call, std::string_view function, std::string& out) {
+void LineMaker::AppendBuffer(CallReader& call, std::string_view function, Bytes& out) {
   if (!call.TakeFlag()) return;
   const auto number = call.Take<std::uint16_t>();
   const auto c_type = call.Take<std::int16_t>();
@@ -215,7 +215,7 @@ void LineMaker::AppendBuffer(CallReader& call, std::string_view function, std::s
   AppendKeyNumber("bytes", bytes, out);
 }
 
-void LineMaker::AppendParameters(CallReader& call, std::string& out) {
+void LineMaker::AppendParameters(CallReader& call, Bytes& out) {
   const auto count = call.Take<std::uint16_t>();
   if (count == 0) return;
   AppendKey("parameters", out);
@@ -228,54 +228,75 @@ void LineMaker::AppendParameters(CallReader& call, std::string& out) {
   out += ']';
 }
 
-void LineMaker::AppendRows(CallReader& call, std::string& out) {
-  if (!call.TakeFlag()) return;
-  const auto claimed = call.Take<std::uint64_t>();
-  const auto rows = call.Take<std::uint32_t>();
-  std::vector<std::uint16_t> status(rows);
-  for (std::uint16_t& row : status) row = call.Take<std::uint16_t>();
-  const auto distance = call.Take<std::int64_t>();
-  std::vector<int> columns(call.Take<std::uint16_t>());
-  for (int& column : columns) column = call.Take<std::uint16_t>();
-
-  if (claimed != rows) AppendKeyNumber("claimed", static_cast<std::int64_t>(claimed), out);
-  const auto list = [&out](std::string_view key, const auto& numbers) {
-    AppendKey(key, out);
-    const char* comma = "[";
-    for (const auto number : numbers) {
-      out += comma;
-      AppendNumber(number, out);
-      comma = ",";
-    }
-    out += ']';
-  };
-  if (std::any_of(status.begin(), status.end(), [](int row) { return row != SQL_ROW_SUCCESS; }))
-    list("status", status);
-  if (distance != 0) AppendKeyNumber("distance", distance, out);
-  // Only where they are not all columns from the first on.
-  if (!columns.empty() && columns.back() != static_cast<int>(columns.size()))
-    list("columns", columns);
-  AppendKey("rows", out);
-  out += '[';
-  for (std::uint32_t row = 0; row < rows; ++row) {
-    if (row > 0) out += ',';
-    out += '[';
-    row_.clear();
-    for (std::size_t i = 0; i < columns.size(); ++i) row_.push_back(call.TakeCell());
-    if (rules_ != nullptr) SeeOwners(columns);
-    for (std::size_t i = 0; i < columns.size(); ++i) {
-      if (i > 0) out += ',';
-      AppendCell(row_[i], rules_ != nullptr ? rules_->RoleOfCell(columns[i]) : Role::kPlain, out);
-    }
-    out += ']';
+void LineMaker::AppendColumns(CallReader& call, Bytes& out) {
+  if (!call.TakeFlag()) {
+    columns_.resize(call.Take<std::uint16_t>());
+    for (ColumnCopied& column : columns_) column = call.Take<ColumnCopied>();
+    all_columns_ = columns_.empty() || columns_.back().number == columns_.size();
+  }
+  if (all_columns_) return;
+  AppendKey("columns", out);
+  char comma = '[';
+  for (const ColumnCopied& column : columns_) {
+    out += comma;
+    AppendNumber(column.number, out);
+    comma = ',';
   }
   out += ']';
 }
 
-void LineMaker::SeeOwners(const std::vector<int>& columns) {
+void LineMaker::AppendRows(CallReader& call, Bytes& out) {
+  if (!call.TakeFlag()) return;
+  const auto claimed = call.Take<std::uint64_t>();
+  const auto rows = call.Take<std::uint32_t>();
+  if (claimed != rows) AppendKeyNumber("claimed", static_cast<std::int64_t>(claimed), out);
+  if (call.TakeFlag()) {
+    AppendKey("status", out);
+    char comma = '[';
+    for (const char16_t row : AsWide(call.TakeBytes())) {
+      out += comma;
+      AppendNumber(row, out);
+      comma = ',';
+    }
+    out += ']';
+  }
+  const auto distance = call.Take<std::int64_t>();
+  if (distance != 0) AppendKeyNumber("distance", distance, out);
+  AppendColumns(call, out);
+  out += ",\"rows\":[";
+  for (std::uint32_t row = 0; row < rows; ++row) {
+    if (row > 0) out += ',';
+    AppendRow(call, out);
+  }
+  out += ']';
+}
+
+void LineMaker::AppendRow(CallReader& call, Bytes& out) {
+  char comma = '[';
+  if (columns_.empty()) out += comma;
+  if (rules_ == nullptr) {
+    for (const ColumnCopied& column : columns_) {
+      out += comma;
+      AppendCell(call.TakeCell(column.c_type), Role::kPlain, out);
+      comma = ',';
+    }
+  } else {
+    row_.clear();
+    for (const ColumnCopied& column : columns_) row_.push_back(call.TakeCell(column.c_type));
+    SeeOwners();
+    for (std::size_t i = 0; i < columns_.size(); ++i) {
+      out += comma;
+      AppendCell(row_[i], rules_->RoleOfCell(columns_[i].number), out);
+      comma = ',';
+    }
+  }
+  out += ']';
+}
+
+void LineMaker::SeeOwners() {
   rules_->BeginRow();
-  for (std::size_t i = 0; i < columns.size(); ++i) {
-    if (rules_->RoleOfCell(columns[i]) != Role::kOwner) continue;
+  for (std::size_t i = 0; i < columns_.size(); ++i) {
+    if (rules_->RoleOfCell(columns_[i].number) != Role::kOwner) continue;
     const Cell& cell = row_[i];
     if (cell.has_indicator && cell.indicator == SQL_NULL_DATA) continue;
     utf8_.clear();
@@ -287,7 +308,7 @@ void LineMaker::SeeOwners(const std::vector<int>& columns) {
   }
 }
 
-void LineMaker::AppendDiagnostics(CallReader& call, std::string& out) {
+void LineMaker::AppendDiagnostics(CallReader& call, Bytes& out) {
   const auto count = call.Take<std::uint8_t>();
   if (count == 0) return;
   AppendKey("diagnostics", out);
@@ -306,7 +327,7 @@ void LineMaker::AppendDiagnostics(CallReader& call, std::string& out) {
 }
 
 // A value alone where its indicator is what it should be, else an object with both.
-void LineMaker::AppendCell(const Cell& cell, Role role, std::string& out) {
+void LineMaker::AppendCell(const Cell& cell, Role role, Bytes& out) {
   if (cell.has_indicator && cell.indicator == SQL_NULL_DATA) {
     out += "null";
     return;
@@ -333,7 +354,12 @@ void LineMaker::AppendCell(const Cell& cell, Role role, std::string& out) {
 }
 
 // What is not well formed stands as its bytes, which a JSON string could not hold.
-void LineMaker::AppendText(std::string_view bytes, bool wide, Role role, std::string& out) {
+void LineMaker::AppendText(std::string_view bytes, bool wide, Role role, Bytes& out) {
+  const bool as_it_is = rules_ == nullptr && role != Role::kBlank;
+  if (as_it_is &&
+      (wide ? AppendPlainString(AsWide(bytes), out) : AppendPlainString(bytes, out))) {
+    return;
+  }
   std::string_view text = bytes;
   bool well_formed = true;
   if (wide) {

@@ -18,22 +18,26 @@ class LineMaker {
   explicit LineMaker(std::unique_ptr<NameRules> rules) : rules_(std::move(rules)) {}
 
   // Takes one call and appends its line, with the line's end.
-  void Append(CallReader& call, std::string& out);
-  void AppendNote(CallReader& note, std::string& out);
+  void Append(CallReader& call, Bytes& out);
+  void AppendNote(CallReader& note, Bytes& out);
 
  private:
-  void AppendFields(CallReader& call, std::string_view function, std::string& out);
-  void AppendBuffer(CallReader& call, std::string_view function, std::string& out);
-  void AppendParameters(CallReader& call, std::string& out);
-  void AppendRows(CallReader& call, std::string& out);
-  void SeeOwners(const std::vector<int>& columns);
-  void AppendDiagnostics(CallReader& call, std::string& out);
-  void AppendCell(const Cell& cell, Role role, std::string& out);
-  void AppendText(std::string_view bytes, bool wide, Role role, std::string& out);
+  void AppendFields(CallReader& call, std::string_view function, Bytes& out);
+  void AppendBuffer(CallReader& call, std::string_view function, Bytes& out);
+  void AppendParameters(CallReader& call, Bytes& out);
+  void AppendRows(CallReader& call, Bytes& out);
+  void AppendColumns(CallReader& call, Bytes& out);
+  void AppendRow(CallReader& call, Bytes& out);
+  void SeeOwners();
+  void AppendDiagnostics(CallReader& call, Bytes& out);
+  void AppendCell(const Cell& cell, Role role, Bytes& out);
+  void AppendText(std::string_view bytes, bool wide, Role role, Bytes& out);
 
   std::unique_ptr<NameRules> rules_;
   bool secret_ = false;  // the answer belongs to the connection string
   std::string utf8_;     // scratch
+  std::vector<ColumnCopied> columns_;  // of the last fetch
+  bool all_columns_ = true;            // from the first on
   std::vector<Cell> row_;
 };
 

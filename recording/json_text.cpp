@@ -4,8 +4,8 @@
 #include <utf8.h>
 
 #include <algorithm>
-#include <array>
 #include <charconv>
+#include <cstring>
 #include <iterator>
 
 namespace recording {
@@ -15,7 +15,7 @@ constexpr char kDigits[] = "0123456789abcdef";
 
 bool NeedsEscape(char c) { return static_cast<unsigned char>(c) < 0x20 || c == '"' || c == '\\'; }
 
-void AppendEscaped(char c, std::string& line) {
+void AppendEscaped(char c, Bytes& line) {
   switch (c) {
     case '"':
       line += "\\\"";
@@ -37,6 +37,16 @@ void AppendEscaped(char c, std::string& line) {
       line += kDigits[static_cast<unsigned char>(c) >> 4];
       line += kDigits[c & 15];
   }
+}
+
+// Not zero where one of the eight bytes is no ASCII or needs an escape. Bytes before such a one
+// may be taken for one as well, which makes no difference.
+std::uint64_t SpecialBytes(std::uint64_t word) {
+  constexpr std::uint64_t kOnes = 0x0101010101010101;
+  const std::uint64_t control = word - kOnes * 0x20;
+  const std::uint64_t quote = (word ^ kOnes * '"') - kOnes;
+  const std::uint64_t backslash = (word ^ kOnes * '\\') - kOnes;
+  return (word | control | quote | backslash) & kOnes * 0x80;
 }
 
 }  // namespace
@@ -63,25 +73,71 @@ bool IsUtf8(std::string_view text) {
   return first_wide == text.end() || utf8::is_valid(first_wide, text.end());
 }
 
-void AppendNumber(std::int64_t number, std::string& line) {
-  std::array<char, 24> digits;
-  const auto end = std::to_chars(digits.begin(), digits.end(), number).ptr;
-  line.append(digits.begin(), end);
+void AppendNumber(std::int64_t number, Bytes& line) {
+  constexpr std::size_t kMost = 24;
+  char* const at = line.Room(kMost);
+  line.EndAt(std::to_chars(at, at + kMost, number).ptr);
 }
 
-void AppendString(std::string_view text, std::string& line) {
+void AppendString(std::string_view text, Bytes& line) {
   line += '"';
   while (!text.empty()) {
     const auto special = std::find_if(text.begin(), text.end(), NeedsEscape);
-    line.append(text.begin(), special);
+    const auto plain = static_cast<std::size_t>(special - text.begin());
+    line += text.substr(0, plain);
     if (special == text.end()) break;
     AppendEscaped(*special, line);
-    text.remove_prefix(static_cast<std::size_t>(special - text.begin()) + 1);
+    text.remove_prefix(plain + 1);
   }
   line += '"';
 }
 
-void AppendHex(std::string_view bytes, std::string& line) {
+bool AppendPlainString(std::string_view text, Bytes& line) {
+  char* at = line.Room(text.size() + 2);
+  *at++ = '"';
+  const char* from = text.data();
+  const char* const end = from + text.size();
+  constexpr std::size_t kWord = sizeof(std::uint64_t);
+  std::uint64_t word = 0;
+  std::uint64_t special = 0;
+  if (text.size() >= kWord) {
+    for (; from + kWord <= end; from += kWord, at += kWord) {
+      std::memcpy(&word, from, kWord);
+      special |= SpecialBytes(word);
+      std::memcpy(at, &word, kWord);
+    }
+    // The last word once more, from where it is whole.
+    at -= from + kWord - end;
+    from = end - kWord;
+    std::memcpy(&word, from, kWord);
+    special |= SpecialBytes(word);
+    std::memcpy(at, &word, kWord);
+    at += kWord;
+    if (special != 0) return false;
+  } else {
+    for (; from != end; ++from) {
+      if (static_cast<unsigned char>(*from) >= 0x80 || NeedsEscape(*from)) return false;
+      *at++ = *from;
+    }
+  }
+  *at++ = '"';
+  line.EndAt(at);
+  return true;
+}
+
+bool AppendPlainString(std::u16string_view text, Bytes& line) {
+  char* at = line.Room(text.size() + 2);
+  *at++ = '"';
+  for (const char16_t unit : text) {
+    if (unit >= 0x80 || NeedsEscape(static_cast<char>(unit))) return false;
+    *at++ = static_cast<char>(unit);
+  }
+  *at++ = '"';
+  line.EndAt(at);
+  return true;
+}
+
+void AppendHex(std::string_view bytes, Bytes& line) {
   line += '"';
   for (const char c : bytes) {
     line += kDigits[static_cast<unsigned char>(c) >> 4];

@@ -6,16 +6,21 @@
 #include <string>
 #include <string_view>
 
+#include "recording/bytes.h"
+
 namespace recording {
 
 // Appends the text as UTF-8. False when it is not well formed; `out` then holds no sensible end.
 [[nodiscard]] bool AppendUtf8(std::u16string_view text, std::string& out);
 [[nodiscard]] bool IsUtf8(std::string_view text);
 
-void AppendNumber(std::int64_t number, std::string& line);
+void AppendNumber(std::int64_t number, Bytes& line);
 // A JSON string of UTF-8, with its quotes.
-void AppendString(std::string_view text, std::string& line);
+void AppendString(std::string_view text, Bytes& line);
+// The same where it is ASCII without anything to escape; else false, and nothing is appended.
+[[nodiscard]] bool AppendPlainString(std::string_view text, Bytes& line);
+[[nodiscard]] bool AppendPlainString(std::u16string_view text, Bytes& line);
 // A JSON string of hexadecimal digits, two a byte.
-void AppendHex(std::string_view bytes, std::string& line);
+void AppendHex(std::string_view bytes, Bytes& line);
 
 }  // namespace recording

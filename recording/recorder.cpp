@@ -80,9 +80,11 @@ void Recorder::Begin(const std::string& header) {
 
 // Keeps up with what is bound on the statement.
 void Recorder::Follow(const DriverCall& call, Statement& statement) {
+  if (call.rows != nullptr) return;
   const std::string_view function = call.function;
   if (function == "SQLBindCol" && SQL_SUCCEEDED(call.result)) {
     Bind(*call.buffer, statement.columns);
+    columns_of_ = 0;
   } else if (function == "SQLBindParameter" && SQL_SUCCEEDED(call.result)) {
     Bind(*call.buffer, statement.parameters);
   } else if (function == "SQLSetStmtOption" && FindNumber(call, "option") == SQL_ROWSET_SIZE) {
@@ -91,6 +93,7 @@ void Recorder::Follow(const DriverCall& call, Statement& statement) {
   } else if (function == "SQLFreeStmt") {
     const std::int64_t option = FindNumber(call, "option");
     if (option == SQL_UNBIND) statement.columns.clear();
+    columns_of_ = 0;
     if (option == SQL_RESET_PARAMS) statement.parameters.clear();
   }
 }
@@ -116,6 +119,10 @@ void Recorder::OnCall(const DriverCall& call) {
   context.statement = statement->number;
   context.rowset = call.rows != nullptr && call.rows->status == nullptr ? 1 : statement->rowset;
   context.columns = &statement->columns;
+  if (call.rows != nullptr && SQL_SUCCEEDED(call.result)) {
+    context.same_columns = columns_of_ != 0 && columns_of_ == statement->number;
+    columns_of_ = statement->number;
+  }
   context.piece = function == "SQLGetData";
   if (Sends(function)) context.parameters = &statement->parameters;
   if (call.made != nullptr && SQL_SUCCEEDED(call.result)) {
@@ -161,7 +168,7 @@ void Recorder::Finish() {
 }
 
 void Recorder::WriteLines() {
-  std::string batch;
+  Bytes batch;
   auto flushed = std::chrono::steady_clock::now();
   for (bool last = false; !last;) {
     {
@@ -172,7 +179,7 @@ void Recorder::WriteLines() {
       batch.swap(waiting_);
     }
     emptied_.notify_one();
-    WriteBatch(batch);
+    WriteBatch(batch.view());
     batch.clear();
     if (const auto now = std::chrono::steady_clock::now(); now - flushed >= kFlushEvery) {
       file_->Flush();
@@ -194,7 +201,7 @@ void Recorder::WriteBatch(std::string_view batch) {
       lines_.AppendNote(reader, text_);
     }
   }
-  file_->Write(text_);
+  file_->Write(text_.view());
 }
 
 }  // namespace recording

@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "platform/platform.h"
+#include "recording/bytes.h"
 #include "recording/call_bytes.h"
 #include "recording/call_line.h"
 #include "recording/file.h"
@@ -60,17 +61,18 @@ class Recorder : public platform::CallLog {
   LineMaker lines_;  // the writer's
   const std::string name_;
   std::optional<OutputFile> file_;  // since Begin
-  std::string text_;                // the writer's scratch
+  Bytes text_;                      // the writer's scratch
 
   mutable std::mutex mutex_;
   std::condition_variable filled_;   // there is something to write
   std::condition_variable emptied_;  // there is room again
-  std::string waiting_;              // copied calls and notes
+  Bytes waiting_;                    // copied calls and notes
   bool begun_ = false;
   bool finished_ = false;
   bool good_ = true;
   std::uint64_t calls_ = 0;
   std::uint32_t statements_made_ = 0;
+  std::uint32_t columns_of_ = 0;  // the statement whose columns the writer knows; 0: none
   std::unordered_map<void*, Statement> statements_;
   std::thread writer_;
 };
