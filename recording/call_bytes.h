@@ -31,7 +31,7 @@ struct CallContext {
   bool piece = false;           // the call's buffer holds a piece of a value
   std::uint64_t rowset = 1;     // rows that the bound memory has room for
   const Bindings* columns = nullptr;
-  bool same_columns = false;  // as the fetch that was copied last
+  bool same_columns = false;             // as the fetch that was copied last
   const Bindings* parameters = nullptr;  // of a call that sends them; null: none
   std::vector<Diagnostic> diagnostics;
 };

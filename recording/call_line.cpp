@@ -356,8 +356,7 @@ void LineMaker::AppendCell(const Cell& cell, Role role, Bytes& out) {
 // What is not well formed stands as its bytes, which a JSON string could not hold.
 void LineMaker::AppendText(std::string_view bytes, bool wide, Role role, Bytes& out) {
   const bool as_it_is = rules_ == nullptr && role != Role::kBlank;
-  if (as_it_is &&
-      (wide ? AppendPlainString(AsWide(bytes), out) : AppendPlainString(bytes, out))) {
+  if (as_it_is && (wide ? AppendPlainString(AsWide(bytes), out) : AppendPlainString(bytes, out))) {
     return;
   }
   std::string_view text = bytes;

@@ -34,8 +34,8 @@ class LineMaker {
   void AppendText(std::string_view bytes, bool wide, Role role, Bytes& out);
 
   std::unique_ptr<NameRules> rules_;
-  bool secret_ = false;  // the answer belongs to the connection string
-  std::string utf8_;     // scratch
+  bool secret_ = false;                // the answer belongs to the connection string
+  std::string utf8_;                   // scratch
   std::vector<ColumnCopied> columns_;  // of the last fetch
   bool all_columns_ = true;            // from the first on
   std::vector<Cell> row_;
