@@ -1,5 +1,6 @@
 """The exact reading's part of bench/run: imports of PostgreSQL, MariaDB and SQLite against bare
-loops over the same statements, the whole program against a bare program, and other tools.
+loops over the same statements, the whole program against a bare program, and other tools; and
+imports of generated catalogs of SQL Server, Oracle, DB2 and Informix, which the simulator plays.
 
 Every schema has 12 columns a table, a primary key, 1.5 foreign keys a table and a view for every
 ten tables; a rich one has a comment and a default on each column besides.
@@ -218,9 +219,60 @@ class Measurement:
         self.goal(f"one table of {self.sizes[-1]} over an empty import", one["import_s"] / empty["import_s"], 3)
 
 
+PRACTICE = ("sqlserver-2019", "oracle-19", "db2-11", "informix-14")
+# The own time is the difference of two times: more rounds for small imports.
+PRACTICE_ROUNDS = {1000: 101, 10000: 21, 100000: 5}
+
+
+class Practice:
+    """Generated catalogs: how the import's own time and memory grow to 100,000 tables of 20 columns."""
+
+    def __init__(self, build, quick, servers=PRACTICE):
+        self.program = os.path.join(build, "bin", "wbexactbench")
+        self.driver = os.path.join(build, "lib", "libcatalogsim.so")
+        self.sizes = [200, 2000] if quick else sorted(PRACTICE_ROUNDS)
+        self.servers = servers
+        self.rows, self.own_times, self.growth, self.goals = [], [], [], []
+
+    def goal(self, server, what, value, limit):
+        self.goals.append({"goal": f"{server}, exact: {what}", "value": value, "limit": limit, "at_least": False,
+                           "met": value <= limit})
+
+    def run(self):
+        for server in self.servers:
+            own = {tables: self.measure(server, tables) for tables in self.sizes}
+            for small, large in zip(self.sizes, self.sizes[1:]):
+                factor = own[large] / own[small] / (large / small)
+                self.growth.append({"server": f"{server}, exact", "from": small, "to": large, "factor": factor})
+                self.goal(server, f"own time {small} to {large} tables, over linear", factor, 1.1)
+        return {"exact": self.rows, "wholes": [], "peers": [], "own_times": self.own_times, "growth": self.growth,
+                "goals": self.goals}
+
+    def measure(self, server, tables):
+        print(f"measuring {server}, exact, {tables} tables ...", file=sys.stderr)
+        rounds = PRACTICE_ROUNDS.get(tables, 9)
+        row = last_json(sh(self.program, f"Driver={self.driver};Server={server};Scale={tables};Columns=20;ForeignKeys=1",
+                           "--rounds", str(rounds), "--label", f"{server}, exact"))
+        if not row["result"] or row["columns"] < 20 * tables or row["relationships"] < tables:
+            sys.exit(f"{server}: the import failed or left something out: {row}")
+        self.rows.append(row)
+        self.own_times.append({"server": f"{server}, exact", "tables": tables, "rounds": rounds, "own_s": row["own_s"],
+                               "quartiles_s": row["own_quartiles_s"]})
+        if tables > self.sizes[0]:
+            self.goal(server, f"import / bare loop, {tables} tables", row["ratio"], 1.5)
+            self.goal(server, f"bytes a column held, {tables} tables", row["held_bytes_a_column"], 400)
+            self.goal(server, f"bytes a column at the peak, {tables} tables", row["peak_bytes_a_column"], 900)
+        return row["own_s"]
+
+
 def main():
-    """Runs inside scripts/with_...: exact.py SERVER RESULTS BUILD FLAG..."""
+    """Runs inside scripts/with_...: exact.py SERVER RESULTS BUILD FLAG...; SERVER `practice` is all of PRACTICE."""
     server, results, build, *flags = sys.argv[1:]
+    if server == "practice" or server in PRACTICE:
+        found = Practice(build, "--quick" in flags, PRACTICE if server == "practice" else (server,)).run()
+        with open(results, "w") as out:
+            json.dump(found, out)
+        return
     with tempfile.TemporaryDirectory() as folder:
         known = {"postgresql": postgresql, "mariadb": mariadb, "sqlite": lambda: sqlite(folder)}
         found = Measurement(known[server](), build, "--quick" in flags, "--large" in flags, "--no-peers" not in flags, folder).run()

@@ -57,14 +57,23 @@ std::uint32_t ColumnTypes::FindByNumber(std::int64_t id, std::int64_t modifier,
 std::uint32_t ColumnTypes::FindByText(const Row& row) {
   constexpr std::array<Field, 6> kParts = {Field::kType,   Field::kBaseType,  Field::kTypeSchema,
                                            Field::kLength, Field::kPrecision, Field::kScale};
-  key_.clear();
-  for (const Field field : kParts) {
-    key_ += row.Text(field);
-    key_ += '\0';
-  }
-  if (const auto known = by_text_.find(key_); known != by_text_.end()) return known->second;
+  // Most spellings tell types apart alone.
+  const std::uint64_t hash = HashedPlaces::HashOf(row.Text(Field::kType));
+  const std::uint32_t known = by_text_.Find(hash, [&](std::uint32_t place) {
+    std::string_view texts = spelled_[place].texts;
+    return std::all_of(kParts.begin(), kParts.end(), [&](Field field) {
+      const std::string_view text = row.Text(field);
+      if (!texts.starts_with(text) || texts[text.size()] != '\0') return false;
+      texts.remove_prefix(text.size() + 1);
+      return true;
+    });
+  });
+  if (known != HashedPlaces::kNone) return spelled_[known].entry;
   const auto at = static_cast<std::uint32_t>(entries_.size());
-  by_text_.emplace(key_, at);
+  by_text_.Add(hash, static_cast<std::uint32_t>(spelled_.size()));
+  Spelled& made = spelled_.emplace_back();
+  made.entry = at;
+  for (const Field field : kParts) made.texts.append(row.Text(field)) += '\0';
   Fill(row, entries_.emplace_back());
   return at;
 }

@@ -67,10 +67,17 @@ class ColumnTypes {
   void Inherit(Entry& entry, int depth);
   [[nodiscard]] const Entry* FindTold(std::int64_t id, std::int64_t modifier) const;
 
+  // An entry by what rows without a number say of it: the texts, each closed by a zero.
+  struct Spelled {
+    std::string texts;
+    std::uint32_t entry;
+  };
+
   Catalog& catalog_;
   std::vector<Entry> entries_;
   NumberMap by_id_;  // the first entry of a type
-  std::unordered_map<std::string, std::uint32_t> by_text_;
+  HashedPlaces by_text_;
+  std::vector<Spelled> spelled_;  // what by_text_ leads to
   std::unordered_map<std::string, const TypeKind*> kinds_;
   std::string key_;
   std::uint32_t last_ = kNone;

@@ -12,12 +12,6 @@
 namespace odbcimport::exact {
 namespace {
 
-std::vector<LcWorkbookColumn*> AsSet(std::vector<LcWorkbookColumn*> columns) {
-  std::sort(columns.begin(), columns.end());
-  columns.erase(std::unique(columns.begin(), columns.end()), columns.end());
-  return columns;
-}
-
 std::unique_ptr<LcWorkbookKeyList> ListOf(const std::vector<LcWorkbookColumn*>& columns) {
   auto list = std::make_unique<LcWorkbookKeyList>();
   for (LcWorkbookColumn* column : columns) list->AddKeyColumn(column);
@@ -42,12 +36,20 @@ bool IsWhole(const std::vector<LcWorkbookColumn*>& columns, std::size_t parts) {
 
 }  // namespace
 
-std::string Constraints::KeyOf(Constraint::Sort sort, std::uint32_t table, std::string_view name,
-                               std::string_view id) const {
-  std::string key = std::to_string(table);
-  key += static_cast<char>('a' + static_cast<int>(sort));
-  key.append(name) += '\0';
-  return key.append(id);
+std::uint64_t Constraints::HashOf(Constraint::Sort sort, std::uint32_t table, std::string_view name,
+                                  std::string_view id) {
+  constexpr int kSortBits = 3;
+  const std::uint64_t numbers =
+      (std::uint64_t{table} << kSortBits) + static_cast<std::uint64_t>(sort);
+  return HashedPlaces::HashOf(name, id.empty() ? numbers : HashedPlaces::HashOf(id, numbers));
+}
+
+std::uint32_t Constraints::PlaceOf(std::uint64_t hash, Constraint::Sort sort, std::uint32_t table,
+                                   std::string_view name, std::string_view id) const {
+  return places_.Find(hash, [&](std::uint32_t place) {
+    const Constraint& known = all_[place];
+    return known.table == table && known.sort == sort && known.name == name && known.id == id;
+  });
 }
 
 Constraint& Constraints::Find(Constraint::Sort sort, std::uint32_t table, std::string_view name,
@@ -56,8 +58,10 @@ Constraint& Constraints::Find(Constraint::Sort sort, std::uint32_t table, std::s
     Constraint& last = all_.back();
     if (last.table == table && last.sort == sort && last.name == name && last.id == id) return last;
   }
-  const auto [found, is_new] = places_.emplace(KeyOf(sort, table, name, id), all_.size());
-  if (!is_new) return all_[found->second];
+  const std::uint64_t hash = HashOf(sort, table, name, id);
+  const std::uint32_t known = PlaceOf(hash, sort, table, name, id);
+  if (known != HashedPlaces::kNone) return all_[known];
+  places_.Add(hash, static_cast<std::uint32_t>(all_.size()));
   Constraint& made = all_.emplace_back();
   made.sort = sort;
   made.table = table;
@@ -67,15 +71,14 @@ Constraint& Constraints::Find(Constraint::Sort sort, std::uint32_t table, std::s
 }
 
 Constraint* Constraints::FindForeignKey(std::uint32_t table, std::string_view name) {
-  const auto found = places_.find(KeyOf(Constraint::Sort::kForeign, table, name, ""));
-  return found != places_.end() ? &all_[found->second] : nullptr;
+  constexpr Constraint::Sort kSort = Constraint::Sort::kForeign;
+  const std::uint32_t known = PlaceOf(HashOf(kSort, table, name, ""), kSort, table, name, "");
+  return known != HashedPlaces::kNone ? &all_[known] : nullptr;
 }
 
 void Constraints::Forget(std::size_t size) {
   all_.resize(size);
-  for (auto at = places_.begin(); at != places_.end();) {
-    at = at->second >= size ? places_.erase(at) : std::next(at);
-  }
+  places_.ForgetFrom(static_cast<std::uint32_t>(size));
 }
 
 std::vector<LcWorkbookColumn*> Constraints::ColumnsOf(const Constraint& constraint) {
@@ -113,7 +116,7 @@ void Constraints::FinishKeys() {
   SortOnce(all_, [](const Constraint& a, const Constraint& b) {
     return std::tie(a.table, a.sort, a.name) < std::tie(b.table, b.sort, b.name);
   });
-  places_.clear();
+  places_.Clear();
   for (Constraint& constraint : all_) {
     if (constraint.sort == Constraint::Sort::kPrimary ||
         constraint.sort == Constraint::Sort::kUnique) {
@@ -252,17 +255,15 @@ LcForeignKeyDetails Constraints::DetailsOf(Constraint& constraint) const {
 }
 
 bool Constraints::IsUnique(const LcWorkbookTable& table,
-                           std::vector<LcWorkbookColumn*> columns) const {
-  columns = AsSet(std::move(columns));
-  const auto number = static_cast<int>(columns.size());
-  if (table.GetPrimaryKey().GetCount() == number &&
-      columns == AsSet(table.GetPrimaryKey().GetColumns())) {
-    return true;
-  }
+                           const std::vector<LcWorkbookColumn*>& columns) {
+  const auto is_key = [&](const std::vector<LcWorkbookColumn*>& key) {
+    return std::is_permutation(key.begin(), key.end(), columns.begin(), columns.end());
+  };
+  if (is_key(table.GetPrimaryKey().GetColumns())) return true;
   const LcTableDetails* details = table.GetDetails();
   return details != nullptr &&
          std::any_of(details->unique_keys.begin(), details->unique_keys.end(),
-                     [&](const LcKeyDetails& key) { return AsSet(key.columns) == columns; });
+                     [&](const LcKeyDetails& key) { return is_key(key.columns); });
 }
 
 void Constraints::FinishForeignKey(Constraint& constraint) {

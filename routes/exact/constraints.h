@@ -3,7 +3,6 @@
 #pragma once
 
 #include <string>
-#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -88,15 +87,18 @@ class Constraints {
   [[nodiscard]] static std::vector<LcWorkbookColumn*> TargetColumnsOf(Model& model,
                                                                       const Constraint& constraint,
                                                                       std::uint32_t target);
-  [[nodiscard]] bool IsUnique(const LcWorkbookTable& table,
-                              std::vector<LcWorkbookColumn*> columns) const;
-  [[nodiscard]] std::string KeyOf(Constraint::Sort sort, std::uint32_t table, std::string_view name,
-                                  std::string_view id) const;
+  [[nodiscard]] static bool IsUnique(const LcWorkbookTable& table,
+                                     const std::vector<LcWorkbookColumn*>& columns);
+  [[nodiscard]] static std::uint64_t HashOf(Constraint::Sort sort, std::uint32_t table,
+                                            std::string_view name, std::string_view id);
+  [[nodiscard]] std::uint32_t PlaceOf(std::uint64_t hash, Constraint::Sort sort,
+                                      std::uint32_t table, std::string_view name,
+                                      std::string_view id) const;
 
   Model& model_;
   Model* outside_ = nullptr;
   std::vector<Constraint> all_;
-  std::unordered_map<std::string, std::size_t> places_;
+  HashedPlaces places_;
 };
 
 // Reads `keys`, `foreign_keys`, `checks`, or all of them as `constraints`.

@@ -32,18 +32,18 @@ void IndexReader::Mark() {
 void IndexReader::Undo() {
   all_.resize(mark_);
   constraints_.Forget(constraint_mark_);
-  for (auto at = places_.begin(); at != places_.end();) {
-    at = at->second >= mark_ ? places_.erase(at) : std::next(at);
-  }
+  places_.ForgetFrom(static_cast<std::uint32_t>(mark_));
 }
 
 IndexReader::Index& IndexReader::Find(std::uint32_t table, std::string_view name, bool& is_new) {
   is_new = false;
   if (!all_.empty() && all_.back().table == table && all_.back().name == name) return all_.back();
-  std::string key = std::to_string(table);
-  key += ' ';
-  const auto [found, made] = places_.emplace(key.append(name), all_.size());
-  if (!made) return all_[found->second];
+  const std::uint64_t hash = HashedPlaces::HashOf(name, table);
+  const std::uint32_t known = places_.Find(hash, [&](std::uint32_t place) {
+    return all_[place].table == table && all_[place].name == name;
+  });
+  if (known != HashedPlaces::kNone) return all_[known];
+  places_.Add(hash, static_cast<std::uint32_t>(all_.size()));
   is_new = true;
   Index& index = all_.emplace_back();
   index.table = table;
@@ -218,7 +218,7 @@ void IndexReader::Finish() {
     model_.tables[index.table].table->ChangeDetails().indexes.push_back(std::move(index.details));
   }
   all_.clear();
-  places_.clear();
+  places_.Clear();
 }
 
 }  // namespace odbcimport::exact

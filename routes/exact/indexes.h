@@ -3,7 +3,6 @@
 
 #include <memory>
 #include <string>
-#include <unordered_map>
 #include <vector>
 
 #include "routes/exact/constraints.h"
@@ -47,7 +46,7 @@ class IndexReader : public RowReader {
   Model& model_;
   Constraints& constraints_;
   std::vector<Index> all_;
-  std::unordered_map<std::string, std::size_t> places_;
+  HashedPlaces places_;
   std::size_t mark_ = 0;
   std::size_t constraint_mark_ = 0;
   std::vector<std::int64_t> positions_;

@@ -9,10 +9,8 @@
 namespace odbcimport::exact {
 namespace {
 
-std::string NameKey(std::string_view schema, std::string_view name) {
-  std::string key(schema);
-  key += '\0';
-  return key.append(name);
+std::uint64_t HashOf(std::string_view schema, std::string_view name) {
+  return HashedPlaces::HashOf(name, HashedPlaces::HashOf(schema));
 }
 
 }  // namespace
@@ -57,13 +55,16 @@ void Model::IndexTables() {
   SortOnce(tables, [](const TableEntry& a, const TableEntry& b) {
     return std::tie(a.schema, a.name) < std::tie(b.schema, b.name);
   });
-  tables_by_name_.reserve(tables.size());
   for (std::uint32_t i = 0; i < tables.size(); ++i) {
     const TableEntry& entry = tables[i];
     if (entry.has_id) tables_by_id_.Add(entry.id, i);
-    tables_by_name_.emplace(NameKey(entry.schema, entry.name), i);
-    if (catalog.dialect().ignores_case) {
-      tables_by_folded_name_.emplace(NameKey(entry.schema, FoldCase(entry.name)), i);
+    if (FindTable(entry.schema, entry.name, tables_by_name_, false) == kNoTable) {
+      tables_by_name_.Add(HashOf(entry.schema, entry.name), i);
+    }
+    if (!catalog.dialect().ignores_case) continue;
+    const std::string folded = FoldCase(entry.name);
+    if (FindTable(entry.schema, folded, tables_by_folded_name_, true) == kNoTable) {
+      tables_by_folded_name_.Add(HashOf(entry.schema, folded), i);
     }
   }
 }
@@ -72,29 +73,37 @@ std::uint32_t Model::FindTable(const Row& row) {
   if (row.Has(Field::kTableId)) {
     const std::int64_t id = row.Number(Field::kTableId);
     // Rows come table by table, mostly.
-    if (id != last_id_ || last_table_ == kNoTable) {
-      last_id_ = id;
-      last_table_ = tables_by_id_.Get(id);
-    }
+    if (id == last_id_ && last_table_ != kNoTable) return last_table_;
+    last_id_ = id;
+    const std::uint32_t next = last_table_ + 1;  // 0 behind kNoTable
+    const bool is_next = next < tables.size() && tables[next].has_id && tables[next].id == id;
+    last_table_ = is_next ? next : tables_by_id_.Get(id);
     return last_table_;
   }
   if (!row.Has(Field::kTable)) return kNoTable;
   const std::string_view schema = catalog.SchemaOf(row);
   const std::string_view name = row.Text(Field::kTable);
-  if (last_table_ != kNoTable && tables[last_table_].name == name &&
-      tables[last_table_].schema == schema) {
-    return last_table_;
-  }
-  last_table_ = FindTable(schema, name);
+  const auto is_called = [&](std::uint32_t table) {
+    return table < tables.size() && tables[table].name == name && tables[table].schema == schema;
+  };
+  if (is_called(last_table_)) return last_table_;
+  last_table_ = is_called(last_table_ + 1) ? last_table_ + 1 : FindTable(schema, name);
   if (last_table_ != kNoTable) last_id_ = tables[last_table_].id;
   return last_table_;
 }
 
 std::uint32_t Model::FindTable(std::string_view schema, std::string_view name) const {
-  const auto exact = tables_by_name_.find(NameKey(schema, name));
-  if (exact != tables_by_name_.end()) return exact->second;
-  const auto folded = tables_by_folded_name_.find(NameKey(schema, FoldCase(name)));
-  return folded != tables_by_folded_name_.end() ? folded->second : kNoTable;
+  const std::uint32_t exact = FindTable(schema, name, tables_by_name_, false);
+  if (exact != kNoTable || !catalog.dialect().ignores_case) return exact;
+  return FindTable(schema, FoldCase(name), tables_by_folded_name_, true);
+}
+
+std::uint32_t Model::FindTable(std::string_view schema, std::string_view name,
+                               const HashedPlaces& places, bool folded) const {
+  return places.Find(HashOf(schema, name), [&](std::uint32_t table) {
+    const TableEntry& entry = tables[table];
+    return entry.schema == schema && (folded ? FoldCase(entry.name) == name : entry.name == name);
+  });
 }
 
 LcWorkbookTable* Model::FindWanted(const Row& row) {

@@ -117,12 +117,14 @@ class Model {
   [[nodiscard]] bool FindSchema(const Row& row, std::string_view& schema) const;
 
  private:
+  std::uint32_t FindTable(std::string_view schema, std::string_view name,
+                          const HashedPlaces& places, bool folded) const;
+
   NumberMap tables_by_id_;
-  std::unordered_map<std::string, std::uint32_t> tables_by_name_;
-  std::unordered_map<std::string, std::uint32_t> tables_by_folded_name_;
+  HashedPlaces tables_by_name_;
+  HashedPlaces tables_by_folded_name_;
   std::int64_t last_id_ = 0;
   std::uint32_t last_table_ = kNoTable;
-  std::string key_;
 };
 
 // The text in lower case, as far as it is ASCII.

@@ -4,10 +4,11 @@
 
 #include <string>
 #include <string_view>
-#include <unordered_map>
+#include <vector>
 
 #include "importer/workbook/name.h"
 #include "importer/workbook/text.h"
+#include "routes/exact/flat_map.h"
 
 namespace odbcimport::exact {
 
@@ -21,16 +22,12 @@ class TextStore {
   [[nodiscard]] const std::u16string& Wide(std::string_view utf8);
 
  private:
-  struct Hash {
-    using is_transparent = void;
-    std::size_t operator()(std::string_view text) const {
-      return std::hash<std::string_view>()(text);
-    }
-  };
-  template <class Shared>
-  using ByText = std::unordered_map<std::string, Shared, Hash, std::equal_to<>>;
-  ByText<LcText> shared_;
-  ByText<LcName> names_;
+  bool IsSame(std::u16string_view wide, std::string_view utf8);
+
+  HashedPlaces text_places_;
+  std::vector<LcText> texts_;
+  HashedPlaces name_places_;
+  std::vector<LcName> names_;
   std::u16string wide_;
 };
 
