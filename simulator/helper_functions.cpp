@@ -83,6 +83,7 @@ void Constant(sqlite3_context* context, int, sqlite3_value**) {
 constexpr char kLibrary[] = "library";
 constexpr char kDbo[] = "dbo";
 constexpr char kYes[] = "1";
+constexpr char kCollation[] = "Latin1_General_CI_AS";
 
 // An edition that one installs, of the version that the function was registered with.
 void ServerProperty(sqlite3_context* context, int, sqlite3_value** arguments) {
@@ -106,6 +107,7 @@ constexpr Function kFunctions[] = {
     {"trunc", 1, Truncate},
     {"db_name", 0, Constant<kLibrary>},
     {"schema_name", 0, Constant<kDbo>},
+    {"databasepropertyex", 2, Constant<kCollation>},
     {"has_perms_by_name", 3, Constant<kYes>},
     {"sys_context", 2, Constant<kLibrary>},
 };

@@ -360,12 +360,21 @@ bool ConstraintReader::SortOf(const Row& row, Constraint::Sort& sort) const {
   return false;
 }
 
+// A check that the server made of a column's NOT NULL, which the column itself tells.
+bool ConstraintReader::OnlyKeepsNullOut(const Row& row, std::uint32_t table) {
+  const std::string_view name = row.Text(Field::kColumn);
+  const LcWorkbookColumn* const column = model_.FindColumn(table, name);
+  return column != nullptr && column->IsRequired() &&
+         row.Text(Field::kExpression) == '"' + std::string(name) + "\" IS NOT NULL";
+}
+
 void ConstraintReader::Read(const Row& row) {
   Constraint::Sort sort{};
   if (!SortOf(row, sort)) return;
   const std::int64_t type_id = row.Number(Field::kTypeId);
   const std::uint32_t table = model_.FindTable(row);
   if (type_id == 0 && (table == kNoTable || !model_.tables[table].wanted)) return;
+  if (sort == Constraint::Sort::kCheck && OnlyKeepsNullOut(row, table)) return;
   // What numbers tell apart has no name in common with anything.
   std::string id(row.Text(Field::kKeyId));
   if (id.empty() && type_id != 0) id = row.Text(Field::kConstraintId);

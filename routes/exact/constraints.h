@@ -112,6 +112,7 @@ class ConstraintReader : public RowReader {
 
  private:
   [[nodiscard]] bool SortOf(const Row& row, Constraint::Sort& sort) const;
+  [[nodiscard]] bool OnlyKeepsNullOut(const Row& row, std::uint32_t table);
   void ReadFacts(const Row& row, Constraint& constraint);
   void ReadTarget(const Row& row, Constraint& constraint);
   void ReadParts(const Row& row, Constraint& constraint);

@@ -68,7 +68,7 @@ class HashedPlaces {
   static constexpr std::uint32_t kNone = 0xFFFFFFFF;
 
   // The hash of several texts is made by passing on that of those before.
-  static std::uint64_t HashOf(std::string_view text, std::uint64_t before = 0) {
+  [[nodiscard]] static std::uint64_t HashOf(std::string_view text, std::uint64_t before = 0) {
     constexpr std::uint64_t kGoldenRatio = 0x9E3779B97F4A7C15;
     return (std::hash<std::string_view>()(text) ^ before) * kGoldenRatio;
   }
@@ -79,7 +79,7 @@ class HashedPlaces {
   }
   // The one of this hash of which `is_it(position)` holds; kNone where there is none.
   template <class IsIt>
-  std::uint32_t Find(std::uint64_t hash, IsIt is_it) const {
+  [[nodiscard]] std::uint32_t Find(std::uint64_t hash, IsIt is_it) const {
     if (places_.empty()) return kNone;
     const std::size_t mask = places_.size() - 1;
     const std::uint32_t wanted = ShortOf(hash);

@@ -117,8 +117,8 @@ class Model {
   [[nodiscard]] bool FindSchema(const Row& row, std::string_view& schema) const;
 
  private:
-  std::uint32_t FindTable(std::string_view schema, std::string_view name,
-                          const HashedPlaces& places, bool folded) const;
+  [[nodiscard]] std::uint32_t FindTable(std::string_view schema, std::string_view name,
+                                        const HashedPlaces& places, bool folded) const;
 
   NumberMap tables_by_id_;
   HashedPlaces tables_by_name_;

@@ -22,7 +22,7 @@ class TextStore {
   [[nodiscard]] const std::u16string& Wide(std::string_view utf8);
 
  private:
-  bool IsSame(std::u16string_view wide, std::string_view utf8);
+  [[nodiscard]] bool IsSame(std::u16string_view wide, std::string_view utf8);
 
   HashedPlaces text_places_;
   std::vector<LcText> texts_;

@@ -30,7 +30,7 @@ CREATE TABLE all_col_comments (owner VARCHAR2(128), table_name VARCHAR2(128), co
 CREATE INDEX i_col_comments ON all_col_comments (owner, table_name, column_name);
 CREATE TABLE all_constraints (owner VARCHAR2(128), constraint_name VARCHAR2(128), constraint_type VARCHAR2(1), table_name VARCHAR2(128), search_condition LONG,
   search_condition_vc VARCHAR2(4000), r_owner VARCHAR2(128), r_constraint_name VARCHAR2(128), delete_rule VARCHAR2(9), status VARCHAR2(8),
-  "deferrable" VARCHAR2(14), deferred VARCHAR2(9), generated VARCHAR2(14));
+  "deferrable" VARCHAR2(14), deferred VARCHAR2(9), generated VARCHAR2(14), validated VARCHAR2(13));
 CREATE INDEX i_constraints ON all_constraints (constraint_type, owner, table_name);
 CREATE TABLE all_cons_columns (owner VARCHAR2(128), constraint_name VARCHAR2(128), table_name VARCHAR2(128), column_name VARCHAR2(4000), position NUMBER);
 CREATE INDEX i_cons_columns ON all_cons_columns (constraint_name, owner, position);
@@ -85,14 +85,16 @@ INSERT INTO all_tab_identity_cols SELECT t.owner, t.name, c.name, upper(c.identi
   WHERE c.identity IS NOT NULL;
 INSERT INTO all_constraints
   SELECT t.owner, k.name, CASE k.kind WHEN 'F' THEN 'R' ELSE k.kind END, t.name, k.expression, k.expression, r.owner, g.name, upper(k.on_delete), 'ENABLED',
-         'NOT DEFERRABLE', 'IMMEDIATE', 'USER NAME'
+         'NOT DEFERRABLE', 'IMMEDIATE', 'USER NAME', 'VALIDATED'
   FROM shop_key k JOIN shop t ON t.number = k.table_number LEFT JOIN shop_key g ON g.number = k.target_number LEFT JOIN shop r ON r.number = g.table_number;
 INSERT INTO all_cons_columns SELECT t.owner, k.name, t.name, c.name, p.position
   FROM shop_key k JOIN shop t ON t.number = k.table_number JOIN shop_key_column p ON p.key_number = k.number
   JOIN shop_column c ON c.table_number = k.table_number AND c.position = p.column_number;
 -- What keeps a column from being NULL.
 INSERT INTO all_constraints SELECT t.owner, printf('SYS_C%06d', c.table_number * 100 + c.position), 'C', t.name, '"' || c.name || '" IS NOT NULL',
-  '"' || c.name || '" IS NOT NULL', NULL, NULL, NULL, 'ENABLED', 'NOT DEFERRABLE', 'IMMEDIATE', 'GENERATED NAME'
+  '"' || c.name || '" IS NOT NULL', NULL, NULL, NULL, 'ENABLED', 'NOT DEFERRABLE', 'IMMEDIATE', 'GENERATED NAME', 'VALIDATED'
+  FROM shop t JOIN shop_column c ON c.table_number = t.number WHERE c.nullable = 0 AND t.kind = 'table';
+INSERT INTO all_cons_columns SELECT t.owner, printf('SYS_C%06d', c.table_number * 100 + c.position), t.name, c.name, NULL
   FROM shop t JOIN shop_column c ON c.table_number = t.number WHERE c.nullable = 0 AND t.kind = 'table';
 INSERT INTO all_indexes SELECT t.owner, k.name, 'NORMAL', t.owner, t.name, 'UNIQUE', 'VISIBLE' FROM shop_key k JOIN shop t ON t.number = k.table_number
   WHERE k.kind IN ('P', 'U');
@@ -136,6 +138,11 @@ INSERT INTO all_object_tables VALUES ('stock', 'shelf_places', 'stock', 'shelf_p
 INSERT INTO all_tab_cols VALUES
   ('stock', 'shelf_places', 'SYS_NC_OID$', 'RAW', NULL, 16, NULL, NULL, 'N', NULL, NULL, NULL, 0, NULL, 'YES', 'NO', 1, 'NO', 'NO'),
   ('stock', 'shelf_places', 'row_number', 'NUMBER', NULL, 22, 4, 0, 'Y', 1, NULL, NULL, 0, NULL, 'NO', 'NO', 3, 'NO', 'YES');
+-- Checks without a name: one that only looks like what keeps a column from being NULL, and one that was not held against the rows that were there.
+INSERT INTO all_constraints VALUES
+  ('stock', 'SYS_C900001', 'C', 'shelf', '"a" > 0 AND "hidden" IS NOT NULL', '"a" > 0 AND "hidden" IS NOT NULL', NULL, NULL, NULL, 'ENABLED', 'NOT DEFERRABLE', 'IMMEDIATE', 'GENERATED NAME', 'VALIDATED'),
+  ('stock', 'SYS_C900002', 'C', 'shelf', '"a" IS NOT NULL', '"a" IS NOT NULL', NULL, NULL, NULL, 'ENABLED', 'NOT DEFERRABLE', 'IMMEDIATE', 'GENERATED NAME', 'NOT VALIDATED');
+INSERT INTO all_cons_columns VALUES ('stock', 'SYS_C900001', 'shelf', 'a', NULL), ('stock', 'SYS_C900001', 'shelf', 'hidden', NULL), ('stock', 'SYS_C900002', 'shelf', 'a', NULL);
 INSERT INTO all_types VALUES ('stock', 'shelf_place', 'OBJECT'), ('stock', 'shelf_names', 'COLLECTION'), ('SYS', 'XMLTYPE', 'OBJECT');
 INSERT INTO all_type_attrs VALUES ('stock', 'shelf_place', 'row_number', NULL, 'NUMBER', NULL, 4, 0, 1), ('stock', 'shelf_place', 'name', NULL, 'VARCHAR2', 20, NULL, NULL, 2);
 INSERT INTO all_procedures VALUES ('stock', 'shelves', 'shelf_fill', 600, 1, '1', 'PACKAGE', 'NO'), ('stock', 'shelves', 'shelf_fill', 600, 2, '2', 'PACKAGE', 'NO'),

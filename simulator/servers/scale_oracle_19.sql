@@ -13,11 +13,11 @@ INSERT INTO all_tab_cols
   FROM scale_table t JOIN scale_column c;
 INSERT INTO all_col_comments SELECT 'BULK', printf('BULK_%06d', t.n), printf('C%02d', c.n), NULL FROM scale_table t JOIN scale_column c;
 INSERT INTO all_constraints SELECT 'BULK', printf('SYS_C%07d', n), 'C', printf('BULK_%06d', n), '"C01" IS NOT NULL', '"C01" IS NOT NULL', NULL, NULL, NULL,
-  'ENABLED', 'NOT DEFERRABLE', 'IMMEDIATE', 'GENERATED NAME' FROM scale_table;
+  'ENABLED', 'NOT DEFERRABLE', 'IMMEDIATE', 'GENERATED NAME', 'VALIDATED' FROM scale_table;
 INSERT INTO all_constraints SELECT 'BULK', printf('PK_BULK_%06d', n), 'P', printf('BULK_%06d', n), NULL, NULL, NULL, NULL, NULL,
-  'ENABLED', 'NOT DEFERRABLE', 'IMMEDIATE', 'USER NAME' FROM scale_table;
+  'ENABLED', 'NOT DEFERRABLE', 'IMMEDIATE', 'USER NAME', 'VALIDATED' FROM scale_table;
 INSERT INTO all_constraints SELECT 'BULK', printf('FK_BULK_%06d_%d', table_number, k), 'R', printf('BULK_%06d', table_number), NULL, NULL, 'BULK',
-  printf('PK_BULK_%06d', referenced), 'NO ACTION', 'ENABLED', 'NOT DEFERRABLE', 'IMMEDIATE', 'USER NAME' FROM scale_key;
+  printf('PK_BULK_%06d', referenced), 'NO ACTION', 'ENABLED', 'NOT DEFERRABLE', 'IMMEDIATE', 'USER NAME', 'VALIDATED' FROM scale_key;
 INSERT INTO all_cons_columns SELECT 'BULK', printf('SYS_C%07d', n), printf('BULK_%06d', n), 'C01', NULL FROM scale_table;
 INSERT INTO all_cons_columns SELECT 'BULK', printf('PK_BULK_%06d', n), printf('BULK_%06d', n), 'C01', 1 FROM scale_table;
 INSERT INTO all_cons_columns SELECT 'BULK', printf('FK_BULK_%06d_%d', table_number, k), printf('BULK_%06d', table_number), printf('C%02d', column_number), 1

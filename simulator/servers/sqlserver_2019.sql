@@ -108,13 +108,13 @@ INSERT INTO sys.extended_properties SELECT 3, 'SCHEMA', 4 + number, 0, 'MS_Descr
 INSERT INTO sys.extended_properties SELECT 1, 'OBJECT_OR_COLUMN', 1000 + number, 0, 'MS_Description', comment FROM shop_table WHERE comment IS NOT NULL;
 INSERT INTO sys.extended_properties SELECT 1, 'OBJECT_OR_COLUMN', 1000 + table_number, position, 'MS_Description', comment FROM shop_column WHERE comment IS NOT NULL;
 
--- What this server alone has: a table of versions, an index of some rows that carries a column, one for XML, a stored computed column, a type of rows.
+-- What this server alone has: a table of versions, a column with a collation of its own, an index of some rows that carries a column, one for XML, a stored computed column, a type of rows.
 INSERT INTO sys.objects VALUES ('shelf', 4001, NULL, 6, 0, 'U', 'USER_TABLE', 0), ('shelf_history', 4002, NULL, 6, 0, 'U', 'USER_TABLE', 0);
 INSERT INTO sys.tables VALUES ('shelf', 4001, 6, 0, 2, 4002), ('shelf_history', 4002, 6, 0, 1, NULL);
 INSERT INTO sys.columns VALUES
   (4001, 'id', 1, 56, 56, 4, 10, 0, NULL, 0, 0, 1, 0, 0, 0, 0, 0), (4001, 'width', 2, 56, 56, 4, 10, 0, NULL, 1, 0, 0, 0, 0, 1, 0, 0),
   (4001, 'twice', 4, 56, 56, 4, 10, 0, NULL, 1, 0, 0, 1, 0, 0, 0, 0), (4001, 'valid_from', 5, 42, 42, 8, 27, 7, NULL, 0, 0, 0, 0, 0, 0, 1, 1),
-  (4001, 'notes', 7, 241, 241, -1, 0, 0, NULL, 1, 0, 0, 0, 0, 0, 0, 0),
+  (4001, 'notes', 7, 241, 241, -1, 0, 0, NULL, 1, 0, 0, 0, 0, 0, 0, 0), (4001, 'code', 8, 167, 167, 8, 0, 0, 'Latin1_General_BIN2', 1, 0, 0, 0, 0, 0, 0, 0),
   (4001, 'valid_to', 6, 42, 42, 6, 19, 0, NULL, 0, 0, 0, 0, 0, 0, 2, 1), (4002, 'id', 1, 56, 56, 4, 10, 0, NULL, 0, 0, 0, 0, 0, 0, 0, 0),
   (4003, 'n', 1, 56, 56, 4, 10, 0, NULL, 1, 0, 0, 0, 0, 0, 0, 0), (4003, 'name', 2, 231, 256, 256, 0, 0, 'Latin1_General_CI_AS', 1, 0, 0, 0, 0, 0, 0, 0);
 INSERT INTO sys.computed_columns VALUES (4001, 4, '([width]*(2))', 1);

@@ -169,13 +169,16 @@ FROM all_types t
 WHERE t.typecode = 'COLLECTION' AND (1 = 0 /*@system OR 1 = 1 */ OR t.owner /*@before 12.1 NOT IN ('SYS', 'SYSTEM', 'OUTLN', 'DBSNMP', 'XDB', 'CTXSYS', 'MDSYS', 'WMSYS', 'ORDSYS', 'ORDDATA', 'ORDPLUGINS', 'EXFSYS', 'OLAPSYS', 'SYSMAN', 'APPQOSSYS', 'FLOWS_FILES', 'ANONYMOUS', 'XS$NULL') @else*/ IN (SELECT u.username FROM all_users u WHERE u.oracle_maintained = 'N') /*@end*/)
   /*@owners AND t.owner IN (?list(owner)) */;
 
--- What keeps a column from being NULL is a check too, under a name that the server made; before 12 its text cannot be looked into.
+-- What keeps a column from being NULL is a check too, under a name that the server made. Before 12 a statement cannot look into its text: there
+-- the column comes along. One that was not held against the rows that were there leaves the column as it is.
 -- @checks
--- row: schema, table, name, expression, enforced, option:generated name{USER NAME=,GENERATED NAME=yes}
-SELECT k.owner, k.table_name, k.constraint_name, k.search_condition, CASE k.status WHEN 'ENABLED' THEN 1 ELSE 0 END, k.generated
+-- row: schema, table, name, expression, enforced, option:generated name{USER NAME=,GENERATED NAME=yes}, column
+SELECT k.owner, k.table_name, k.constraint_name, k.search_condition, CASE k.status WHEN 'ENABLED' THEN 1 ELSE 0 END, k.generated,
+       /*@before 12.1 CASE k.generated WHEN 'GENERATED NAME' THEN (SELECT MIN(c.column_name) FROM all_cons_columns c WHERE c.owner = k.owner AND c.constraint_name = k.constraint_name) END @else*/ NULL /*@end*/
 FROM all_constraints k
 WHERE k.constraint_type = 'C' AND (1 = 0 /*@system OR 1 = 1 */ OR k.owner /*@before 12.1 NOT IN ('SYS', 'SYSTEM', 'OUTLN', 'DBSNMP', 'XDB', 'CTXSYS', 'MDSYS', 'WMSYS', 'ORDSYS', 'ORDDATA', 'ORDPLUGINS', 'EXFSYS', 'OLAPSYS', 'SYSMAN', 'APPQOSSYS', 'FLOWS_FILES', 'ANONYMOUS', 'XS$NULL') @else*/ IN (SELECT u.username FROM all_users u WHERE u.oracle_maintained = 'N') /*@end*/)
-  /*@before 12.1 @else*/ AND NOT (k.generated = 'GENERATED NAME' AND k.search_condition_vc LIKE '"%" IS NOT NULL') /*@end*/
+  /*@before 12.1 @else*/ AND NOT (k.generated = 'GENERATED NAME' AND k.status = 'ENABLED' AND k.validated = 'VALIDATED'
+    AND EXISTS (SELECT 1 FROM all_cons_columns c WHERE c.owner = k.owner AND c.constraint_name = k.constraint_name AND k.search_condition_vc = '"' || c.column_name || '" IS NOT NULL')) /*@end*/
   /*@owners AND k.owner IN (?list(owner)) */
   /*@tables AND k.table_name IN (?list(table)) */;
 

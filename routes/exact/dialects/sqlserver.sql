@@ -5,7 +5,7 @@
 -- sys.columns.is_sparse, sys.indexes.filter_definition, sys.table_types 2008; sys.sequences 2012; sys.tables.is_memory_optimized 2014; sys.tables.temporal_type and history_table_id,
 -- sys.columns.generated_always_type and is_hidden 2016. CONCAT, which takes NULL for an empty text, is of 2012.
 -- Objects that the user has no right on are not in these views; where the user cannot see all definitions, that is said.
--- A statement may have 2,100 parameters, and two lists. Not read: collations, what is in partitions, statistics, rights.
+-- A statement may have 2,100 parameters, and two lists. Not read: what is in partitions, statistics, rights.
 --
 -- dialect: sqlserver
 -- product: Microsoft SQL Server
@@ -83,16 +83,18 @@ WHERE o.type IN ('U', 'V', 'SN') AND (o.is_ms_shipped = 0 /*@system OR 1 = 1 */)
   /*@tables AND o.name IN (?list(table)) */
   /*@ids AND o.object_id IN (?list(table_id)) */;
 
--- A type's sizes are its modifier: bytes, digits and digits behind the point in one number, which `column_types` takes apart.
+-- A type's sizes are its modifier: bytes, digits and digits behind the point in one number, which `column_types` takes apart. A collation is told where it
+-- is not the database's; no name of one has a bar.
 -- @columns
 -- row: table_id|position|type_id|type_modifier|nullable|identity{1=always,0=}|generated{0=,1=virtual,2=stored}|
--- row: option:sparse{0=}|option:row guid{0=}|option:generated always{0=,1=row start,2=row end,5=transaction start,6=transaction end,7=sequence start,8=sequence end}|option:hidden{0=},
+-- row: option:sparse{0=}|option:row guid{0=}|option:generated always{0=,1=row start,2=row end,5=transaction start,6=transaction end,7=sequence start,8=sequence end}|option:hidden{0=}|collation,
 -- row: column
 SELECT CONCAT(c.object_id, '|', c.column_id, '|', c.user_type_id, '|', (c.max_length + 1) * 65536 + c.precision * 256 + c.scale, '|',
               CAST(c.is_nullable AS int), '|', CAST(c.is_identity AS int), '|',
               CASE WHEN c.is_computed = 0 THEN 0 ELSE 1 + CAST(k.is_persisted AS int) END, '|', CAST(c.is_sparse AS int), '|',
               CAST(c.is_rowguidcol AS int), '|', /*@since 13 c.generated_always_type @else*/ 0 /*@end*/, '|',
-              /*@since 13 CAST(c.is_hidden AS int) @else*/ 0 /*@end*/),
+              /*@since 13 CAST(c.is_hidden AS int) @else*/ 0 /*@end*/, '|',
+              NULLIF(c.collation_name, CAST(DATABASEPROPERTYEX(DB_NAME(), 'Collation') AS nvarchar(128)))),
        c.name
 FROM sys.columns c
 LEFT JOIN sys.computed_columns k ON k.object_id = c.object_id AND k.column_id = c.column_id
