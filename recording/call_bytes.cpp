@@ -11,6 +11,7 @@ namespace recording {
 using platform::DriverBuffer;
 using platform::DriverCall;
 using platform::DriverField;
+using platform::DriverRows;
 
 namespace {
 
@@ -111,28 +112,36 @@ void PutCell(int c_type, const char* slot, std::int64_t slot_bytes, const std::i
   PutValue(c_type, slot, slot_bytes, indicator, writer);
 }
 
+bool HasValues(const DriverRows& rows, std::size_t row) {
+  if (rows.status == nullptr) return true;
+  const std::uint16_t status = rows.status[row];
+  return status != SQL_ROW_DELETED && status != SQL_ROW_NOROW && status != SQL_ROW_ERROR;
+}
+
 // Some drivers put the rows of a rowset further apart than what was bound (Informix: 2048 bytes
-// for 1024), others do not. The memory between tells: a text that begins there shows a driver that
-// goes by the bound length. Without any, the distance makes no difference.
-std::int64_t RowDistance(const DriverBuffer& column, std::size_t rows) {
+// for 1024), others do not. The memory at the bound distance tells: where a row has a text and none
+// begins there, its driver put it elsewhere, and where one begins between the rows of the larger
+// distance, its driver goes by the bound length. Without any, the distance makes no difference.
+std::int64_t RowDistance(const DriverBuffer& column, const DriverRows& rows, std::size_t count) {
   if (column.row_bytes != 2 * column.bytes || column.indicator == nullptr) return column.bytes;
   const auto* slots = static_cast<const char*>(column.data);
   bool in_between = false;
-  bool any = false;
-  for (std::size_t row = 1; row < rows; row += 2) {
-    if (column.indicator[row] <= 0) continue;
-    any = true;
+  bool elsewhere = false;
+  for (std::size_t row = 1; row < count; ++row) {
+    if (column.indicator[row] <= 0 || !HasValues(rows, row)) continue;
     const char* first = slots + row * static_cast<std::size_t>(column.bytes);
-    in_between = in_between || first[0] != 0 || first[1] != 0;
+    const bool begins = first[0] != 0 || first[1] != 0;
+    in_between = in_between || (begins && row % 2 != 0);
+    elsewhere = elsewhere || !begins;
   }
-  return any && !in_between ? column.row_bytes : column.bytes;
+  return elsewhere && !in_between ? column.row_bytes : column.bytes;
 }
 
-std::int64_t RowDistance(const Bindings& columns, std::size_t rows) {
+std::int64_t RowDistance(const Bindings& columns, const DriverRows& rows, std::size_t count) {
   // One column with texts in the right places decides for all.
   std::int64_t longest = 0;
   for (const DriverBuffer& column : columns) {
-    const std::int64_t distance = RowDistance(column, rows);
+    const std::int64_t distance = RowDistance(column, rows, count);
     if (distance != column.bytes) longest = std::max(longest, distance);
   }
   return longest;
@@ -166,7 +175,7 @@ void PutRows(const DriverCall& call, const CallContext& context, Writer& writer)
   const std::size_t rows = std::min<std::uint64_t>(call.rows->count, context.rowset);
   writer.Put(static_cast<std::uint32_t>(rows));
   PutStatus(call, rows, writer);
-  const std::int64_t distance = rows > 1 ? RowDistance(*context.columns, rows) : 0;
+  const std::int64_t distance = rows > 1 ? RowDistance(*context.columns, *call.rows, rows) : 0;
   writer.Put(distance);
   PutColumns(context, writer);
   for (std::size_t row = 0; row < rows; ++row) {
