@@ -16,6 +16,7 @@
 
 #include "base/ascii.h"
 #include "base/letters.h"
+#include "base/text.h"
 #include "embedded_wbrecording.h"
 
 namespace recording {
@@ -105,20 +106,53 @@ struct RoleOfColumnName {
   Role role;
 };
 constexpr std::array kColumnNames = {
-    RoleOfColumnName{"owner", Role::kOwner},      RoleOfColumnName{"tabschema", Role::kOwner},
-    RoleOfColumnName{"funcschema", Role::kOwner}, RoleOfColumnName{"procschema", Role::kOwner},
-    RoleOfColumnName{"typeschema", Role::kOwner}, RoleOfColumnName{"creator", Role::kOwner},
-    RoleOfColumnName{"procname", Role::kRoutine}, RoleOfColumnName{"funcname", Role::kRoutine},
-    RoleOfColumnName{"fk_colnames", Role::kText}, RoleOfColumnName{"pk_colnames", Role::kText},
-    RoleOfColumnName{"paramtypes", Role::kText},  RoleOfColumnName{"data_type", Role::kText},
-    RoleOfColumnName{"typename", Role::kText},    RoleOfColumnName{"type", Role::kText},
-    RoleOfColumnName{"base_type", Role::kText},   RoleOfColumnName{"default", Role::kText},
-    RoleOfColumnName{"expression", Role::kText},  RoleOfColumnName{"definition", Role::kText},
-    RoleOfColumnName{"predicate", Role::kText},   RoleOfColumnName{"check", Role::kText},
-    RoleOfColumnName{"remarks", Role::kBlank},    RoleOfColumnName{"comment", Role::kBlank},
-    RoleOfColumnName{"comments", Role::kBlank},   RoleOfColumnName{"description", Role::kBlank},
+    RoleOfColumnName{"owner", Role::kOwner},
+    RoleOfColumnName{"tabschema", Role::kOwner},
+    RoleOfColumnName{"funcschema", Role::kOwner},
+    RoleOfColumnName{"procschema", Role::kOwner},
+    RoleOfColumnName{"typeschema", Role::kOwner},
+    RoleOfColumnName{"creator", Role::kOwner},
+    RoleOfColumnName{"procname", Role::kRoutine},
+    RoleOfColumnName{"funcname", Role::kRoutine},
+    RoleOfColumnName{"fk_colnames", Role::kText},
+    RoleOfColumnName{"pk_colnames", Role::kText},
+    RoleOfColumnName{"paramtypes", Role::kText},
+    RoleOfColumnName{"data_type", Role::kText},
+    RoleOfColumnName{"typename", Role::kText},
+    RoleOfColumnName{"type", Role::kText},
+    RoleOfColumnName{"base_type", Role::kText},
+    RoleOfColumnName{"default", Role::kExpression},
+    RoleOfColumnName{"expression", Role::kExpression},
+    RoleOfColumnName{"definition", Role::kDefinition},
+    RoleOfColumnName{"predicate", Role::kExpression},
+    RoleOfColumnName{"check", Role::kExpression},
+    RoleOfColumnName{"remarks", Role::kBlank},
+    RoleOfColumnName{"comment", Role::kBlank},
+    RoleOfColumnName{"comments", Role::kBlank},
+    RoleOfColumnName{"description", Role::kBlank},
     RoleOfColumnName{"text", Role::kBlank},
 };
+
+// Words that a literal in parentheses may follow, so that it is not the size of a type.
+constexpr std::array<std::string_view, 11> kBeforeLiterals = {
+    "and", "as", "between", "check", "default", "in", "like", "not", "or", "then", "values"};
+
+// Whether the number at the place is the size of a type: alone in parentheses, or with others,
+// right behind a word.
+bool IsSize(std::string_view text, std::size_t at) {
+  constexpr std::string_view kInside = "0123456789, ";
+  const std::size_t open = text.substr(0, at).find_last_not_of(kInside);
+  const std::size_t close = text.find_first_not_of(kInside, at);
+  if (open == std::string_view::npos || text[open] != '(' || close == std::string_view::npos ||
+      text[close] != ')')
+    return false;
+  const std::string_view before = base::TrimSpace(text.substr(0, open));
+  std::size_t begin = before.size();
+  while (begin > 0 && IsWordCharacter(before[begin - 1])) --begin;
+  const std::string word = base::LowerAscii(before.substr(begin));
+  return !word.empty() &&
+         std::find(kBeforeLiterals.begin(), kBeforeLiterals.end(), word) == kBeforeLiterals.end();
+}
 
 // Owners and catalogs of servers' own objects, in lower case.
 constexpr std::array<std::string_view, 12> kSystemOwners = {
@@ -247,7 +281,7 @@ struct NameRules::State {
     if (std::none_of(name.begin(), name.end(), IsLetter) || IsPublic(name)) {
       out += text;
     } else if (name.find_first_of(",()") != std::string_view::npos) {
-      AppendText(text, out);
+      AppendText(Role::kText, text, out);
     } else {
       const std::string hash = Hash(name);
       out += hash;
@@ -257,7 +291,7 @@ struct NameRules::State {
   }
 
   void AppendSql(std::string_view sql, std::string& out) const;
-  void AppendText(std::string_view text, std::string& out) const;
+  void AppendText(Role role, std::string_view text, std::string& out) const;
   std::size_t AppendQuoted(std::string_view text, bool blank, std::string& out) const;
 };
 
@@ -329,7 +363,8 @@ void NameRules::State::AppendSql(std::string_view sql, std::string& out) const {
 }
 
 // A definition of the server's: names in quotes and plain ones are hidden, literals and remarks go.
-void NameRules::State::AppendText(std::string_view text, std::string& out) const {
+// `role` tells which numbers go.
+void NameRules::State::AppendText(Role role, std::string_view text, std::string& out) const {
   for (std::size_t at = 0; at < text.size();) {
     const char c = text[at];
     const std::string_view rest = text.substr(at);
@@ -354,6 +389,10 @@ void NameRules::State::AppendText(std::string_view text, std::string& out) const
         --longer;
       }
       at = end;
+    } else if (IsDigit(c) && role != Role::kText) {
+      const bool stays = role == Role::kDefinition && IsSize(text, at);
+      for (; at < text.size() && (IsWordCharacter(text[at]) || text[at] == '.'); ++at)
+        out += stays || text[at] == '.' ? text[at] : '0';
     } else {
       out += c;
       ++at;
@@ -458,7 +497,9 @@ std::string_view NameRules::Apply(Role role, std::string_view text) {
       state_->AppendSql(text, result);
       break;
     case Role::kText:
-      state_->AppendText(text, result);
+    case Role::kDefinition:
+    case Role::kExpression:
+      state_->AppendText(role, text, result);
       break;
     case Role::kBlank:
       break;

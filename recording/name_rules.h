@@ -13,13 +13,15 @@ namespace recording {
 
 // What a text is, as far as its place tells.
 enum class Role : std::uint8_t {
-  kPlain,    // stays
-  kName,     // one name, whole
-  kOwner,    // the name of an owner or catalog, which tells whether a row is the server's own
-  kRoutine,  // the name of a function or procedure
-  kSql,      // a statement of the module's own, whose texts in quotes are names
-  kText,     // names among other words: a type, a definition, a list
-  kBlank,    // what somebody wrote
+  kPlain,       // stays
+  kName,        // one name, whole
+  kOwner,       // the name of an owner or catalog, which tells whether a row is the server's own
+  kRoutine,     // the name of a function or procedure
+  kSql,         // a statement of the module's own, whose texts in quotes are names
+  kText,        // names among other words: a type, a list
+  kDefinition,  // the same, with literals that go and types whose sizes stay
+  kExpression,  // the same, where every number is a literal
+  kBlank,       // what somebody wrote
 };
 
 class NameRules {

@@ -156,5 +156,25 @@ TEST(JsonText, IsPlainUnlessALetterAnywhereHasToBeWrittenOtherwise) {
   }
 }
 
+// The words are no names, so that the texts show what became of the rest.
+TEST(NameRules, TakeEveryLiteralAndLeaveSizesOfTypes) {
+  recording::NameRules rules;
+  rules.BeginCall("SQLExecDirect", 1);
+  rules.NoteText("heading", "definition, default, base_type");
+  const struct {
+    int column;
+    std::string text, hidden;
+  } cases[] = {
+      {1, "varchar(37) DEFAULT (4711), numeric(9, 2) CHECK (98.5 < 1e5 AND 7 IN (7,8)) -- or 12",
+       "varchar(37) DEFAULT (0000), numeric(9, 2) CHECK (00.0 < 000 AND 0 IN (0,0)) "},
+      {1, "DEFAULT 'eleven' CHECK(5)", "DEFAULT '' CHECK(0)"},
+      {2, "(4711)::numeric(9,2) + 0xFF", "(0000)::numeric(0,0) + 0000"},
+      {2, "", ""},
+      {3, "numeric(9,2)", "numeric(9,2)"},
+  };
+  for (const auto& given : cases)
+    EXPECT_EQ(rules.Apply(rules.RoleOfCell(given.column), given.text), given.hidden);
+}
+
 }  // namespace
 }  // namespace wbtest
