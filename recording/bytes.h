@@ -1,11 +1,14 @@
 // Bytes that are appended to, for what every cell of a schema passes through. Unlike a string it
-// clears nothing that is about to be written, and writers may fill room that they asked for.
+// clears nothing that is about to be written, moves nothing that is large when it grows, and
+// writers may fill room that they asked for.
 #pragma once
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdlib>
 #include <cstring>
 #include <memory>
+#include <new>
 #include <string_view>
 #include <utility>
 
@@ -15,6 +18,8 @@ class Bytes {
  public:
   [[nodiscard]] std::size_t size() const { return size_; }
   [[nodiscard]] std::string_view view() const { return {bytes_.get(), size_}; }
+  // Bytes from the first on that may be touched.
+  [[nodiscard]] std::size_t room() const { return room_; }
   // The memory stays for what comes next.
   void clear() { size_ = 0; }
   void swap(Bytes& other) {
@@ -53,13 +58,17 @@ class Bytes {
  private:
   void Grow(std::size_t most) {
     const std::size_t room = std::max(size_ + most, std::max<std::size_t>(2 * room_, 4096));
-    std::unique_ptr<char[]> grown(new char[room]);  // make_unique would clear it
-    if (size_ > 0) std::memcpy(grown.get(), bytes_.get(), size_);
-    bytes_ = std::move(grown);
+    void* const grown = std::realloc(bytes_.get(), room);
+    if (grown == nullptr) throw std::bad_alloc();
+    static_cast<void>(bytes_.release());
+    bytes_.reset(static_cast<char*>(grown));
     room_ = room;
   }
 
-  std::unique_ptr<char[]> bytes_;
+  struct Free {
+    void operator()(char* bytes) const { std::free(bytes); }
+  };
+  std::unique_ptr<char, Free> bytes_;
   std::size_t size_ = 0;
   std::size_t room_ = 0;
 };

@@ -245,8 +245,7 @@ bool ReadPieces(const std::string& name, const Take& take, std::string& why) {
 
 }  // namespace
 
-bool ReadWholeFile(const std::string& name, std::size_t padding, std::string& text,
-                   std::string& why) {
+bool ReadWholeFile(const std::string& name, std::size_t padding, Bytes& text, std::string& why) {
   text.clear();
   const bool good = ReadPieces(
       name,
@@ -255,7 +254,7 @@ bool ReadWholeFile(const std::string& name, std::size_t padding, std::string& te
         return true;
       },
       why);
-  text.reserve(text.size() + padding);
+  text.Room(padding);
   return good;
 }
 

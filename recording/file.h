@@ -7,6 +7,8 @@
 #include <string>
 #include <string_view>
 
+#include "recording/bytes.h"
+
 namespace recording {
 
 enum class Compression { kNone, kGzip, kZstd };
@@ -38,10 +40,10 @@ class OutputFile {
   std::unique_ptr<Sink> sink_;
 };
 
-// Reads a whole file, whatever its name, compressed or not, and leaves `padding` more bytes in
-// `text`'s capacity. A file that ends in the middle gives what there is. False, with `why`, when it
+// Reads a whole file, whatever its name, compressed or not, and leaves room for `padding` more
+// bytes in `text`. A file that ends in the middle gives what there is. False, with `why`, when it
 // cannot be read or is no such file.
-[[nodiscard]] bool ReadWholeFile(const std::string& name, std::size_t padding, std::string& text,
+[[nodiscard]] bool ReadWholeFile(const std::string& name, std::size_t padding, Bytes& text,
                                  std::string& why);
 
 // Calls `take` with each line that begins with `begin`, without its end; the same otherwise.

@@ -129,12 +129,13 @@ std::unique_ptr<Recording> Recording::Load(const std::string& file, std::string&
 }
 
 bool Recording::CheckHeader(std::string& why) const {
-  const std::size_t end = std::min(text_.find('\n'), text_.size());
+  const std::string_view text = text_.view();
+  const std::size_t end = std::min(text.find('\n'), text.size());
   json::parser parser;
   json::document header;
   std::string_view kind;
   std::int64_t version = 0;
-  if (parser.iterate(text_.data(), end, text_.capacity()).get(header) != simdjson::SUCCESS ||
+  if (parser.iterate(text.data(), end, text_.room()).get(header) != simdjson::SUCCESS ||
       header["recording"].get_string().get(kind) != simdjson::SUCCESS || kind != "wbimport" ||
       header["version"].get_int64().get(version) != simdjson::SUCCESS) {
     why = "is no recording";
@@ -148,8 +149,9 @@ bool Recording::CheckHeader(std::string& why) const {
 
 void Recording::ReadLines() {
   std::unordered_map<std::uint64_t, Line> last_on_statement;
-  for (std::size_t begin = 0; begin < text_.size();) {
-    const std::size_t end = text_.find('\n', begin);
+  const std::string_view text = text_.view();
+  for (std::size_t begin = 0; begin < text.size();) {
+    const std::size_t end = text.find('\n', begin);
     if (end == std::string::npos) break;  // a line that was cut off, by a crash for one
     lines_.push_back({begin, kNone, 0, false});
     ReadLine(static_cast<Line>(lines_.size() - 1), last_on_statement);
@@ -222,12 +224,13 @@ void Recording::ReadFunctions(Line number) {
 
 std::string_view Recording::TextOf(Line line) const {
   const std::size_t begin = lines_[line].begin;
+  const std::string_view text = text_.view();
   const std::size_t end =
-      line + 1 < lines_.size() ? lines_[line + 1].begin - 1 : text_.find('\n', begin);
-  return std::string_view(text_).substr(begin, end - begin);
+      line + 1 < lines_.size() ? lines_[line + 1].begin - 1 : text.find('\n', begin);
+  return text.substr(begin, end - begin);
 }
 
-std::size_t Recording::CapacityOf(Line line) const { return text_.capacity() - lines_[line].begin; }
+std::size_t Recording::CapacityOf(Line line) const { return text_.room() - lines_[line].begin; }
 
 Recording::Line Recording::Next(Line line) const {
   const Line next = lines_[line].next;

@@ -13,6 +13,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "recording/bytes.h"
 #include "simulator/functions.h"
 
 namespace catalogsim {
@@ -82,7 +83,7 @@ class Recording {
   void ReadFunctions(Line number);
   [[nodiscard]] const std::string* FindNearest(const std::string& question) const;
 
-  std::string text_;
+  recording::Bytes text_;
   std::vector<Entry> lines_;
   std::unordered_map<std::string, Answers> answers_;
   std::vector<bool> functions_;  // by number; empty: not known

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <cstring>
 
 #include "base/letters.h"
 
@@ -57,6 +58,13 @@ void Encode(char32_t character, std::string& out) {
 std::size_t WidenInto(std::string_view utf8, SQLWCHAR* out, std::size_t capacity) {
   const std::size_t direct = std::min(utf8.size(), capacity);
   std::size_t position = 0;
+  // Nearly everything is ASCII.
+  for (std::uint64_t word = 0; position + sizeof word <= direct; position += sizeof word) {
+    std::memcpy(&word, utf8.data() + position, sizeof word);
+    if ((word & 0x8080808080808080) != 0) break;
+    for (std::size_t i = 0; i < sizeof word; ++i)
+      out[position + i] = static_cast<unsigned char>(utf8[position + i]);
+  }
   for (; position < direct; ++position) {
     const auto byte = static_cast<unsigned char>(utf8[position]);
     if (byte >= 0x80) break;
