@@ -5,6 +5,7 @@
 
 #include "base/utf.h"
 #include "importer/workbook/import.h"
+#include "importer/workbook/type_text.h"
 #include "tests/importer/workbook/every_kind.h"
 
 namespace {
@@ -252,6 +253,65 @@ TEST(Utf, ReplacesWhatIsNotValid) {
                           "b\xE2\x82"),
             u"a\uFFFDb\uFFFD");
   EXPECT_EQ(base::ToUtf16("\U0001F600"), u"\U0001F600");
+}
+
+TEST(TypeText, HasTheSizesThatBelongToTheType) {
+  const struct {
+    const char16_t* type;
+    bool sized;
+    enumDataTypeGroup group;
+    int width;
+    unsigned long precision;
+    std::uint16_t scale;
+    const char16_t* text;
+  } cases[] = {
+      {u"char", true, dgCharacter, 8, 0, 0, u"char(8)"},
+      {u"char", true, dgCharacter, 8, 40, 0, u"char(40)"},
+      {u"char", true, dgCharacter, -1, 0, 0, u"char"},
+      {u"text", true, dgCharacter, 0, 65534, 0, u"text(65534)"},
+      {u"text", true, dgCharacter, 0, 65535, 0, u"text"},  // without a limit
+      {u"decimal", true, dgNumeric, 0, 12, 2, u"decimal(12,2)"},
+      {u"decimal", true, dgNumeric, 0, 12, 0, u"decimal(12)"},
+      {u"char", true, dgCharacter, 0, 12, 2, u"char(12)"},
+      {u"integer", false, dgNumeric, 4, 10, 0, u"integer"},
+      {u"VarBinary", false, dgBinary, 20, 0, 0, u"VarBinary(20)"},
+      {u"raw", false, dgBinary, 16, 0, 0, u"raw(16)"},
+  };
+  for (const auto& c : cases) {
+    LcWorkbookDatatype type;
+    type.SetTypeName(c.type);
+    type.SetSizeModifiable(c.sized);
+    type.SetTypeGroup(c.group);
+    LcWorkbookColumn column;
+    column.SetDataType(type.Copy(), true, true);
+    column.SetWidth(c.width);
+    column.SetPrecision(c.precision);
+    column.SetScale(c.scale);
+    EXPECT_EQ(LcTypeText(column), c.text);
+  }
+}
+
+TEST(TypeText, TellsIntervalsByWhatIsKnownOfThem) {
+  const struct {
+    const char16_t* type;
+    enumIntervalPart max, min;
+    const char16_t* text;
+  } cases[] = {
+      {u"", ipYear, ipMonth, u"interval year to month"},
+      {u"datetime", ipHour, ipFraction3, u"datetime hour to fraction(3)"},
+      {u"datetime", ipDay, ipNone, u"datetime day"},
+      {u"datetime", ipNone, ipSecond, u"datetime second"},
+      {u"datetime", ipNone, ipNone, u"datetime"},
+  };
+  for (const auto& c : cases) {
+    LcWorkbookDatatype type;
+    type.SetTypeName(c.type);
+    LcWorkbookColumn column;
+    column.SetDataType(type.Copy(), true, true);
+    column.SetIntervalMax(c.max);
+    column.SetIntervalMin(c.min);
+    EXPECT_EQ(LcTypeText(column), c.text);
+  }
 }
 
 }  // namespace

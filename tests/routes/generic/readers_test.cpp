@@ -93,7 +93,13 @@ TEST(GenericCodes, FollowThePhysicalCode) {
     bool size_modifiable;
   } const cases[] = {
       {pcChar, dtChar, dgCharacter, true},
+      {pcVarChar, dtChar, dgCharacter, true},
       {pcNumeric, dtDecimal, dgNumeric, true},
+      {pcBit, dtInteger, dgNumeric, false},
+      {pcTinyInt, dtInteger, dgNumeric, false},
+      {pcFloat, dtFloat, dgNumeric, false},
+      {pcVarBinary, dtBinary, dgBinary, false},
+      {pcBinary, dtBinary, dgBinary, false},
       {pcBigInt, dtInteger, dgNumeric, false},
       {pcLongVarChar, dtLongChar, dgLong, false},
       {pcLongVarBinary, dtLongBinary, dgBinary, false},

@@ -5,6 +5,7 @@
 #include <map>
 
 #include "routes/generic/generic_route.h"
+#include "routes/generic/type_info_reader.h"
 #include "tests/routes/route_run.h"
 
 namespace odbcimport::generic {
@@ -102,6 +103,17 @@ TEST(SimulatedRoute, MakesAKeyOfAllUniqueIndexesWhereThereAreNoPrimaryKeys) {
   EXPECT_THAT(run.Keys("overdue_loan"), IsEmpty());
 }
 
+TEST(SimulatedRoute, TakesAColumnOfTwoUniqueIndexesIntoTheKeyOnce) {
+  ODBCImport run("generic",
+                 "Without=SQLPrimaryKeys;Sql={INSERT INTO information_schema.indexes VALUES "
+                 "('library', 'member', 'member_both', 1, 1, 'member_id'), "
+                 "('library', 'member', 'member_both', 1, 2, 'card_number')}");
+  EXPECT_TRUE(run.Run());
+  const LcWorkbookTable* table = run.Table("member");
+  ASSERT_NE(table, nullptr);
+  EXPECT_EQ(table->GetPrimaryKey().GetCount(), 2);
+}
+
 TEST(SimulatedRoute, OrdersAKeyByItsSequenceAndSkipsHoles) {
   ODBCImport run("generic",
                  "Sql={UPDATE information_schema.key_column_usage SET ordinal_position = "
@@ -165,6 +177,38 @@ TEST(SimulatedRoute, MarksColumnsThatTheServerNumbers) {
   EXPECT_TRUE(table->GetColumn(0)->IsGeneratedKey());
   EXPECT_TRUE(table->GetColumn(0)->IsReadOnly());
   EXPECT_FALSE(table->GetColumn(1)->IsGeneratedKey());
+}
+
+TEST(SimulatedRoute, TakesPrecisionsOnUniversalServerAndLengthsElsewhere) {
+  const struct {
+    bool is_ius;
+    Lines sizes;
+  } cases[] = {{true,
+                {"currency rate 16,0", "branch latitude 15,0", "event fee 4,0", "fine amount 6,2",
+                 "price amount 10,2"}},
+               {false,
+                {"currency rate 18,0", "branch latitude 8,0", "event fee 4,0", "fine amount 8,2",
+                 "price amount 12,2"}}};
+  for (const auto& c : cases) {
+    ODBCImport run(
+        "informix",
+        "Sql={UPDATE informix.sim_types SET data_type = 6 WHERE type_name = 'float'}");  // SQL_FLOAT
+    run.server.dbms_type = dbmsInformix;
+    run.server.is_ius = c.is_ius;
+    EXPECT_TRUE(run.Run());
+    Lines sizes;
+    for (const LcWorkbookTable* table : run.workbook.tables) {
+      for (const char16_t* name : {u"latitude", u"fee", u"rate", u"amount"}) {
+        const LcWorkbookColumn* column = table->FindColumn(name);
+        if (column != nullptr) {
+          sizes.push_back(ToUtf8(table->GetName()) + " " + ToUtf8(name) + " " +
+                          std::to_string(column->GetPrecision()) + "," +
+                          std::to_string(column->GetScale()));
+        }
+      }
+    }
+    EXPECT_EQ(sizes, c.sizes) << c.is_ius;
+  }
 }
 
 TEST(SimulatedRoute, KeepsWhatCameBeforeAFailedFetch) {
@@ -243,6 +287,34 @@ TEST(SimulatedRoute, AsksForIndexesWithoutOwnerAndTakesTheColumnsDiagnostic) {
   }
   EXPECT_EQ(log->indexes, 18);
   EXPECT_EQ(log->diagnostics, 18);
+}
+
+TEST(SimulatedRoute, ReadsTheTypesThatTheDriverLists) {
+  ODBCImport run("generic");
+  ImportSession session = run.Session();
+  LcWorkbookDatatypeList types;
+  ASSERT_TRUE(GetDataTypesODBC(session, types));
+  Lines lines;
+  for (const LcWorkbookDatatype* type : types) {
+    std::string line = ToUtf8(type->GetTypeName());
+    for (const long number :
+         {long{type->GetPhysicalCode()}, static_cast<long>(type->GetLength()),
+          static_cast<long>(type->GetPrecision()), static_cast<long>(type->GetScale()),
+          long{type->GetGenericCode()}, long{type->GetTypeGroup()}}) {
+      line += ' ' + std::to_string(number);
+    }
+    lines.push_back(line + (type->IsSizeModifiable() ? " sized" : ""));
+  }
+  // Physical code, length, precision and scale cut to 16 bits, generic code, group.
+  EXPECT_THAT(
+      lines,
+      ElementsAre("CHARACTER LARGE OBJECT 0 65535 65535 0 1 0 sized",
+                  "CHARACTER VARYING 0 4000 4000 0 1 0 sized", "CHARACTER 0 254 254 0 1 0 sized",
+                  "BOOLEAN 0 1 1 0 1 0 sized", "BIGINT 0 19 19 0 1 0 sized",
+                  "BINARY LARGE OBJECT 0 65535 65535 0 1 0 sized", "DECIMAL 2 38 38 38 2 1 sized",
+                  "INTEGER 3 10 10 0 3 1", "SMALLINT 4 5 5 0 3 1", "REAL 6 7 7 0 4 1",
+                  "DOUBLE PRECISION 7 15 15 0 4 1", "DATE 15 10 10 0 6 4", "TIME 16 8 8 0 7 4",
+                  "TIMESTAMP 17 26 26 6 8 4"));
 }
 
 }  // namespace

@@ -214,6 +214,8 @@ TEST(NativeKeyAssembly, PairsBecomeKeys) {
        1},
       {"a change of table ends a key", dbmsOracle,
        "O A 1 > O B 1 #1; O B 1 > O A 1 #2; O A 2 > O B 2 #2", "O.B(1) <- O.A(1)", 3},
+      {"a change of owner alone starts a table", dbmsOracle, "O B 9 > O A 1 #1; P B 2 > O A 2 #1",
+       "O.A(2) <- P.B(2)", 2},
       {"names that differ in case are one table", dbmsDB2, "O A 1 > O B 1 #1; o a 2 > O B 2 #2",
        "O.B(1,2) <- O.A(1,2)", 2},
       {"unknown tables and columns", dbmsDB2,
