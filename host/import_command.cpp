@@ -94,14 +94,16 @@ class Sheet {
   // Says where the workbook is now: in a file that was not there before.
   std::string Keep(const LcWorkbook& workbook, const LcWorkbookFileInfo& info) const {
     const std::string start = output_.IsStandardOutput() ? "wbimport-kept" : options_.file;
-    std::string file = start + ".json";
+    // The format for programs, which is the workbook file.
+    const wbexport::Format& format = wbexport::DefaultFormat(false);
+    std::string file = fmt::format("{}.{}", start, format.extensions);
     for (int number = 2; std::filesystem::exists(std::filesystem::symlink_status(file)); ++number) {
-      file = fmt::format("{}-{}.json", start, number);
+      file = fmt::format("{}-{}.{}", start, number, format.extensions);
     }
     try {
       std::vector<std::string> notes;
       const bool written = OutputFile(file).Write([&](std::ostream& out) {
-        return wbexport::FindFormat("json")->write({workbook, info}, {}, out, notes);
+        return format.write({workbook, info}, {}, out, notes);
       });
       if (written) return fmt::format("what was read is kept in {}, for wbimport render", file);
     } catch (const Failure& failure) {
