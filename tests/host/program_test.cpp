@@ -71,7 +71,7 @@ TEST(Differences, AreThoseOfAnImportLikeTheOldFile) {
   EXPECT_THAT(diff({"--format", "text"}).out, HasSubstr("table removed"));
 }
 
-TEST(Failures, AreOneLineThatSaysWhatWasTriedAndWhy) {
+TEST(Failures, AreOneLineThatSaysWhatWasTriedAndWhy) {  // NOLINT(readability-function-size)
   const TemporaryFolder folder;
   const std::string no_file = folder.path() + "/none/x";
   const std::string text_file = folder.Write("notes.txt", "just some text, no database at all");
