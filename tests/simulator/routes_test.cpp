@@ -77,6 +77,69 @@ TEST_P(BothRoutes, SeeOneSchema) {
 INSTANTIATE_TEST_SUITE_P(Servers, BothRoutes, testing::ValuesIn(kComparisons),
                          [](const auto& test) { return simtest::TestName(test.param.server); });
 
+// The views that the standard has besides those of the practice server, and their columns.
+constexpr const char* kStandardViews = R"(Sql={
+CREATE VIEW information_schema.schemata AS SELECT DISTINCT table_schema AS schema_name FROM tables;
+ALTER TABLE information_schema.columns ADD COLUMN column_default VARCHAR(80);
+ALTER TABLE information_schema.key_column_usage ADD COLUMN constraint_schema NVARCHAR(128);
+ALTER TABLE information_schema.key_column_usage ADD COLUMN position_in_unique_constraint INTEGER;
+UPDATE information_schema.key_column_usage SET constraint_schema = table_schema,
+  position_in_unique_constraint = CASE constraint_type WHEN 'FOREIGN KEY' THEN ordinal_position END;
+CREATE VIEW information_schema.table_constraints AS SELECT DISTINCT constraint_schema,
+  constraint_name, table_schema, table_name, constraint_type FROM key_column_usage;
+ALTER TABLE information_schema.referential_constraints ADD COLUMN constraint_schema NVARCHAR(128);
+ALTER TABLE information_schema.referential_constraints
+  ADD COLUMN unique_constraint_schema NVARCHAR(128);
+ALTER TABLE information_schema.referential_constraints
+  ADD COLUMN match_option VARCHAR(7) DEFAULT 'NONE';
+ALTER TABLE information_schema.referential_constraints
+  ADD COLUMN update_rule VARCHAR(11) DEFAULT 'NO ACTION';
+ALTER TABLE information_schema.referential_constraints
+  ADD COLUMN delete_rule VARCHAR(11) DEFAULT 'CASCADE';
+UPDATE information_schema.referential_constraints AS r SET
+  constraint_schema = (SELECT k.table_schema FROM information_schema.key_column_usage k
+    WHERE k.constraint_name = r.constraint_name),
+  unique_constraint_schema = (SELECT k.table_schema FROM information_schema.key_column_usage k
+    WHERE k.constraint_name = r.unique_constraint_name);
+CREATE TABLE information_schema.views(table_schema, table_name, view_definition);
+CREATE TABLE information_schema.domains(domain_name);
+CREATE TABLE information_schema.check_constraints(constraint_schema, constraint_name, check_clause);
+CREATE TABLE information_schema.triggers(trigger_name, event_object_schema, event_object_table,
+  action_timing, action_statement, event_manipulation);
+CREATE TABLE information_schema.parameters(specific_schema, specific_name, ordinal_position,
+  parameter_mode, parameter_name, data_type, udt_name);
+ALTER TABLE information_schema.routines ADD COLUMN specific_schema NVARCHAR(128);
+ALTER TABLE information_schema.routines ADD COLUMN specific_name NVARCHAR(128);
+ALTER TABLE information_schema.routines ADD COLUMN data_type NVARCHAR(128);
+ALTER TABLE information_schema.routines ADD COLUMN routine_body VARCHAR(8);
+ALTER TABLE information_schema.routines ADD COLUMN external_language VARCHAR(8);
+ALTER TABLE information_schema.routines ADD COLUMN routine_definition VARCHAR(80);
+})";
+
+// Nobody has to ask for it, and the server need not tell its name.
+TEST(InformationSchema, IsReadExactlyWhereNothingBetterIsThere) {
+  const auto connection = wbtest::Connection::OpenSimulator("generic", kStandardViews);
+  const wbtest::MessageRecorder messages;
+  const auto read = [&](LeReading reading) {
+    return simtest::ImportAll(*connection, false, simtest::HostAct::kNothing, 0, {}, reading);
+  };
+  const Outcome exact = read(rdExact);
+  EXPECT_TRUE(exact.result);
+  const Facts compatible = wbtest::FactsOf(*read(rdCompatible).workbook);
+  EXPECT_GT(compatible.size(), 100U);
+  wbtest::ExpectDifferences(
+      compatible, wbtest::FactsOf(*exact.workbook),
+      {{kOtherOwner, {"+pair accounts.fine.loan_id -> library.loan.loan_id"}}});
+  std::size_t whole = 0;
+  for (const LcWorkbookTable* table : exact.workbook->tables) {
+    for (const auto& key : table->GetForeignKeys()) {
+      EXPECT_EQ(key->GetDetails()->on_delete, u"cascade");
+      whole += key->GetKey()->GetCount() > 1 ? 1 : 0;
+    }
+  }
+  EXPECT_GT(whole, 0U);
+}
+
 // Enough of each that whatever a reader does with keys is met somewhere.
 TEST(PracticeServers, HaveKeysAndReferences) {
   for (const std::string server : simtest::kServers) {
