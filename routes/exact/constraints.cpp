@@ -209,7 +209,7 @@ Constraints::OutsideTargets Constraints::ListOutsideTargets() const {
   for (const Constraint& constraint : all_) {
     if (constraint.sort != Constraint::Sort::kForeign) continue;
     if (constraint.table == kNoTable || !model_.tables[constraint.table].wanted) continue;
-    const std::uint32_t target = TargetOf(model_, constraint);
+    const std::uint32_t target = constraint.target;
     if (target != kNoTable && model_.tables[target].wanted) continue;
     if (constraint.target_by_id) {
       if (seen.Get(constraint.target_id) != NumberMap::kNone) continue;
@@ -271,7 +271,7 @@ void Constraints::FinishForeignKey(Constraint& constraint) {
   LcWorkbookTable& from = *model_.tables[constraint.table].table;
   const std::vector<LcWorkbookColumn*> columns = ColumnsOf(constraint);
   if (!IsWhole(columns, constraint.parts.size())) return;
-  const std::uint32_t target = TargetOf(model_, constraint);
+  const std::uint32_t target = constraint.target;
   std::vector<LcWorkbookColumn*> target_columns;
   if (target != kNoTable && model_.tables[target].wanted) {
     target_columns = TargetColumnsOf(model_, constraint, target);
@@ -408,6 +408,7 @@ void ConstraintReader::ReadTarget(const Row& row, Constraint& constraint) {
   constraint.target_schema =
       row.Has(Field::kTargetSchema) ? row.Text(Field::kTargetSchema) : model_.catalog.SchemaOf(row);
   constraint.target_table = row.Text(Field::kTargetTable);
+  constraint.target = TargetOf(model_, constraint);
   constraint.on_update = texts.Get(row.Text(Field::kOnUpdate));
   constraint.on_delete = texts.Get(row.Text(Field::kOnDelete));
   constraint.match = texts.Get(row.Text(Field::kMatch));

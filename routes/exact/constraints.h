@@ -28,6 +28,7 @@ struct Constraint {
   std::string id;       // tells constraints of one name apart
   LcText defined_name;  // what the text of the table calls a foreign key; absent: `name`
   std::vector<Part> parts;
+  std::uint32_t target = kNoTable;  // of the tables that the host chose
   bool target_by_id = false;
   std::int64_t target_id = 0;
   std::string target_schema;
