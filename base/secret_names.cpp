@@ -12,11 +12,12 @@ namespace base {
 namespace {
 
 // In lower case and without what parts words: `Api_Key`, `API-KEY` and `apikey` are one.
-constexpr std::array<std::string_view, 10> kMarks = {
-    "pwd",    "passw",     "passphrase", "secret",     "token",
-    "apikey", "accesskey", "privatekey", "credential", "signature"};
+constexpr std::array<std::string_view, 15> kMarks = {
+    "pwd",           "passw",      "passphrase", "secret",     "token",
+    "bearer",        "apikey",     "accesskey",  "accountkey", "authkey",
+    "encryptionkey", "privatekey", "sharedkey",  "credential", "signature"};
 // That are secrets by themselves, but parts of harmless words too: SSLBypass, ShippingPort.
-constexpr std::array<std::string_view, 5> kNames = {"pass", "pw", "pin", "authkey", "sas"};
+constexpr std::array<std::string_view, 3> kNames = {"pass", "pin", "sas"};
 
 bool IsPartOfName(char c) { return IsLetterOrDigit(c) || c == '_' || c == '-'; }
 
@@ -57,7 +58,7 @@ bool IsSecretKey(std::string_view key) {
   for (const char c : LowerAscii(key)) {
     if (c != '_' && c != '-' && c != ' ') lower += c;
   }
-  return std::find(kNames.begin(), kNames.end(), lower) != kNames.end() ||
+  return lower.ends_with("pw") || std::find(kNames.begin(), kNames.end(), lower) != kNames.end() ||
          std::any_of(kMarks.begin(), kMarks.end(),
                      [&](std::string_view mark) { return lower.find(mark) != std::string::npos; });
 }
