@@ -1,6 +1,7 @@
 // A line for each column, as RFC 4180 has it: fields parted by commas, lines ended by CR LF, and in
 // quotes what holds a comma, a quote or a line end. For spreadsheets and scripts.
 #include <algorithm>
+#include <array>
 #include <map>
 
 #include "base/utf.h"
@@ -10,6 +11,11 @@
 namespace wbexport {
 
 namespace {
+
+constexpr std::array kTitles = {"database",      "owner",    "table",     "kind",       "position",
+                                "column",        "type",     "nullable",  "key",        "default",
+                                "generated",     "identity", "collation", "references", "comment",
+                                "table comment", "import"};
 
 class Sheet {
  public:
@@ -71,15 +77,13 @@ bool WriteCsv(const Document& document, const Options& /*options*/, std::ostream
   const LcWorkbookFileInfo& info = document.info;
   const Relationships relationships(document.workbook);
   Sheet sheet(out);
-  for (const char* title : {"database", "owner", "table", "kind", "position", "column", "type",
-                            "nullable", "key", "default", "generated", "identity", "collation",
-                            "references", "comment", "table comment", "import"}) {
-    sheet.Field(title);
-  }
+  for (const char* title : kTitles) sheet.Field(title);
   sheet.EndLine();
   const std::string title = DatabaseTitle(info);
   const std::string database = title.empty() ? Display(info.dbms_name) : title;
+  bool has_lines = false;
   for (const LcWorkbookTable* table : document.workbook.tables.Present()) {
+    has_lines = has_lines || table->GetColumnCount() > 0;
     const References references = FindReferences(relationships, *table);
     const std::vector<LcWorkbookColumn*> key = table->GetPrimaryKey().GetColumns();
     for (int i = 0; i < table->GetColumnCount(); ++i) {
@@ -119,6 +123,13 @@ bool WriteCsv(const Document& document, const Options& /*options*/, std::ostream
       sheet.Field(info.incomplete ? "incomplete" : "complete");
       sheet.EndLine();
     }
+  }
+  // The mark has no column to stand beside.
+  if (info.incomplete && !has_lines) {
+    sheet.Field(database);
+    for (std::size_t i = 2; i < kTitles.size(); ++i) sheet.Field("");
+    sheet.Field("incomplete");
+    sheet.EndLine();
   }
   if (info.incomplete) notes.push_back(IncompleteText(info));
   for (const LcNotRead& missing : document.workbook.details.not_read) {

@@ -61,10 +61,12 @@ class Losses(Case):
         self.assertNotIn("notRead", (lambda r: (self.folder / "b.json").read_text())(
             self.run_program("import", "--sqlite", shop, "--reading", "exact", "-o", "b.json")))
         # A hundred are named, the others counted, on standard error in one line.
-        kinds, result = self.missing("--sqlite", self.database("many.db", "".join(f"create table t_{i}_(a);create table tx{i}_(a);" for i in range(130))))
-        self.assertEqual(len(kinds["exact columns"]), 101)
-        self.assertIn("30 more: ", kinds["exact columns"][-1]["reason"])
-        self.assertEqual(result.stderr.count("not read:"), 2, result.stderr)
+        for count in (100, 101, 130):
+            kinds, result = self.missing("--sqlite", self.database(f"{count}.db", "".join(f"create table t_{i}_(a);create table tx{i}_(a);" for i in range(count))))
+            told = kinds["exact columns"]
+            self.assertEqual(len(told), min(count, 101))
+            self.assertEqual([entry["reason"].split(":")[0] for entry in told if "name" not in entry], [f"{count - 100} more"] if count > 100 else [])
+            self.assertEqual(result.stderr.count("not read:"), 1 + (count > 100), result.stderr)
 
     def test_keys_that_the_pairing_drops_are_counted(self):
         cases = [("informix-7", "", "keys"),  # Dynamic Server: none has columns
@@ -79,10 +81,12 @@ class Losses(Case):
             self.assertIn(f"not read: {kind}", result.stderr)
 
     def test_formats_carry_the_mark(self):
-        formats = {"text": "txt", "json": "json", "sql": "sql", "dot": "dot", "svg": "svg", "html": "html", "mermaid": "mmd", "markdown": "md"}
-        for name, end in formats.items():
-            self.run_program("import", "--connect", server("Server=generic;Fail=SQLPrimaryKeys:2"), "-f", name, "-o", f"a.{end}")
-            self.assertIn("ncomplete", (self.folder / f"a.{end}").read_text(), name)
+        """Also where there is nothing else to write."""
+        for fault in ("Server=generic;Fail=SQLPrimaryKeys:2", "Server=generic;Fail=SQLTables:*", "Server=db2;FetchError=1+"):
+            for name in ("text", "json", "sql", "dot", "svg", "html", "mermaid", "markdown", "plantuml", "dbml", "csv"):
+                result = self.run_program("import", "--connect", server(fault), "--reading", "compatible", "-f", name, "-o", "a")
+                self.assertEqual(result.returncode, 3, (name, fault))
+                self.assertIn("ncomplete", (self.folder / "a").read_text(), (name, fault))
 
     def test_memory_that_runs_out_is_told(self):
         if self.is_sanitized():
