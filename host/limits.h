@@ -15,6 +15,8 @@ constexpr std::uintmax_t kMostRequestBytes = 64 * kMiB;
 constexpr std::uintmax_t kMostWorkbookBytes = 4096 * kMiB;
 constexpr int kDeepestRequest = 32;  // lists and objects in one another
 
+constexpr short kMostDiagnostics = 100;  // of one call of a driver
+
 // A password, or a connection string that is read: more is no line that somebody typed.
 constexpr std::uintmax_t kMostSecretBytes = 64 * 1024;
 

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 
+#include "host/limits.h"
 #include "host/outcome.h"
 #include "host/text.h"
 
@@ -39,7 +40,8 @@ std::string StateText(const SQLWCHAR (&state)[6]) {
 
 std::vector<recording::Diagnostic> ReadDiagnosticRecords(SQLSMALLINT handle_type,
                                                          SQLHANDLE handle) {
-  constexpr SQLSMALLINT kMostRecords = 100;  // a driver may give the same one for ever
+  // A driver may give the same one for ever. The one beyond the limit tells that there are more.
+  constexpr SQLSMALLINT kMostRecords = kMostDiagnostics + 1;
   constexpr SQLSMALLINT kMessageCharacters = 8192;
   std::vector<recording::Diagnostic> records;
   std::vector<SQLWCHAR> message(kMessageCharacters);
@@ -60,24 +62,18 @@ std::vector<recording::Diagnostic> ReadDiagnosticRecords(SQLSMALLINT handle_type
 
 std::string ReadDiagnostics(SQLSMALLINT handle_type, SQLHANDLE handle, std::string& state) {
   std::string all;
-  for (SQLSMALLINT record = 1; record < 20; ++record) {
-    SQLWCHAR sql_state[6] = {};
-    SQLINTEGER native_error = 0;
-    SQLWCHAR message[SQL_MAX_MESSAGE_LENGTH] = {};
-    SQLSMALLINT length = 0;
-    if (!Succeeded(SQLGetDiagRecW(handle_type, handle, record, sql_state, &native_error, message,
-                                  SQL_MAX_MESSAGE_LENGTH, &length))) {
-      break;
-    }
-    const std::string code = OneLine(StateText(sql_state));
+  std::vector<recording::Diagnostic> records = ReadDiagnosticRecords(handle_type, handle);
+  const bool has_more = records.size() > kMostDiagnostics;
+  if (has_more) records.pop_back();
+  for (const recording::Diagnostic& record : records) {
+    const std::string code = OneLine(record.state);
     if (state.empty()) state = code;
-    const std::size_t characters =
-        std::find(message, message + SQL_MAX_MESSAGE_LENGTH - 1, SQLWCHAR{0}) - message;
-    const std::string text = fmt::format("{} [{}]", OneLine(FromWide(message, characters)),
+    const std::string text = fmt::format("{} [{}]", OneLine(ToUtf8(record.message)),
                                          code.empty() ? "no SQLSTATE" : code);
     if (all.find(text) != std::string::npos) continue;  // drivers repeat themselves
     all += (all.empty() ? "" : "; ") + text;
   }
+  if (has_more) all += "; and more";
   return all.empty() ? "the driver manager gives no reason" : all;
 }
 

@@ -198,7 +198,6 @@ bool Query::TakeLongCell(std::size_t column) {
     room = std::min(static_cast<std::size_t>(cell.indicator), kMostFirstBytes) + terminator;
   }
   for (;;) {
-    if (read > kMostBytes) return RefuseCell("a text is longer than 256 MiB");
     bytes.resize(read + room);
     SQLLEN rest = 0;
     const SQLRETURN result = statement_->GetData(
@@ -208,6 +207,7 @@ bool Query::TakeLongCell(std::size_t column) {
     if (!Succeeded(result) || rest == SQL_NULL_DATA) return false;
     const bool ends = rest >= 0 && static_cast<std::size_t>(rest) + terminator <= room;
     read += ends ? static_cast<std::size_t>(rest) : room - terminator;
+    if (read > kMostBytes) return RefuseCell("a text is longer than 256 MiB");
     if (ends) break;
     room = std::clamp(read, kPieceBytes, kMostPieceBytes);
   }

@@ -39,7 +39,8 @@ void Fill(const Statement& statement, SQLULEN slot, int row) {
     if (binding.buffer == nullptr) continue;
     char* text = binding.buffer + slot * static_cast<SQLULEN>(binding.bytes);
     SQLLEN* indicator = &binding.indicator[slot];
-    if (lie == "no-terminator" || lie == "huge-indicator" || lie == "endless-cell") {
+    if (lie == "no-terminator" || lie == "huge-indicator" || lie == "endless-cell" ||
+        lie.ends_with("-bytes")) {
       std::fill_n(reinterpret_cast<char16_t*>(text), binding.bytes / 2, u'x');
       *indicator = lie != "no-terminator" ? 0x7fffffffffffffff : binding.bytes;
       continue;
@@ -105,7 +106,8 @@ DRIVER_ENTRY SQLSetStmtAttrW(SQLHSTMT handle, SQLINTEGER attribute, SQLPOINTER v
 
 DRIVER_ENTRY SQLGetDiagRecW(SQLSMALLINT, SQLHANDLE, SQLSMALLINT record, SQLWCHAR* state,
                             SQLINTEGER*, SQLWCHAR* message, SQLSMALLINT room, SQLSMALLINT* length) {
-  if (!lie.ends_with("-state") || record > 1) return SQL_NO_DATA;  // without a reason
+  const int records = lie.ends_with("-reasons") ? std::stoi(lie) : lie.ends_with("-state") ? 1 : 0;
+  if (record > records) return SQL_NO_DATA;
   if (lie == "unended-state") std::fill_n(state, 5, SQLWCHAR{u'X'});
   std::fill_n(message, room, SQLWCHAR{0});
   message[0] = u'm';
@@ -120,7 +122,7 @@ DRIVER_ENTRY SQLGetDiagFieldW(SQLSMALLINT, SQLHANDLE, SQLSMALLINT, SQLSMALLINT, 
 }
 
 DRIVER_ENTRY SQLExecDirectW(SQLHSTMT, SQLWCHAR*, SQLINTEGER) {
-  return lie.ends_with("-state") ? SQL_ERROR : SQL_SUCCESS;
+  return lie.ends_with("-state") || lie.ends_with("-reasons") ? SQL_ERROR : SQL_SUCCESS;
 }
 
 DRIVER_ENTRY SQLNumResultCols(SQLHSTMT handle, SQLSMALLINT* count) {
@@ -166,7 +168,15 @@ DRIVER_ENTRY SQLFetch(SQLHSTMT handle) {
 DRIVER_ENTRY SQLGetData(SQLHSTMT, SQLUSMALLINT, SQLSMALLINT, SQLPOINTER buffer, SQLLEN bytes,
                         SQLLEN* indicator) {
   static int pieces = 0;
+  static SQLLEN given = 0;
   std::fill_n(static_cast<char16_t*>(buffer), bytes / 2, u'x');
+  if (lie.ends_with("-bytes")) {
+    const SQLLEN left = std::stoll(lie) - given;
+    *indicator = left;
+    const bool fits = left + SQLLEN{2} <= bytes;
+    given = fits ? 0 : given + bytes - 2;
+    return fits ? SQL_SUCCESS : SQL_SUCCESS_WITH_INFO;
+  }
   const bool ends = lie == "huge-indicator" && ++pieces % 3 == 0;
   *indicator = ends ? 4 : 0x7fffffffffffffff;
   return ends ? SQL_SUCCESS : SQL_SUCCESS_WITH_INFO;

@@ -3,7 +3,11 @@
 // disconnect).
 #include <gtest/gtest.h>
 
+#include <cstdlib>
+#include <utility>
+
 #include "base/utf.h"
+#include "odbc/driver.h"
 #include "odbc/fetch.h"
 #include "odbc/query.h"
 #include "tests/support/connection.h"
@@ -75,6 +79,17 @@ TEST(LyingQuery, EndsAStateThatItsDriverDoesNot) {
   }
 }
 
+TEST(LyingQuery, ReadsAHundredDiagnosticsOfACall) {
+  for (const auto& [given, read] : {std::pair<int, std::size_t>{99, 99}, {100, 100}, {101, 100}}) {
+    wbtest::Connection connection(
+        "Driver=" WB_BUILD_DIR "/lib/liblyingdriver.so;Lie=" + std::to_string(given) + "-reasons;");
+    odbc::Query query(connection.henv(), connection.hdbc(), [] { return false; });
+    ASSERT_EQ(query.Execute("anything", {}, 2), odbc::QueryState::kFailed);
+    const std::vector<odbc::Diagnostic>& diagnostics = query.Failure().diagnostics;
+    ASSERT_EQ(diagnostics.size(), read);
+  }
+}
+
 // A cell of which the driver says anything is read in pieces that grow with what arrives, up to a
 // limit.
 TEST(LyingQuery, GetsNoMemoryForALengthAlone) {
@@ -92,6 +107,42 @@ TEST(LyingQuery, GetsNoMemoryForALengthAlone) {
       EXPECT_EQ(query.Cell(0).size(), 512U * 1024U + (512U * 1024U - 1) + 2);  // three pieces
     }
   }
+}
+
+// A cell may be as long as the limit, and no longer. Longer ones take memory too: a part of the
+// cases only with WB_LONG.
+TEST(LyingQuery, TakesACellOf256MiBAndNoLongerOne) {
+  const std::size_t most = std::size_t{256} * 1024 * 1024;
+  for (const std::size_t bytes : {most + 2, most, most - 2}) {
+    if (bytes <= most && std::getenv("WB_LONG") == nullptr) break;
+    wbtest::Connection connection(
+        "Driver=" WB_BUILD_DIR "/lib/liblyingdriver.so;Lie=" + std::to_string(bytes) + "-bytes;");
+    odbc::Query query(connection.henv(), connection.hdbc(), [] { return false; });
+    ASSERT_EQ(query.Execute("anything", {}, 2), odbc::QueryState::kRow);
+    const bool fits = bytes <= most;
+    ASSERT_EQ(query.Fetch(), fits ? odbc::QueryState::kRow : odbc::QueryState::kFailed) << bytes;
+    if (fits) {
+      EXPECT_EQ(query.Cell(0).size(), bytes / 2);
+    }
+  }
+}
+
+TEST(ResultSizes, AreExceededByOneRowOrByteMore) {
+  platform::ResultLimits& limits = platform::GetServices().result_limits;
+  const platform::ResultLimits before = std::exchange(limits, {.rows = 10, .bytes = 50});
+  const SQLLEN indicators[] = {5, 6, -1};
+  for (const auto& [indicator, exceeds_bytes] : {std::pair{0, false}, {1, true}, {2, false}}) {
+    odbc::ResultSize size;
+    size.Bind(1, &indicators[indicator], 100);
+    size.AddRows(10);
+    EXPECT_EQ(size.IsExceeded(), exceeds_bytes) << indicator;
+    limits.bytes = 0;
+    EXPECT_FALSE(size.IsExceeded());
+    size.AddRows(1);
+    EXPECT_TRUE(size.IsExceeded());
+    limits.bytes = 50;
+  }
+  limits = before;
 }
 
 }  // namespace
