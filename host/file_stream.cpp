@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <new>
 #include <system_error>
 
 #include "host/signals_held.h"
@@ -28,13 +29,13 @@ bool FileStream::Close() {
 }
 
 FileStream::Blocks::Blocks(const std::string& path)
-    : fd_(::open(path.c_str(), O_WRONLY | O_TRUNC | O_CLOEXEC)) {
+    : filling_(std::make_unique_for_overwrite<char[]>(kBlockBytes)),
+      waiting_(std::make_unique_for_overwrite<char[]>(kBlockBytes)) {
+  fd_ = ::open(path.c_str(), O_WRONLY | O_TRUNC | O_CLOEXEC);
   if (fd_ < 0) {
     error_ = errno;
     return;
   }
-  filling_ = std::make_unique_for_overwrite<char[]>(kBlockBytes);
-  waiting_ = std::make_unique_for_overwrite<char[]>(kBlockBytes);
   setp(filling_.get(), filling_.get() + kBlockBytes);
 }
 
@@ -77,6 +78,8 @@ bool FileStream::Blocks::StartWriter() {
     return true;
   } catch (const std::system_error&) {
     return false;
+  } catch (const std::bad_alloc&) {
+    return false;
   }
 }
 
@@ -115,8 +118,10 @@ void FileStream::Blocks::WriteBlocks() {
 int FileStream::Blocks::Write(const char* bytes, std::size_t count) {
   for (std::size_t at = 0; at < count;) {
     const ssize_t written = ::write(fd_, bytes + at, count - at);
-    if (written >= 0) {
+    if (written > 0) {
       at += static_cast<std::size_t>(written);
+    } else if (written == 0) {
+      return EIO;  // a file system that takes nothing would be asked for ever
     } else if (errno != EINTR) {
       return errno;
     }

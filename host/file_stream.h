@@ -50,7 +50,7 @@ class FileStream : public std::ostream {
     // 0, or the reason in errno's terms.
     int Write(const char* bytes, std::size_t count);
 
-    int fd_;
+    int fd_ = -1;
     Block filling_;
     std::size_t written_ = 0;  // bytes of the file that are with the system
     std::thread writer_;       // runs once the first block is full
