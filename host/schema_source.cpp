@@ -7,11 +7,9 @@
 #include <cerrno>
 #include <cstring>
 #include <istream>
-#include <stdexcept>
-#include <streambuf>
-#include <vector>
 
 #include "host/dialect_file.h"
+#include "host/file_bytes.h"
 #include "host/host_session.h"
 #include "host/limits.h"
 #include "host/resolve_names.h"
@@ -19,52 +17,8 @@
 namespace wbhost {
 namespace {
 
-// The bytes of a file as they come. What cannot be read, and a file that is too long, throws.
-class FileBytes : public std::streambuf {
- public:
-  // Takes the descriptor; standard input stays open.
-  explicit FileBytes(int fd) : fd_(fd), piece_(kPieceBytes) {}
-  ~FileBytes() override {
-    if (fd_ > STDERR_FILENO) close(fd_);
-  }
-  FileBytes(const FileBytes&) = delete;
-  FileBytes& operator=(const FileBytes&) = delete;
-
-  // Whether it threw.
-  [[nodiscard]] bool HasFailed() const { return failed_; }
-
- protected:
-  int_type underflow() override {
-    ssize_t count = 0;
-    do {
-      count = read(fd_, piece_.data(), piece_.size());
-    } while (count < 0 && errno == EINTR);
-    if (count < 0) Fail(std::strerror(errno));
-    bytes_ += static_cast<std::uintmax_t>(count);
-    if (bytes_ > kMostWorkbookBytes) {
-      Fail(fmt::format("it has more than {} bytes", kMostWorkbookBytes));
-    }
-    if (count == 0) return traits_type::eof();
-    setg(piece_.data(), piece_.data(), piece_.data() + count);
-    return traits_type::to_int_type(*gptr());
-  }
-
- private:
-  static constexpr std::size_t kPieceBytes = std::size_t{64} * 1024;
-
-  [[noreturn]] void Fail(const std::string& why) {
-    failed_ = true;
-    throw std::runtime_error(why);
-  }
-
-  int fd_;
-  std::vector<char> piece_;
-  std::uintmax_t bytes_ = 0;
-  bool failed_ = false;
-};
-
 Schema ReadSchemaFrom(int fd, const std::string& label) {
-  FileBytes bytes(fd);
+  FileBytes bytes(fd, kMostWorkbookBytes);
   std::istream in(&bytes);
   Schema schema;
   schema.label = label;

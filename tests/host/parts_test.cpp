@@ -1,13 +1,20 @@
 // The parts of the host that need no process: request files, default items, names, exit codes and
 // the progress bar.
+#include <fmt/format.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <cstdio>
+#include <istream>
 
 #include "host/choices.h"
+#include "host/file_bytes.h"
 #include "host/nearest.h"
 #include "host/outcome.h"
 #include "host/progress.h"
 #include "host/text.h"
+#include "importer/workbook/workbook_file.h"
 
 namespace wbhost {
 namespace {
@@ -71,6 +78,33 @@ TEST(RequestFile, RefusesWhatItDoesNotKnowByFileAndField) {
     } catch (const Failure& failure) {
       EXPECT_EQ(failure.code(), ExitCode::kUsage);
       EXPECT_THAT(failure.what(), HasSubstr(message));
+    }
+  }
+}
+
+// The limit of a workbook file, lowered: up to it a file is read, whole pieces and parts of one,
+// and one byte more is refused with a word.
+TEST(FileBytes, EndAtTheirLimit) {
+  for (const std::size_t most : {std::size_t{100}, std::size_t{64} << 10, std::size_t{200'000}}) {
+    for (const std::size_t size : {most - 1, most, most + 1}) {
+      std::FILE* file = std::tmpfile();
+      ASSERT_NE(file, nullptr);
+      const int fd = fileno(file);
+      std::string text = R"({"format":"workbook","version":1})";
+      text.resize(size, ' ');
+      ASSERT_EQ(write(fd, text.data(), text.size()), static_cast<ssize_t>(text.size()));
+      lseek(fd, 0, SEEK_SET);
+      FileBytes bytes(dup(fd), most);
+      std::istream in(&bytes);
+      LcWorkbook workbook;
+      LcWorkbookFileInfo info;
+      std::string why;
+      EXPECT_EQ(ReadWorkbookFile(in, workbook, info, why), size <= most) << size;
+      EXPECT_EQ(bytes.HasFailed(), size > most);
+      if (size > most) {
+        EXPECT_EQ(why, fmt::format("it has more than {} bytes", most));
+      }
+      std::fclose(file);
     }
   }
 }
