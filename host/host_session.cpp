@@ -51,6 +51,8 @@ Target FindTarget(Run& run) {
         "a password in --connect stands in the process list for a moment: --connect-env, "
         "--connect-stdin, --password-env and --password-stdin keep it out");
   }
+  // From here on there is who ends a wait: the watch of the calls, and then the import.
+  LookForInterrupts(true);
   return target;
 }
 
@@ -85,6 +87,8 @@ HostSession::HostSession(Run& run, Choices& choices, const OutputFile& output)
   platform::ResultLimits& limits = platform::GetServices().result_limits;
   limits.rows = run.options.connection.result_rows.value_or(limits.rows);
   limits.bytes = run.options.connection.result_bytes.value_or(limits.bytes);
+  // A file may be a pipe that nobody reads.
+  LookForInterrupts(false);
   recording_.Begin(connection_);
   if (!module_.note().empty()) run.screen.Say(module_.note());
   if (IsSampleByDefault(run.options.connection)) {
@@ -98,6 +102,7 @@ HostSession::HostSession(Run& run, Choices& choices, const OutputFile& output)
   if (!reports_.Check(run.screen)) {
     throw Failure(ExitCode::kOutput, "nothing was imported");
   }
+  LookForInterrupts(true);
 }
 
 int HostSession::Abandon(ExitCode code, const std::string& why) {

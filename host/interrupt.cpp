@@ -19,6 +19,9 @@ namespace {
 std::atomic<int> interrupts{0};
 std::atomic<bool> cancelled{false};
 std::atomic<int> interrupts_allowed{2};
+int most_interrupts_allowed = 2;  // set before the handlers are installed
+std::atomic<int> terminal_to_restore{-1};
+termios restored{};
 std::array<char, PATH_MAX> file_to_remove{};
 std::atomic<bool> has_file_to_remove{false};
 bool on_terminal = false;  // set before the handlers are installed
@@ -41,6 +44,7 @@ void Answer(std::string_view text) {
 
 void EndAtOnce() {
   if (has_file_to_remove) unlink(file_to_remove.data());
+  if (terminal_to_restore >= 0) tcsetattr(terminal_to_restore, TCSANOW, &restored);
   Answer("ended at once");
   _exit(kEndedAtOnce);
 }
@@ -74,12 +78,15 @@ void Install(int signal_number, void (*handler)(int)) {
 }  // namespace
 
 void InstallInterruptHandlers(bool graceful) {
-  interrupts_allowed = graceful ? 2 : 0;
+  most_interrupts_allowed = graceful ? 2 : 0;
+  LookForInterrupts(false);
   on_terminal = isatty(STDERR_FILENO) != 0;
   Install(SIGINT, OnInterrupt);
   Install(SIGTERM, OnTerminate);
   Install(SIGHUP, OnTerminate);
 }
+
+void LookForInterrupts(bool looks) { interrupts_allowed = looks ? most_interrupts_allowed : 0; }
 
 InterruptWish GetInterruptWish() {
   if (cancelled || interrupts >= 2) return InterruptWish::kCancel;
@@ -91,6 +98,12 @@ void SetFileToRemove(const std::string& path) {
   if (path.empty() || path.size() >= file_to_remove.size()) return;
   std::memcpy(file_to_remove.data(), path.c_str(), path.size() + 1);
   has_file_to_remove = true;
+}
+
+void SetTerminalToRestore(int fd, const termios& how) {
+  terminal_to_restore = -1;
+  restored = how;
+  terminal_to_restore = fd;
 }
 
 }  // namespace wbhost

@@ -20,7 +20,8 @@ constexpr Meaning kMeanings[] = {
     {6, "the output could not be written"},
     {9, "stopped (first interrupt); what was read is written"},
     {10, "diff or compare-readings found differences, lint broken rules"},
-    {kEndedAtOnce, "ended at once (third interrupt); nothing is written"},
+    {kEndedAtOnce,
+     "ended at once (third interrupt, or any before there is a connection); nothing is written"},
 };
 
 }  // namespace

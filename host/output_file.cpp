@@ -13,7 +13,6 @@
 #include <cstring>
 #include <filesystem>
 #include <fstream>
-#include <iostream>
 #include <optional>
 #include <string_view>
 #include <vector>
@@ -21,6 +20,7 @@
 #include "host/file_stream.h"
 #include "host/interrupt.h"
 #include "host/outcome.h"
+#include "host/patient_stream.h"
 
 namespace wbhost {
 namespace {
@@ -28,6 +28,9 @@ namespace {
 namespace fs = std::filesystem;
 
 [[noreturn]] void Fail(const std::string& name, int error) {
+  if (error == ECANCELED) {
+    throw Failure(ExitCode::kCancelled, fmt::format("cancelled: nobody reads {}", name));
+  }
   throw Failure(ExitCode::kOutput,
                 fmt::format("cannot write {}: {}", name,
                             error != 0 ? std::strerror(error) : "the device gives no reason"));
@@ -38,6 +41,21 @@ bool IsReaderGone(int fd) {
   pollfd end{fd, POLLOUT, 0};
   return poll(&end, 1, 0) == 1 && (end.revents & POLLERR) != 0;
 }
+
+// Closes it, unless it is a standard one.
+class Descriptor {
+ public:
+  explicit Descriptor(int fd) : fd_(fd) {}
+  ~Descriptor() {
+    if (fd_ > STDERR_FILENO) close(fd_);
+  }
+  Descriptor(const Descriptor&) = delete;
+  Descriptor& operator=(const Descriptor&) = delete;
+  int Get() const { return fd_; }
+
+ private:
+  int fd_;
+};
 
 constexpr std::string_view kTemporaryName = ".wbimport-XXXXXX";
 constexpr int kMostLinks = 40;  // as many as the system follows
@@ -207,16 +225,13 @@ void OutputFile::Check() const {
 
 bool OutputFile::Write(const std::function<bool(std::ostream&)>& write) const {
   errno = 0;
-  if (IsStandardOutput()) {
-    if (!write(std::cout)) return false;
-    if (!std::cout.flush() && !IsReaderGone(STDOUT_FILENO)) Fail(name_, errno);
-    return true;
-  }
-  if (!special_) return WriteWhole(write);
-  std::ofstream out(path_, std::ios::binary);
+  if (!IsStandardOutput() && !special_) return WriteWhole(write);
+  const Descriptor fd(IsStandardOutput() ? STDOUT_FILENO : OpenPatiently(path_));
+  if (fd.Get() < 0) Fail(name_, errno);
+  PatientStream out(fd.Get());
   if (!write(out)) return false;
-  if (!out.flush()) Fail(name_, errno);
-  return true;
+  if (out.flush() || (IsStandardOutput() && IsReaderGone(STDOUT_FILENO))) return true;
+  Fail(name_, errno);
 }
 
 void OutputFile::WriteText(const std::string& text) const {

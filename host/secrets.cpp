@@ -15,6 +15,7 @@
 #include "base/connection_string.h"
 #include "base/secret_mask.h"
 #include "base/secret_names.h"
+#include "host/interrupt.h"
 #include "host/limits.h"
 #include "host/outcome.h"
 
@@ -51,10 +52,13 @@ class NoEcho {
     termios quiet = saved_;
     // An interrupt key must not end the program while the echo is off: it arrives as a character.
     quiet.c_lflag &= ~static_cast<tcflag_t>(ECHO | ISIG);
+    SetTerminalToRestore(fd_, saved_);
     tcsetattr(fd_, TCSAFLUSH, &quiet);
   }
   ~NoEcho() {
-    if (active_) tcsetattr(fd_, TCSAFLUSH, &saved_);
+    if (!active_) return;
+    tcsetattr(fd_, TCSAFLUSH, &saved_);
+    SetTerminalToRestore(-1, saved_);
   }
   NoEcho(const NoEcho&) = delete;
   NoEcho& operator=(const NoEcho&) = delete;

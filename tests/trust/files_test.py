@@ -6,6 +6,7 @@ import resource
 import signal
 import subprocess
 import time
+import unittest
 
 from program import WBIMPORT, Case, main, server
 
@@ -88,16 +89,47 @@ class Output(Case):
         self.assertFalse(stale.exists() or (self.folder / ".wbimport-ghijkl").exists())
         self.assertTrue(other.exists() and used.exists())
 
-    def test_is_on_the_disk_before_it_has_its_name(self):
-        trace = self.folder / "strace"
+    def needs_strace(self):
         try:
             subprocess.run(["strace", "-V"], capture_output=True, check=True)
         except FileNotFoundError:
             self.skipTest("no strace")
+
+    def test_is_on_the_disk_before_it_has_its_name(self):
+        trace = self.folder / "strace"
+        self.needs_strace()
         subprocess.run(["strace", "-f", "-e", "trace=fsync,rename", "-o", trace, WBIMPORT,
                         "import", "-o", "a.json"], env=self.environment, cwd=self.folder, capture_output=True, check=True)
         calls = [line.split(" ", 1)[1].split("(")[0].strip() for line in trace.read_text().splitlines() if "sync(" in line or "rename(" in line]
         self.assertEqual(calls[-3:], ["fsync", "rename", "fsync"])
+
+    def test_calls_fail_in_turn(self):
+        """A file of several blocks, of which any call may fail: written whole, or as it was with the reason told."""
+        self.needs_strace()
+        self.database(sql="begin;" + "".join(f"create table table_of_some_length_{i}(a, b, c);" for i in range(4000)) + "commit")
+        self.assertEqual(self.run_program("import", "--sqlite", "shop.db", "-o", "book.json").returncode, 0)
+        words = ("render", "book.json", "--format", "json", "-o")
+        self.assertEqual(self.run_program(*words, "whole.json").returncode, 0)
+        whole = (self.folder / "whole.json").read_bytes()
+        self.assertGreater(len(whole), 3 << 20)
+        target = self.folder / "a.json"
+        for call, error, turns, reason in (("write", "ENOSPC", 4, "No space left"), ("fsync", "EIO", 2, "Input/output error"),
+                                           ("rename", "EACCES", 1, "Permission denied"), ("clone3", "EAGAIN", 1, None)):
+            failed, told = 0, ""
+            for turn in range(1, turns + 1):
+                target.write_text("before")
+                result = subprocess.run(["strace", "-f", "--seccomp-bpf", "-o", "/dev/null", "-e", f"trace={call}", "-e", f"inject={call}:error={error}:when={turn}",
+                                         WBIMPORT, *words, target], env=self.environment, cwd=self.folder, capture_output=True, text=True)
+                self.assertIn(result.returncode, (0, 6), (call, error, turn, result.stderr))
+                failed += result.returncode == 6
+                # A folder whose name alone may be lost has the new file already.
+                is_new = result.returncode == 0 or (call == "fsync" and turn == 2)
+                self.assertEqual(target.read_bytes() == (whole if is_new else b"before"), True, (call, error, turn))
+                told += result.stderr
+            self.assertEqual(failed > 0, reason is not None, (call, error))
+            # Of writes that fail one may be that of the message.
+            self.assertIn(reason or "", told)
+        self.assertEqual([name for name in os.listdir(self.folder) if name.startswith(".wbimport")], [])
 
     def test_keeps_owner_mode_and_links(self):
         if os.geteuid() == 0:
@@ -246,6 +278,25 @@ class Inputs(Case):
             result = self.run_program(*words)
             self.assertEqual(result.returncode, 2, (words, result.stderr))
 
+    @unittest.skipUnless(LONG, "writes 4 GiB into a pipe, with WB_LONG=1")
+    def test_a_workbook_of_four_gigabytes_is_the_largest(self):
+        most = 4 << 30
+        for size in (most, most + 1):
+            process = self.start("render", "-", "--format", "text", stdin=subprocess.PIPE, text=False)
+            blanks = b" " * (1 << 20)
+            left = size
+            try:
+                left -= process.stdin.write(b'{"format":"workbook","version":1}')
+                while left > 0:
+                    left -= process.stdin.write(blanks[:left])
+                process.stdin.close()
+            except BrokenPipeError:
+                pass
+            process.stdin = None
+            _, told = process.communicate(timeout=3600)
+            self.assertEqual(process.returncode, 0 if size == most else 2, told)
+            self.assertEqual(b"more than 4294967296 bytes" in told, size > most)
+
     def test_limits_hold_at_their_edges(self):
         """Each limit of a file: what is just as large is taken, one more is not, and says so."""
         mib = 1 << 20
@@ -261,6 +312,8 @@ class Inputs(Case):
             return self.run_program("drivers", env={**self.environment, "ODBCSYSINI": str(self.folder)})
         cases = [  # the limit, a run at a size, what tells that it was too much
             ("configuration", mib, lambda n: self.run_program("--config", self.file("c.toml", filled("# ", n, "\n")), "list", "tables"), "more than"),
+            ("configuration's depth", 32, lambda n: self.run_program("--config", self.file("c.toml", nested("a = ", n, "\n")), "list", "tables"), "nests too deep"),
+            ("configuration's key", 32, lambda n: self.run_program("--config", self.file("c.toml", ".".join(["a"] * n) + " = 1\n"), "list", "tables"), "nests too deep"),
             ("settings", mib, with_settings, "larger than 1 MiB"),
             ("dialect", 4 * mib, lambda n: self.run_program("dialects", "check", self.file("d.sql", filled(sqlite + "\n-- ", n, "\n"))), "more than"),
             ("request", 64 * mib, lambda n: self.run_program("import", "--request", self.file("r.json", filled('{"items": ["tables"]', n, "}", " ")), "-o", "a.json"), "more than"),

@@ -1,6 +1,7 @@
 #!/usr/bin/python3
 """Every wait has an end, and what was read before it is written and marked."""
 import json
+import os
 import pathlib
 import signal
 import socket
@@ -91,6 +92,50 @@ class Waits(Case):
                 self.assertTrue(book["incomplete"] and book["notRead"])
                 self.assertEqual(book["status"], 4)
         self.assertTrue(json.loads((self.folder / "SQLForeignKeys.json").read_text())["tables"])
+
+    def test_an_output_that_nobody_reads_is_given_up(self):
+        where = ("import", "--connect", server("Server=oracle;Scale=200;Columns=20"), "-f", "json")
+        os.mkfifo(self.folder / "fifo")
+        fifo = os.open(self.folder / "fifo", os.O_RDONLY | os.O_NONBLOCK)
+        for words in ((), ("-o", "fifo"), ("-o", "fifo")):
+            process = self.start(*where, *words)
+            time.sleep(1.5 if not self.is_sanitized() else 4)
+            self.assertIsNone(process.poll(), words)
+            begin = time.monotonic()
+            process.terminate()
+            self.assertEqual(process.wait(timeout=20), 4, words)
+            self.assertLess(time.monotonic() - begin, 1.0, words)
+            self.assertIn("nobody reads", process.communicate()[1])
+            if words:
+                os.close(fifo)  # the last one waits for a reader
+                fifo = os.open(os.devnull, os.O_RDONLY)
+        os.close(fifo)
+
+    def test_a_wait_before_anything_is_read_ends_at_once(self):
+        """Secrets, requests and files that are written beside the output may be pipes of which nothing comes, or which nobody reads."""
+        where = ("import", "--connect", server("Server=generic"))
+        os.mkfifo(self.folder / "fifo")
+        silent_end, other_end = os.pipe()
+        for how in (signal.SIGTERM, signal.SIGINT):
+            for words in ((*where, "--user", "x", "--password-stdin"), ("import", "--connect-stdin"), ("import", "--request", "fifo"), ("import", "--dialect", "fifo"),
+                          ("diff", "fifo", *where[1:]), ("lint", "fifo"), *((*where, option, "fifo") for option in ("--log", "--trace", "--errors", "--record"))):
+                process = self.start(*words, stdin=silent_end)
+                time.sleep(0.4 if not self.is_sanitized() else 2)
+                process.send_signal(how)
+                self.assertEqual(process.wait(timeout=5), 130, (words, how))
+                process.communicate()
+        os.close(silent_end)
+        os.close(other_end)
+
+    def test_an_output_that_is_read_slowly_arrives_whole(self):
+        process = self.start("import", "--connect", server("Server=oracle;Scale=200;Columns=20"), "-f", "json")
+        text = ""
+        while piece := process.stdout.read(200_000):
+            text += piece
+            time.sleep(0.7)
+        self.assertEqual(len(json.loads(text)["tables"]), 229)
+        self.assertEqual(process.wait(10), 0)
+        process.communicate()
 
     def test_a_result_of_many_slow_rows_is_left(self):
         self.check(("import", "--connect", server("Server=oracle;Slow=SQLExtendedFetch:5,SQLFetch:5;Scale=3000;Columns=3"), "--generic", "-o", "a.json"), 4, 1.0, 1.0)
