@@ -39,6 +39,16 @@ TEST(ConnectionString, GivesTheFirstValueOfAKeyword) {
   }
 }
 
+TEST(ConnectionString, GivesBackEveryValueThatItFormats) {
+  EXPECT_EQ(FormatAttribute("Key", "plain"), "Key=plain;");
+  for (const std::string value : {"", "two words", "a;b", "}", "{", "a}b}}c;", " blank ", "x=1",
+                                  "[x]", "(x)!@*?,", "Gr\u00f6\u00dfe"}) {
+    const std::string text = FormatAttribute("Key", value) + FormatAttribute("Last", "1");
+    EXPECT_EQ(FindAttribute(text, "Key"), value) << text;
+    EXPECT_EQ(FindAttribute(text, "Last"), "1") << text;
+  }
+}
+
 TEST(QualifiedName, IsPartedAtTheFirstDotOutsideOfQuotes) {
   const struct {
     const char* text;
