@@ -17,7 +17,7 @@ using platform::DriverCall;
 namespace {
 
 // The writer is woken for this much, or after a moment; calls wait beyond the limit.
-constexpr std::size_t kBatchBytes = std::size_t{64} * 1024;
+constexpr std::size_t kBatchBytes = std::size_t{256} * 1024;
 constexpr std::size_t kMostWaitingBytes = std::size_t{4} * 1024 * 1024;
 constexpr auto kMoment = std::chrono::milliseconds(200);
 // So that a recording of a program that dies is whole but for its last moment.
@@ -109,22 +109,19 @@ void Recorder::OnCall(const DriverCall& call) {
   std::unique_lock lock(mutex_);
   if (finished_) return;
   ++calls_;
-  Statement none;
-  Statement* statement = &none;
-  if (call.on_statement) {
-    const auto known = statements_.find(call.handle);
-    if (known != statements_.end()) statement = &known->second;
-  }
+  const auto known = call.on_statement ? statements_.find(call.handle) : statements_.end();
+  Statement* const statement = known != statements_.end() ? &known->second : &unknown_;
   Follow(call, *statement);
   context.statement = statement->number;
-  context.rowset = call.rows != nullptr && call.rows->status == nullptr ? 1 : statement->rowset;
+  const bool fetches = call.rows != nullptr;  // nearly every call does
+  context.rowset = fetches && call.rows->status == nullptr ? 1 : statement->rowset;
   context.columns = &statement->columns;
-  if (call.rows != nullptr && SQL_SUCCEEDED(call.result)) {
+  if (fetches && SQL_SUCCEEDED(call.result)) {
     context.same_columns = columns_of_ != 0 && columns_of_ == statement->number;
     columns_of_ = statement->number;
   }
-  context.piece = function == "SQLGetData";
-  if (Sends(function)) context.parameters = &statement->parameters;
+  context.piece = !fetches && function == "SQLGetData";
+  if (!fetches && Sends(function)) context.parameters = &statement->parameters;
   if (call.made != nullptr && SQL_SUCCEEDED(call.result)) {
     Statement made;
     made.number = ++statements_made_;
@@ -133,8 +130,10 @@ void Recorder::OnCall(const DriverCall& call) {
   }
   waiting_ += static_cast<char>(Entry::kCall);
   CopyCall(call, context, waiting_);
-  const bool dropped = function == "SQLFreeStmt" && FindNumber(call, "option") == SQL_DROP;
+  const bool dropped =
+      !fetches && function == "SQLFreeStmt" && FindNumber(call, "option") == SQL_DROP;
   if (dropped && SQL_SUCCEEDED(call.result)) statements_.erase(call.handle);
+  if (statement == &unknown_) unknown_ = {};
   Push(lock);
 }
 

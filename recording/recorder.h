@@ -74,6 +74,7 @@ class Recorder : public platform::CallLog {
   std::uint32_t statements_made_ = 0;
   std::uint32_t columns_of_ = 0;  // the statement whose columns the writer knows; 0: none
   std::unordered_map<void*, Statement> statements_;
+  Statement unknown_;  // for a call on the connection
   std::thread writer_;
 };
 
