@@ -54,6 +54,7 @@ void JsonWriter::Text(std::u16string_view text) {
 }
 
 void JsonWriter::Flush() {
-  out_.write(buffer_.data(), static_cast<std::streamsize>(size_));
+  if (out_ == nullptr) return;
+  out_->write(buffer_.data(), static_cast<std::streamsize>(size_));
   size_ = 0;
 }

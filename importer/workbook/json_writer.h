@@ -11,13 +11,16 @@
 #include <ostream>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 class JsonWriter {
  public:
-  explicit JsonWriter(std::ostream& out, bool compact = false) : out_(out), compact_(compact) {
+  explicit JsonWriter(std::ostream& out, bool compact = false) : out_(&out), compact_(compact) {
     buffer_.resize(kFlushAt + kSlack);
   }
+  // Keeps what is written, for Take().
+  explicit JsonWriter(bool compact) : out_(nullptr), compact_(compact) {}
   ~JsonWriter() { Flush(); }
   JsonWriter(const JsonWriter&) = delete;
   JsonWriter& operator=(const JsonWriter&) = delete;
@@ -61,6 +64,18 @@ class JsonWriter {
     first_ = true;
   }
   void Text(std::u16string_view text);
+  // What is written from here on goes on in a list that has entries already.
+  void GoOn() { first_ = false; }
+  // Entries of the list in hand, as another writer that went on in it has made them.
+  void Entries(std::string_view json) {
+    Flush();
+    out_->write(json.data(), static_cast<std::streamsize>(json.size()));
+  }
+  // What was written, of a writer that keeps it.
+  std::string Take() {
+    buffer_.resize(size_);
+    return std::move(buffer_);
+  }
   // A value that is JSON already.
   void Raw(std::string_view json) {
     Separate();
@@ -111,7 +126,7 @@ class JsonWriter {
     KeptKey(key);
     Text(text);
   }
-  // Hands everything written so far to the stream.
+  // Hands everything written so far to the stream; a writer that keeps it goes on keeping it.
   void Flush();
 
  private:
@@ -192,8 +207,8 @@ class JsonWriter {
     first_ = false;
   }
 
-  std::ostream& out_;
-  std::string buffer_;  // all of it room; what is written is the first `size_` bytes
+  std::ostream* const out_;  // null: what is written stays here
+  std::string buffer_;       // all of it room; what is written is the first `size_` bytes
   std::size_t size_ = 0;
   const bool compact_;
   std::vector<Place> open_;  // of the objects and lists that are open, in the compact form

@@ -123,6 +123,15 @@ class LC_WORKBOOK_EXPORT LcWorkbookKeyList : public LcObject {
   [[nodiscard]] bool IsEmpty() const { return GetCount() == 0; }
   // The columns in key order, empty positions left out.
   [[nodiscard]] std::vector<LcWorkbookColumn*> GetColumns() const;
+  // The same, for a walk: `visit(column)` for each.
+  template <class Visit>
+  void ForEachColumn(Visit visit) const {
+    if (first_ != nullptr) visit(first_);
+    if (positions_ == nullptr) return;
+    for (LcWorkbookColumn* column : *positions_) {
+      if (column != nullptr) visit(column);
+    }
+  }
 
  private:
   using Positions = std::vector<LcWorkbookColumn*>;  // null: an empty one

@@ -2,12 +2,12 @@
 // the columns and the keys of a table have a line for each entry, so that two files can be
 // compared.
 #include <cstdint>
-#include <new>
-#include <sstream>
+#include <future>
 #include <string>
 #include <tuple>
 #include <unordered_map>
 #include <utility>
+#include <vector>
 
 #include "importer/workbook/json_writer.h"
 #include "importer/workbook/workbook_file_details.h"
@@ -100,13 +100,9 @@ class DatatypeTexts {
     if (known != texts_.end()) return json.RawObject(known->second);
     // More are made for a column each, and seen once.
     if (texts_.size() >= kMost) return WriteDatatype(json, type);
-    std::ostringstream out;
-    {
-      JsonWriter one(out, compact_);
-      WriteDatatype(one, type);
-    }
-    if (!out) throw std::bad_alloc();  // which the stream keeps to itself
-    json.RawObject(texts_.emplace(key, std::move(out).str()).first->second);
+    JsonWriter one(compact_);
+    WriteDatatype(one, type);
+    json.RawObject(texts_.emplace(key, one.Take()).first->second);
   }
 
  private:
@@ -155,27 +151,33 @@ void WriteColumn(JsonWriter& json, const LcWorkbookColumn& column, DatatypeTexts
 }
 
 // A column of a table that the workbook does not hold is left out: no reader could find it.
+// `holder` is the table that the key stands in: one side of each key is its own.
 void WriteKeySide(JsonWriter& json, const char* key, const LcWorkbookKeyList* side,
-                  const TablePositions& positions) {
+                  const TablePositions& positions, const TablePositions::value_type& holder) {
   json.Key(key);
   json.BeginArray();
-  if (side != nullptr) {
-    for (const LcWorkbookColumn* column : side->GetColumns()) {
-      const auto table = positions.find(column->GetParentTable());
-      if (table == positions.end()) continue;
-      json.BeginObject();
-      json.Member("owner", table->first->GetOwner(false));
-      json.Member("table", table->first->GetName());
-      json.Member("index", table->second);
-      json.KeptMember("column", column->GetName());
-      json.EndObject();
+  const auto write_column = [&](const LcWorkbookColumn* column) {
+    const LcWorkbookTable* const table = column->GetParentTable();
+    std::size_t position = holder.second;
+    if (table != holder.first) {
+      const auto found = positions.find(table);
+      if (found == positions.end()) return;
+      position = found->second;
     }
-  }
+    json.BeginObject();
+    json.Member("owner", table->GetOwner(false));
+    json.Member("table", table->GetName());
+    json.Member("index", position);
+    json.KeptMember("column", column->GetName());
+    json.EndObject();
+  };
+  if (side != nullptr) side->ForEachColumn(write_column);
   json.EndArray();
 }
 
 void WriteTable(JsonWriter& json, const LcWorkbookTable& table, const TablePositions& positions,
                 DatatypeTexts& types) {
+  const TablePositions::value_type& holder = *positions.find(&table);
   json.BeginObject();
   json.Member("owner", table.GetOwner(false));
   json.KeptMember("name", table.GetName());
@@ -196,9 +198,9 @@ void WriteTable(JsonWriter& json, const LcWorkbookTable& table, const TablePosit
   json.NewLine(6);
   json.Key("primaryKey");
   json.BeginArray();
-  for (const LcWorkbookColumn* column : table.GetPrimaryKey().GetColumns()) {
+  table.GetPrimaryKey().ForEachColumn([&](const LcWorkbookColumn* column) {
     if (column->GetParentTable() == &table) json.Text(column->GetName());
-  }
+  });
   json.EndArray();
   json.NewLine(6);
   json.Key("foreignKeys");
@@ -206,8 +208,8 @@ void WriteTable(JsonWriter& json, const LcWorkbookTable& table, const TablePosit
   for (const auto& key : table.GetForeignKeys()) {
     json.NewLine(8);
     json.BeginObject();
-    WriteKeySide(json, "key", key->GetKey(), positions);
-    WriteKeySide(json, "foreignKey", key->GetForeignKey(), positions);
+    WriteKeySide(json, "key", key->GetKey(), positions, holder);
+    WriteKeySide(json, "foreignKey", key->GetForeignKey(), positions, holder);
     json.Member("oneToOne", key->IsOneToOne());
     json.Member("role", key->GetRole() == fkForward ? u"forward" : u"mirror");
     workbookfile::WriteForeignKeyDetails(json, key->GetDetails());
@@ -216,6 +218,55 @@ void WriteTable(JsonWriter& json, const LcWorkbookTable& table, const TablePosit
   json.EndArray();
   workbookfile::WriteTableDetails(json, table);
   json.EndObject();
+}
+
+// Tables in a row that are made into text at a time: about so many columns together.
+constexpr std::size_t kColumnsAtATime = 1024;
+
+using Tables = std::vector<const LcWorkbookTable*>;
+
+// Where the row ends that begins at `begin`; tables without columns count too.
+std::size_t EndOfRow(const Tables& tables, std::size_t begin) {
+  std::size_t end = begin;
+  for (std::size_t columns = 0; end < tables.size() && columns < kColumnsAtATime; ++end) {
+    columns += static_cast<std::size_t>(tables[end]->GetColumnCount()) + 1;
+  }
+  return end;
+}
+
+// The tables are most of a file, and making their text takes longer than writing it: every other
+// row of them is made on another thread, or later on this one where no other can be had.
+void WriteTables(JsonWriter& json, const TablePositions& positions, const Tables& tables,
+                 bool compact) {
+  DatatypeTexts types(compact);
+  DatatypeTexts other_types(compact);
+  const auto write_row = [&](JsonWriter& to, DatatypeTexts& known, std::size_t begin,
+                             std::size_t end) {
+    for (std::size_t i = begin; i < end; ++i) {
+      to.NewLine(4);
+      WriteTable(to, *tables[i], positions, known);
+    }
+  };
+  json.Key("tables");
+  json.BeginArray();
+  for (std::size_t begin = 0; begin < tables.size();) {
+    const std::size_t middle = EndOfRow(tables, begin);
+    const std::size_t end = EndOfRow(tables, middle);
+    std::future<std::string> other;
+    if (end > middle) {
+      other = std::async([&, middle, end] {
+        JsonWriter row(compact);
+        row.GoOn();
+        write_row(row, other_types, middle, end);
+        return row.Take();
+      });
+    }
+    write_row(json, types, begin, middle);
+    if (other.valid()) json.Entries(other.get());
+    begin = end;
+  }
+  if (!tables.empty()) json.NewLine(2);
+  json.EndArray();
 }
 
 void WriteFunction(JsonWriter& json, const LcWorkbookFunction& function) {
@@ -309,10 +360,14 @@ void WriteRoutines(JsonWriter& json, const LcWorkbook& workbook) {
 
 void WriteFile(const LcWorkbook& workbook, const LcWorkbookFileInfo& info, std::ostream& out,
                bool compact) {
+  Tables tables;
+  tables.reserve(workbook.tables.GetCount());
   TablePositions positions;
-  for (const LcWorkbookTable* table : workbook.tables.Present())
-    positions.emplace(table, positions.size());
-  DatatypeTexts types(compact);
+  positions.reserve(workbook.tables.GetCount());
+  for (const LcWorkbookTable* table : workbook.tables.Present()) {
+    positions.emplace(table, tables.size());
+    tables.push_back(table);
+  }
   {
     JsonWriter json(out, compact);
     json.BeginObject();
@@ -322,8 +377,7 @@ void WriteFile(const LcWorkbook& workbook, const LcWorkbookFileInfo& info, std::
     WriteList(json, "dataTypes", workbook.data_types, 2,
               [&](const LcWorkbookDatatype& type) { WriteDatatype(json, &type); });
     json.NewLine(2);
-    WriteList(json, "tables", workbook.tables, 2,
-              [&](const LcWorkbookTable& table) { WriteTable(json, table, positions, types); });
+    WriteTables(json, positions, tables, compact);
     WriteRoutines(json, workbook);
     workbookfile::WriteWorkbookDetails(json, workbook.details);
     if (info.incomplete) {

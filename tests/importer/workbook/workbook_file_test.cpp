@@ -10,6 +10,7 @@
 #include <nlohmann/json.hpp>
 #include <sstream>
 
+#include "base/utf.h"
 #include "tests/importer/workbook/every_kind.h"
 
 namespace {
@@ -106,6 +107,55 @@ std::string Repeat(const std::string& text, int times) {
   std::string all;
   for (int i = 0; i < times; ++i) all += text;
   return all;
+}
+
+// More tables than one thread makes into text at a time: none, one and thousands of columns, and
+// keys to tables that another thread writes.
+TEST(WorkbookFile, HasTablesInOrderWhicheverThreadMadeThem) {
+  constexpr int kTables = 400;
+  LcWorkbook workbook;
+  for (int t = 0; t < kTables; ++t) {
+    LcWorkbookTable* table = workbook.tables.Append(std::make_unique<LcWorkbookTable>());
+    table->SetName(u"table_" + base::ToUtf16(std::to_string(t)));
+    const int columns = t == 300 ? 1500 : t % 23;
+    for (int c = 0; c < columns; ++c) {
+      auto* column = new LcWorkbookColumn();
+      column->SetName(u"column_" + base::ToUtf16(std::to_string(c)));
+      auto* type = new LcWorkbookDatatype();
+      type->SetTypeName(u"type_" + base::ToUtf16(std::to_string(c % 40)));
+      column->SetDataType(type, true, true);
+      table->AddColumn(column);
+    }
+    if (t % 50 != 22) continue;
+    auto* key = new LcWorkbookForeignKey();
+    key->SetKey(table->GetColumn(t % 23 > 0 ? 0 : -1));
+    key->SetForeignKey(workbook.tables.GetAt(1)->GetColumn(0));
+    table->AddForeignKey(key);
+  }
+  const std::string text = Write(workbook, {});
+  const auto json = nlohmann::json::parse(text);
+  ASSERT_EQ(json["tables"].size(), static_cast<std::size_t>(kTables));
+  for (int t = 0; t < kTables; ++t) {
+    const auto& table = json["tables"][static_cast<std::size_t>(t)];
+    ASSERT_EQ(table["name"], "table_" + std::to_string(t));
+    ASSERT_EQ(table["columns"].size(), t == 300 ? 1500U : static_cast<unsigned>(t % 23));
+    for (std::size_t c = 0; c < table["columns"].size(); ++c) {
+      ASSERT_EQ(table["columns"][c]["name"], "column_" + std::to_string(c));
+      ASSERT_EQ(table["columns"][c]["dataType"]["typeName"], "type_" + std::to_string(c % 40));
+    }
+    if (t % 50 != 22) continue;
+    ASSERT_EQ(table["foreignKeys"][0]["foreignKey"][0]["index"], 1);
+    if (t % 23 > 0) {
+      ASSERT_EQ(table["foreignKeys"][0]["key"][0]["index"], t);
+    }
+  }
+  std::ostringstream compact;
+  WriteCompactWorkbookFile(workbook, {}, compact);
+  LcWorkbook again;
+  LcWorkbookFileInfo info;
+  std::string why;
+  ASSERT_TRUE(ReadWorkbookFile(compact.str(), again, info, why)) << why;
+  EXPECT_EQ(Write(again, {}), text);
 }
 
 TEST(WorkbookFile, RefusesWithPlaceAndReason) {
