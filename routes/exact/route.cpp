@@ -270,7 +270,9 @@ bool ExactRoute::ReadTables() {
 
 bool ExactRoute::ReadTableList() {
   if (!ReadSurroundings()) return false;
-  if (!Read(Kind::kTables, tables_)) return false;
+  const bool whole = Read(Kind::kTables, tables_);
+  tables_.Finish();
+  if (!whole) return false;
   model_.IndexTables();
   NarrowToTables(model_, selection_);
   return true;
@@ -465,6 +467,7 @@ void ExactRoute::ReadOutsideTables() {
   TableReader tables(outside_, everything, TableReader::Wanted::kEveryKind);
   ColumnReader columns(outside_, false);
   if (!Read(Kind::kSchemas, schemas) || !Read(Kind::kTables, tables)) return;
+  tables.Finish();
   outside_.IndexTables();
   NarrowToNumbers(outside_, true);
   const bool whole = Read(Kind::kColumns, columns);

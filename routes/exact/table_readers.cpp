@@ -55,6 +55,20 @@ bool TableReader::IsWanted(LeTableKind kind, const TableEntry& entry) const {
          session.HasItem(ItemOf(TypeOf(kind)));
 }
 
+void TableReader::Undo() {
+  model_.tables.resize(mark_);
+  while (!defined_.empty() && defined_.back().table >= mark_) defined_.pop_back();
+}
+
+void TableReader::Finish() {
+  for (const Definition& defined : defined_) {
+    TakeDefinition(model_, std::string_view(definitions_).substr(defined.begin, defined.size),
+                   model_.tables[defined.table]);
+  }
+  definitions_ = {};
+  defined_ = {};
+}
+
 void TableReader::Read(const Row& row) {
   std::string_view schema;
   if (!model_.FindSchema(row, schema)) return;
@@ -110,7 +124,11 @@ void TableReader::ReadDetails(const Row& row, LeTableKind kind, TableEntry& entr
     model_.catalog.AddNotRead(NameOf(Kind::kColumns), entry.schema, entry.name,
                               texts.Get(row.Text(Field::kReason)), false);
   }
-  if (row.Has(Field::kDefinition)) TakeDefinition(model_, row.Text(Field::kDefinition), entry);
+  if (row.Has(Field::kDefinition)) {
+    const std::string_view text = row.Text(Field::kDefinition);
+    defined_.push_back({model_.tables.size() - 1, definitions_.size(), text.size()});
+    definitions_ += text;
+  }
   if (row.Has(Field::kParentTable)) {
     details.parent_table = texts.Get(row.Text(Field::kParentTable));
     details.parent_owner =

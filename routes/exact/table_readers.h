@@ -13,8 +13,10 @@ class TableReader : public RowReader {
   TableReader(Model& model, const Selection& selection, Wanted wanted = Wanted::kByItems)
       : model_(model), selection_(selection), wanted_(wanted) {}
   void Mark() override { mark_ = model_.tables.size(); }
-  void Undo() override { model_.tables.resize(mark_); }
+  void Undo() override;
   void Read(const Row& row) override;
+  // Takes the texts of CREATE statements apart, once all tables are read and before they move.
+  void Finish();
   // The numbers of parents that were not read.
   void ListOutsideParents(std::vector<std::string>& ids) const;
   // Resolves parents, once all tables are read and can be found. `outside`: those that the host did
@@ -26,6 +28,13 @@ class TableReader : public RowReader {
     std::int64_t table_id = 0;
     std::vector<std::int64_t> ids;
   };
+  // The text of a table in `definitions_`. What it becomes is many small pieces that go again: the
+  // names of all tables are made before, so that they lie side by side and not between those.
+  struct Definition {
+    std::size_t table = 0;  // in the model
+    std::size_t begin = 0;
+    std::size_t size = 0;
+  };
   [[nodiscard]] bool IsWanted(LeTableKind kind, const TableEntry& entry) const;
   void AddSequence(const Row& row, std::string_view schema);
   void ReadDetails(const Row& row, LeTableKind kind, TableEntry& entry);
@@ -36,6 +45,8 @@ class TableReader : public RowReader {
   Wanted wanted_;
   std::size_t mark_ = 0;
   std::vector<Parents> parents_;
+  std::string definitions_;  // UTF-8
+  std::vector<Definition> defined_;
 };
 
 // Fills the list of names: tables, views and synonyms, as far as the items ask for them.
