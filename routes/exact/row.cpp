@@ -77,6 +77,16 @@ std::int64_t Row::Number(Field field, std::int64_t fallback) const {
 }
 
 std::int64_t ReadNumber(std::string_view text, std::int64_t fallback) {
+  // Most are a few digits, several in each row.
+  constexpr std::size_t kFewDigits = 9;
+  if (!text.empty() && text.size() <= kFewDigits) {
+    std::int64_t few = 0;
+    std::size_t at = 0;
+    for (; at < text.size() && text[at] >= '0' && text[at] <= '9'; ++at) {
+      few = few * 10 + (text[at] - '0');
+    }
+    if (at == text.size()) return few;
+  }
   std::int64_t number = 0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
   return error == std::errc() && end == text.data() + text.size() ? number : fallback;
