@@ -18,7 +18,7 @@ namespace {
 
 // The writer is woken for this much, or after a moment; calls wait beyond the limit.
 constexpr std::size_t kBatchBytes = std::size_t{256} * 1024;
-constexpr std::size_t kMostWaitingBytes = std::size_t{4} * 1024 * 1024;
+constexpr std::size_t kMostWaitingBytes = std::size_t{1} * 1024 * 1024;
 constexpr auto kMoment = std::chrono::milliseconds(200);
 // So that a recording of a program that dies is whole but for its last moment.
 constexpr auto kFlushEvery = std::chrono::seconds(1);
@@ -199,6 +199,9 @@ void Recorder::WriteBatch(std::string_view batch) {
     } else {
       lines_.AppendNote(reader, text_);
     }
+    if (text_.size() < kBatchBytes) continue;
+    file_->Write(text_.view());
+    text_.clear();
   }
   file_->Write(text_.view());
 }
