@@ -35,7 +35,8 @@ struct LcWorkbookFileInfo {
   std::string choices;         // the request that ran: a request file's JSON object, UTF-8
 };
 
-// Writes the file. `out` tells of failures by its state.
+// Writes the file. `out` tells of failures by its state. Much of a large workbook's text is made on
+// a second thread, which ends before this returns; the stream is used on the caller's alone.
 LC_WORKBOOK_EXPORT void WriteWorkbookFile(const LcWorkbook& workbook,
                                           const LcWorkbookFileInfo& info, std::ostream& out);
 

@@ -63,7 +63,8 @@ std::uint32_t ColumnTypes::FindByText(const Row& row) {
     std::string_view texts = spelled_[place].texts;
     return std::all_of(kParts.begin(), kParts.end(), [&](Field field) {
       const std::string_view text = row.Text(field);
-      if (!texts.starts_with(text) || texts[text.size()] != '\0') return false;
+      const bool is_there = texts.size() > text.size() && texts.starts_with(text);
+      if (!is_there || texts[text.size()] != '\0') return false;
       texts.remove_prefix(text.size() + 1);
       return true;
     });
