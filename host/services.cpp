@@ -90,7 +90,7 @@ class InstalledServices::Database : public platform::DatabaseUtilities {
     if (notes_ != nullptr) {
       schema = notes_->catalog_schema;
     } else {
-      behind_->GetDB2CLISchema(data_source, schema);
+      static_cast<void>(behind_->GetDB2CLISchema(data_source, schema));  // the name tells
     }
     if (!schema.empty()) recording_.NoteCatalogSchema(schema);
     return !schema.empty();

@@ -50,7 +50,10 @@ Reason HasCLISchema(const RouteQuestion& question, LeDBMSType type) {
   std::u16string schema;
   database.RecoverLoginParameters(question.hdbc, question.connect_text->c_str(), driver,
                                   database_name, user, data_source, server);
-  if (!data_source.empty()) database.GetDB2CLISchema(data_source.c_str(), schema);
+  // Whatever a host's own utilities return, the name alone decides.
+  if (!data_source.empty()) {
+    static_cast<void>(database.GetDB2CLISchema(data_source.c_str(), schema));
+  }
   if (schema.empty()) return {};
   return "the data source has the CLI catalog schema " + base::ToUtf8(schema);
 }
