@@ -109,6 +109,8 @@ DRIVER_ENTRY SQLGetDiagRecW(SQLSMALLINT, SQLHANDLE, SQLSMALLINT record, SQLWCHAR
   const int records = lie.ends_with("-reasons") ? std::stoi(lie) : lie.ends_with("-state") ? 1 : 0;
   if (record > records) return SQL_NO_DATA;
   if (lie == "unended-state") std::fill_n(state, 5, SQLWCHAR{u'X'});
+  // The driver manager puts several in order by their states.
+  if (lie.ends_with("-reasons")) std::copy_n(u"HY000", 6, state);
   std::fill_n(message, room, SQLWCHAR{0});
   message[0] = u'm';
   *length = 1;

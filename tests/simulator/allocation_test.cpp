@@ -33,6 +33,8 @@ void* Allocate(std::size_t bytes) {
 }  // namespace
 
 void* operator new(std::size_t bytes) { return Allocate(bytes); }
+// Arrays too, which a sanitizer has operators of its own for.
+void* operator new[](std::size_t bytes) { return Allocate(bytes); }
 // Asked for buffers that a sort can do without.
 void* operator new(std::size_t bytes, const std::nothrow_t& /*tag*/) noexcept {
   if (watching && ++seen == failing) return nullptr;
@@ -41,6 +43,8 @@ void* operator new(std::size_t bytes, const std::nothrow_t& /*tag*/) noexcept {
 void operator delete(void* memory, const std::nothrow_t& /*tag*/) noexcept { std::free(memory); }
 void operator delete(void* memory) noexcept { std::free(memory); }
 void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
+void operator delete[](void* memory) noexcept { std::free(memory); }
+void operator delete[](void* memory, std::size_t) noexcept { std::free(memory); }
 
 namespace {
 
