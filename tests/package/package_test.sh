@@ -67,8 +67,12 @@ ASAN_OPTIONS=detect_leaks=0 LD_LIBRARY_PATH=$libdir "$prefix/bin/wbimport" rende
   fail "the host's workbook file cannot be read"
 cmp "$work/host.json" "$work/host.again"
 
-echo "wbimport from the installation"
-ASAN_OPTIONS=detect_leaks=0 LD_LIBRARY_PATH=$libdir "$prefix/bin/wbimport" import --sqlite "$work/shop.db" --format json > "$work/shop.json" ||
+echo "wbimport from the installation, which finds its libraries, and none in the folder that it is started in"
+for file in "$prefix/bin/wbimport" "$libdir"/*.so "$libdir"/odbcimport/* "$build/host/wbimport" "$build"/lib/*.so; do
+  path=$(readelf -d "$file" | sed -nE 's/.*\((RPATH|RUNPATH)\).*\[(.*)\]/:\2:/p')
+  [[ $path != *::* ]] || fail "$file takes libraries from the folder that a program is started in: $path"
+done
+ASAN_OPTIONS=detect_leaks=0 "$prefix/bin/wbimport" import --sqlite "$work/shop.db" --format json > "$work/shop.json" ||
   fail "wbimport ended with $?"
 grep -q '"purchase"' "$work/shop.json" || fail "wbimport imported nothing"
 ASAN_OPTIONS=detect_leaks=0 LD_LIBRARY_PATH=$libdir "$prefix/bin/wbimport" info --sample informix > "$work/info.txt" || fail "the installed simulator does not load"
