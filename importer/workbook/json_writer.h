@@ -19,7 +19,7 @@ class JsonWriter {
   explicit JsonWriter(std::ostream& out, bool compact = false) : out_(&out), compact_(compact) {
     buffer_.resize(kFlushAt + kSlack);
   }
-  // Keeps what is written, for Take().
+  // Keeps what is written, for Kept().
   explicit JsonWriter(bool compact) : out_(nullptr), compact_(compact) {}
   ~JsonWriter() { Flush(); }
   JsonWriter(const JsonWriter&) = delete;
@@ -64,18 +64,18 @@ class JsonWriter {
     first_ = true;
   }
   void Text(std::u16string_view text);
-  // What is written from here on goes on in a list that has entries already.
-  void GoOn() { first_ = false; }
-  // Entries of the list in hand, as another writer that went on in it has made them.
+  // Forgets what was kept: what is written from here on goes on in a list that has entries already.
+  void Restart() {
+    size_ = 0;
+    first_ = false;
+  }
+  // Entries of the list in hand, as another writer that was restarted has made them.
   void Entries(std::string_view json) {
     Flush();
     out_->write(json.data(), static_cast<std::streamsize>(json.size()));
   }
-  // What was written, of a writer that keeps it.
-  std::string Take() {
-    buffer_.resize(size_);
-    return std::move(buffer_);
-  }
+  // What was written, of a writer that keeps it; valid until it writes again.
+  [[nodiscard]] std::string_view Kept() const { return {buffer_.data(), size_}; }
   // A value that is JSON already.
   void Raw(std::string_view json) {
     Separate();

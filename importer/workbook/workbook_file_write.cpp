@@ -102,7 +102,7 @@ class DatatypeTexts {
     if (texts_.size() >= kMost) return WriteDatatype(json, type);
     JsonWriter one(compact_);
     WriteDatatype(one, type);
-    json.RawObject(texts_.emplace(key, one.Take()).first->second);
+    json.RawObject(texts_.emplace(key, one.Kept()).first->second);
   }
 
  private:
@@ -240,6 +240,7 @@ void WriteTables(JsonWriter& json, const TablePositions& positions, const Tables
                  bool compact) {
   DatatypeTexts types(compact);
   DatatypeTexts other_types(compact);
+  JsonWriter other(compact);
   const auto write_row = [&](JsonWriter& to, DatatypeTexts& known, std::size_t begin,
                              std::size_t end) {
     for (std::size_t i = begin; i < end; ++i) {
@@ -252,17 +253,18 @@ void WriteTables(JsonWriter& json, const TablePositions& positions, const Tables
   for (std::size_t begin = 0; begin < tables.size();) {
     const std::size_t middle = EndOfRow(tables, begin);
     const std::size_t end = EndOfRow(tables, middle);
-    std::future<std::string> other;
+    std::future<void> others;
     if (end > middle) {
-      other = std::async([&, middle, end] {
-        JsonWriter row(compact);
-        row.GoOn();
-        write_row(row, other_types, middle, end);
-        return row.Take();
+      others = std::async([&, middle, end] {
+        other.Restart();
+        write_row(other, other_types, middle, end);
       });
     }
     write_row(json, types, begin, middle);
-    if (other.valid()) json.Entries(other.get());
+    if (others.valid()) {
+      others.get();
+      json.Entries(other.Kept());
+    }
     begin = end;
   }
   if (!tables.empty()) json.NewLine(2);
