@@ -5,10 +5,12 @@
 #include <vector>
 
 #include "host/commands.h"
+#include "host/heap.h"
 #include "host/secrets.h"
 #include "host/standard_files.h"
 
 int main(int argc, char** argv) {
+  wbhost::MakeRoomInHeap();
   wbhost::OpenStandardFiles();
   // A reader that goes away is an error of writing, for the help's text too.
   std::signal(SIGPIPE, SIG_IGN);
