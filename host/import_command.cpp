@@ -196,6 +196,11 @@ void RunImport(Run& run, Outcome& outcome) {
                   "column-names needs a single table: --table [OWNER.]NAME, or singleTable in the "
                   "request file");
   }
+  if ((choices.ItemMask() & ibColumnNames) == 0 && choices.names.table) {
+    run.screen.Say(
+        "--table only says whose column names are read, with --items column-names; --select-table "
+        "imports a table alone");
+  }
   const Sheet sheet(wanted, true);
   const std::u16string stamp = wanted.stamp ? TimeStamp() : u"";
   HostSession session(run, choices, sheet.output());

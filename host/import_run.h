@@ -66,6 +66,9 @@ class ImportRunner {
   void Judge(const ImportResult& result, Outcome& outcome) const;
 
   [[nodiscard]] const Connection& connection() const { return connection_; }
+  [[nodiscard]] bool IsRecordedOrPlayed() const {
+    return notes_ != nullptr || recording_.recorder() != nullptr;
+  }
 
  private:
   class Importer;

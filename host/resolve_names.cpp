@@ -44,16 +44,19 @@ std::vector<std::string> InUtf8(const Texts& names) {
   return texts;
 }
 
+Entries Matching(const NamePattern& pattern, const Entries& entries, bool ignoring_case) {
+  Entries found;
+  std::copy_if(entries.begin(), entries.end(), std::back_inserter(found),
+               [&](const LcTableInfo* entry) {
+                 return pattern.Matches(entry->owner, entry->name, ignoring_case);
+               });
+  return found;
+}
+
 // An exact match goes before one that ignores case.
 Entries Matching(const NamePattern& pattern, const Entries& entries) {
-  Entries found;
-  for (const bool ignoring_case : {false, true}) {
-    for (const LcTableInfo* entry : entries) {
-      if (pattern.Matches(entry->owner, entry->name, ignoring_case)) found.push_back(entry);
-    }
-    if (!found.empty()) break;
-  }
-  return found;
+  Entries found = Matching(pattern, entries, false);
+  return found.empty() ? Matching(pattern, entries, true) : found;
 }
 
 Entries OfType(const Entries& entries, enumTableType type) {
@@ -178,18 +181,45 @@ class Resolver {
     }
   }
 
+  static LcTableInfo EntryOf(const NamePattern& pattern, enumTableType type) {
+    LcTableInfo entry;
+    entry.owner = pattern.owner();
+    entry.name = pattern.name();
+    entry.type = type;
+    return entry;
+  }
+
+  // What the patterns select, where each is exactly a name of this kind; else nothing. Names that
+  // are meant otherwise need the list of all.
+  Entries LookUp(const std::vector<NamePattern>& patterns, enumTableType type) {
+    std::vector<LcTableInfo> names;
+    for (const NamePattern& pattern : patterns) {
+      if (pattern.HasWildcards()) return {};
+      names.push_back(EntryOf(pattern, type));
+    }
+    if (names.empty()) return {};
+    const Entries known = OfType(server_.LookUp(names), type);
+    Entries selected;
+    for (const NamePattern& pattern : patterns) {
+      const Entries found = Matching(pattern, known, false);
+      if (found.empty()) return {};
+      selected.insert(selected.end(), found.begin(), found.end());
+    }
+    return selected;
+  }
+
   // A name that only tables of the other kind have selects those: whoever types it may not know.
   void SelectTables(const std::vector<NamePattern>& patterns, enumTableType type) {
     std::set<const LcTableInfo*> selected;
+    for (const LcTableInfo* table : LookUp(patterns, type)) {
+      if (selected.insert(table).second) Append(importer_.selected_tables, *table);
+    }
+    if (!selected.empty()) return;
     for (const NamePattern& pattern : patterns) {
       const std::optional<Entries>& all = server_.TablesAndViews();
       if (!all) {
         RequireNoWildcards(pattern);
-        LcTableInfo entry;
-        entry.owner = pattern.owner();
-        entry.name = pattern.name();
-        entry.type = type;
-        Append(importer_.selected_tables, entry);
+        Append(importer_.selected_tables, EntryOf(pattern, type));
         continue;
       }
       Entries found = Matching(pattern, OfType(*all, type));

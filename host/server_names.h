@@ -25,6 +25,9 @@ class ServerNames {
   // Each gives nothing where an error, an interrupt or the driver kept the names from being read.
   [[nodiscard]] const std::optional<Entries>& TablesAndViews();
   [[nodiscard]] const std::optional<Entries>& Synonyms();
+  // Tables and views of these names alone, of an empty owner those of any. None where that would
+  // take as long as all names, or where a recording is made or played: it holds all of them.
+  [[nodiscard]] Entries LookUp(const std::vector<LcTableInfo>& names);
   // All owners, whatever the choices say.
   [[nodiscard]] std::optional<Texts> Owners();
   std::optional<Texts> Catalogs() const { return runner_.connection().Catalogs(); }
@@ -33,7 +36,7 @@ class ServerNames {
   [[nodiscard]] bool OwnerHasTables(const std::u16string& owner);
 
  private:
-  [[nodiscard]] std::optional<Entries> Read(LcImportChoices choices, std::uint32_t items);
+  [[nodiscard]] std::optional<Entries> Read(const LcImportChoices& choices, std::uint32_t items);
 
   const LcImportChoices& choices_;
   ImportRunner& runner_;

@@ -302,6 +302,8 @@ TEST(Names, ArriveAsTheyAre) {
   }
   EXPECT_EQ(RunProgram({"list", "columns", "--table", "Größe_日本", "--sqlite", file}).out,
             "Maß\n");
+  EXPECT_THAT(RunProgram({"import", "--table", "%", "--sqlite", file}).err,
+              HasSubstr("--select-table imports a table alone"));
 }
 
 TEST(Sqlite, FileIsNeverWritten) {
@@ -388,6 +390,8 @@ TEST(Choices, TakeNamesByPatternsAndLeaveSomeOut) {
   } cases[] = {
       {{"--select-table", "book*", "--exclude", "*_genre"}, "[\"book\",\"book_author\"]"},
       {{"--select-table", "LOAN", "--select-table", "fin?"}, "[\"fine\",\"loan\"]"},
+      {{"--select-table", "loan", "--select-table", "FINE"}, "[\"fine\",\"loan\"]"},
+      {{"--select-table", "loan", "--select-table", "shelf"}, "[\"loan\",\"shelf\"]"},
       {{"--select-view", "*"}, "[\"overdue_loan\",\"shelf\"]"},
       {{"--exclude", "[!b]*", "--exclude", "*e*", "--exclude", "*o*"}, "[]"},
       {{"--items", "tables", "--exclude", "*e*", "--exclude", "*o*"}, "[\"branch\",\"staff\"]"},
