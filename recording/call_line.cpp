@@ -81,6 +81,21 @@ bool IsSecret(std::string_view field, std::int64_t number) {
          (number == SQL_DATA_SOURCE_NAME || number == SQL_SERVER_NAME || number == SQL_USER_NAME);
 }
 
+bool IsDatabaseName(std::string_view field, std::int64_t number) {
+  return field == "info" && number == SQL_DATABASE_NAME;
+}
+
+// A database that is a file is named by it: the folder is nobody's business. Keeps the scheme of a
+// URI, by which a reader tells what stands behind the name.
+std::u16string WithoutFolder(std::u16string_view name) {
+  constexpr std::u16string_view kScheme = u"file:";
+  const bool is_uri = name.starts_with(kScheme);
+  const std::size_t end = is_uri ? name.find(u'?') : name.size();
+  const std::size_t slash = name.substr(0, end).find_last_of(u"/\\");
+  if (slash == std::u16string_view::npos) return std::u16string(name);
+  return std::u16string(is_uri ? kScheme : u"").append(name.substr(slash + 1));
+}
+
 // The functions that a table names: an entry each, or a bit each.
 void AppendFunctions(std::string_view bytes, Bytes& out) {
   std::vector<std::uint16_t> table(bytes.size() / sizeof(std::uint16_t));
@@ -134,7 +149,7 @@ void LineMaker::Append(CallReader& call, Bytes& out) {
   out += function;
   out += '"';
   if (statement != 0) AppendKeyNumber("statement", statement, out);
-  secret_ = false;
+  BeginAnswer();
   if (rules_ != nullptr) rules_->BeginCall(function, statement);
   AppendFields(call, function, out);
   AppendBuffer(call, function, out);
@@ -156,10 +171,16 @@ void LineMaker::AppendNote(CallReader& note, Bytes& out) {
   const std::string_view what = note.Take<const char*>();
   out += "{\"host\":";
   AppendString(what, out);
-  secret_ = false;
+  BeginAnswer();
   if (rules_ != nullptr) rules_->BeginCall(what, 0);
   AppendFields(note, what, out);
   out += "}\n";
+}
+
+void LineMaker::BeginAnswer() {
+  secret_ = false;
+  database_ = false;
+  folder_bytes_ = 0;
 }
 
 void LineMaker::AppendFields(CallReader& call, std::string_view function, Bytes& out) {
@@ -173,15 +194,23 @@ void LineMaker::AppendFields(CallReader& call, std::string_view function, Bytes&
         break;
       case FieldKind::kNumber: {
         auto number = call.Take<std::int64_t>();
-        if (secret_ && name == "bytes") number = 0;
+        if (name == "bytes") number = secret_ ? 0 : number - folder_bytes_;
         AppendKeyNumber(name, number, out);
         if (rules_ != nullptr) rules_->NoteNumber(name, number);
         secret_ = secret_ || IsSecret(name, number);
+        database_ = database_ || IsDatabaseName(name, number);
         AppendOptionName(function, name, number, out);
         break;
       }
       case FieldKind::kText: {
-        const std::string_view text = call.TakeBytes();
+        std::string_view text = call.TakeBytes();
+        std::u16string short_name;
+        if (database_) {
+          short_name = WithoutFolder(AsWide(text));
+          const std::size_t bytes = short_name.size() * sizeof(char16_t);
+          folder_bytes_ = static_cast<std::int64_t>(text.size() - bytes);
+          text = {reinterpret_cast<const char*>(short_name.data()), bytes};
+        }
         AppendKey(name, out);
         AppendText(text, true,
                    secret_             ? Role::kBlank

@@ -32,9 +32,12 @@ class LineMaker {
   void AppendDiagnostics(CallReader& call, Bytes& out);
   void AppendCell(const Cell& cell, Role role, Bytes& out);
   void AppendText(std::string_view bytes, bool wide, Role role, Bytes& out);
+  void BeginAnswer();
 
   std::unique_ptr<NameRules> rules_;
   bool secret_ = false;                // the answer belongs to the connection string
+  bool database_ = false;              // it is the name of the database
+  std::int64_t folder_bytes_ = 0;      // that were cut from that name
   std::string utf8_;                   // scratch
   std::vector<ColumnCopied> columns_;  // of the last fetch
   bool all_columns_ = true;            // from the first on

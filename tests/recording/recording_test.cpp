@@ -157,6 +157,15 @@ TEST_F(Recordings, StopWhereTheRecordedImportStopped) {
   }
 }
 
+TEST_F(Recordings, NameNoFolder) {
+  MakeSqliteFile(folder_.path() + "/our shop.db", "CREATE TABLE t(a)");
+  EXPECT_THAT(Check({"--sqlite", folder_.path() + "/our shop.db"}).workbook,
+              HasSubstr(R"("database": "our shop.db")"));
+  const std::string recorded = Text(file_);
+  EXPECT_THAT(recorded, HasSubstr("our%20shop.db"));
+  EXPECT_THAT(recorded, testing::Not(HasSubstr(folder_.path())));
+}
+
 TEST_F(Recordings, SayWhatTheyDoNotHold) {
   Import({"--sample", "generic", "--record", file_, "--no-foreign-keys"});
   // Narrower choices ask less.
