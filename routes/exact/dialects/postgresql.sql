@@ -170,7 +170,9 @@ SELECT u.oid, u.typmod, format_type(u.oid, u.typmod),
             WHEN t.typtype = 'c' THEN 'composite' WHEN t.typtype IN ('r', 'm') THEN 'range' END,
        CASE WHEN t.typcategory = 'A' THEN t.typelem ELSE t.typbasetype END,
        CASE WHEN t.typcategory = 'A' THEN u.typmod ELSE t.typtypmod END
-FROM used u CROSS JOIN LATERAL (SELECT * FROM pg_catalog.pg_type WHERE oid = u.oid OFFSET 0) t
+FROM used u CROSS JOIN LATERAL (
+  SELECT y.typname, y.typnamespace, y.typcollation, y.typcategory, y.typtype, y.typelem, y.typbasetype, y.typtypmod
+  FROM pg_catalog.pg_type y WHERE y.oid = u.oid OFFSET 0) t
 JOIN pg_catalog.pg_namespace n ON n.oid = t.typnamespace;
 
 -- With a table pg_get_expr opens that table, ten times as dear; only an expression that names columns needs it.
