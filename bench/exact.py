@@ -250,9 +250,10 @@ class Practice:
             for tables in self.sizes:
                 self.keep(server, tables, sorted((turn[tables] for turn in turns), key=lambda row: row["own_s"]))
             for small, large in zip(self.sizes, self.sizes[1:]):
-                factor = statistics.median(turn[large]["own_s"] / turn[small]["own_s"] / (large / small) for turn in turns)
+                factor = statistics.median(turn[large]["outside_driver_s"] / turn[small]["outside_driver_s"] / (large / small)
+                                           for turn in turns)
                 self.growth.append({"server": f"{server}, exact", "from": small, "to": large, "factor": factor})
-                self.goal(server, f"own time {small} to {large} tables, over linear", factor, 1.1)
+                self.goal(server, f"time outside of the driver, {small} to {large} tables, over linear", factor, 1.1)
         return {"exact": self.rows, "wholes": [], "peers": [], "own_times": self.own_times, "growth": self.growth,
                 "goals": self.goals}
 
