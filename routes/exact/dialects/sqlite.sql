@@ -88,7 +88,7 @@ WHERE m.type = 'view' /*@each AND m.name = ?(table) */;
 SELECT t.name,
        CASE WHEN t.strict THEN 1 ELSE '' END || '|' || CASE WHEN t.wr THEN 1 ELSE '' END || '|' ||
          CASE t.type WHEN 'shadow' THEN 1 ELSE '' END
-FROM /*@ids sqlite_master v JOIN sqlite_master m ON v.type = 'table' AND v.rootpage = 0
+FROM /*@ids sqlite_master v CROSS JOIN sqlite_master m ON v.type = 'table' AND v.rootpage = 0
   AND m.rowid IN (?list(table_id)) AND substr(m.name, 1, length(v.name) + 1) = v.name || '_' COLLATE NOCASE
 CROSS JOIN pragma_table_list(m.name) t @else*/ pragma_table_list t /*@end*/
 WHERE t.schema = 'main' AND (t.strict OR t.wr OR t.type = 'shadow');
